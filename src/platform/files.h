@@ -1,0 +1,79 @@
+// Files and folders: case-blind names, listing, and replacement that never harms the old file.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace kelu::platform {
+
+bool file_exists(const std::string& name);
+/// True when the file exists and can be read and written.
+bool file_writable(const std::string& name);
+/// Size in bytes of a regular file, -1 when it is none.
+long file_size(const std::string& name);
+/// Removes a file if it exists; false when it is still there.
+bool remove_file(const std::string& name);
+/// Renames a file, replacing a target; false when it could not.
+bool rename_file(const std::string& from, const std::string& to);
+/// The working directory, without a separator at its end (but for "/").
+std::string working_directory();
+/// Changes the working directory; the exact name before a case-blind one. False when there is none such.
+bool change_directory(const std::string& path);
+/// The entry of a folder that matches the name exactly, else case-blind; the name itself when there is neither.
+std::string resolve_name(const std::string& folder, const std::string& name);
+/// Upper-case form of a name, ASCII letters only.
+std::string upper_case(std::string text);
+
+/// Entry of a folder.
+struct Entry {
+    std::string name; ///< true name on disk
+    bool is_folder = false;
+    long size = 0; ///< bytes of a regular file
+};
+/// The folder's visible regular files and folders, in case-blind alphabetical order, folders first.
+std::vector<Entry> list_folder(const std::string& folder);
+
+/// The whole file, when it is a regular file of at most `limit` bytes; false otherwise.
+bool read_file(const std::string& name, std::size_t limit, std::vector<uint8_t>& bytes);
+
+/// A working directory for the time of a block, and the way back.
+class DirectoryVisit {
+public:
+    explicit DirectoryVisit(const std::string& path);
+    ~DirectoryVisit();
+    DirectoryVisit(const DirectoryVisit&) = delete;
+    DirectoryVisit& operator=(const DirectoryVisit&) = delete;
+    /// False: the folder could not be entered, and the working directory is as before.
+    bool entered() const { return entered_; }
+
+private:
+    std::string before_;
+    bool entered_;
+};
+
+/// A file that is written beside under a temporary name and takes the place of the old one at `commit`, after a
+/// flush to disk. Without a commit the old file stands and the temporary one goes.
+class FileReplacement {
+public:
+    explicit FileReplacement(const std::string& name);
+    ~FileReplacement();
+    FileReplacement(const FileReplacement&) = delete;
+    FileReplacement& operator=(const FileReplacement&) = delete;
+    bool write(std::span<const uint8_t> bytes);
+    /// Flushes, renames, flushes the folder. False: something failed, and the old file stands.
+    bool commit();
+
+private:
+    std::string name_, temporary_;
+    std::FILE* file_ = nullptr;
+    bool good_ = false;
+};
+
+/// Writes a whole file by `FileReplacement`.
+bool replace_file(const std::string& name, std::span<const uint8_t> bytes);
+
+} // namespace kelu::platform

@@ -1,0 +1,80 @@
+// Polling of pointer and buttons.
+#include "runtime/input.h"
+
+#include "runtime/preferences.h"
+#include "runtime/run_state.h"
+#include "runtime/view.h"
+#include <allegro.h>
+#include <cstdlib>
+
+namespace kelu {
+namespace {
+
+/// How long the pointer has stood still, in passes of the mouse tick; timer thread only.
+struct Stillness {
+    int x = 0, y = 0, passes = 0;
+};
+Stillness stillness;
+
+bool button_down(int state, int bit) { return (state >> bit & 1) != 0; }
+
+} // namespace
+
+void poll_mouse_buttons()
+{
+    const int state = ::mouse_b;
+    pointer.mouse_left = button_down(state, 0);
+    pointer.mouse_right = button_down(state, 1);
+    pointer.mouse_middle = button_down(state, 2);
+    pointer.mouse_button_4 = button_down(state, 3);
+    pointer.mouse_button_5 = button_down(state, 4);
+}
+
+int gui_button_state()
+{
+    poll_mouse_buttons();
+    const bool left = pointer.mouse_left != 0;
+    const bool right = pointer.mouse_right != 0;
+    if (right || (left && pointer.mouse_held == 0)) {
+        pointer.mouse_press_x = int16_t(pointer.mouse_x);
+        pointer.mouse_press_y = int16_t(pointer.mouse_y);
+    }
+    pointer.mouse_held = 0;
+    const bool swapped = preferences.mouse_swap != 0;
+    const int state = (swapped ? right : left) ? 1 : (swapped ? left : right) ? 2 : 0;
+    if (state == 0) {
+        pointer.gui_hold_slot = -1;
+        return 0;
+    }
+    pointer.mouse_held = 1;
+    if (pointer.gui_hold_slot == -1) pointer.gui_hold_slot = int16_t(pointer.gui_hover_slot);
+    return state;
+}
+
+void sample_press()
+{
+    const int x = view.frame_mouse_x;
+    const int y = view.frame_mouse_y;
+    const int still_x = pointer.stable_mouse_x;
+    const int still_y = pointer.stable_mouse_y;
+    const bool still = preferences.anti_jitter != 0 && std::abs(still_x - x) <= 2 && std::abs(still_y - y) <= 2;
+    pointer.press_x = still ? still_x : x;
+    pointer.press_y = still ? still_y : y;
+}
+
+void mouse_tick()
+{
+    const int x = ::mouse_x / screen_state.screen_scale;
+    const int y = ::mouse_y / screen_state.screen_scale;
+    pointer.mouse_x = static_cast<int16_t>(x);
+    pointer.mouse_y = static_cast<int16_t>(y);
+    if (x != stillness.x || y != stillness.y) {
+        stillness = {x, y, 0};
+    } else if (++stillness.passes > 3) {
+        stillness.passes = 3;
+        pointer.stable_mouse_x = x;
+        pointer.stable_mouse_y = y;
+    }
+}
+
+} // namespace kelu

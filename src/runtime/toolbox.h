@@ -1,0 +1,90 @@
+// What the user draws with: the slots of the drawing menu, colours, tip, and the options of every tool and ink.
+#pragma once
+
+#include "runtime/words.h"
+#include <array>
+
+namespace kelu {
+
+enum ToolId : int {
+    TOOL_NONE,
+    TOOL_BOX,
+    TOOL_CIRCLE,
+    TOOL_DRAW,
+    TOOL_DRIZ,
+    TOOL_EDGE,
+    TOOL_FILL,
+    TOOL_LINE,
+    TOOL_MOVE,
+    TOOL_OVAL,
+    TOOL_POLY,
+    TOOL_RPOLY,
+    TOOL_SEP,
+    TOOL_FSHAPE,
+    TOOL_SSHAPE,
+    TOOL_SPIRAL,
+    TOOL_SPLINE,
+    TOOL_SPRAY,
+    TOOL_TEXT,
+    TOOL_COUNT
+};
+
+enum InkId : int {
+    INK_ADD,
+    INK_BRIGHT,
+    INK_CLOSE,
+    INK_DARK,
+    INK_EMBOSS,
+    INK_GLASS,
+    INK_GLOW,
+    INK_GRAIN,
+    INK_GRAY,
+    INK_H_GRAD,
+    INK_HOLLOW,
+    INK_JUMBLE,
+    INK_L_GRAD,
+    INK_OPAQUE,
+    INK_PULL,
+    INK_R_GRAD,
+    INK_SCRAPE,
+    INK_SPARK,
+    INK_SOFTEN,
+    INK_SUB,
+    INK_SWEEP,
+    INK_TILE,
+    INK_UNZAG,
+    INK_V_GRAD,
+    INK_XOR,
+    INK_COUNT
+};
+
+constexpr int option_rows = 50;   ///< rows of the two option tables, indexed by tool id and ink id
+constexpr int option_columns = 8; ///< options of a row
+constexpr int custom_tip = 36;    ///< tip index of the custom tip; 0 to 35 are the sheet's
+
+using OptionTable = std::array<std::array<Shared<int>, option_columns>, option_rows>;
+
+/// The drawing menu's choices. Owner: the drawing menu. Also written by the tool, ink, tip and colour menus, macros,
+/// the state file, and on the timer thread by option buttons and sliders.
+struct Toolbox {
+    std::array<Shared<int>, 6> tool_slots{3, 2, 1, 9, 10, 13}; ///< tool id of each slot, 1 to 18
+    std::array<Shared<int>, 6> ink_slots{13, 0, 1, 3, 4, 22};  ///< ink id of each slot, 0 to 24
+    Shared<int> tool_slot = 0;                                 ///< selected tool slot, 0 to 5
+    Shared<int> ink_slot = 0;                                  ///< selected ink slot, 0 to 5
+    int brush_tip = 0;                                 ///< 0 to 35, 36 the custom tip; set by set_brush_tip alone
+    Shared<int> brush_color = 0xffffff;                ///< packed colour
+    Shared<int> mask_color = 0;                        ///< packed colour
+    std::array<Shared<int>, 100> favorites{};          ///< colours; the first 10 stand in the drawing menu
+    std::array<Shared<int>, 256> extended_favorites{}; ///< colours of the favourites menu
+    OptionTable tool_table{};                          ///< options by tool id
+    OptionTable ink_table{};                           ///< options by ink id
+    std::array<std::array<float, 4>, option_rows> ink_derived{}; ///< by ink id: L.GRAD's angle, length, sine, cosine
+};
+inline Toolbox toolbox;
+
+/// The tool of the selected slot.
+inline int current_tool() { return toolbox.tool_slots[static_cast<std::size_t>(int(toolbox.tool_slot))]; }
+/// The ink of the selected slot.
+inline int current_ink() { return toolbox.ink_slots[static_cast<std::size_t>(int(toolbox.ink_slot))]; }
+
+} // namespace kelu
