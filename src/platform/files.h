@@ -1,4 +1,8 @@
 // Files and folders: case-blind names, listing, and replacement that never harms the old file.
+//
+// Names are UTF-8 and keep their true case on disk. State that holds upper-case names finds its files again through
+// `resolve_name` and `resolve_path`; all other calls take names as they stand. Main thread: the working directory
+// belongs to the process. Nothing here logs; each call says by its result whether it could.
 #pragma once
 
 #include <cstddef>
@@ -6,10 +10,12 @@
 #include <cstdio>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace kelu::platform {
 
+/// True when the name stands for anything that the user may see: a file, a folder, a device.
 bool file_exists(const std::string& name);
 /// True when the file exists and can be read and written.
 bool file_writable(const std::string& name);
@@ -23,8 +29,13 @@ bool rename_file(const std::string& from, const std::string& to);
 std::string working_directory();
 /// Changes the working directory; the exact name before a case-blind one. False when there is none such.
 bool change_directory(const std::string& path);
-/// The entry of a folder that matches the name exactly, else case-blind; the name itself when there is neither.
+/// The entry of a folder that matches the name exactly, else case-blind (of several the first in byte order); the name
+/// itself when there is neither.
 std::string resolve_name(const std::string& folder, const std::string& name);
+/// A path with each of its parts resolved as by `resolve_name`. Both "/" and "\\" part it.
+std::string resolve_path(const std::string& path);
+/// True when the names are equal but for the case of ASCII letters.
+bool same_name(std::string_view a, std::string_view b);
 /// Upper-case form of a name, ASCII letters only.
 std::string upper_case(std::string text);
 
@@ -34,7 +45,8 @@ struct Entry {
     bool is_folder = false;
     long size = 0; ///< bytes of a regular file
 };
-/// The folder's visible regular files and folders, in case-blind alphabetical order, folders first.
+/// The folder's visible regular files and folders, links followed, in case-blind alphabetical order, folders first.
+/// Names that begin with a dot are hidden. Empty when the folder can't be read.
 std::vector<Entry> list_folder(const std::string& folder);
 
 /// The whole file, when it is a regular file of at most `limit` bytes; false otherwise.
@@ -56,21 +68,23 @@ private:
 };
 
 /// A file that is written beside under a temporary name and takes the place of the old one at `commit`, after a
-/// flush to disk. Without a commit the old file stands and the temporary one goes.
+/// flush to disk. Without a commit the old file stands and the temporary one goes. A link stays a link, and the new
+/// file has the old one's permissions; a file that the user can't write is not replaced. The working directory may
+/// change between the calls.
 class FileReplacement {
 public:
     explicit FileReplacement(const std::string& name);
     ~FileReplacement();
     FileReplacement(const FileReplacement&) = delete;
     FileReplacement& operator=(const FileReplacement&) = delete;
+    /// Appends bytes; after a failure all further calls fail.
     bool write(std::span<const uint8_t> bytes);
     /// Flushes, renames, flushes the folder. False: something failed, and the old file stands.
     bool commit();
 
 private:
-    std::string name_, temporary_;
+    std::string name_, temporary_; ///< absolute paths; the temporary one is empty once there is nothing to remove
     std::FILE* file_ = nullptr;
-    bool good_ = false;
 };
 
 /// Writes a whole file by `FileReplacement`.

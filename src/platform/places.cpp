@@ -1,0 +1,109 @@
+// Drives for a system without drives.
+#include "platform/places.h"
+
+#include "runtime/log.h"
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <fstream>
+#include <pwd.h>
+#include <sstream>
+#include <unistd.h>
+#include <vector>
+
+namespace kelu::platform {
+namespace {
+
+constexpr int root_drive = 'C' - 'A';
+constexpr int home_drive = 'H' - 'A';
+
+/// Below these folders the system mounts what the user plugs in.
+constexpr std::array<std::string_view, 3> mount_folders = {"/media/", "/run/media/", "/mnt/"};
+
+std::string home_folder()
+{
+    if (const char* home = std::getenv("HOME"); home && home[0] == '/') return home;
+    const passwd* user = getpwuid(getuid());
+    return user && user->pw_dir ? user->pw_dir : "/";
+}
+
+/// The mount table writes blanks, tabs, newlines and backslashes as "\" and three octal digits.
+std::string decode_mount(const std::string& text)
+{
+    std::string decoded;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\\' && i + 3 < text.size()) {
+            decoded += static_cast<char>(std::strtol(text.substr(i + 1, 3).c_str(), nullptr, 8));
+            i += 3;
+        } else {
+            decoded += text[i];
+        }
+    }
+    return decoded;
+}
+
+/// Volumes that the user can enter, in alphabetical order, so that letters are the same at the next start.
+std::vector<std::string> mounted_volumes()
+{
+    std::vector<std::string> volumes;
+    std::ifstream table("/proc/self/mounts");
+    for (std::string line; std::getline(table, line);) {
+        std::istringstream fields(line);
+        std::string device, folder;
+        fields >> device >> folder;
+        folder = decode_mount(folder);
+        const bool usual = std::ranges::any_of(mount_folders, [&](auto start) { return folder.starts_with(start); });
+        if (usual && access(folder.c_str(), R_OK | X_OK) == 0) volumes.push_back(folder);
+    }
+    std::ranges::sort(volumes);
+    volumes.erase(std::ranges::unique(volumes).begin(), volumes.end());
+    return volumes;
+}
+
+bool holds(const std::string& root, const std::string& folder)
+{
+    if (!folder.starts_with(root)) return false;
+    return folder.size() == root.size() || root.ends_with('/') || folder[root.size()] == '/';
+}
+
+} // namespace
+
+void scan_drives()
+{
+    places = {};
+    places.drive_root[root_drive] = "/";
+    places.drive_root[home_drive] = home_folder();
+    std::size_t letter = root_drive;
+    for (const std::string& volume : mounted_volumes()) {
+        while (letter < places.drive_root.size() && !places.drive_root[letter].empty())
+            ++letter;
+        if (letter == places.drive_root.size()) break;
+        places.drive_root[letter] = volume;
+    }
+    for (int drive = 0; drive < drive_count; ++drive) {
+        const std::string name(1, static_cast<char>('A' + drive));
+        if (drive_exists(drive)) log_line("[ INIT ] : Found Drive - %s", name);
+    }
+}
+
+bool drive_exists(int drive)
+{
+    return drive >= 0 && drive < drive_count && !places.drive_root[static_cast<std::size_t>(drive)].empty();
+}
+
+int drive_of(const std::string& folder)
+{
+    int best = -1;
+    std::size_t length = 0;
+    for (int drive = 0; drive < drive_count; ++drive) {
+        const std::string& root = places.drive_root[static_cast<std::size_t>(drive)];
+        if (root.size() <= length || !holds(root, folder)) continue;
+        best = drive;
+        length = root.size();
+    }
+    return best;
+}
+
+std::string system_font_folder() { return "/usr/share/fonts"; }
+
+} // namespace kelu::platform

@@ -1,0 +1,46 @@
+// A folder for the time of a test, entered at the start and removed with all that it holds at the end.
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+namespace kelu {
+
+class TemporaryFolder {
+public:
+    TemporaryFolder() : before_(std::filesystem::current_path())
+    {
+        std::string form = (std::filesystem::temp_directory_path() / "kelu-test-XXXXXX").string();
+        path_ = mkdtemp(form.data());
+        std::filesystem::current_path(path_);
+    }
+    ~TemporaryFolder()
+    {
+        std::filesystem::current_path(before_);
+        std::error_code error;
+        std::filesystem::remove_all(path_, error);
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    const std::filesystem::path& path() const { return path_; }
+    /// Writes a file below the folder.
+    void put(const std::string& name, std::string_view text) const
+    {
+        std::ofstream(path_ / name, std::ios::binary) << text;
+    }
+    /// The whole of a file below the folder, empty when there is none.
+    std::string text(const std::string& name) const
+    {
+        std::ifstream in(path_ / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+
+private:
+    std::filesystem::path before_, path_;
+};
+
+} // namespace kelu
