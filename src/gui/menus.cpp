@@ -1,0 +1,29 @@
+// Timed status messages and the ghost of a menu.
+#include "gui/menus.h"
+
+#include "runtime/log.h"
+
+namespace kelu {
+
+void flash_status_message(int id, int ticks)
+{
+    if (id < 0) {
+        log_line("[ ERROR ] : Message OOB in call to flash_status_message. Message = %d", id);
+        return;
+    }
+    // The tick that would count an old message down sees the new count before the new message.
+    menus.status_message_ticks = ticks;
+    menus.status_message = id;
+}
+
+void count_status_message()
+{
+    const int ticks = menus.status_message_ticks;
+    if (ticks <= 0) return;
+    menus.status_message_ticks = ticks - 1;
+    if (ticks == 1) menus.status_message = 0;
+}
+
+void clear_ghost() { menus.ghost_rect = {}; }
+
+} // namespace kelu
