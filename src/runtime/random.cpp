@@ -1,6 +1,7 @@
 // MT19937 with its array seeding, after Matsumoto and Nishimura.
 #include "runtime/random.h"
 
+#include "runtime/words.h"
 #include <array>
 #include <cstdio>
 #include <ctime>
@@ -36,8 +37,14 @@ public:
 
     uint32_t draw()
     {
-        if (left_ == 0) reload();
-        uint32_t word = state_[static_cast<std::size_t>(state_words - left_--)];
+        // The count is read once: a draw on the other thread may repeat a word, but never leaves the state.
+        int left = left_;
+        if (left == 0) {
+            reload();
+            left = state_words;
+        }
+        left_ = left - 1;
+        uint32_t word = state_[static_cast<std::size_t>(state_words - left)];
         word ^= word >> 11;
         word ^= word << 7 & 0x9d2c5680U;
         word ^= word << 15 & 0xefc60000U;
@@ -108,7 +115,7 @@ private:
 
     static inline uint32_t seedings_ = 0;
     std::array<uint32_t, state_words> state_{};
-    int left_ = 0;
+    Shared<int> left_ = 0; // words not yet drawn
 };
 
 Twister rnd_state;

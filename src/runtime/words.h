@@ -6,6 +6,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
 
 namespace kelu {
 
@@ -32,5 +33,23 @@ template <class T>
 using Shared = Word<T, std::memory_order_relaxed, std::memory_order_relaxed>;
 template <class T>
 using Published = Word<T, std::memory_order_acquire, std::memory_order_release>;
+
+/// A word of 16 bits that takes any int and keeps its low 16: the fields of the actors. `Held` is one of the above.
+template <class Held>
+class Field16 {
+public:
+    constexpr Field16(int value = 0) : held_(static_cast<int16_t>(value)) {}
+    Field16& operator=(int value)
+    {
+        held_ = static_cast<int16_t>(value);
+        return *this;
+    }
+    operator int() const { return held_; }
+
+private:
+    Held held_;
+};
+using Shared16 = Field16<Shared<int16_t>>;
+using Published16 = Field16<Published<int16_t>>;
 
 } // namespace kelu

@@ -1,0 +1,122 @@
+// The table of actors: who may be grabbed and destroyed, and what the log says about the rest.
+#include "runtime/actors.h"
+
+#include "runtime/bubble_table.h"
+#include "support/log_lines.h"
+#include <gtest/gtest.h>
+
+namespace kelu {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class ActorsTest : public testing::Test {
+protected:
+    ActorsTest() { reset_actors(); }
+    test::LogLines log;
+};
+
+} // namespace
+
+TEST_F(ActorsTest, GrabsFortyEightRowsAndNoMore)
+{
+    for (int who = 1; who <= 48; ++who) {
+        ASSERT_EQ(FW_grab_actor(), who);
+        actor_at(who).Type = ACTOR_ELEMENT;
+    }
+    EXPECT_EQ(count_actors(), 48);
+    EXPECT_EQ(FW_spawn_blank_element(1, 2), -1);
+    EXPECT_EQ(log.take(), (Lines{"[ ERROR ] : Attempted to grab object, but none available!",
+                                 "ERROR: No free actors while spawning generic element! slot = -1"}));
+    FW_destroy_actor(17, "test");
+    EXPECT_EQ(FW_grab_actor(), 17);
+}
+
+TEST_F(ActorsTest, RefusesToTouchTheProtectedRowsAndNumbersOutside)
+{
+    actor_at(0).Type = ACTOR_RESERVED;
+    actor_at(49).Type = ACTOR_RESERVED;
+    for (const int who : {0, 49, -1, 50}) {
+        FW_destroy_actor(who, "x");
+        EXPECT_FALSE(check_actor(who));
+    }
+    EXPECT_EQ(actor_at(0).Type, ACTOR_RESERVED);
+    EXPECT_EQ(actor_at(49).Type, ACTOR_RESERVED);
+    EXPECT_EQ(log.take(), (Lines{"[ ERROR ] : A process tried to destroy object (0) -- this object is protected!",
+                                 "[ REFER ] : x", "[ TRAP ] : A process tried to kill object (0)",
+                                 "[ ERROR ] : A process tried to destroy object (MAX-1) -- this object is protected!",
+                                 "[ REFER ] : x", "[ TRAP ] : A process tried to kill object (MAX-1)",
+                                 "[ ERROR ] : A process tried to destroy an object less than 0!", "[ REFER ] : x",
+                                 "[ TRAP ] : A process tried to kill an object < 0!",
+                                 "[ ERROR ] : A process tried to destroy an object greater than maximum!",
+                                 "[ REFER ] : x", "[ TRAP ] : A process tried to kill an object > MAX!"}));
+    EXPECT_TRUE(check_actor(1));
+    EXPECT_TRUE(check_actor(48));
+    reset_actors();
+    EXPECT_EQ(count_actors(), 0);
+    EXPECT_EQ(log.take(), Lines{});
+}
+
+TEST_F(ActorsTest, DestroyGivesARowItsStartValuesButLeavesItsLinks)
+{
+    Actor& actor = actor_at(5);
+    actor.Type = ACTOR_ELEMENT;
+    actor.Health = 3;
+    actor.Self_Destruct = 20;
+    actor.BEHAVIOR[3] = 25;
+    actor.behavior_params[3][9] = 77;
+    actor.move_queue[255].z = 4;
+    actor.Suicide_buddy = 7;
+    actor.actor_follow = 8;
+    bubble_at(3).bubble_actor = 5;
+    bubble_at(4).bubble_actor = 6;
+    FW_destroy_actor(5, "test");
+    EXPECT_EQ(actor.Type, ACTOR_FREE);
+    EXPECT_EQ(actor.Health, 100);
+    EXPECT_EQ(actor.Rank, 1);
+    EXPECT_EQ(actor.Self_Destruct, -1);
+    EXPECT_EQ(actor.Profession, -1);
+    EXPECT_EQ(actor.BEHAVIOR[3], 0);
+    EXPECT_EQ(actor.behavior_params[3][9], 0);
+    EXPECT_EQ(actor.move_queue[255].z, -1);
+    EXPECT_EQ(actor.Suicide_buddy, 7);
+    EXPECT_EQ(actor.actor_follow, 8);
+    EXPECT_EQ(bubble_at(3).bubble_actor, -1);
+    EXPECT_EQ(bubble_at(4).bubble_actor, 6);
+    release_bubble(4);
+    reset_actors();
+    EXPECT_EQ(actor.Suicide_buddy, -1);
+    EXPECT_EQ(actor.actor_follow, -1);
+}
+
+TEST_F(ActorsTest, DestroysByTypeAndProfession)
+{
+    for (int i = 0; i < 4; ++i)
+        FW_spawn_blank_element(i, i);
+    actor_at(2).Profession = 300;
+    actor_at(3).Type = ACTOR_DUST;
+    EXPECT_EQ(FW_destroy_actor_type(ACTOR_ELEMENT, PROFESSION_ELEMENT), 2);
+    EXPECT_EQ(FW_destroy_actor_type(ACTOR_DUST, 300), 0);
+    EXPECT_EQ(FW_destroy_actor_type(-1, -1), 2);
+    EXPECT_EQ(count_actors(), 0);
+}
+
+TEST_F(ActorsTest, HandsOutBehaviorSlotsAndTheFourthWhenAllAreTaken)
+{
+    for (int slot = 0; slot < 3; ++slot) {
+        EXPECT_EQ(get_free_behavior(9), slot);
+        actor_at(9).BEHAVIOR[static_cast<std::size_t>(slot)] = 25;
+    }
+    EXPECT_EQ(get_free_behavior(9), 3);
+    actor_at(9).BEHAVIOR[3] = 30;
+    EXPECT_EQ(get_free_behavior(9), 3);
+    EXPECT_EQ(check_behavior(9, 25), 2);
+    EXPECT_EQ(check_behavior(9, 30), 3);
+    EXPECT_EQ(check_behavior(9, 31), -1);
+    EXPECT_EQ(get_free_behavior(50), 0);
+    EXPECT_EQ(check_behavior(-1, 25), 0);
+    EXPECT_EQ(log.take(), (Lines{"[ ERROR ] : WHO parameter OOB in call to get_free_behavior()! who = 50",
+                                 "[ ERROR ] : WHO parameter OOB in call to check_behavior()! who = -1"}));
+}
+
+} // namespace kelu

@@ -1,0 +1,130 @@
+// The fade from black at the start, and what else the screen tint can do.
+#include "framework/tint.h"
+
+#include "framework/actor_shadow.h"
+#include "framework/behaviors.h"
+#include "runtime/run_state.h"
+#include "support/log_lines.h"
+#include <gtest/gtest.h>
+
+namespace kelu {
+namespace {
+
+class TintTest : public testing::Test {
+protected:
+    TintTest()
+    {
+        reset_actors();
+        tint = {};
+        run_state.timers_locked = 0;
+    }
+    ~TintTest() override { run_state = {}; }
+    static void tick(int n)
+    {
+        for (int i = 0; i < n; ++i)
+            behavior_tick();
+    }
+};
+
+} // namespace
+
+TEST_F(TintTest, FadesInFromBlackInThirtyTwoTicks)
+{
+    tint.tint_red = tint.tint_green = tint.tint_blue = 0;
+    tint.tint_opacity = 254;
+    FW_tint_screen(0, 0, 0, 0, 0, 8);
+    EXPECT_EQ(count_actors(), 1);
+    tick(1);
+    EXPECT_EQ(tint.tint_opacity, 246);
+    tick(30);
+    EXPECT_EQ(tint.tint_opacity, 6);
+    EXPECT_EQ(count_actors(), 1);
+    tick(1);
+    EXPECT_EQ(tint.tint_opacity, 0);
+    EXPECT_EQ(count_actors(), 0) << "the end of the fade ends its actor";
+}
+
+TEST_F(TintTest, RunsAreAnIntervalApartAndHeldBackWhileTimersAreLocked)
+{
+    tint.tint_opacity = 0;
+    FW_tint_screen(10, 20, 30, 5, 5, 1);
+    tick(5);
+    EXPECT_EQ(tint.tint_red, -1);
+    tick(1);
+    EXPECT_EQ(tint.tint_blue, 30);
+    EXPECT_EQ(tint.tint_opacity, 1);
+    tick(6);
+    EXPECT_EQ(tint.tint_opacity, 2);
+    run_state.timers_locked = 1;
+    tick(60);
+    EXPECT_EQ(tint.tint_opacity, 2);
+}
+
+TEST_F(TintTest, IsSentElsewhereWithoutASecondActorAndHeldByAStepOfZero)
+{
+    FW_tint_screen(0, 0, 0, 100, 0, 100);
+    tick(1);
+    FW_tint_screen(255, 0, 0, 20, 0, 0);
+    EXPECT_EQ(count_actors(), 1);
+    tick(500);
+    EXPECT_EQ(tint.tint_red, 255);
+    EXPECT_EQ(tint.tint_opacity, 100);
+    EXPECT_EQ(count_actors(), 1);
+    // A last move that reaches the target leaves the end to the next run.
+    FW_tint_screen(255, 0, 0, 98, 0, 2);
+    tick(1);
+    EXPECT_EQ(tint.tint_opacity, 98);
+    EXPECT_EQ(count_actors(), 1);
+    tick(1);
+    EXPECT_EQ(count_actors(), 0);
+}
+
+TEST_F(TintTest, WithoutAFreeActorNothingChanges)
+{
+    test::LogLines log;
+    for (int who = 1; who <= 48; ++who)
+        actor_at(who).Type = ACTOR_ELEMENT;
+    FW_tint_screen(0, 0, 0, 0, 0, 8);
+    EXPECT_EQ(log.take().back(), "[ ERROR ] : Couldn't assign object for screen tint");
+    reset_actors();
+}
+
+TEST_F(TintTest, IsLaidOverTheWholePicture)
+{
+    Bitmap picture(3, 2, 0xffffff);
+    draw_screen_tint(picture);
+    tint.tint_red = tint.tint_green = 0;
+    tint.tint_opacity = 254;
+    draw_screen_tint(picture);
+    EXPECT_EQ(row(picture, 1)[2], 0xffffff) << "a channel of -1 is no tint";
+    tint.tint_blue = 255;
+    draw_screen_tint(picture);
+    EXPECT_EQ(row(picture, 0)[0] >> 8, 0);
+    EXPECT_EQ(row(picture, 1)[2], row(picture, 0)[0]);
+}
+
+TEST_F(TintTest, FollowersKeepTheirPlaceAndTheShadowHoldsTheRow)
+{
+    Actor& leader = actor_at(2);
+    Actor& follower = actor_at(1);
+    leader.actor_pos[0] = 10;
+    leader.actor_pos[1] = 20;
+    leader.actor_pos[2] = 30;
+    follower.actor_pos[1] = 7;
+    follower.actor_follow = 2;
+    follower.follow.offset[0] = -3;
+    follower.follow.locked[1] = 1;
+    follower.Type = ACTOR_ELEMENT;
+    EXPECT_EQ(update_actor_shadow(), 50);
+    EXPECT_EQ(actor_shadow[1].actor_pos[0], 7);
+    EXPECT_EQ(actor_shadow[1].actor_pos[1], 7);
+    EXPECT_EQ(actor_shadow[1].actor_pos[2], 30);
+    EXPECT_EQ(actor_shadow[1].Type, ACTOR_ELEMENT);
+    actor_at(1).actor_opacity = 99;
+    EXPECT_EQ(actor_shadow[1].actor_opacity, 0) << "the shadow changes with the frame alone";
+    follower.actor_follow = 5000; // a number outside the table follows nobody
+    EXPECT_EQ(update_actor_shadow(), 50);
+    EXPECT_EQ(follower.actor_pos[0], 7);
+}
+
+} // namespace kelu
