@@ -13,7 +13,7 @@ using Lines = std::vector<std::string>;
 class ActorsTest : public testing::Test {
 protected:
     ActorsTest() { reset_actors(); }
-    test::LogLines log;
+    LogLines log;
 };
 
 } // namespace

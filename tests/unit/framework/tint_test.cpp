@@ -81,7 +81,7 @@ TEST_F(TintTest, IsSentElsewhereWithoutASecondActorAndHeldByAStepOfZero)
 
 TEST_F(TintTest, WithoutAFreeActorNothingChanges)
 {
-    test::LogLines log;
+    LogLines log;
     for (int who = 1; who <= 48; ++who)
         actor_at(who).Type = ACTOR_ELEMENT;
     FW_tint_screen(0, 0, 0, 0, 0, 8);
