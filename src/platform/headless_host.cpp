@@ -16,6 +16,7 @@ bool start()
 
 bool enter_mode(const VideoMode&) { return true; }
 void set_title(const char*) {}
+void set_icon(BITMAP*) {}
 void present(BITMAP*) {}
 void rest_briefly(int) {}
 void wait_vertical_blank() {}
@@ -27,15 +28,21 @@ void move_pointer(int x, int y)
     ::mouse_y = y;
 }
 void show_message(const char*) {}
-const char* key_name(int) { return ""; }
-int key_character(int) { return 0; }
 void stop() { allegro_exit(); }
 
 } // namespace
 
-const Host headless_host = {start,        enter_mode,          set_title,         present,
-                            rest_briefly, wait_vertical_blank, install_timer_row, remove_timer,
-                            move_pointer, show_message,        key_name,          key_character,
-                            stop};
+const Host headless_host = {.start = start,
+                            .enter_mode = enter_mode,
+                            .set_title = set_title,
+                            .set_icon = set_icon,
+                            .present = present,
+                            .rest = rest_briefly,
+                            .wait_vertical_blank = wait_vertical_blank,
+                            .install_timer = install_timer_row,
+                            .remove_timer = remove_timer,
+                            .position_mouse = move_pointer,
+                            .show_message = show_message,
+                            .stop = stop};
 
 } // namespace kelu::platform

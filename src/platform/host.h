@@ -14,18 +14,17 @@ struct VideoMode {
 
 /// One call an operation of the system. All run on the main thread; the timers' own threads are the host's affair.
 struct Host {
-    bool (*start)();                           ///< Allegro, timers, keyboard, mouse; false: no display
+    bool (*start)(); ///< Allegro, timers, keyboard, mouse, close button, signals; false: no display
     bool (*enter_mode)(const VideoMode& mode); ///< false: refused, also when the desktop is smaller than the mode
     void (*set_title)(const char* title);
-    void (*present)(BITMAP* picture); ///< shows a logical picture; pushes nothing when nothing has changed
+    void (*set_icon)(BITMAP* picture); ///< the window's icon, in the mode; magenta is transparent
+    void (*present)(BITMAP* picture);  ///< shows a logical picture; pushes nothing when nothing has changed
     void (*rest)(int milliseconds);
     void (*wait_vertical_blank)();
     bool (*install_timer)(void (*tick)(), int period); ///< period in 1/1193181 s; again: changes the period
     void (*remove_timer)(void (*tick)());
     void (*position_mouse)(int x, int y);   ///< physical pixels
     void (*show_message)(const char* text); ///< a box that the user closes; never hangs behind our own window
-    const char* (*key_name)(int scancode);  ///< name of a key for people
-    int (*key_character)(int scancode);     ///< the key's character without modifiers, 0 when it has none
     void (*stop)();                         ///< leaves Allegro in order, after the timers
 };
 

@@ -1,11 +1,11 @@
-// The layout of colours and the encoding of names, the same on every display and in every locale.
+// The layout of colours and the encoding of names, the same on every display.
 #pragma once
 
 #include <allegro.h>
 
 namespace kelu::platform {
 
-/// Right after Allegro's start: 32-bit pixels are 0x00RRGGBB, files have UTF-8 names, numbers have points.
+/// After Allegro's start and after a mode: 32-bit pixels are 0x00RRGGBB, files have UTF-8 names.
 inline void fix_pixel_layout()
 {
     set_color_depth(32);

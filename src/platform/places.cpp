@@ -7,9 +7,9 @@
 #include <cstdlib>
 #include <fstream>
 #include <pwd.h>
+#include <set>
 #include <sstream>
 #include <unistd.h>
-#include <vector>
 
 namespace kelu::platform {
 namespace {
@@ -43,9 +43,9 @@ std::string decode_mount(const std::string& text)
 }
 
 /// Volumes that the user can enter, in alphabetical order, so that letters are the same at the next start.
-std::vector<std::string> mounted_volumes()
+std::set<std::string> mounted_volumes()
 {
-    std::vector<std::string> volumes;
+    std::set<std::string> volumes;
     std::ifstream table("/proc/self/mounts");
     for (std::string line; std::getline(table, line);) {
         std::istringstream fields(line);
@@ -53,10 +53,8 @@ std::vector<std::string> mounted_volumes()
         fields >> device >> folder;
         folder = decode_mount(folder);
         const bool usual = std::ranges::any_of(mount_folders, [&](auto start) { return folder.starts_with(start); });
-        if (usual && access(folder.c_str(), R_OK | X_OK) == 0) volumes.push_back(folder);
+        if (usual && access(folder.c_str(), R_OK | X_OK) == 0) volumes.insert(folder);
     }
-    std::ranges::sort(volumes);
-    volumes.erase(std::ranges::unique(volumes).begin(), volumes.end());
     return volumes;
 }
 

@@ -1,0 +1,103 @@
+// The machine with a display: Allegro on X11.
+//
+// Beside the main thread Allegro runs two of its own: one for events (keys, mouse, the close button) and one for the
+// timers. Both are its affair; our callbacks on them only write shared words.
+#include "platform/desktop_window.h"
+#include "platform/host.h"
+#include "platform/keyboard_map.h"
+#include "platform/layout.h"
+#include "platform/signals.h"
+#include "runtime/run_state.h"
+#include <algorithm>
+#include <array>
+#include <clocale>
+#include <cstdio>
+#include <string>
+
+namespace kelu::platform {
+namespace {
+
+/// The installed callbacks, so that all of them end before Allegro does. Main thread only.
+std::array<void (*)(), 16> installed_ticks{};
+
+/// Allegro's event thread, which holds its own lock meanwhile.
+void close_button_callback()
+{
+    run_state.close_button_pressed = 1;
+    run_state.exit_requested = 1;
+}
+
+bool start()
+{
+    name_window_class();
+    if (allegro_init() != 0) return false;
+    // Our text stands for the whole configuration: no allegro.cfg of this or another program has a say, and none is
+    // written at the end.
+    const std::string map = keyboard_map_text();
+    set_config_data(map.c_str(), static_cast<int>(map.size()));
+    end_on_signals();
+    if (install_timer() != 0 || install_keyboard() != 0 || install_mouse() < 0) return false;
+    std::setlocale(LC_NUMERIC, "C"); // install_keyboard has set the user's, whose numbers may have commas
+    three_finger_flag = 0;           // no end by Ctrl+Alt+End past our own shutdown
+    fix_pixel_layout();
+    set_close_button_callback(close_button_callback);
+    return true;
+}
+
+void set_title(const char* title) { set_window_title(title); }
+
+void rest_briefly(int milliseconds) { ::rest(static_cast<unsigned>(std::max(milliseconds, 0))); }
+
+void wait_vertical_blank() { vsync(); }
+
+bool install_timer_row(void (*tick)(), int period)
+{
+    const auto known = std::ranges::find(installed_ticks, tick);
+    const auto place = known != installed_ticks.end() ? known : std::ranges::find(installed_ticks, nullptr);
+    if (place == installed_ticks.end() || install_int_ex(tick, period) != 0) return false;
+    *place = tick;
+    return true;
+}
+
+void remove_timer(void (*tick)())
+{
+    remove_int(tick);
+    std::ranges::replace(installed_ticks, tick, nullptr);
+}
+
+void move_pointer(int x, int y) { ::position_mouse(x, y); }
+
+void show_message(const char* text)
+{
+    std::fprintf(stderr, "%s\n", text);
+    if (!system_driver) return;
+    close_desktop_window(); // a full-screen window of ours would hide the box and hold the keyboard
+    release_signals();      // and a signal ends the wait for the user
+    allegro_message("%s", text);
+}
+
+void stop()
+{
+    for (void (*tick)() : installed_ticks) {
+        if (tick) remove_timer(tick);
+    }
+    close_desktop_window();
+    allegro_exit();
+}
+
+} // namespace
+
+const Host desktop_host = {.start = start,
+                           .enter_mode = enter_desktop_mode,
+                           .set_title = set_title,
+                           .set_icon = set_desktop_icon,
+                           .present = present_on_desktop,
+                           .rest = rest_briefly,
+                           .wait_vertical_blank = wait_vertical_blank,
+                           .install_timer = install_timer_row,
+                           .remove_timer = remove_timer,
+                           .position_mouse = move_pointer,
+                           .show_message = show_message,
+                           .stop = stop};
+
+} // namespace kelu::platform

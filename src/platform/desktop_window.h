@@ -1,0 +1,19 @@
+// The program's window on the desktop: identity, video mode and the showing of pictures. Main thread.
+#pragma once
+
+#include "platform/host.h"
+
+namespace kelu::platform {
+
+/// Before Allegro's start: names the window's class, by which desktops group windows.
+void name_window_class();
+/// Enters the mode; false when it is refused, also when the desktop is smaller than it. The old mode then stands.
+bool enter_desktop_mode(const VideoMode& mode);
+/// Shows a picture of 320 x 240, scaled. Only the rows that differ from the last picture shown go to the display.
+void present_on_desktop(BITMAP* picture);
+/// Gives the window an icon, a picture of at most 256 x 256 in which magenta is transparent.
+void set_desktop_icon(BITMAP* picture);
+/// Leaves the mode, if there is one, and forgets the last picture.
+void close_desktop_window();
+
+} // namespace kelu::platform
