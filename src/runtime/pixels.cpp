@@ -65,6 +65,13 @@ int mix_colors(int a, int b, int alpha)
                     mix_channel(blue_of(a), blue_of(b), u, t));
 }
 
+int blend_sprite_pixel(int below, int source, int opacity)
+{
+    if (source == mask_magenta || opacity < 1) return below;
+    if (opacity == 255) return source;
+    return opacity == 127 || opacity == 128 ? mean_pixel(below, source) : blend_fields(below, source, opacity);
+}
+
 void blend_sprite(BITMAP* source, BITMAP* target, int x, int y, int opacity)
 {
     if (opacity < 1) return;
@@ -77,9 +84,7 @@ void blend_sprite(BITMAP* source, BITMAP* target, int x, int y, int opacity)
         const int* from = row(source, line - y) - x;
         int* to = row(target, line);
         for (int column = area.x; column < area.x + area.w; ++column) {
-            if (from[column] == mask_magenta) continue;
-            to[column] = opacity == 127 || opacity == 128 ? mean_pixel(to[column], from[column])
-                                                          : blend_fields(to[column], from[column], opacity);
+            to[column] = blend_sprite_pixel(to[column], from[column], opacity);
         }
     }
 }

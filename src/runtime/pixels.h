@@ -37,6 +37,9 @@ constexpr bool colors_close(int a, int b, int tolerance)
     return near(red_of(a), red_of(b)) && near(green_of(a), green_of(b)) && near(blue_of(a), blue_of(b));
 }
 
+/// One pixel of `blend_sprite`: `source` over `below` at opacity 0 to 255; magenta leaves `below`.
+int blend_sprite_pixel(int below, int source, int opacity);
+
 /// Draws `source` over `target` at (x, y), leaving its magenta out. Below opacity 1 nothing, at 255 a masked blit, at
 /// 127 and 128 the exact mean, else dst + ((src - dst) x opacity >> 8) in each channel.
 void blend_sprite(BITMAP* source, BITMAP* target, int x, int y, int opacity);

@@ -1,0 +1,195 @@
+// Buttons, the press filter, the hotkey test and the counters of the timers.
+#include "runtime/clock.h"
+#include "runtime/hotkeys.h"
+#include "runtime/input.h"
+#include "runtime/jobs.h"
+#include "runtime/preferences.h"
+#include "runtime/run_state.h"
+#include "runtime/view.h"
+#include <allegro.h>
+#include <gtest/gtest.h>
+
+namespace kelu {
+namespace {
+
+class Input : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        pointer = {};
+        preferences = {};
+        preferences.mouse_swap = 0;
+        hotkeys = {};
+        view = {};
+        screen_state.screen_scale = 2;
+        for (int scancode = 0; scancode < KEY_MAX; ++scancode)
+            ::key[scancode] = 0;
+        ::mouse_b = 0;
+    }
+    void TearDown() override { SetUp(); }
+
+    static void point_at(int x, int y)
+    {
+        ::mouse_x = 2 * x;
+        ::mouse_y = 2 * y;
+        mouse_tick();
+    }
+};
+
+} // namespace
+
+TEST_F(Input, LeftPressKeepsItsPositionAndRightFollows)
+{
+    point_at(10, 20);
+    ::mouse_b = 1;
+    EXPECT_EQ(gui_button_state(), 1);
+    point_at(50, 60);
+    EXPECT_EQ(gui_button_state(), 1);
+    EXPECT_EQ(pointer.mouse_press_x, 10);
+    EXPECT_EQ(pointer.mouse_press_y, 20);
+    ::mouse_b = 2;
+    EXPECT_EQ(gui_button_state(), 2);
+    point_at(70, 80);
+    EXPECT_EQ(gui_button_state(), 2);
+    EXPECT_EQ(pointer.mouse_press_x, 70);
+    ::mouse_b = 0;
+    pointer.gui_hold_slot = 5;
+    EXPECT_EQ(gui_button_state(), 0);
+    EXPECT_EQ(pointer.gui_hold_slot, -1);
+}
+
+TEST_F(Input, SwapActsOnTheGuiAlone)
+{
+    preferences.mouse_swap = 1;
+    pointer.gui_hover_slot = 7;
+    ::mouse_b = 2;
+    EXPECT_EQ(gui_button_state(), 1);
+    EXPECT_EQ(pointer.gui_hold_slot, 7);
+    EXPECT_EQ(pointer.mouse_right, 1) << "the raw bytes know no swap";
+    ::mouse_b = 1 | 8 | 16;
+    EXPECT_EQ(gui_button_state(), 2);
+    EXPECT_EQ(pointer.mouse_button_4, 1);
+    EXPECT_EQ(pointer.mouse_button_5, 1);
+}
+
+TEST_F(Input, PressTakesTheStillPositionWithinTwoPixels)
+{
+    point_at(100, 50);
+    for (int i = 0; i < 3; ++i)
+        mouse_tick();
+    EXPECT_NE(pointer.stable_mouse_x, 100) << "still for three passes only";
+    mouse_tick();
+    EXPECT_EQ(pointer.stable_mouse_x, 100);
+    view.frame_mouse_x = 102;
+    view.frame_mouse_y = 48;
+    sample_press();
+    EXPECT_EQ(pointer.press_x, 100);
+    EXPECT_EQ(pointer.press_y, 50);
+    view.frame_mouse_x = 103;
+    sample_press();
+    EXPECT_EQ(pointer.press_x, 103);
+    EXPECT_EQ(pointer.press_y, 48);
+    view.frame_mouse_x = 101;
+    preferences.anti_jitter = 0;
+    sample_press();
+    EXPECT_EQ(pointer.press_x, 101) << "the option is off";
+}
+
+TEST_F(Input, HotkeysNeedTheirModifiersExactly)
+{
+    hotkeys.hotkey_table[ACTION_UNDO].primary = KEY_U;
+    hotkeys.hotkey_table[ACTION_REDO].primary = KEY_U + key_shift;
+    hotkeys.hotkey_table[ACTION_REDO].alternate = KEY_Y + key_control;
+    ::key[KEY_U] = -1;
+    EXPECT_TRUE(hotkey_test(ACTION_UNDO));
+    EXPECT_FALSE(hotkey_test(ACTION_REDO));
+    ::key[KEY_RSHIFT] = -1;
+    ::key_shifts = KB_CAPSLOCK_FLAG;
+    EXPECT_FALSE(hotkey_test(ACTION_UNDO));
+    EXPECT_TRUE(hotkey_test(ACTION_REDO));
+    ::key[KEY_RSHIFT] = 0;
+    ::key[KEY_U] = 0;
+    ::key[KEY_Y] = -1;
+    ::key[KEY_RCONTROL] = -1;
+    EXPECT_TRUE(hotkey_test(ACTION_REDO)) << "the alternate key";
+    ::key[KEY_ALTGR] = -1;
+    EXPECT_FALSE(hotkey_test(ACTION_REDO)) << "one modifier too many";
+    EXPECT_FALSE(hotkey_test(-1));
+    EXPECT_FALSE(hotkey_test(hotkey_rows));
+    hotkeys.hotkey_table[3].primary = 110;
+    EXPECT_FALSE(hotkey_test(3)) << "no such key";
+}
+
+TEST_F(Input, ButtonsStandForActions)
+{
+    hotkeys.mouse_button_map[2] = mouse_function_of(ACTION_UNDO);
+    ::mouse_b = 4;
+    poll_mouse_buttons();
+    EXPECT_TRUE(hotkey_test(ACTION_UNDO));
+    EXPECT_FALSE(hotkey_test(ACTION_REDO));
+    EXPECT_EQ(mouse_function_of(ACTION_MACRO_8), 24);
+    EXPECT_EQ(mouse_function_of(ACTION_PIC_CLEAR), -1);
+    EXPECT_EQ(mouse_function_of(ACTION_EXIT), -1);
+}
+
+TEST(Clock, CountersWrapAndWait)
+{
+    clock_state = {};
+    run_state.timers_locked = 0;
+    run_state.gui_active = 1;
+    for (int i = 0; i < 500; ++i)
+        clock_tick();
+    EXPECT_EQ(clock_state.phase_counter, 0);
+    EXPECT_EQ(clock_state.phase[1], 500 % 256);
+    EXPECT_EQ(clock_state.phase[7], 72) << "71 multiples of 7 below 500, and 0";
+    for (int i = 0; i < 600; ++i)
+        clock_tick();
+    EXPECT_EQ(clock_state.idle_counter, 1000);
+    EXPECT_EQ(clock_state.wait_counter, 1100);
+    for (int i = 0; i < 33; ++i)
+        world_tick();
+    EXPECT_EQ(clock_state.marching_ants_phase, 1);
+    EXPECT_EQ(clock_state.tool_ticks, 33);
+    EXPECT_EQ(clock_state.world_phase_b, 95);
+    EXPECT_EQ(clock_state.fixed_phase_a, -33 * 6554);
+    run_state.timers_locked = 1;
+    world_tick();
+    EXPECT_EQ(clock_state.tool_ticks, 33) << "locked timers move nothing";
+    for (int i = 0; i < 8; ++i)
+        caret_tick();
+    EXPECT_EQ(clock_state.caret_phase, 1);
+    wait_ticks(25, clock_tick);
+    EXPECT_EQ(clock_state.wait_counter, 25);
+}
+
+TEST(Jobs, RunInTableOrderOnceTheirDelayIsUp)
+{
+    static std::vector<int> ran;
+    ran.clear();
+    clear_jobs();
+    set_job_handler(40, [](int index) {
+        ran.push_back(job_queue[static_cast<std::size_t>(index)].arguments[0]);
+        job_clear(index);
+    });
+    EXPECT_EQ(push_to_job(40, 1, 0, 0, 0, 0, 0, 0, 0, 2), 0);
+    EXPECT_EQ(push_to_job(40, 2, 0, 0, 0, 0, 0, 0, 0, 0), 1);
+    EXPECT_EQ(push_to_job(63, 3, 0, 0, 0, 0, 0, 0, 9, 0), 2);
+    run_jobs();
+    EXPECT_EQ(ran, std::vector{2});
+    count_job_delays();
+    run_jobs();
+    EXPECT_EQ(ran, std::vector{2}) << "one tick is left";
+    count_job_delays();
+    run_jobs();
+    EXPECT_EQ(ran, (std::vector{2, 1}));
+    EXPECT_EQ(job_find(40), -1);
+    EXPECT_EQ(job_find(JOB_ANY), 2) << "a type that nobody serves stays";
+    EXPECT_EQ(job_queue[2].arguments[7], 9);
+    for (int i = 0; i < max_jobs - 1; ++i)
+        push_to_job(63, 0, 0, 0, 0, 0, 0, 0, 0, 9);
+    EXPECT_EQ(push_to_job(40, 0, 0, 0, 0, 0, 0, 0, 0, 0), -1) << "the queue is full";
+    clear_jobs();
+    EXPECT_EQ(job_find_free(), 0);
+}
+
+} // namespace kelu
