@@ -23,6 +23,7 @@ struct Store {
     Shared<int> frame_count = 1;   ///< frames of the workspace, 1 to 100
     Shared<int> current_frame = 0; ///< index of the frame in memory, 0 to frame_count - 1
     uint8_t alpha_edit_mode = 0;   ///< 1: the pictures of frame and alpha are exchanged
+    uint8_t spa_flag = 1;          ///< 0 or 1; kept with the workspace, without effect
     std::string workspace_title = "UNNAMED WORKSPACE"; ///< at most 120 characters
     std::string workspace_notes = "...";               ///< at most 255 characters
 };

@@ -1,0 +1,23 @@
+// Windows bitmaps: the containers of a workspace (cel, custom tip, thumbnails), and pictures of other programs.
+#pragma once
+
+#include "imagefile/row_source.h"
+#include "runtime/bitmap.h"
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace kelu {
+
+/// Decodes an uncompressed BMP of 1, 4, 8, 24 or 32 bits, either way up. The top byte of every pixel is 0. Empty when
+/// the bytes are of another kind, cut short or too large.
+Bitmap decode_bmp(std::span<const uint8_t> bytes);
+
+/// Reads a file by `decode_bmp`. Empty when the file is missing or not such a picture.
+Bitmap read_bmp(const std::string& name);
+
+/// Writes the bitmap, or a sub-bitmap, with 24 bits a pixel; top bytes are left out. The file takes the place of an
+/// old one only when it is whole; false when that failed, and the old one stands.
+bool write_bmp(const std::string& name, BITMAP* bitmap);
+
+} // namespace kelu

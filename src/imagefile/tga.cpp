@@ -1,0 +1,125 @@
+// Reader and writer of TGA.
+//
+// 18 bytes of header, an id and a colour map that are passed over, then the pixels. A run-length packet is a byte n
+// and then one pixel for n - 127 of them (n above 127) or n + 1 pixels; packets may run over the end of a row.
+#include "imagefile/tga.h"
+
+#include "imagefile/reader.h"
+#include "platform/files.h"
+#include "runtime/pixels.h"
+#include <cstring>
+#include <vector>
+
+namespace kelu {
+namespace {
+
+constexpr std::size_t header_size = 18;
+constexpr int type_plain = 2, type_runs = 10;        // true colour; the colour-mapped and grey types are not read
+constexpr int right_to_left = 0x10, top_down = 0x20; // bits of the descriptor
+
+/// The pixels of a file in their order, plain or from packets.
+class PixelStream {
+public:
+    PixelStream(ByteReader& in, int pixel_bytes, bool runs) : in_(in), bytes_(pixel_bytes), runs_(runs) {}
+
+    int next()
+    {
+        if (runs_ && left_ == 0) {
+            const int head = in_.byte();
+            repeats_ = head > 127;
+            left_ = (head & 127) + 1;
+            if (repeats_) pixel_ = read();
+        }
+        if (runs_) --left_;
+        return repeats_ ? pixel_ : read();
+    }
+
+private:
+    int read()
+    {
+        if (bytes_ == 4) return static_cast<int>(in_.little32());
+        const int blue = in_.byte(), green = in_.byte(), red = in_.byte();
+        return static_cast<int>(0xff000000U) | pack_rgb(red, green, blue);
+    }
+
+    ByteReader& in_;
+    int bytes_; // of a pixel, 3 or 4
+    bool runs_;
+    bool repeats_ = false; // the present packet is one pixel many times
+    int left_ = 0;         // pixels left in the present packet
+    int pixel_ = 0;        // of a packet that repeats it
+};
+
+} // namespace
+
+Bitmap decode_tga(std::span<const uint8_t> bytes)
+{
+    ByteReader in(bytes);
+    const auto id_size = static_cast<std::size_t>(in.byte());
+    const bool mapped = in.byte() != 0;
+    const int type = in.byte();
+    in.skip(2); // first entry of the map
+    const int map_length = in.little16(), map_bits = in.byte();
+    in.skip(4); // origin on the screen
+    const int w = in.little16(), h = in.little16(), bits = in.byte(), descriptor = in.byte();
+    if ((type != type_plain && type != type_runs) || (bits != 24 && bits != 32) || !bitmap_size_valid(w, h)) return {};
+    in.skip(id_size);
+    if (mapped) in.skip(static_cast<std::size_t>(map_length * ((map_bits + 7) / 8)));
+
+    // A packet holds at most 128 pixels: fewer bytes than that can't be a picture of this size, however it is coded.
+    const auto pixel_count = static_cast<std::size_t>(w) * static_cast<std::size_t>(h);
+    const auto least = type == type_plain ? pixel_count * static_cast<std::size_t>(bits / 8) : pixel_count / 128;
+    if (in.ended() || in.left() < least) return {};
+
+    Bitmap picture(w, h);
+    PixelStream pixels(in, bits / 8, type == type_runs);
+    for (int y = 0; picture && y < h && !in.ended(); ++y) {
+        int* line = row(picture, descriptor & top_down ? y : h - 1 - y);
+        for (int x = 0; x < w; ++x)
+            line[descriptor & right_to_left ? w - 1 - x : x] = pixels.next();
+    }
+    return in.ended() ? Bitmap() : std::move(picture);
+}
+
+Bitmap read_tga(const std::string& name)
+{
+    constexpr std::size_t limit = header_size + 255U + 65536U * 4U + static_cast<std::size_t>(max_bitmap_pixels) * 5U;
+    Bytes bytes;
+    if (!platform::read_file(name, limit, bytes)) return {};
+    return decode_tga(bytes);
+}
+
+bool write_tga(const std::string& name, int w, int h, const RowSource& rows)
+{
+    if (!bitmap_size_valid(w, h)) return false;
+    Bytes header;
+    ByteWriter out(header);
+    out.fill(2);
+    out.byte(type_plain);
+    out.fill(9);
+    out.little16(w);
+    out.little16(h);
+    out.byte(32);
+    out.byte(8); // eight bits of alpha, origin at the bottom left
+    platform::FileReplacement file(name);
+    bool good = file.write(header);
+    std::vector<int> line(static_cast<std::size_t>(w));
+    Bytes bytes(line.size() * 4);
+    for (int y = h - 1; good && y >= 0; --y) {
+        rows(y, line.data());
+        for (std::size_t x = 0; x < line.size(); ++x)
+            for (std::size_t i = 0; i < 4; ++i)
+                bytes[4 * x + i] = static_cast<uint8_t>(static_cast<uint32_t>(line[x]) >> (8 * i));
+        good = file.write(bytes);
+    }
+    return good && file.commit();
+}
+
+bool write_tga(const std::string& name, BITMAP* bitmap)
+{
+    return bitmap && write_tga(name, bitmap->w, bitmap->h, [bitmap](int y, int* pixels) {
+               std::memcpy(pixels, row(bitmap, y), static_cast<std::size_t>(bitmap->w) * sizeof(int));
+           });
+}
+
+} // namespace kelu

@@ -1,0 +1,26 @@
+// Truevision TGA 2.0, the form in which frames lie on disk: 32 bits a pixel, the alpha bytes kept bit for bit.
+#pragma once
+
+#include "imagefile/row_source.h"
+#include "runtime/bitmap.h"
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace kelu {
+
+/// Decodes a true-colour TGA of 24 or 32 bits, plain or run-length coded, with its origin in any corner. Pixels come
+/// out in merged form; 24-bit pixels get alpha 255. Empty when the bytes are of another kind, cut short or too large.
+Bitmap decode_tga(std::span<const uint8_t> bytes);
+
+/// Reads a file by `decode_tga`. Empty when the file is missing or not such a picture.
+Bitmap read_tga(const std::string& name);
+
+/// Writes a picture of w x h merged pixels: uncompressed, 32 bits, bottom row first, blue green red alpha. The file
+/// takes the place of an old one only when it is whole; false when that failed, and the old one stands.
+bool write_tga(const std::string& name, int w, int h, const RowSource& rows);
+
+/// Writes a bitmap in merged form.
+bool write_tga(const std::string& name, BITMAP* bitmap);
+
+} // namespace kelu

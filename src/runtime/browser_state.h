@@ -1,0 +1,19 @@
+// Where the file screens stand.
+#pragma once
+
+#include <string>
+
+namespace kelu {
+
+/// Owner: the file browser. Also written by the frame store and the archive (the folder they came from) and the state
+/// file. Names are upper case; the platform layer finds the true ones.
+struct BrowserState {
+    std::string browser_dir;    ///< folder in view, at most 255 bytes
+    std::string browser_file;   ///< selected file, at most 127 bytes
+    std::string home_image_dir; ///< folder in which picture browsers open; empty: none
+    std::string home_font_dir;  ///< folder in which the font browser opens; empty: none
+    int jpg_quality = 90;       ///< of saved JPEG files, 0 to 100
+};
+inline BrowserState browser_state;
+
+} // namespace kelu
