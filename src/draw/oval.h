@@ -1,0 +1,15 @@
+// "OVAL": an ellipse between two axes that the mouse sets, as a chain of pixels.
+#pragma once
+
+#include "draw/point_list.h"
+
+namespace kelu {
+
+/// The ellipse about (cx, cy) with radii ra and rb, its first axis turned by -`degrees`, sampled `steps` times (1 to
+/// 360) and joined by lines, so that each point is adjacent to the one before and the last to the first.
+Points interpolate_ellipse(int cx, int cy, int ra, int rb, int degrees, int steps);
+
+/// The tool, from the end of its first axis on: nodes 0 and 1 are the axis.
+void oval_tool();
+
+} // namespace kelu

@@ -1,0 +1,81 @@
+// The curve through the nodes.
+#include "draw/spline.h"
+
+namespace kelu {
+namespace {
+
+/// A virtual neighbour just beyond a, on the line from b through a.
+SplineNode dummy_node(const SplineNode& a, const SplineNode& b)
+{
+    return {a.x - (b.x - a.x) / 8, a.y - (b.y - a.y) / 8, 0};
+}
+
+/// Distance of two nodes, 16.16; scaled down by 64 while it is squared.
+fixed node_dist(const SplineNode& a, const SplineNode& b)
+{
+    const auto scaled = [](int difference) { return itofix(difference) / 64; };
+    const fixed dx = scaled(b.x - a.x);
+    const fixed dy = scaled(b.y - a.y);
+    return fixsqrt(fixmul(dx, dx) + fixmul(dy, dy)) * 64;
+}
+
+void set_tangents(SplineNodes& nodes, int count)
+{
+    for (int i = 1; i <= count + 1; ++i) {
+        const SplineNode& before = nodes[static_cast<std::size_t>(i) - 1];
+        const SplineNode& after = nodes[static_cast<std::size_t>(i) + 1];
+        nodes[static_cast<std::size_t>(i)].tangent = fixatan2(itofix(after.y - before.y), itofix(after.x - before.x));
+    }
+}
+
+} // namespace
+
+void prepare_spline_nodes(NodeTable& table, int n, bool closed, SplineNodes& nodes)
+{
+    const auto at = [&](int i) -> Point& { return table[static_cast<std::size_t>(i)]; };
+    if (closed) {
+        at(n) = at(1);
+        at(n + 1) = at(2);
+        at(0) = at(n - 1);
+    } else {
+        at(n) = at(n - 1);
+    }
+    for (std::size_t i = 0; i < table.size(); ++i) {
+        if (table[i].x == unset_node) continue;
+        nodes[i].x = table[i].x;
+        nodes[i].y = table[i].y;
+    }
+}
+
+std::array<int, 8> spline_control_points(const SplineNode& a, const SplineNode& b, fixed curviness)
+{
+    const fixed d = fixmul(node_dist(a, b), curviness);
+    const auto across = [d](fixed tangent) { return fixtoi(fixmul(fixcos(tangent), d)); };
+    const auto down = [d](fixed tangent) { return fixtoi(fixmul(fixsin(tangent), d)); };
+    return {a.x, a.y, a.x + across(a.tangent), a.y + down(a.tangent),
+            b.x - across(b.tangent), b.y - down(b.tangent), b.x, b.y};
+}
+
+Points build_spline(SplineNodes& nodes, int count, bool closed, int curve)
+{
+    const auto at = [&](int i) -> SplineNode& { return nodes[static_cast<std::size_t>(i)]; };
+    if (!closed) {
+        at(0) = dummy_node(at(1), at(2));
+        at(count + 3) = dummy_node(at(count + 2), at(count + 1));
+    }
+    set_tangents(nodes, count);
+    const int segments = closed ? count : count - 1;
+    const fixed curviness = ftofix(curve / 100.0);
+    Points points;
+    for (int i = 1; i <= segments; ++i) {
+        const std::array<int, 8> control = spline_control_points(at(i), at(i + 1), curviness);
+        std::array<int, spline_steps> xs{};
+        std::array<int, spline_steps> ys{};
+        calc_spline(control.data(), spline_steps, xs.data(), ys.data());
+        for (std::size_t k = 0; k < xs.size(); ++k)
+            points.push_back({xs[k], ys[k]});
+    }
+    return points;
+}
+
+} // namespace kelu
