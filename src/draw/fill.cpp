@@ -26,8 +26,7 @@ class FilledPixels {
 public:
     FilledPixels(int w, int h)
         : words_per_row_((static_cast<std::size_t>(w) + 63) / 64), words_(words_per_row_ * static_cast<std::size_t>(h))
-    {
-    }
+    {}
 
     void set(const Run& run)
     {
@@ -70,8 +69,7 @@ public:
         : source_(source), seed_(seed), tolerance_(tolerance), report_(run), breathe_(breathe),
           filled_(source->w, source->h), heads_(static_cast<std::size_t>(source->h)),
           states_(static_cast<std::size_t>(source->h), HEAD_FREE)
-    {
-    }
+    {}
 
     void walk(int x, int y)
     {

@@ -1,7 +1,7 @@
 // Allegro's walkers behind visitors, and the outlines built on them.
 #include "draw/point_list.h"
 
-#include <cstdint>
+#include <cmath>
 
 namespace kelu {
 namespace {
@@ -16,6 +16,36 @@ bool misses(Point a, Point b, int width, int height)
 {
     return (a.x < 0 && b.x < 0) || (a.y < 0 && b.y < 0) || (a.x >= width && b.x >= width) ||
            (a.y >= height && b.y >= height);
+}
+
+/// True when Allegro's polygon can fill the points: its edges are fixed-point numbers with 13 bits and a sign.
+bool polygon_in_reach(std::span<const Point> points)
+{
+    constexpr int reach = 8191;
+    const auto [left, right] =
+        std::minmax_element(points.begin(), points.end(), [](Point a, Point b) { return a.x < b.x; });
+    return left->x >= -reach && right->x <= reach && right->x - left->x <= reach;
+}
+
+/// The same rule for points far away, by the crossings of each row with the edges.
+void walk_far_polygon(std::span<const Point> points, int width, int height, SpanVisit span)
+{
+    std::vector<double> crossings;
+    for (int y = 0; y < height; ++y) {
+        crossings.clear();
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            const Point a = points[i];
+            const Point b = points[(i + 1) % points.size()];
+            if ((a.y <= y) == (b.y <= y)) continue;
+            crossings.push_back(a.x + (b.x - a.x) * (static_cast<double>(y - a.y) / (b.y - a.y)));
+        }
+        std::sort(crossings.begin(), crossings.end());
+        for (std::size_t i = 1; i < crossings.size(); i += 2) {
+            const int left = std::max(static_cast<int>(std::lround(crossings[i - 1])), 0);
+            const int right = std::min(static_cast<int>(std::lround(crossings[i])), width - 1);
+            if (left <= right) span(left, right, y);
+        }
+    }
 }
 
 } // namespace
@@ -47,8 +77,7 @@ void walk_disc(Point center, int radius, int height, SpanVisit span)
     });
 }
 
-void walk_outline(std::span<const Point> points, int width, int height, PointVisit visit,
-                  FunctionRef<void()> segment)
+void walk_outline(std::span<const Point> points, int width, int height, PointVisit visit, FunctionRef<void()> segment)
 {
     Bitmap seen(width, height);
     if (!seen) return;
@@ -67,13 +96,18 @@ void walk_outline(std::span<const Point> points, int width, int height, PointVis
 
 void walk_polygon(std::span<const Point> points, int width, int height, SpanVisit span)
 {
+    if (points.empty()) return;
+    if (!polygon_in_reach(points)) {
+        walk_far_polygon(points, width, height, span);
+        return;
+    }
     Bitmap inside(width, height);
-    if (!inside || points.empty()) return;
+    if (!inside) return;
     std::vector<int> corners;
     corners.reserve(2 * points.size());
     for (const Point& p : points) {
-        corners.push_back(std::clamp(p.x, -farthest, farthest));
-        corners.push_back(std::clamp(p.y, -farthest, farthest));
+        corners.push_back(p.x);
+        corners.push_back(p.y);
     }
     polygon(inside, static_cast<int>(points.size()), corners.data(), 1);
     for (int y = 0; y < height; ++y) {
@@ -94,8 +128,8 @@ void walk_row_extents(std::span<const Point> points, SpanVisit span)
     struct Extent {
         int min = unset, max = unset;
     };
-    const auto [top, bottom] = std::minmax_element(points.begin(), points.end(),
-                                                   [](Point a, Point b) { return a.y < b.y; });
+    const auto [top, bottom] =
+        std::minmax_element(points.begin(), points.end(), [](Point a, Point b) { return a.y < b.y; });
     const int first = top->y;
     std::vector<Extent> extents(static_cast<std::size_t>(bottom->y - first) + 1);
     for (const Point& p : points) {

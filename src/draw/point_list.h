@@ -19,8 +19,7 @@ struct Point {
 };
 using Points = std::vector<Point>;
 
-/// Furthest coordinate of a generated point: a frame's longest side, and the range of the fixed point numbers in which
-/// a polygon is filled.
+/// Furthest coordinate of a generated point: a frame's longest side.
 constexpr int farthest = max_bitmap_side;
 
 /// Truncates a coordinate toward zero and holds it within ±`farthest`; what is not a number becomes 0.
@@ -63,11 +62,11 @@ void walk_disc(Point center, int radius, int height, SpanVisit span);
 /// The pixels of the open line through the points, each once however often the line meets itself, those inside a
 /// frame of `width` x `height` only. `segment` is called after each stretch between two points. Fewer than 2 points
 /// draw nothing.
-void walk_outline(std::span<const Point> points, int width, int height, PointVisit visit,
-                  FunctionRef<void()> segment);
+void walk_outline(std::span<const Point> points, int width, int height, PointVisit visit, FunctionRef<void()> segment);
 
 /// The inside of a polygon as Allegro fills it, by the even-odd rule, right and bottom edges included, as spans within
-/// a frame of `width` x `height`, from top to bottom.
+/// a frame of `width` x `height`, from top to bottom. Points may lie far outside; beyond Allegro's reach, some 8000
+/// pixels, spans may overlap by their end pixels.
 void walk_polygon(std::span<const Point> points, int width, int height, SpanVisit span);
 
 /// The rows of a closed outline from its leftmost to its rightmost point, top to bottom; not clipped. An extent of -1

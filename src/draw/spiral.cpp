@@ -7,9 +7,9 @@ namespace kelu {
 namespace {
 
 constexpr double half_turn = 3.14159;
-constexpr double turn_length = 6.28;   ///< radians that count as a wrap
+constexpr double turn_length = 6.28; ///< radians that count as a wrap
 constexpr double radians_a_step = 0.01;
-constexpr double spread_unit = 30000;  ///< spread that doubles the radius in one step
+constexpr double spread_unit = 30000; ///< spread that doubles the radius in one step
 
 } // namespace
 
@@ -23,7 +23,8 @@ void plot_spiral(int cx, int cy, double degrees, double scale, double wraps, dou
     const double c = std::cos(turn);
     const double end = std::trunc(wraps) * turn_length;
     double k = 1;
-    for (double t = 0; t < end; t += radians_a_step) {
+    double t = 0;
+    while (t < end) {
         const double a = t * k * std::cos(t) * (scale / 100);
         const double b = t * k * std::sin(t) * (scale / 100);
         const double x = c * a - b * s;
@@ -31,6 +32,7 @@ void plot_spiral(int cx, int cy, double degrees, double scale, double wraps, dou
         const Point p{to_coordinate(flip ? -x : x) + cx, to_coordinate(y) + cy};
         points.push_back(p);
         bounds.widen(p);
+        t += radians_a_step;
         k += spread / spread_unit;
     }
 }

@@ -16,7 +16,7 @@ fixed node_dist(const SplineNode& a, const SplineNode& b)
     const auto scaled = [](int difference) { return itofix(difference) / 64; };
     const fixed dx = scaled(b.x - a.x);
     const fixed dy = scaled(b.y - a.y);
-    return fixsqrt(fixmul(dx, dx) + fixmul(dy, dy)) * 64;
+    return fixsqrt(fixadd(fixmul(dx, dx), fixmul(dy, dy))) * 64;
 }
 
 void set_tangents(SplineNodes& nodes, int count)
@@ -30,20 +30,25 @@ void set_tangents(SplineNodes& nodes, int count)
 
 } // namespace
 
-void prepare_spline_nodes(NodeTable& table, int n, bool closed, SplineNodes& nodes)
+void prepare_spline_nodes(const NodeTable& table, int n, bool closed, SplineNodes& nodes)
 {
-    const auto at = [&](int i) -> Point& { return table[static_cast<std::size_t>(i)]; };
-    if (closed) {
-        at(n) = at(1);
-        at(n + 1) = at(2);
-        at(0) = at(n - 1);
-    } else {
-        at(n) = at(n - 1);
+    const auto at = [&](int i) -> SplineNode& { return nodes[static_cast<std::size_t>(i)]; };
+    const auto copy = [&](int to, int from) {
+        at(to).x = at(from).x;
+        at(to).y = at(from).y;
+    };
+    for (int i = 1; i < n; ++i) {
+        const Point node = table[static_cast<std::size_t>(i)];
+        if (node.x == unset_node) continue;
+        at(i).x = node.x;
+        at(i).y = node.y;
     }
-    for (std::size_t i = 0; i < table.size(); ++i) {
-        if (table[i].x == unset_node) continue;
-        nodes[i].x = table[i].x;
-        nodes[i].y = table[i].y;
+    if (closed) {
+        copy(n, 1);
+        copy(n + 1, 2);
+        copy(0, n - 1);
+    } else {
+        copy(n, n - 1);
     }
 }
 
@@ -52,8 +57,8 @@ std::array<int, 8> spline_control_points(const SplineNode& a, const SplineNode& 
     const fixed d = fixmul(node_dist(a, b), curviness);
     const auto across = [d](fixed tangent) { return fixtoi(fixmul(fixcos(tangent), d)); };
     const auto down = [d](fixed tangent) { return fixtoi(fixmul(fixsin(tangent), d)); };
-    return {a.x, a.y, a.x + across(a.tangent), a.y + down(a.tangent),
-            b.x - across(b.tangent), b.y - down(b.tangent), b.x, b.y};
+    return {a.x, a.y, a.x + across(a.tangent), a.y + down(a.tangent), b.x - across(b.tangent), b.y - down(b.tangent),
+            b.x, b.y};
 }
 
 Points build_spline(SplineNodes& nodes, int count, bool closed, int curve)

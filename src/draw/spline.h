@@ -9,7 +9,7 @@
 
 namespace kelu {
 
-constexpr int node_limit = 256; ///< entries of a table of nodes
+constexpr int node_limit = 256;  ///< entries of a table of nodes
 constexpr int spline_steps = 32; ///< points of a segment
 constexpr int unset_node = -1;   ///< both coordinates of a free node
 
@@ -23,10 +23,10 @@ struct SplineNode {
 /// Larger than a table of nodes by the virtual neighbours beyond an end.
 using SplineNodes = std::array<SplineNode, node_limit + 4>;
 
-/// Makes the user's nodes 1 to n - 1 into a chain of `nodes`: an open curve repeats its last node as node n, a closed
-/// one goes on with its first two and begins with its last. Entries whose x is -1 are left out. n is 2 to 255, for a
-/// closed curve 2 to 254.
-void prepare_spline_nodes(NodeTable& table, int n, bool closed, SplineNodes& nodes);
+/// Makes the user's nodes, 1 to n - 1 of `table`, into a chain of `nodes`: an open curve repeats its last node as node
+/// n, a closed one goes on with its first two and begins with its last. An entry whose x is -1 leaves its node as it
+/// was. n, the first free entry, is 2 to 256.
+void prepare_spline_nodes(const NodeTable& table, int n, bool closed, SplineNodes& nodes);
 
 /// The control points of the segment from a to b, x and y in turn. `curviness` is 16.16, 0 a straight line.
 std::array<int, 8> spline_control_points(const SplineNode& a, const SplineNode& b, fixed curviness);

@@ -8,11 +8,11 @@ namespace kelu {
 
 /// The panel's values. Stored with the workspace; written when a shape is accepted.
 struct SupershapeSettings {
-    int degrees = 0;         ///< 0 to 359
-    int n1 = 30;             ///< hundredths, 0 to 3000
-    int n2 = 170, n3 = 170;  ///< hundredths, -3000 to 3000
-    int arms = 5;            ///< 1 to 20
-    int magnitude = 100;     ///< frame pixels for a distance of 1, 0 to 500
+    int degrees = 0;        ///< 0 to 359
+    int n1 = 30;            ///< hundredths, 0 to 3000
+    int n2 = 170, n3 = 170; ///< hundredths, -3000 to 3000
+    int arms = 5;           ///< 1 to 20
+    int magnitude = 100;    ///< frame pixels for a distance of 1, 0 to 500
 };
 inline SupershapeSettings supershape_settings;
 

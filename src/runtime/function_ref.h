@@ -17,20 +17,17 @@ class FunctionRef<Result(Arguments...)> {
 public:
     /// Refers to a function object, most often a lambda.
     template <class Callable>
-        requires(!std::is_same_v<std::remove_cvref_t<Callable>, FunctionRef>)
-    FunctionRef(Callable&& callable)
-        : object_(const_cast<void*>(static_cast<const void*>(std::addressof(callable)))),
-          call_([](void* object, Arguments... arguments) -> Result {
-              return (*static_cast<std::remove_reference_t<Callable>*>(object))(std::forward<Arguments>(arguments)...);
+    requires(!std::is_same_v<Callable, FunctionRef>) FunctionRef(const Callable& callable)
+        : object_(std::addressof(callable)), call_([](const void* object, Arguments... arguments) -> Result {
+              return (*static_cast<const Callable*>(object))(std::forward<Arguments>(arguments)...);
           })
-    {
-    }
+    {}
 
     Result operator()(Arguments... arguments) const { return call_(object_, std::forward<Arguments>(arguments)...); }
 
 private:
-    void* object_;
-    Result (*call_)(void*, Arguments...);
+    const void* object_;
+    Result (*call_)(const void*, Arguments...);
 };
 
 /// What takes the points of a line, a circle or a selection: x, y in frame pixels.

@@ -1,0 +1,250 @@
+// Pixels of lines, discs, outlines, areas and colours.
+#include "draw/fill.h"
+#include "draw/point_list.h"
+#include "draw/replace.h"
+#include "runtime/pixels.h"
+#include "runtime/random.h"
+#include "support/pixel_text.h"
+#include "support/point_print.h"
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace kelu {
+
+namespace {
+
+const test::Legend legend{{'.', 0}, {'#', 1}, {'2', 2}, {'3', 3}, {'4', 4}};
+const auto nothing = [] {};
+
+/// A canvas that counts how often each pixel was reported.
+struct Canvas {
+    Bitmap bitmap;
+    Canvas(int w, int h) : bitmap(w, h) {}
+    void count(int x, int y)
+    {
+        if (in_bitmap(bitmap, x, y)) ++row(bitmap, y)[x];
+    }
+    std::vector<std::string> text() { return test::to_text(bitmap, legend); }
+};
+
+using Lines = std::vector<std::string>;
+
+TEST(Walks, LineReportsBothEndsInOrder)
+{
+    Points points;
+    walk_line({0, 0}, {5, 2}, [&](int x, int y) { points.push_back({x, y}); });
+    EXPECT_EQ(points, (Points{{0, 0}, {1, 0}, {2, 1}, {3, 1}, {4, 2}, {5, 2}}));
+    walk_circle({3, 3}, -1, [](int, int) { ADD_FAILURE() << "a negative radius has no points"; });
+}
+
+TEST(Walks, DiscFillsEachPixelOfItsRowsOnce)
+{
+    Canvas canvas(9, 8);
+    walk_disc({4, 3}, 3, canvas.bitmap->h, [&](int left, int right, int y) {
+        for (int x = left; x <= right; ++x)
+            canvas.count(x, y);
+    });
+    EXPECT_EQ(canvas.text(), (Lines{"...###...",
+                                    ".."
+                                    "#####"
+                                    "..",
+                                    ".#######.", ".#######.", ".#######.", "..#####..", "...###...", "........."}));
+    int spans = 0;
+    walk_disc({4, 3}, 0, 8, [&](int left, int right, int y) {
+        ++spans;
+        EXPECT_EQ(Point(left, right), Point(4, 4));
+        EXPECT_EQ(y, 3);
+    });
+    EXPECT_EQ(spans, 1);
+    // Rows beyond the frame are not reported, columns are.
+    walk_disc({0, 0}, 5, 4, [&](int left, int right, int y) {
+        EXPECT_GE(y, 0);
+        EXPECT_LT(y, 4);
+        EXPECT_EQ(left, -right);
+    });
+}
+
+TEST(Walks, OutlineMeetsEachPixelOnceAndRestsAfterEachStretch)
+{
+    Canvas canvas(8, 5);
+    const Points bow{{0, 0}, {7, 4}, {7, 0}, {0, 4}, {0, 0}, {-9, -9}, {-3, 9}};
+    int stretches = 0;
+    walk_outline(
+        bow, 8, 5, [&](int x, int y) { canvas.count(x, y); }, [&] { ++stretches; });
+    EXPECT_EQ(canvas.text(), (Lines{"#......#", "###..###", "#..##..#", "###..###", "#......#"}));
+    EXPECT_EQ(stretches, 6);
+    walk_outline(
+        Points{{2, 2}}, 8, 5, [](int, int) { ADD_FAILURE() << "one point is no line"; }, nothing);
+}
+
+TEST(Walks, PolygonIsFilledByTheEvenOddRuleWithinTheFrame)
+{
+    const auto fill = [](const Points& points) {
+        Canvas canvas(9, 6);
+        walk_polygon(points, 9, 6, [&](int left, int right, int y) {
+            for (int x = left; x <= right; ++x)
+                canvas.count(x, y);
+        });
+        return canvas.text();
+    };
+    EXPECT_EQ(fill({{1, 1}, {4, 1}, {4, 3}, {1, 3}}),
+              (Lines{".........", ".####....", ".####....", ".####....", ".........", "........."}));
+    EXPECT_EQ(fill({{-40000, -40000}, {40000, -40000}, {40000, 3}, {-40000, 3}}),
+              (Lines{"#########", "#########", "#########", ".........", ".........", "........."}));
+    // A square in a square, drawn in one line: the inner one is a hole.
+    const Lines ring = fill({{0, 0}, {8, 0}, {8, 5}, {0, 5}, {0, 0}, {3, 2}, {3, 4}, {6, 4}, {6, 2}, {3, 2}});
+    EXPECT_EQ(ring[3], "####..###");
+}
+
+TEST(Walks, RowExtentsSpanTheOutlineAndTakeMinusOneForUnset)
+{
+    std::vector<std::array<int, 3>> spans;
+    const auto collect = [&](int left, int right, int y) { spans.push_back({left, right, y}); };
+    walk_row_extents(Points{{3, 5}, {9, 5}, {4, 6}, {4, 7}, {2, 7}}, collect);
+    EXPECT_EQ(spans, (std::vector<std::array<int, 3>>{{3, 9, 5}, {4, 4, 6}, {2, 4, 7}}));
+    spans.clear();
+    walk_row_extents(Points{{-1, 0}, {5, 0}, {8, 0}}, collect);
+    EXPECT_EQ(spans, (std::vector<std::array<int, 3>>{{5, 8, 0}}));
+    walk_row_extents({}, collect);
+    EXPECT_EQ(spans.size(), 1U);
+}
+
+Lines filled_area(const Lines& picture, int x, int y, int tolerance, const test::Legend& colors)
+{
+    Bitmap source = test::from_text(picture, colors);
+    Canvas canvas(source->w, source->h);
+    walk_area(
+        source, x, y, tolerance,
+        [&](int left, int right, int line) {
+            for (int i = left; i <= right; ++i)
+                canvas.count(i, line);
+        },
+        nothing);
+    return canvas.text();
+}
+
+TEST(FloodFill, TakesTheConnectedAreaByItsSides)
+{
+    const test::Legend colors{{' ', 0x404040}, {'w', 0xffffff}, {'g', 0x444040}, {'h', 0x484040}};
+    const Lines picture{"  ww    ", " w  w ww", "w    w  ", " w  w w ", "  ww   w"};
+    EXPECT_EQ(filled_area(picture, 2, 2, 1, colors),
+              (Lines{"........", "..##....", ".####...", "..##....", "........"}))
+        << "a corner is no connection";
+    EXPECT_EQ(filled_area(picture, 2, 2, 0, colors), Lines(5, "........")) << "tolerance 0 takes nothing";
+    EXPECT_EQ(filled_area(picture, 9, 2, 9, colors), Lines(5, "........")) << "beside the picture";
+    EXPECT_EQ(filled_area({"www", "w w", "www"}, 1, 1, 1, colors), (Lines{"...", ".#.", "..."}));
+    // The tolerance is strict and doesn't drift: g differs from the seed by 4, h by 8, though by 4 from g.
+    EXPECT_EQ(filled_area({" ghh"}, 0, 0, 5, colors), (Lines{"##.."}));
+    EXPECT_EQ(filled_area({" ghh"}, 0, 0, 4, colors), (Lines{"#..."}));
+}
+
+/// The runs of an area by a plain list of records, swept from its head until nothing new comes up.
+std::vector<std::array<int, 3>> swept_runs(BITMAP* source, int x, int y)
+{
+    struct Record {
+        bool used = false, above = false, below = false;
+        int left = 0, right = 0, y = 0;
+    };
+    const int seed = row(source, y)[x];
+    std::vector<Record> list(static_cast<std::size_t>(source->h));
+    std::vector<std::array<int, 3>> runs;
+    const auto fill_run = [&](int at, int line) {
+        const int* p = row(source, line);
+        if (p[at] != seed) return at + 1;
+        Record run{true, line > 0, line + 1 < source->h, at, at, line};
+        while (run.left > 0 && p[run.left - 1] == seed)
+            --run.left;
+        while (run.right + 1 < source->w && p[run.right + 1] == seed)
+            ++run.right;
+        runs.push_back({run.left, run.right, line});
+        Record& head = list[static_cast<std::size_t>(line)];
+        if (head.used) {
+            list.push_back(run);
+        } else {
+            head = run;
+        }
+        return run.right + 2;
+    };
+    const auto check_row = [&](int line, int left, int right) {
+        bool found = false;
+        for (int at = left; at <= right;) {
+            const auto known = std::find_if(list.begin(), list.end(), [&](const Record& r) {
+                return r.used && r.y == line && at >= r.left && at <= r.right;
+            });
+            if (known != list.end()) {
+                at = known->right + 2;
+            } else {
+                const std::size_t before = runs.size();
+                at = fill_run(at, line);
+                found = found || runs.size() > before;
+            }
+        }
+        return found;
+    };
+    fill_run(x, y);
+    for (std::size_t before = 0; before != runs.size();) {
+        before = runs.size();
+        for (int i = 0; i < static_cast<int>(list.size()); ++i) {
+            const Record r = list[static_cast<std::size_t>(i)];
+            list[static_cast<std::size_t>(i)].below = false;
+            if (r.below) check_row(r.y + 1, r.left, r.right);
+            list[static_cast<std::size_t>(i)].above = false;
+            if (r.above && check_row(r.y - 1, r.left, r.right) && i > 0 && i < source->h) i -= 2;
+        }
+    }
+    return runs;
+}
+
+TEST(FloodFill, RunsComeInTheOrderOfTheSweptList)
+{
+    seed_random(11);
+    for (int round = 0; round < 60; ++round) {
+        Bitmap picture(5 + rnd(150), 2 + rnd(30));
+        for (int y = 0; y < picture->h; ++y)
+            for (int x = 0; x < picture->w; ++x)
+                row(picture, y)[x] = rnd(10) < 3 ? 0xffffff : 0;
+        const int x = rnd(picture->w);
+        const int y = rnd(picture->h);
+        std::vector<std::array<int, 3>> runs;
+        walk_area(
+            picture, x, y, 1,
+            [&](int left, int right, int line) {
+                runs.push_back({left, right, line});
+            },
+            nothing);
+        ASSERT_EQ(runs, swept_runs(picture, x, y)) << "round " << round;
+    }
+}
+
+TEST(Replace, TakesAColorAnywhereAndStrictly)
+{
+    const test::Legend colors{{' ', 0x101010}, {'a', 0x404040}, {'b', 0x434040}};
+    Bitmap source = test::from_text({"a ba", " b a"}, colors);
+    for (const auto& [tolerance, expected] :
+         {std::pair{0, Lines{"....", "...."}}, {1, {"#..#", "...#"}}, {3, {"#..#", "...#"}}, {4, {"#.##", ".#.#"}}}) {
+        Canvas canvas(4, 2);
+        walk_color(source, 0x404040, tolerance, [&](int x, int y) { canvas.count(x, y); });
+        EXPECT_EQ(canvas.text(), expected) << "tolerance " << tolerance;
+    }
+}
+
+TEST(Edge, LiesOnTheAreasOwnRimOnceForEachForeignNeighbour)
+{
+    const test::Legend colors{{' ', 0x101010}, {'a', 0x404040}, {'b', 0x444040}};
+    const auto rims = [&](const Lines& picture, int tolerance) {
+        Bitmap source = test::from_text(picture, colors);
+        Canvas canvas(source->w, source->h);
+        walk_rims(source, 0x404040, tolerance, [&](int x, int y) { canvas.count(x, y); });
+        return canvas.text();
+    };
+    EXPECT_EQ(rims({"     ", " aaa ", " aaa ", " aaa ", "   a "}, 1),
+              (Lines{".....", ".2#2.", ".#.#.", ".2##.", "...2."}));
+    EXPECT_EQ(rims({"aaa", "aaa"}, 1), (Lines{"...", "..."})) << "the frame's rim is no neighbour";
+    // A neighbour that differs by exactly the tolerance is neither inside nor foreign.
+    EXPECT_EQ(rims({"aab"}, 4), (Lines{"..."}));
+    EXPECT_EQ(rims({"aab"}, 3), (Lines{".#."}));
+    EXPECT_EQ(rims({"a b"}, 5), (Lines{"#.#"}));
+}
+
+} // namespace
+} // namespace kelu
