@@ -57,13 +57,17 @@ bool enter_desktop_mode(const VideoMode& mode)
     const int w = logical_w * mode.scale;
     const int h = logical_h * mode.scale;
     if (mode.scale < min_scale || mode.scale > max_scale || !desktop_holds(w, h)) return false;
-    set_color_depth(32);
-    if (set_gfx_mode(mode.fullscreen ? GFX_AUTODETECT_FULLSCREEN : GFX_AUTODETECT_WINDOWED, w, h, 0, 0) != 0)
-        return false;
+    // The driver states its order of channels by these words, and on odd displays by leaving them alone.
+    _rgb_r_shift_32 = 0;
+    _rgb_b_shift_32 = 16;
+    const bool entered =
+        set_gfx_mode(mode.fullscreen ? GFX_AUTODETECT_FULLSCREEN : GFX_AUTODETECT_WINDOWED, w, h, 0, 0) == 0;
+    const bool plain = _rgb_r_shift_32 == 16;
+    fix_pixel_layout();
+    if (!entered) return false;
     // The X driver knows only the second; the first is for systems that lose the picture in the background.
     set_display_switch_mode(mode.fullscreen ? SWITCH_BACKAMNESIA : SWITCH_BACKGROUND);
-    presenter.order = _rgb_r_shift_32 == 16 ? ChannelOrder::PLAIN : ChannelOrder::EXCHANGED;
-    fix_pixel_layout();
+    presenter.order = plain ? ChannelOrder::PLAIN : ChannelOrder::EXCHANGED;
     presenter.scale = mode.scale;
     presenter.shown = Bitmap(logical_w, logical_h);
     presenter.scaled = Bitmap(w, h);

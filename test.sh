@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds the suites and passes all tests, headless. The last line is ctest's.
+#   dev   unit tests, sessions, the level check, the real program on a virtual display
+#   asan  unit tests and sessions under AddressSanitizer and UBSan
+#   tsan  what runs on two threads, under ThreadSanitizer
+#   fuzz  a few seconds of each fuzz target
+set -euo pipefail
+cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")"
+. tools/packages.sh
+
+need_packages "${build_packages[@]}" "${display_packages[@]}" "${test_packages[@]}"
+
+suites=(dev asan tsan fuzz)
+mkdir -p build/all
+: >build/all/CTestTestfile.cmake
+for suite in "${suites[@]}"; do
+    build_preset "$suite"
+    echo "subdirs(\"$PWD/build/$suite\")" >>build/all/CTestTestfile.cmake
+done
+ctest --test-dir build/all -j"$(nproc)" --output-on-failure --no-tests=error
