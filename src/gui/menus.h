@@ -9,8 +9,10 @@ namespace kelu {
 /// Values of `menu_id`. A screen's window opens from the row of `window_pos` that WindowRow names.
 enum MenuId : int {
     MENU_DRAW = 0,
-    MENU_COLUMN = 1,
-    MENU_USER_COLUMN = 3,
+    MENU_PIC = 1,
+    MENU_CEL = 2,
+    MENU_USER = 3,
+    MENU_FRAME = 4,
     MENU_BROWSER = 6,
     MENU_ABOUT = 7,
     MENU_COLOR = 8,
@@ -43,8 +45,8 @@ enum MenuId : int {
 enum WindowRow : int {
     WINDOW_NONE = -1, ///< opens at its own place every time
     WINDOW_DRAW = 0,
-    WINDOW_COLUMN = 1,
-    WINDOW_USER_COLUMN = 3,
+    WINDOW_COLUMN = 1, ///< the columns FRAME, PIC and CEL: written, never read back
+    WINDOW_USER = 3,   ///< the column USER, likewise
     WINDOW_BROWSER = 6,
     WINDOW_ABOUT = 7,
     WINDOW_COLOR = 8,
