@@ -1,6 +1,7 @@
 // MT19937 with its array seeding, after Matsumoto and Nishimura.
 #include "runtime/random.h"
 
+#include "runtime/pixels.h"
 #include "runtime/words.h"
 #include <array>
 #include <cstdio>
@@ -126,6 +127,14 @@ Twister rnd_script_state;
 int rnd(int n) { return rnd_state.below(n); }
 
 int rnd_script(int n) { return rnd_script_state.below(n); }
+
+int random_color()
+{
+    const int blue = rnd(255);
+    const int green = rnd(255);
+    const int red = rnd(255);
+    return pack_rgb(red, green, blue);
+}
 
 void seed_random(uint32_t seed)
 {

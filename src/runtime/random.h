@@ -10,6 +10,8 @@ namespace kelu {
 int rnd(int n);
 /// The same on the generator of actors and scripts.
 int rnd_script(int n);
+/// A colour whose channels are each rnd(255), drawn in the order blue, green, red.
+int random_color();
 /// Makes both generators repeatable: for tests.
 void seed_random(uint32_t seed);
 

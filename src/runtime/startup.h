@@ -9,7 +9,7 @@ namespace kelu {
 struct Program {
     void (*home_loop)() = nullptr;
 };
-extern Program program;
+inline Program program;
 
 /// Runs the program in the working directory, which is its own folder. Returns the exit code.
 int run_program();

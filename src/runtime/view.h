@@ -29,6 +29,18 @@ struct View {
 };
 inline View view;
 
+/// Fills the tables of frame pixels in view: 320 and 240, halved from level to level.
+void fill_view_tables();
+/// Recomputes the frame pixel under the pointer and the one in the middle of the view. Timer thread at every logic
+/// tick, and whoever has moved the view.
+void update_mouse_position();
+/// Holds the pan in its range: the frame may be pushed off by half a view on each side.
+void clamp_pan();
+/// One zoom level in (1) or out (0); the frame pixel under the pointer stays there as far as the clamp allows.
+void zoom_step(int in);
+/// Zoom level 1 with the frame in the middle of the screen.
+void center_view();
+
 /// The zoom factor of the live level: 1, 2, 4, 8, 16 or 32.
 inline int zoom_factor() { return 1 << (view.zoom - 1); }
 

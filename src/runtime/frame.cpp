@@ -1,0 +1,84 @@
+// One frame, from the bottom of the picture to its top.
+#include "runtime/frame.h"
+
+#include "framework/actor_shadow.h"
+#include "framework/tint.h"
+#include "gui/menus.h"
+#include "runtime/clock.h"
+#include "runtime/frame_picture.h"
+#include "runtime/frame_pointer.h"
+#include "runtime/frame_snapshot.h"
+#include "runtime/input.h"
+#include "runtime/jobs.h"
+#include "runtime/pixels.h"
+#include "runtime/preferences.h"
+#include "runtime/present.h"
+#include "runtime/run_state.h"
+#include "runtime/view.h"
+
+namespace kelu {
+namespace {
+
+constexpr int ghost_opacity = 64; ///< of a frozen menu behind a pop-up
+
+void paint_ghost(BITMAP* target)
+{
+    const GhostRect& rect = menus.ghost_rect;
+    if (rect.x == -1) return;
+    Bitmap part(rect.w, rect.h, mask_magenta);
+    if (!part) return;
+    blit(screen_state.screen_buffer_a, part, rect.x, rect.y, 0, 0, rect.w, rect.h);
+    blend_sprite(part, target, rect.x, rect.y, ghost_opacity);
+}
+
+void paint_pointer(BITMAP* target, bool scaled, bool waiting)
+{
+    if (waiting) {
+        paint_waiting_cursor(target);
+    } else {
+        paint_cursor(target, scaled);
+    }
+}
+
+} // namespace
+
+void take_frame_snapshot()
+{
+    FrameSnapshot& shot = frame_snapshot;
+    shot.mouse_x = pointer.mouse_x;
+    shot.mouse_y = pointer.mouse_y;
+    shot.zoom = view.zoom;
+    shot.factor = 1 << (shot.zoom - 1);
+    shot.pan_x = view.pan_x;
+    shot.pan_y = view.pan_y;
+    shot.frame_mouse_x = (shot.mouse_x >> (shot.zoom - 1)) + shot.pan_x;
+    shot.frame_mouse_y = (shot.mouse_y >> (shot.zoom - 1)) + shot.pan_y;
+    shot.backdrop = view.backdrop;
+    shot.dash_phase = clock_state.marching_ants_phase;
+    shot.status_message = menus.status_message;
+    shot.hover_slot = pointer.gui_hover_slot;
+}
+
+void run_frame(uint8_t no_tool_preview)
+{
+    BITMAP* picture = screen_state.back_buffer;
+    const bool clean = frame_flags.clean_render != 0;
+    const bool waiting = no_tool_preview != 0;
+    update_actor_shadow();
+    take_frame_snapshot();
+    paint_background(picture);
+    paint_frame(picture, !waiting && !clean);
+    if (!clean && !waiting) paint_crosshairs(picture);
+    const bool below_menus = preferences.cursor_scaling_off == 0 && frame_snapshot.hover_slot < 0;
+    if (below_menus && !clean) paint_pointer(picture, true, waiting);
+    paint_ghost(picture);
+    if (!below_menus && !clean) paint_pointer(picture, false, waiting);
+    draw_screen_tint(picture);
+    if (!clean) present_back_buffer();
+    clock_state.tool_ticks = 0;
+    run_jobs();
+}
+
+void run_frame_plain() { run_frame(0); }
+
+} // namespace kelu

@@ -1,0 +1,78 @@
+// The start values of every table. The initialisers in the headers are the values; this is the list of resets.
+#include "runtime/startup.h"
+
+#include "draw/operation.h"
+#include "draw/undo.h"
+#include "gui/menus.h"
+#include "gui/slots.h"
+#include "runtime/actors.h"
+#include "runtime/animation.h"
+#include "runtime/browser_state.h"
+#include "runtime/cel.h"
+#include "runtime/clock.h"
+#include "runtime/color_band.h"
+#include "runtime/color_settings.h"
+#include "runtime/frame.h"
+#include "runtime/grid.h"
+#include "runtime/hotkeys.h"
+#include "runtime/input.h"
+#include "runtime/jobs.h"
+#include "runtime/macros.h"
+#include "runtime/pixels.h"
+#include "runtime/preferences.h"
+#include "runtime/random.h"
+#include "runtime/scheme.h"
+#include "runtime/shape_settings.h"
+#include "runtime/store.h"
+#include "runtime/text_settings.h"
+#include "runtime/toolbox.h"
+#include "runtime/view.h"
+
+namespace kelu {
+namespace {
+
+/// Keys that answer before the user's settings have come.
+void set_first_keys()
+{
+    hotkeys.hotkey_table[ACTION_UNDO].primary = KEY_U;
+    hotkeys.hotkey_table[ACTION_REDO].primary = KEY_U + key_shift;
+    hotkeys.hotkey_table[ACTION_PIC_RESTORE].primary = KEY_R;
+    hotkeys.hotkey_table[ACTION_RAPID_EXIT].primary = KEY_Q + key_shift;
+}
+
+} // namespace
+
+void FW_initialize_variables()
+{
+    clear_jobs();
+    reset_actors();
+    for (int slot = 0; slot < gui_slots; ++slot)
+        gui_reset_slot(slot);
+    gui_logic = {};
+    menus = {};
+    clock_state = {};
+    pointer = {};
+    preferences = {};
+    view = {};
+    store = {};
+    toolbox = {};
+    undo = {};
+    stroke_position = {};
+    frame_flags = {};
+    animation = {};
+    browser_state = {};
+    cel = {};
+    spectrum = {};
+    color_settings = {};
+    grid = {};
+    macros = {};
+    scheme = {};
+    shape_settings = {};
+    text_settings = {};
+    hotkeys = {};
+    set_first_keys();
+    for (Shared<int>& favorite : toolbox.favorites)
+        favorite = random_color();
+}
+
+} // namespace kelu

@@ -1,0 +1,152 @@
+// The start-up sequence. Each step leans on what the one before it left in the global tables.
+#include "runtime/startup.h"
+
+#include "framework/tint.h"
+#include "platform/files.h"
+#include "platform/host.h"
+#include "runtime/actors.h"
+#include "runtime/clock.h"
+#include "runtime/failure.h"
+#include "runtime/frame.h"
+#include "runtime/input.h"
+#include "runtime/log.h"
+#include "runtime/preferences.h"
+#include "runtime/run_state.h"
+#include "runtime/sheets.h"
+#include "runtime/store.h"
+#include "runtime/view.h"
+#include <cstdlib>
+#include <ctime>
+
+namespace kelu {
+namespace {
+
+constexpr int reserved_actor_type = 99; ///< actor 0 reads as taken for good
+constexpr int preview_w = 117;
+constexpr int preview_h = 79;
+constexpr int nail_sheet_side = 400;
+constexpr int tint_start = 254; ///< opacity of the black that the first frames fade from
+constexpr int tint_step = 8;
+
+/// The permissions test comes before the log is touched, so that the last run's log stays readable.
+void test_folder()
+{
+    if (platform::file_writable("config.def")) return;
+    platform::host->start();
+    fatal_stop(fatal_text::permissions);
+}
+
+void start_log()
+{
+    log_open();
+    log_line("[ INIT ] : Old resources swept up");
+    log_line("[ INIT ] : Kelu v1.6 now loading");
+    log_line("[ INIT ] : DEFCON 1 - Standard logging");
+}
+
+void start_machine()
+{
+    if (!platform::host->start()) {
+        log_line("[ FATAL ] : No display to draw on");
+        fatal_stop("No display was found. Start the program from a graphical desktop.");
+    }
+    log_line("[ INIT ] : Initialized Allegro");
+    platform::host->set_title("Kelu v1.6");
+}
+
+void load_resources()
+{
+    log_line("[ INIT ] : Loaded application audio resources");
+    log_line("[ INIT ] : Loaded framework audio resources");
+    log_line("[ INIT ] : Loaded application video resources");
+    const platform::DirectoryVisit folder("resource");
+    log_line("[ INIT ] : Loaded framework video resources");
+    for (const char* leftover : {"prat", "prat.def", "prat_2.def"})
+        platform::remove_file(leftover);
+}
+
+void make_bitmaps()
+{
+    screen_state.screen_buffer_a = Bitmap(logical_w, logical_h, mask_magenta);
+    screen_state.tool_overlay = Bitmap(logical_w, logical_h, mask_magenta);
+    screen_state.preview_bitmap = Bitmap(preview_w, preview_h);
+    for (Bitmap* placeholder : {&store.cel_bitmap, &store.cel_source_bitmap, &store.restoration_bitmap,
+                                &store.coverage_bitmap, &store.alpha_bitmap})
+        *placeholder = Bitmap(2, 2);
+    store.nail_sheet = Bitmap(nail_sheet_side, nail_sheet_side);
+    store.onion_bitmap.reset();
+}
+
+void restore_workspace()
+{
+    store.frame_bitmap = Bitmap(logical_w, logical_h);
+    store.coverage_bitmap = Bitmap(logical_w, logical_h);
+}
+
+void prepare()
+{
+    run_state.timers_locked = 1;
+    test_folder();
+    start_log();
+    run_state.program_dir = platform::working_directory();
+    run_state.current_dir = run_state.program_dir;
+    start_machine();
+    initialize_display();
+    log_line("[ INIT ] : Framework initialized");
+    log_line("[ INIT ] : User settings loaded from file");
+    load_resources();
+    std::srand(static_cast<unsigned>(std::time(nullptr)));
+    make_bitmaps();
+    pointer.last_mouse_z = ::mouse_z;
+    platform::host->position_mouse(screen_state.screen_w / 2, screen_state.screen_h / 2);
+    actor_at(0).Type = reserved_actor_type;
+    fill_view_tables();
+    install_interrupts();
+    restore_workspace();
+}
+
+void enter_running()
+{
+    run_state.gui_clicks_enabled = 1;
+    run_state.timers_locked = 0;
+    log_line("[ INIT ] : All preparations complete. Entering program loop");
+    log_line(" ");
+    if (run_state.start_month == 0 && run_state.start_day == 29) log_line("[ DERP ] : Birthday mode engaged!");
+    platform::change_directory(run_state.current_dir);
+    run_state.gui_active = 1;
+    run_state.gui_clicks_enabled = 1;
+    tint.tint_red = 0;
+    tint.tint_green = 0;
+    tint.tint_blue = 0;
+    tint.tint_opacity = tint_start;
+    FW_tint_screen(0, 0, 0, 0, 0, tint_step);
+}
+
+} // namespace
+
+int run_program()
+{
+    prepare();
+    enter_running();
+    program.home_loop();
+    shutdown_program();
+    return 0;
+}
+
+void shutdown_program()
+{
+    log_line("[ END ] : User has opted to exit the program.");
+    log_line("[ END ] : Switching off handlers and locking processes.");
+    run_state.timers_locked = 1;
+    run_state.gui_clicks_enabled = 0;
+    run_state.gui_active = 0;
+    log_line("[ END ] : Writing workspace to file.");
+    log_line("[ END ] : Writing user settings to file.");
+    log_line("[ END ] : Closing font renderer hooks.");
+    log_line("[ END ] : Closing log.");
+    log_close();
+    remove_interrupts();
+    platform::host->stop();
+}
+
+} // namespace kelu

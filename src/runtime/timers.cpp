@@ -1,0 +1,42 @@
+// The table of the nine timers.
+#include "runtime/clock.h"
+#include "runtime/input.h"
+#include "runtime/preferences.h"
+#include "runtime/startup.h"
+
+#include "framework/behaviors.h"
+#include "platform/host.h"
+#include "screens/application_tick.h"
+
+namespace kelu {
+namespace {
+
+/// In the order of installation, which is the order of running among those that are due together.
+constexpr TimerRow timers[] = {
+    {world_tick, 26515},  {behavior_tick, 8522}, {application_tick, logic_period_slow},
+    {caret_tick, 119318}, {sample_tick, 238636}, {mouse_tick, 9943},
+    {clock_tick, 2386},
+};
+
+} // namespace
+
+void install_interrupts()
+{
+    for (const TimerRow& timer : timers)
+        platform::host->install_timer(timer.tick, timer.period);
+    install_logic_timer();
+}
+
+void remove_interrupts()
+{
+    for (const TimerRow& timer : timers)
+        platform::host->remove_timer(timer.tick);
+}
+
+void install_logic_timer()
+{
+    const bool fast = preferences.frame_limiter == 0 && preferences.power_save != 0;
+    platform::host->install_timer(application_tick, fast ? logic_period_fast : logic_period_slow);
+}
+
+} // namespace kelu

@@ -1,0 +1,100 @@
+// Strokes with "DRAW" and "OPAQUE" by mouse, and the three ways back by key.
+#include "draw/operation.h"
+#include "runtime/store.h"
+#include "runtime/toolbox.h"
+#include "runtime/view.h"
+#include "support/session.h"
+#include <gtest/gtest.h>
+
+namespace kelu {
+
+using test::Session;
+
+namespace {
+
+int frame_pixel(int x, int y) { return row(store.frame_bitmap, y)[x]; }
+
+int painted_pixels()
+{
+    int count = 0;
+    for (int y = 0; y < store.frame_bitmap.height(); ++y) {
+        for (int x = 0; x < store.frame_bitmap.width(); ++x)
+            count += frame_pixel(x, y) != 0 ? 1 : 0;
+    }
+    return count;
+}
+
+} // namespace
+
+TEST(Painting, AStrokeFollowsTheMouseWithoutGaps)
+{
+    Session session;
+    toolbox.brush_tip = no_tip;
+    toolbox.brush_color = 0x20c040;
+    session.drag(40, 40, 80, 60, 2);
+    EXPECT_EQ(frame_pixel(40, 40), 0x20c040);
+    EXPECT_EQ(frame_pixel(80, 60), 0x20c040);
+    EXPECT_EQ(painted_pixels(), 41) << "a line of 41 pixels, each once";
+    session.click_at(10, 10);
+    EXPECT_EQ(frame_pixel(10, 10), 0x20c040) << "a click leaves one stamp";
+    EXPECT_EQ(painted_pixels(), 42);
+}
+
+TEST(Painting, ZoomAndPanLeadToTheFramePixel)
+{
+    Session session;
+    toolbox.brush_tip = no_tip;
+    view.zoom = 4;
+    view.pan_x = 100;
+    view.pan_y = 50;
+    session.click_at(83, 41);
+    EXPECT_EQ(frame_pixel(110, 55), 0xffffff);
+    EXPECT_EQ(painted_pixels(), 1);
+}
+
+TEST(Painting, UndoRedoAndANewStroke)
+{
+    Session session;
+    toolbox.brush_tip = no_tip;
+    session.click_at(20, 20);
+    session.click_at(30, 20);
+    session.key(KEY_U);
+    EXPECT_EQ(frame_pixel(30, 20), 0);
+    EXPECT_EQ(frame_pixel(20, 20), 0xffffff);
+    session.key(KEY_U, {KEY_LSHIFT});
+    EXPECT_EQ(frame_pixel(30, 20), 0xffffff);
+    session.key(KEY_U);
+    session.click_at(40, 20);
+    session.key(KEY_U, {KEY_LSHIFT});
+    EXPECT_EQ(frame_pixel(30, 20), 0) << "a new stroke ends the chance to redo";
+    session.key(KEY_U);
+    session.key(KEY_U);
+    session.key(KEY_U);
+    EXPECT_EQ(painted_pixels(), 0) << "an empty queue does nothing";
+}
+
+TEST(Painting, APressOutsideTheFrameTakesNoSnapshot)
+{
+    Session session;
+    toolbox.brush_tip = no_tip;
+    session.click_at(20, 20);
+    view.pan_x = -100;
+    session.click_at(50, 20);
+    session.key(KEY_U);
+    EXPECT_EQ(painted_pixels(), 0) << "the one undo step was the first click";
+}
+
+TEST(Life, RapidExitEndsTheProgramAndItsLog)
+{
+    Session session;
+    session.key(KEY_Q, {KEY_LSHIFT});
+    EXPECT_TRUE(session.frames_until([&] { return session.ended(); }));
+    EXPECT_EQ(session.exit_code(), 0);
+    const std::string log = session.log();
+    EXPECT_TRUE(log.starts_with("[ INIT ] : Old resources swept up\n[ INIT ] : Kelu v1.6 now loading\n"));
+    EXPECT_NE(log.find("[ INIT ] : Requesting 640x480 windowed resolution\n[ INIT ] : Resolution accepted\n"),
+              std::string::npos);
+    EXPECT_TRUE(log.ends_with("[ END ] : Closing font renderer hooks.\n[ END ] : Closing log.\n"));
+}
+
+} // namespace kelu
