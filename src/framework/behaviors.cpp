@@ -4,6 +4,8 @@
 #include "framework/behavior_steps.h"
 #include "runtime/log.h"
 #include "runtime/run_state.h"
+#include <algorithm>
+#include <iterator>
 
 namespace kelu {
 namespace {
@@ -17,10 +19,46 @@ struct BehaviorRow {
 };
 
 constexpr BehaviorRow behavior_rows[] = {
+    {BEHAVIOR_FLOAT, "BE_float()!", BE_float},
+    {BEHAVIOR_ANIMATE, "BE_animate()!", BE_animate},
+    {BEHAVIOR_DELAYED_ANIMATION, "BE_delayed_animation()!", BE_delayed_animation},
+    {BEHAVIOR_STANDING_ANIMATION, "BE_standing_animation()!", BE_standing_animation},
+    {BEHAVIOR_CONTROL_FOG, "BE_control_fog()!", BE_control_fog},
+    {BEHAVIOR_FADE, "BE_fade()!", BE_fade},
+    {BEHAVIOR_RISER, "BE_riser()!", BE_riser},
+    {BEHAVIOR_EXPANDER, "BE_expander()!", BE_expander},
+    {BEHAVIOR_PARTICLE, "BE_particle()!", BE_particle},
+    {BEHAVIOR_PLASMA, "BE_plasma()!", BE_plasma},
+    {BEHAVIOR_SPLASH, "BE_splash()!", BE_splash},
+    {BEHAVIOR_INDEX_FADE, "BE_index_fade()!", BE_index_fade},
+    {BEHAVIOR_PROJECTILE, "BE_projectile()!", BE_projectile},
+    {BEHAVIOR_SPAWN_TRAIL, "BE_spawn_trail()!", BE_spawn_trail},
     {BEHAVIOR_PALETTE_CONTROL, "BE_palette_control()!", BE_palette_control},
+    {BEHAVIOR_FLASH_FADE_IN_OUT, "BE_flash_fade_in_out()!", BE_flash_fade_in_out},
+    {BEHAVIOR_SLIDE_UNIT, "BE_slide_unit()!", BE_slide_unit},
+    {BEHAVIOR_BLINK, "BE_blink()!", BE_blink},
+    {BEHAVIOR_JITTER, "BE_jitter()!", BE_jitter},
+    {BEHAVIOR_GLOW_FADE, "BE_glow_fade()!", BE_glow_fade},
+    {BEHAVIOR_GLOW_CEL, "", BE_glow_cel},
+    {BEHAVIOR_WHITE_FADE, "BE_white_fade()!", BE_white_fade},
+    {BEHAVIOR_ROTATE, "BE_rotate()!", BE_rotate},
+    {BEHAVIOR_SLIDE_ROTATE, "BE_slide_rotate()!", BE_slide_rotate},
+    {BEHAVIOR_VECTOR_MOVEMENT_THRESHOLD, "BE_vector_movement_threshold()!", BE_vector_movement_threshold},
+    {BEHAVIOR_LINEAR_MOVE, "BE_linear_move()!", BE_linear_move},
+    {BEHAVIOR_LINEAR_MOVE_KILL_ANIM, "BE_linear_move_kill_anim()!", BE_linear_move_kill_anim},
+    {BEHAVIOR_VECTOR_MOVEMENT, "BE_vector_movement()!", BE_vector_movement},
+    {BEHAVIOR_POLY_DIAMETER_PULSE, "BE_poly_diameter_pulse()!", BE_poly_diameter_pulse},
+    {BEHAVIOR_BLOOM_CONTROL, "BE_bloom_control()!", BE_bloom_control},
+    {BEHAVIOR_TRUE_FADE, "BE_true_fade()!", BE_true_fade},
+    {BEHAVIOR_FRAMEWORK_EVENT, "BE_framework_event()!", BE_framework_event},
+    {BEHAVIOR_TOGGLE_MODE, "BE_toggle_mode()!", BE_toggle_mode},
+    {BEHAVIOR_FORCE_PAUSE, "BE_force_pause()!", BE_force_pause},
+    {BEHAVIOR_MODIFY_VARIABLE, "BE_modify_variable()!", BE_modify_variable},
 };
 
-constexpr int max_behavior_id = 99;
+constexpr int max_behavior_id = BEHAVIOR_MODIFY_VARIABLE;
+static_assert(std::is_sorted(std::begin(behavior_rows), std::end(behavior_rows),
+                             [](const BehaviorRow& a, const BehaviorRow& b) { return a.id < b.id; }));
 
 /// Spread out by id; an id without a row has no step.
 constexpr auto behavior_table = [] {
@@ -83,14 +121,19 @@ void behavior_tick()
 int FW_check_behaviors(int who, int slot)
 {
     if (!check_who_slot(who, slot, "FW_check_behaviors()!")) return 0;
-    Actor& actor = actor_at(who);
-    const auto s = static_cast<std::size_t>(slot);
-    const int id = actor.BEHAVIOR[s];
-    if (id <= BEHAVIOR_NONE || id > max_behavior_id) return 0;
-    const BehaviorRow& row = behavior_table[static_cast<std::size_t>(id)];
-    if (!row.step) return 0;
-    if (row.step(Run{who, slot, actor, actor.behavior_params[s]}) == Outcome::ENDS) BE_clear_behavior(who, slot);
+    const int id = actor_at(who).BEHAVIOR[static_cast<std::size_t>(slot)];
+    run_behavior(id, who, slot);
     return id == BEHAVIOR_FORCE_PAUSE ? held_up : 0;
+}
+
+void run_behavior(int id, int who, int slot)
+{
+    if (id <= BEHAVIOR_NONE || id > max_behavior_id) return;
+    const BehaviorRow& row = behavior_table[static_cast<std::size_t>(id)];
+    if (!row.step || !check_who_slot(who, slot, row.guard)) return;
+    Actor& actor = actor_at(who);
+    const Run run{who, slot, actor, actor.behavior_params[static_cast<std::size_t>(slot)]};
+    if (row.step(run) == Outcome::ENDS) BE_clear_behavior(who, slot);
 }
 
 void BE_clear_behavior(int who, int slot)
@@ -104,6 +147,14 @@ void BE_clear_behavior(int who, int slot)
     for (Shared16& parameter : actor.behavior_params[s])
         parameter = 0;
     if (actor.behavior_autokill[s] != 0) FW_destroy_actor(who, "BE_clear_behavior");
+}
+
+void clear_behaviors(int who, int behavior, int kept_slot)
+{
+    for (int slot = 0; slot < max_behaviors; ++slot) {
+        if (slot == kept_slot || actor_at(who).BEHAVIOR[static_cast<std::size_t>(slot)] != behavior) continue;
+        BE_clear_behavior(who, slot);
+    }
 }
 
 bool check_who_slot(int who, int slot, const char* name)

@@ -23,7 +23,7 @@ struct Particle {
 struct Particles {
     Shared16 total = 0;     ///< particles in use; above 128 the behaviour refuses
     Shared16 age_limit = 0; ///< runs until a particle starts again
-    Shared16 spread = 0;    ///< a restarted particle lies less than this many pixels from its actor, on each axis
+    Shared16 spread = 0;    ///< a restarted particle lies at most this many pixels from its actor, on each axis
     std::array<Particle, max_particles> particles{};
 };
 
@@ -48,5 +48,12 @@ struct Wave {
     Shared16 a = 0, b = 0; ///< the renderer's two measures: length and height
     Shared16 phase = 0;    ///< 0 to 255
 };
+
+/// The bloom of the whole picture. Written by its behaviour, read by a renderer.
+struct Bloom {
+    Shared<int> value_a = 0, value_b = 0; ///< what blooms
+    Shared<int> level_a = 0, level_b = 0; ///< how much, running down to 0
+};
+inline Bloom bloom;
 
 } // namespace kelu

@@ -53,7 +53,7 @@ struct ActorLook {
     Shared16 Sprite_angle = -1; ///< turn of the picture, -1 none
     Shared16 Rotation_Mode = 0; ///< how the turn is drawn
     Shared16 Health = 100, Rank = 1, Stamina = 0, Disposition = 0, Alignment = 0;
-    std::array<Shared16, 3> actor_pos{};          ///< x, y, z in pixels; z grows downwards, as y does
+    std::array<Shared16, 3> actor_pos{};          ///< x, y, z in pixels; y grows downwards, z upwards
     std::array<Shared16, 3> actor_home{};         ///< place of origin
     Shared16 actor_opacity = 0;                   ///< 0 to 254, read in mode 4
     Shared16 actor_angle = -1;                    ///< first turn, 0 to 255, -1 none
