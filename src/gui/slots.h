@@ -169,6 +169,8 @@ struct GuiLogic {
     Shared<int> tooltip_slot = -1;    ///< slot whose tooltip is being timed, -1 none
     Shared<int> tooltip_count = 0;    ///< logic passes spent on it
     Shared<int> tooltip_active = -1;  ///< slot whose tooltip shows, -1 none
+    Shared<int> pulse_wait = 30;      ///< logic passes until the pulse begins
+    Shared<int> pulse_step = 2;       ///< which way the pulse goes
     Shared<int> pulse_value = 0;      ///< triangle wave of 0 to about 98, for highlights
 };
 inline GuiLogic gui_logic;

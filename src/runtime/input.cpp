@@ -62,6 +62,8 @@ void sample_press()
     pointer.press_y = still ? still_y : y;
 }
 
+int wheel_position() { return ::mouse_z; }
+
 void mouse_tick()
 {
     const int x = ::mouse_x / screen_state.screen_scale;

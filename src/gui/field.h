@@ -1,0 +1,27 @@
+// One-line text fields: key focus, editing, and the keyboard with a repeat of its own.
+//
+// The editor reads Allegro's `key` array by scancode on the timer thread. Screens read a field's text after its event.
+#pragma once
+
+#include <array>
+
+namespace kelu {
+
+/// Logic passes that each key has been down, by scancode. Timer thread.
+struct FieldKeys {
+    std::array<int, 128> key_repeat{};
+};
+inline FieldKeys field_keys;
+
+/// Gives the keys to a field. The caret goes behind the character under the pointer, or with `to_end` behind the text.
+void gui_set_key_focus(int slot, bool to_end);
+/// Inserts a character at `position`, 0 to `field_max` - 1; true when it was stored, false when the field is full.
+bool gui_insert_field(int slot, char character, int position);
+/// Backspace: takes away the character before `position`, when the caret isn't at the start.
+void gui_delete_field(int slot, int position);
+/// Delete: takes away the character at `position`.
+void gui_delete_field_forward(int slot, int position);
+/// One round of key polling for the field with the focus.
+void gui_field_editor(int slot);
+
+} // namespace kelu

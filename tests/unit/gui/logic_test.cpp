@@ -1,0 +1,294 @@
+// From pointer and buttons to hover, capture, events and rows.
+#include "gui_fixture.h"
+#include <string>
+#include <vector>
+
+namespace kelu::test {
+
+class Logic : public GuiTest {};
+
+TEST_F(Logic, HoverTakesTheHighestSlotWithoutItsLastColumnAndRow)
+{
+    place(0, KIND_WINDOW, 10, 10, 100, 50);
+    place(3, KIND_BUTTON, 20, 20, 39, 9);
+    place(5, KIND_HIT, 20, 20, 39, 9);
+    const auto hover_at = [](int x, int y) {
+        point(x, y);
+        passes(1);
+        return int(pointer.gui_hover_slot);
+    };
+    EXPECT_EQ(hover_at(20, 20), 5);
+    gui.hover_target[5] = 0;
+    EXPECT_EQ(hover_at(20, 20), 3);
+    EXPECT_EQ(hover_at(57, 27), 3);
+    EXPECT_EQ(hover_at(58, 27), 0);
+    EXPECT_EQ(hover_at(57, 28), 0);
+    gui.hidden[3] = 1;
+    EXPECT_EQ(hover_at(20, 20), 0);
+    EXPECT_EQ(hover_at(9, 10), -1);
+}
+
+TEST_F(Logic, AClickIsAnEventAtTheRelease)
+{
+    place(4, KIND_BUTTON, 20, 20, 39, 9);
+    gui.left_action[4] = ACT_CLICK;
+    gui.right_action[4] = ACT_RIGHT_CLICK;
+    point(25, 25);
+    press(1);
+    EXPECT_EQ(gui_logic.gui_capture, 1);
+    EXPECT_EQ(gui.event[4], 0);
+    press(0);
+    EXPECT_EQ(gui_logic.gui_capture, 0);
+    EXPECT_EQ(gui.event[4].take(), 4);
+    click(25, 25, 2);
+    EXPECT_EQ(gui.event[4].take(), EVENT_RIGHT);
+    preferences.mouse_swap = 1;
+    click(25, 25, 2);
+    EXPECT_EQ(gui.event[4].take(), 4);
+}
+
+TEST_F(Logic, OnlyTheSecondaryButtonMustStayOnTheSlot)
+{
+    place(4, KIND_BUTTON, 20, 20, 39, 9);
+    gui.left_action[4] = ACT_CLICK;
+    gui.right_action[4] = ACT_RIGHT_CLICK;
+    point(25, 25);
+    press(1);
+    point(200, 200);
+    passes(3);
+    press(0);
+    EXPECT_EQ(gui.event[4].take(), 4); // the left press keeps its place
+    point(25, 25);
+    press(2);
+    point(200, 200);
+    passes(1);
+    press(0);
+    EXPECT_EQ(gui.event[4].take(), 0); // the right press follows the pointer
+}
+
+TEST_F(Logic, ThePressReachesTheFirstSlotFromAboveThatHasAnAction)
+{
+    place(2, KIND_BUTTON, 20, 20, 39, 9);
+    place(7, KIND_HIT, 20, 20, 39, 9);
+    place(9, KIND_HIT, 20, 20, 39, 9);
+    gui.left_action[2] = ACT_CLICK;
+    gui.left_action[7] = ACT_PRESS;
+    click(30, 22);
+    EXPECT_EQ(gui.event[7].take(), 1);
+    EXPECT_EQ(gui.event[2], 0);
+    gui.left_action[7] = ACT_NONE;
+    click(30, 22);
+    EXPECT_EQ(gui.event[2].take(), 2);
+    run_state.gui_clicks_enabled = 0;
+    click(30, 22);
+    EXPECT_EQ(gui.event[2], 0);
+}
+
+TEST_F(Logic, APressOnAMenuThatClosesIsTestedAgainstTheNewSlot)
+{
+    place(4, KIND_BUTTON, 20, 20, 39, 9);
+    gui.left_action[4] = ACT_CLICK;
+    point(25, 25);
+    press(1);
+    gui_reset_slot(4);
+    place(4, KIND_BUTTON, 200, 20, 39, 9);
+    press(0);
+    EXPECT_EQ(gui.event[4], 0);
+    EXPECT_EQ(gui_logic.gui_capture, 0);
+}
+
+TEST_F(Logic, NothingIsDispatchedWhileTheGuiSleeps)
+{
+    place(4, KIND_BUTTON, 20, 20, 39, 9);
+    gui.left_action[4] = ACT_CLICK;
+    gui_logic.gui_logic_paused = 1;
+    click(25, 25);
+    EXPECT_EQ(gui_logic.gui_capture, 0);
+    gui_logic.gui_logic_paused = 0;
+    preferences.frame_limiter = 0; // the display paces the pass
+    clock_state.present_ready = 0;
+    click(25, 25);
+    EXPECT_EQ(gui_logic.gui_capture, 0);
+    clock_state.present_ready = 1;
+    press(1);
+    EXPECT_EQ(gui_logic.gui_capture, 1);
+    EXPECT_EQ(clock_state.present_ready, 0);
+}
+
+TEST_F(Logic, ButtonsLightFlipAndStay)
+{
+    place(4, KIND_BUTTON, 20, 20, 39, 9);
+    const auto click_with = [](int action) {
+        gui.event[4] = 0;
+        gui.left_action[4] = action;
+        click(25, 25);
+        return int(gui.kind[4]);
+    };
+    EXPECT_EQ(click_with(ACT_FLIP), KIND_BUTTON_LIT);
+    EXPECT_EQ(gui.event[4], 0);
+    EXPECT_EQ(click_with(ACT_TOGGLE), KIND_BUTTON);
+    EXPECT_EQ(gui.event[4], 4);
+    EXPECT_EQ(click_with(ACT_LIGHT), KIND_BUTTON_LIT);
+    EXPECT_EQ(gui.event[4], 4);
+    EXPECT_EQ(click_with(ACT_LIGHT), KIND_BUTTON_LIT);
+    EXPECT_EQ(gui.event[4], 0); // a lit one can't be clicked off
+}
+
+TEST_F(Logic, OptionButtonsFlipTheirCellOfTheTable)
+{
+    place(4, KIND_BUTTON, 20, 20, 39, 9);
+    gui.left_action[4] = ACT_TOOL_OPTION;
+    gui.list_items[4][0] = TOOL_SPLINE;
+    gui.list_items[4][1] = 1;
+    Shared<int>& closed = toolbox.tool_table[TOOL_SPLINE][1];
+    const std::vector<std::pair<int, int>> steps = {{0, 1}, {1, 0}, {-4, 1}, {7, 0}};
+    for (const auto& [before, after] : steps) {
+        closed = before;
+        click(25, 25);
+        EXPECT_EQ(closed, after);
+    }
+    gui.left_action[4] = ACT_INK_OPTION;
+    gui.list_items[4][0] = 50; // refused, and what was pressed stays on record
+    click(25, 25);
+    EXPECT_EQ(gui.kind[4], KIND_BUTTON);
+    EXPECT_EQ(gui_logic.gui_press_action, ACT_INK_OPTION);
+    EXPECT_EQ(gui_logic.gui_capture, 0);
+}
+
+TEST_F(Logic, ARadioWritesItsValueAndPutsItsPartnersOut)
+{
+    Shared<int> option = 0;
+    place(4, KIND_RADIO_OFF, 20, 20, 39, 9);
+    place(5, KIND_RADIO_ON, 60, 20, 39, 9);
+    gui.left_action[4] = ACT_RADIO;
+    gui.radio_ptr[4] = &option;
+    gui.list_items[4][0] = 2;
+    gui.params[4][0] = 5;
+    click(25, 25);
+    EXPECT_EQ(option, 2);
+    EXPECT_EQ(gui.kind[4], KIND_RADIO_ON);
+    EXPECT_EQ(gui.kind[5], KIND_RADIO_OFF);
+}
+
+TEST_F(Logic, ATitleAsksForTheDragOfItsWindow)
+{
+    place(0, KIND_WINDOW, 10, 10, 100, 50);
+    place(1, KIND_TITLE, 12, 12, 39, 9);
+    gui.left_action[1] = ACT_DRAG;
+    menus.menu_id = MENU_GRID;
+    click(20, 15);
+    const int job = job_find(JOB_DRAG_WINDOW);
+    ASSERT_GE(job, 0);
+    const auto& arguments = job_queue[static_cast<std::size_t>(job)].arguments;
+    EXPECT_EQ(arguments[0], MENU_GRID);
+    EXPECT_EQ(arguments[1], 10);
+    EXPECT_EQ(arguments[2], 5);
+    EXPECT_EQ(arguments[3], 0);
+    clear_jobs();
+    gui.label_row[1] = WINDOW_ZOOM_PREVIEW;
+    click(20, 15);
+    EXPECT_EQ(job_queue[static_cast<std::size_t>(job_find(JOB_DRAG_WINDOW))].arguments[0], WINDOW_ZOOM_PREVIEW);
+}
+
+TEST_F(Logic, TheRowUnderThePointerIsTheHighlightedOne)
+{
+    place(2, KIND_LIST, 100, 50, 72, 65);
+    gui.list_rows[2] = 9;
+    gui.row_height[2] = 7;
+    gui.row_width[2] = 59;
+    for (std::size_t i = 0; i < 3; ++i)
+        gui.list_items[2][i] = 200;
+    const auto row_at = [](int x, int y) {
+        point(x, y);
+        passes(1);
+        return int(gui.hover_row[2]);
+    };
+    EXPECT_EQ(row_at(110, 50), 0);
+    EXPECT_EQ(row_at(110, 57), 0); // the line that rows 0 and 1 share
+    EXPECT_EQ(row_at(110, 58), 1);
+    EXPECT_EQ(row_at(110, 70), 2);
+    EXPECT_EQ(row_at(110, 80), -1); // no text there
+    EXPECT_EQ(row_at(101, 58), -1);
+    EXPECT_EQ(row_at(156, 58), 1);
+    EXPECT_EQ(row_at(157, 58), -1); // the bar's area
+    gui.row_text_y[2] = 1;
+    EXPECT_EQ(row_at(110, 58), 1);
+    EXPECT_EQ(row_at(110, 57), 0);
+}
+
+TEST_F(Logic, APressOnARowHoldsOtherSlotsOff)
+{
+    place(2, KIND_LIST, 100, 50, 72, 65);
+    gui.list_rows[2] = 9;
+    gui.row_height[2] = 7;
+    gui.list_items[2][0] = gui.list_items[2][1] = 200;
+    place(3, KIND_BUTTON, 20, 20, 39, 9);
+    gui.left_action[3] = ACT_CLICK;
+    point(110, 60);
+    passes(1);
+    press(1);
+    EXPECT_EQ(gui_logic.gui_capture, 1);
+    EXPECT_EQ(gui_logic.gui_press_row, 1);
+    point(25, 25);
+    passes(2);
+    press(0);
+    EXPECT_EQ(gui.event[3], 0);
+}
+
+TEST_F(Logic, ATooltipTakesItsTime)
+{
+    place(2, KIND_BUTTON, 20, 20, 39, 9);
+    place(3, KIND_BUTTON, 60, 20, 39, 9);
+    place(4, KIND_BUTTON, 100, 20, 39, 9);
+    gui.tooltip[2] = gui.tooltip[3] = 1;
+    point(25, 25);
+    passes(50);
+    EXPECT_EQ(gui_logic.tooltip_active, -1);
+    passes(1);
+    EXPECT_EQ(gui_logic.tooltip_active, 2);
+    passes(100);
+    EXPECT_EQ(gui_logic.tooltip_active, 2);
+    point(65, 25);
+    passes(1);
+    EXPECT_EQ(gui_logic.tooltip_active, -1);
+    passes(51);
+    EXPECT_EQ(gui_logic.tooltip_active, 3);
+    point(105, 25); // a slot without a tooltip hides it at once
+    passes(1);
+    EXPECT_EQ(gui_logic.tooltip_active, -1);
+}
+
+TEST_F(Logic, TheWheelOverTheBareFrameZooms)
+{
+    static std::vector<int> turns;
+    turns.clear();
+    logic_hooks.wheel_zoom = [](int direction) { turns.push_back(direction); };
+    place(2, KIND_BUTTON, 20, 20, 39, 9);
+    point(200, 200);
+    passes(1);
+    ::mouse_z = 3;
+    passes(2);
+    ::mouse_z = 2;
+    passes(1);
+    point(25, 25);
+    passes(1);
+    ::mouse_z = 5;
+    passes(1);
+    EXPECT_EQ(turns, (std::vector{1, 0}));
+}
+
+TEST_F(Logic, ThePulseSwings)
+{
+    passes(30);
+    EXPECT_EQ(gui_logic.pulse_value, 0);
+    passes(49);
+    EXPECT_EQ(gui_logic.pulse_value, 98);
+    passes(1);
+    EXPECT_EQ(gui_logic.pulse_value, 96);
+    passes(48);
+    EXPECT_EQ(gui_logic.pulse_value, 0);
+    passes(1);
+    EXPECT_EQ(gui_logic.pulse_value, 2);
+}
+
+} // namespace kelu::test

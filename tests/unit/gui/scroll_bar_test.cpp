@@ -1,0 +1,169 @@
+// Bars and sliders: geometry, wheel, arrows, knob, binding.
+#include "gui/scroll_bar.h"
+
+#include "gui/build.h"
+#include "gui_fixture.h"
+
+namespace kelu::test {
+
+class ScrollBarTest : public GuiTest {
+protected:
+    /// A slider of 141 pixels at (100, 50), slot 5.
+    static int slider(int steps)
+    {
+        gui_slider(5, 100, 50, 141, steps);
+        return 5;
+    }
+    /// The bar of a list at (20, 40), slot 6: 10 steps.
+    static int list_bar()
+    {
+        build_slot(SlotRow{6, 0, 0, 72, KIND_LIST}.high(65).with(ScrollBar{.steps = 10, .wheel = 2, .dx = 62}), 20, 40);
+        return 6;
+    }
+    static int knob(int slot, int step) { return gui.knob_pos[slot][static_cast<std::size_t>(step)]; }
+};
+
+TEST_F(ScrollBarTest, TheKnobTravelsBetweenTheArrows)
+{
+    const int s = slider(256);
+    EXPECT_EQ(gui.arrow_box[s][0], 102); // one free pixel at each end
+    EXPECT_EQ(gui.arrow_box[s][2], 232);
+    EXPECT_EQ(gui.arrow_box[s][1], 51);
+    EXPECT_EQ(knob(s, 0), 110);
+    EXPECT_EQ(knob(s, 255), 232 - 1 - 5);
+    EXPECT_EQ(knob(s, knob_cross), 50);
+    const int v = list_bar();
+    EXPECT_EQ(gui.arrow_box[v][0], 82);
+    EXPECT_EQ(gui.arrow_box[v][1], 42);
+    EXPECT_EQ(gui.arrow_box[v][3], 96);
+    EXPECT_EQ(knob(v, 0), 49);
+    EXPECT_EQ(knob(v, 9), 96 + 1 - 7);
+    EXPECT_EQ(knob(v, knob_cross), 80);
+    EXPECT_EQ(knob(slider(1), 0), 110); // one step stays at the start
+}
+
+TEST_F(ScrollBarTest, TheWheelMovesAListUpAndASliderOn)
+{
+    const int s = slider(256);
+    const int v = list_bar();
+    gui.scroll_value[v] = 5;
+    point(90, 60);
+    passes(1);
+    ::mouse_z = 1;
+    passes(1);
+    EXPECT_EQ(gui.scroll_value[v], 3);
+    ::mouse_z = -9; // any change is one step
+    passes(1);
+    EXPECT_EQ(gui.scroll_value[v], 5);
+    point(150, 54);
+    passes(1);
+    ::mouse_z = 0;
+    passes(1);
+    EXPECT_EQ(gui.scroll_value[s], 10);
+    ::mouse_z = -1;
+    passes(1);
+    ::mouse_z = -2;
+    passes(1);
+    EXPECT_EQ(gui.scroll_value[s], 0);
+    EXPECT_EQ(gui.scroll_value[v], 5);
+}
+
+TEST_F(ScrollBarTest, AHeldArrowStepsAtOnceThenAfter21PassesThenEvery7)
+{
+    const int s = slider(256);
+    point(235, 54); // the second arrow
+    passes(1);
+    press(1);
+    EXPECT_EQ(gui_logic.gui_capture, 3);
+    EXPECT_EQ(gui.scroll_value[s], 1);
+    passes(21);
+    EXPECT_EQ(gui.scroll_value[s], 1);
+    passes(1);
+    EXPECT_EQ(gui.scroll_value[s], 2);
+    passes(8);
+    EXPECT_EQ(gui.scroll_value[s], 3);
+    passes(8);
+    EXPECT_EQ(gui.scroll_value[s], 4);
+    press(0);
+    EXPECT_EQ(gui_logic.gui_capture, 0);
+    click(105, 54);
+    EXPECT_EQ(gui.scroll_value[s], 3);
+    gui.scroll_value[s] = 255;
+    click(235, 54);
+    EXPECT_EQ(gui.scroll_value[s], 255);
+}
+
+TEST_F(ScrollBarTest, DraggingTheKnobReachesBothEnds)
+{
+    const int s = slider(101);
+    gui.scroll_max[s] = 1001; // 1001 values over 101 steps
+    point(150, 54);
+    passes(1);
+    press(1);
+    EXPECT_EQ(gui_logic.slider_grab, s);
+    point(310, 200); // anywhere, as long as the button is down
+    passes(1);
+    EXPECT_EQ(gui.scroll_value[s], 1000);
+    EXPECT_EQ(knob_index(s), 100);
+    point(0, 0);
+    passes(1);
+    EXPECT_EQ(gui.scroll_value[s], 0);
+    point(knob(s, 50) + 3, 54);
+    passes(1);
+    EXPECT_EQ(gui.scroll_value[s], static_cast<int>(1001.0 / 101 * 50));
+    press(0);
+    EXPECT_EQ(gui_logic.slider_grab, 0);
+    point(310, 54);
+    passes(1);
+    EXPECT_EQ(gui.scroll_value[s], 495);
+}
+
+TEST_F(ScrollBarTest, ABarThatIsNotBuiltIsNotDragged)
+{
+    const int s = slider(101);
+    forget_knob_tables(s, 1);
+    point(150, 54);
+    passes(1);
+    press(1);
+    EXPECT_EQ(gui_logic.slider_grab, 0);
+}
+
+TEST_F(ScrollBarTest, TheSecondaryButtonDoesNotDrag)
+{
+    slider(101);
+    point(150, 54);
+    passes(1);
+    press(2);
+    EXPECT_EQ(gui_logic.slider_grab, 0);
+}
+
+TEST_F(ScrollBarTest, ABoundOptionFollowsAtEveryPass)
+{
+    Shared<int> option = 77;
+    const int s = slider(256);
+    gui.scroll_bind[s] = &option;
+    gui.scroll_value[s] = 12;
+    passes(1);
+    EXPECT_EQ(option, 77);
+    gui.scroll_bind_on[s] = 1;
+    passes(1);
+    EXPECT_EQ(option, 12);
+}
+
+TEST_F(ScrollBarTest, RangesThatDoNotStartAtZero)
+{
+    const int s = slider(12);
+    gui.scroll_min[s] = 1;
+    gui.scroll_max[s] = 13;
+    gui.scroll_value[s] = 1;
+    EXPECT_EQ(knob_index(s), 0);
+    gui.scroll_value[s] = 12;
+    EXPECT_EQ(knob_index(s), 11);
+    click(105, 54);
+    EXPECT_EQ(gui.scroll_value[s], 11);
+    gui.scroll_value[s] = 1;
+    click(105, 54);
+    EXPECT_EQ(gui.scroll_value[s], 1);
+}
+
+} // namespace kelu::test
