@@ -1,0 +1,151 @@
+// The GIF reader: blocks up to the first image, its data, its pixels.
+#include "imagefile/gif.h"
+
+#include "imagefile/indexed.h"
+#include "imagefile/lzw.h"
+#include "runtime/log.h"
+
+namespace kelu {
+namespace {
+
+enum Block { BLOCK_EXTENSION = 0x21, BLOCK_IMAGE = 0x2c, BLOCK_END = 0x3b };
+constexpr int label_control = 0xf9;
+
+/// Bit 7 of a packed byte tells of a table; its low three bits tell of how many entries.
+constexpr int packed_table = 0x80;
+constexpr int packed_interlaced = 0x40;
+
+struct Image {
+    int width = 0, height = 0;
+    bool interlaced = false;
+    int transparent = -1; ///< index that isn't drawn, -1 for none
+};
+
+void read_table(ByteReader& in, int packed, RGB* palette)
+{
+    if (!(packed & packed_table)) return;
+    for (int i = 0; i < 1 << ((packed & 7) + 1); ++i) {
+        palette[i].r = static_cast<unsigned char>(in.byte() >> 2);
+        palette[i].g = static_cast<unsigned char>(in.byte() >> 2);
+        palette[i].b = static_cast<unsigned char>(in.byte() >> 2);
+    }
+}
+
+/// Reads one extension to its empty sub-block. The control block of an image carries its transparent index.
+void read_extension(ByteReader& in, Image& image)
+{
+    const int label = in.byte();
+    for (int size = in.byte(); size > 0; size = in.byte()) {
+        ByteReader block(in.take(static_cast<std::size_t>(size)));
+        if (label != label_control) continue;
+        const int flags = block.byte();
+        block.little16(); // delay
+        image.transparent = flags & 1 ? block.byte() : -1;
+    }
+}
+
+/// Walks to the first image; false when the file ends before. Stray bytes between blocks are passed over.
+bool find_image(ByteReader& in, Image& image)
+{
+    while (!in.ended()) {
+        switch (in.byte()) {
+        case BLOCK_EXTENSION:
+            read_extension(in, image);
+            break;
+        case BLOCK_IMAGE:
+            return true;
+        case BLOCK_END:
+            return false;
+        default:
+            break;
+        }
+    }
+    return false;
+}
+
+/// False when the descriptor is cut or its sides can't be a bitmap's.
+bool read_descriptor(ByteReader& in, Image& image, RGB* palette)
+{
+    in.skip(4); // place on the logical screen
+    image.width = in.little16();
+    image.height = in.little16();
+    const int packed = in.byte();
+    image.interlaced = packed & packed_interlaced;
+    read_table(in, packed, palette);
+    return !in.ended() && bitmap_size_valid(image.width, image.height);
+}
+
+/// The file keeps every eighth row first, then the rows between, in four passes.
+std::vector<int> row_order(const Image& image)
+{
+    struct Pass {
+        int first, step;
+    };
+    constexpr Pass plain[] = {{0, 1}};
+    constexpr Pass interlaced[] = {{0, 8}, {4, 8}, {2, 4}, {1, 2}};
+    std::vector<int> order;
+    for (const auto [first, step] :
+         image.interlaced ? std::span<const Pass>(interlaced) : std::span<const Pass>(plain)) {
+        for (int y = first; y < image.height; y += step)
+            order.push_back(y);
+    }
+    return order;
+}
+
+/// Lets the transparent index and index 0 change places: transparency ends at index 0, and no colour changes.
+void move_transparency(const Image& image, Bytes& pixels, RGB* palette)
+{
+    if (image.transparent <= 0) return;
+    palette[image.transparent] = palette[0];
+    for (uint8_t& pixel : pixels) {
+        if (pixel == image.transparent)
+            pixel = 0;
+        else if (pixel == 0)
+            pixel = static_cast<uint8_t>(image.transparent);
+    }
+}
+
+Bitmap build_bitmap(const Image& image, const Bytes& pixels, const RGB* palette)
+{
+    auto colors = palette_colors(palette);
+    if (image.transparent >= 0) colors[0] = mask_magenta;
+    Bitmap bitmap(image.width, image.height, colors[0]);
+    if (!bitmap) return {};
+    const auto w = static_cast<std::size_t>(image.width);
+    std::span<const uint8_t> left = pixels;
+    for (const int y : row_order(image)) {
+        const auto run = left.first(std::min(w, left.size()));
+        std::transform(run.begin(), run.end(), row(bitmap, y), [&colors](uint8_t index) { return colors[index]; });
+        left = left.subspan(run.size());
+    }
+    return bitmap;
+}
+
+} // namespace
+
+Bitmap decode_gif(std::span<const uint8_t> bytes, RGB* palette)
+{
+    PALETTE own;
+    if (!palette) palette = own;
+    std::fill_n(palette, PAL_SIZE, RGB{});
+    ByteReader in(bytes);
+    if (!in.match("GIF") || !in.skip(3 + 4)) return {}; // version, size of the logical screen
+    const int packed = in.byte();
+    in.skip(2); // background, aspect
+    read_table(in, packed, palette);
+
+    Image image;
+    if (!find_image(in, image) || !read_descriptor(in, image, palette)) return {};
+    const int minimum_size = in.byte();
+    if (minimum_size < 1 || minimum_size > 8) return {};
+    const auto wanted = static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height);
+    Bytes pixels;
+    lzw_decode(in, minimum_size, wanted, pixels);
+    if (pixels.empty()) return {};
+    if (pixels.size() < wanted)
+        log_line("[ WARNING ] : GIF image ends early. Pixels = %d of %d", pixels.size(), wanted);
+    move_transparency(image, pixels, palette);
+    return build_bitmap(image, pixels, palette);
+}
+
+} // namespace kelu

@@ -1,0 +1,23 @@
+// The LZW coding of GIF pixel data, in sub-blocks of up to 255 bytes, codes packed least significant bit first.
+//
+// The codes below 1 << m are single pixels, then follow the clear code and the end code, then strings: each string
+// is the one before plus one pixel. Codes start at m + 1 bits and grow to 12.
+#pragma once
+
+#include "imagefile/reader.h"
+
+namespace kelu {
+
+/// Codes have at most this many bits.
+constexpr int lzw_max_width = 12;
+
+/// Appends the pixels as sub-blocks for a minimum code size of 8, without the empty block that ends them. One clear
+/// code opens the stream; when the table of strings is full it stays as it is. There is at least one pixel.
+void lzw_encode(std::span<const uint8_t> pixels, Bytes& out);
+
+/// Decodes sub-blocks into at most `limit` pixels, appended to `pixels`. Stops at the end code, at the empty block, at
+/// the end of the bytes and at codes that can't be.
+/// `minimum_size`: bits of a pixel, 1 to 8.
+void lzw_decode(ByteReader& in, int minimum_size, std::size_t limit, Bytes& pixels);
+
+} // namespace kelu

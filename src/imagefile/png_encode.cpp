@@ -1,0 +1,163 @@
+// The PNG writer: one IHDR, one PLTE for palette pictures, one IDAT with everything, one IEND.
+//
+// Rows of true-colour pictures are all filtered by the Paeth predictor, and the whole picture is compressed in one
+// call at zlib's level 9.
+#include "imagefile/png.h"
+
+#include "imagefile/png_filters.h"
+#include <new>
+#include <zlib.h>
+
+namespace kelu {
+namespace {
+
+constexpr int best_compression = 9;
+
+/// Colour types that are written, with the bytes of one pixel.
+struct PixelForm {
+    int color_type;
+    int bytes;
+};
+constexpr PixelForm rgb_form = {2, 3};
+constexpr PixelForm palette_form = {3, 1};
+constexpr PixelForm rgba_form = {6, 4};
+
+void put_chunk(ByteWriter& out, std::string_view type, std::span<const uint8_t> data)
+{
+    uLong crc = crc32(0, reinterpret_cast<const Bytef*>(type.data()), static_cast<uInt>(type.size()));
+    if (!data.empty()) crc = crc32(crc, data.data(), static_cast<uInt>(data.size()));
+    out.big32(static_cast<uint32_t>(data.size()));
+    out.text(type);
+    out.append(data);
+    out.big32(static_cast<uint32_t>(crc));
+}
+
+bool has_alpha(BITMAP* bitmap)
+{
+    for (int y = 0; y < bitmap->h; ++y) {
+        const int* pixels = row(bitmap, y);
+        for (int x = 0; x < bitmap->w; ++x) {
+            if (static_cast<uint32_t>(pixels[x]) >> 24 != 0) return true;
+        }
+    }
+    return false;
+}
+
+PixelForm form_of(BITMAP* bitmap)
+{
+    const int depth = bitmap_color_depth(bitmap);
+    if (depth == 8) return palette_form;
+    return depth == 32 && has_alpha(bitmap) ? rgba_form : rgb_form;
+}
+
+/// Writes row y of the bitmap as plain bytes in the order of the file.
+void gather_row(BITMAP* bitmap, int y, int pixel_bytes, uint8_t* out)
+{
+    const int depth = bitmap_color_depth(bitmap);
+    if (depth == 8) {
+        std::copy_n(bitmap->line[y], bitmap->w, out);
+        return;
+    }
+    for (int x = 0; x < bitmap->w; ++x, out += pixel_bytes) {
+        const int pixel = depth == 32 ? row(bitmap, y)[x] : getpixel(bitmap, x, y);
+        out[0] = static_cast<uint8_t>(getr_depth(depth, pixel));
+        out[1] = static_cast<uint8_t>(getg_depth(depth, pixel));
+        out[2] = static_cast<uint8_t>(getb_depth(depth, pixel));
+        if (pixel_bytes == 4) out[3] = static_cast<uint8_t>(geta_depth(depth, pixel));
+    }
+}
+
+/// All rows, each behind its filter byte.
+Bytes filtered_rows(BITMAP* bitmap, PixelForm form)
+{
+    const auto step = static_cast<std::size_t>(form.bytes);
+    const std::size_t size = static_cast<std::size_t>(bitmap->w) * step;
+    Bytes raw(static_cast<std::size_t>(bitmap->h) * (size + 1));
+    // Two rows take turns; each has zeros to its left, where the predictor of the first pixel looks.
+    Bytes rows[2] = {Bytes(step + size), Bytes(step + size)};
+    uint8_t* out = raw.data();
+    for (int y = 0; y < bitmap->h; ++y, out += size + 1) {
+        uint8_t* present = rows[y & 1].data() + step;
+        gather_row(bitmap, y, form.bytes, present);
+        if (form.color_type == palette_form.color_type) {
+            out[0] = PNG_FILTER_NONE;
+            std::copy_n(present, size, out + 1);
+        } else {
+            out[0] = PNG_FILTER_PAETH;
+            filter_paeth(present, rows[~y & 1].data() + step, size, step, out + 1);
+        }
+    }
+    return raw;
+}
+
+Bytes header_data(BITMAP* bitmap, int color_type)
+{
+    Bytes data;
+    ByteWriter head(data);
+    head.big32(static_cast<uint32_t>(bitmap->w));
+    head.big32(static_cast<uint32_t>(bitmap->h));
+    head.byte(8); // bits a sample
+    head.byte(color_type);
+    head.fill(3); // compression, filter method, interlace
+    return data;
+}
+
+Bytes palette_data(const RGB* palette)
+{
+    PALETTE present;
+    if (!palette) {
+        get_palette(present);
+        palette = present;
+    }
+    Bytes data;
+    for (int i = 0; i < PAL_SIZE; ++i) {
+        for (const int level : {palette[i].r, palette[i].g, palette[i].b})
+            data.push_back(static_cast<uint8_t>(level << 2));
+    }
+    return data;
+}
+
+int fail(const char* error)
+{
+    png_error = error;
+    return -1;
+}
+
+int encode(BITMAP* bitmap, const RGB* palette, Bytes& out)
+{
+    if (!bitmap || bitmap->w < 1 || bitmap->h < 1) return fail("Width or height or both of the image are 0!");
+    const PixelForm form = form_of(bitmap);
+    Bytes packed;
+    {
+        const Bytes raw = filtered_rows(bitmap, form);
+        uLongf size = compressBound(static_cast<uLong>(raw.size()));
+        packed.resize(size);
+        const int result =
+            compress2(packed.data(), &size, raw.data(), static_cast<uLong>(raw.size()), best_compression);
+        if (result != Z_OK)
+            return fail(result == Z_MEM_ERROR ? "Cannot allocate memory!" : "Error during compression!");
+        packed.resize(size);
+    }
+    ByteWriter file(out);
+    file.append(png_signature);
+    put_chunk(file, "IHDR", header_data(bitmap, form.color_type));
+    if (form.color_type == palette_form.color_type) put_chunk(file, "PLTE", palette_data(palette));
+    put_chunk(file, "IDAT", packed);
+    put_chunk(file, "IEND", {});
+    return 0;
+}
+
+} // namespace
+
+int encode_png(BITMAP* bitmap, const RGB* palette, Bytes& out)
+{
+    const std::size_t before = out.size();
+    try {
+        return encode(bitmap, palette, out);
+    } catch (const std::bad_alloc&) {
+        out.resize(before);
+        return fail("Cannot allocate memory!");
+    }
+}
+
+} // namespace kelu

@@ -1,0 +1,241 @@
+// GIF: fixtures of other encoders, the written form to the byte, the codes against a plain linear search, damage.
+#include "imagefile/gif.h"
+
+#include "imagefile/indexed.h"
+#include "imagefile/lzw.h"
+#include "imagefile/picture_files.h"
+#include "runtime/pixels.h"
+#include "support/pictures.h"
+#include "support/temporary_folder.h"
+#include <gtest/gtest.h>
+
+namespace kelu {
+namespace {
+
+using namespace test;
+
+int fixture_pixel(int x, int y, int colors) { return six_bit(palette_entry(level(x, y, 0) & (colors - 1))); }
+
+TEST(gif, reads_what_other_encoders_write)
+{
+    struct Row {
+        const char* name;
+        int w, h, colors;
+    };
+    const Row table[] = {{"plain", 13, 11, 16},        {"interlaced", 13, 11, 16}, {"animated", 13, 11, 16},
+                         {"colours256", 257, 64, 256}, {"two-colours", 13, 11, 2}, {"small-1x1", 1, 1, 2}};
+    for (const Row& fixture : table) {
+        const Bitmap expected =
+            paint(fixture.w, fixture.h, [&](int x, int y) { return fixture_pixel(x, y, fixture.colors); });
+        EXPECT_EQ(difference(decode_gif(data_file(std::string("gif/") + fixture.name + ".gif")), expected), "")
+            << fixture.name;
+    }
+}
+
+TEST(gif, transparent_pixels_are_magenta_and_end_at_index_0)
+{
+    PALETTE palette;
+    const Bitmap expected =
+        paint(13, 11, [](int x, int y) { return (level(x, y, 0) & 15) == 5 ? mask_magenta : fixture_pixel(x, y, 16); });
+    const Bytes bytes = data_file("gif/transparent.gif");
+    EXPECT_EQ(difference(decode_gif(bytes, palette), expected), "");
+    // The entry of the transparent index takes entry 0's colour; entry 0 keeps it.
+    const int transparent = bytes[bytes[10] & 0x80 ? 13 + 48 + 6 : 13 + 6];
+    ASSERT_NE(transparent, 0);
+    EXPECT_EQ(palette[transparent].g, palette[0].g);
+}
+
+TEST(gif, a_local_table_takes_the_place_of_the_global_one)
+{
+    // The fixture's table of 16 entries moves behind the image's descriptor; a global one of 256 greys comes in.
+    const Bytes fixture = data_file("gif/plain.gif");
+    ASSERT_EQ(fixture[10] & 0x87, 0x83);
+    const auto table = fixture.begin() + 13;
+    const auto image = table + 48;
+    ASSERT_EQ(*image, ',');
+    Bytes bytes(fixture.begin(), table);
+    bytes[10] = 0xf7;
+    for (int i = 0; i < 768; ++i)
+        bytes.push_back(static_cast<uint8_t>(i / 3));
+    bytes.insert(bytes.end(), {'!', 0xfe, 4, ',', ';', '!', ',', 0}); // a comment that looks like blocks
+    bytes.insert(bytes.end(), image, image + 9);
+    bytes.push_back(0x83);
+    bytes.insert(bytes.end(), table, image);
+    bytes.insert(bytes.end(), image + 10, fixture.end());
+    PALETTE palette;
+    EXPECT_EQ(difference(decode_gif(bytes, palette), decode_gif(fixture)), "");
+    EXPECT_EQ(palette[200].r, 50); // beyond the local table the global one stands
+}
+
+TEST(gif, writes_the_form_to_the_byte)
+{
+    const Bitmap picture(create_bitmap_ex(8, 3, 1));
+    clear_to_color(picture, 0);
+    picture->line[0][1] = 1;
+    PALETTE palette = {};
+    palette[1] = {63, 63, 63, 0};
+    Bytes bytes;
+    ASSERT_EQ(encode_gif(picture, palette, bytes), 0);
+    Bytes expected;
+    ByteWriter out(expected);
+    out.text("GIF89a");
+    out.append(Bytes{3, 0, 1, 0, 0x77, 1, 0, 0x21, 0xf9, 4, 0, 0, 0, 0, 0, 0x2c, 0, 0, 0, 0, 3, 0, 1, 0, 0x87});
+    out.append(Bytes{0, 0, 0, 252, 252, 252});
+    out.fill(768 - 6);
+    // Codes of 9 bits: 256 0 1 0 257.
+    out.append(Bytes{8, 6, 0x00, 0x01, 0x04, 0x00, 0x10, 0x10, 0, 0x3b});
+    EXPECT_EQ(bytes, expected);
+    EXPECT_EQ(encode_gif(nullptr, palette, bytes), -1);
+}
+
+/// The encoder as a plain linear search, code by code: what the hash has to agree with.
+Bytes encode_linear(const Bytes& pixels)
+{
+    std::vector<std::pair<int, int>> strings; // string i has code 258 + i
+    std::vector<std::pair<int, int>> codes{{256, 9}};
+    int width = 9, previous = pixels[0];
+    std::vector<int> input(pixels.begin() + 1, pixels.end());
+    input.insert(input.end(), {257, 0});
+    for (const int pixel : input) {
+        int found = -1;
+        for (int code = std::max(previous, 258); code < 258 + static_cast<int>(strings.size()) && found < 0; ++code) {
+            if (strings[static_cast<std::size_t>(code - 258)] == std::pair{previous, pixel}) found = code;
+        }
+        if (found >= 0) {
+            previous = found;
+            continue;
+        }
+        if (257 + strings.size() < 4094) strings.emplace_back(previous, pixel);
+        if ((1 << width) < 257 + static_cast<int>(strings.size()) && width < 12) ++width;
+        codes.emplace_back(previous, width);
+        previous = pixel;
+    }
+    Bytes packed, blocks;
+    std::size_t bit = 0;
+    for (const auto& [code, bits] : codes) {
+        for (int i = 0; i < bits; ++i, ++bit) {
+            if (bit % 8 == 0) packed.push_back(0);
+            packed.back() = static_cast<uint8_t>(packed.back() | (code >> i & 1) << bit % 8);
+        }
+    }
+    for (std::size_t at = 0; at < packed.size(); at += 255) {
+        const std::size_t size = std::min<std::size_t>(255, packed.size() - at);
+        blocks.push_back(static_cast<uint8_t>(size));
+        blocks.insert(blocks.end(), packed.begin() + static_cast<std::ptrdiff_t>(at),
+                      packed.begin() + static_cast<std::ptrdiff_t>(at + size));
+    }
+    return blocks;
+}
+
+TEST(lzw, codes_equal_the_linear_search_and_decode_again)
+{
+    uint32_t state = 1;
+    for (const std::size_t count : {1u, 2u, 3u, 254u, 255u, 257u, 4000u, 20000u}) {
+        for (const uint32_t colors : {1u, 2u, 7u, 256u}) {
+            Bytes pixels(count);
+            for (uint8_t& pixel : pixels) {
+                state = state * 1664525 + 1013904223;
+                pixel = static_cast<uint8_t>((state >> 24) % colors);
+            }
+            Bytes blocks, decoded;
+            lzw_encode(pixels, blocks);
+            EXPECT_EQ(blocks, encode_linear(pixels)) << count << " pixels of " << colors;
+            blocks.push_back(0);
+            ByteReader in(blocks);
+            lzw_decode(in, 8, count + 100, decoded);
+            EXPECT_EQ(decoded, pixels) << count << " pixels of " << colors;
+        }
+    }
+}
+
+TEST(gif, round_trips_and_other_decoders_agree)
+{
+    const TemporaryFolder folder;
+    PALETTE palette = {};
+    for (int i = 0; i < 256; ++i) { // levels that differ in the five bits of the colour table
+        palette[i] = {static_cast<unsigned char>(i % 8 * 9), static_cast<unsigned char>(i / 8 % 8 * 9),
+                      static_cast<unsigned char>(i / 64 * 21), 0};
+    }
+    const auto colors = palette_colors(palette);
+    for (const int w : {1, 2, 3, 255, 256, 257}) {
+        const Bitmap picture =
+            paint(w, 258 - w, [&](int x, int y) { return colors[static_cast<std::size_t>(level(x, y, 0))]; });
+        ASSERT_EQ(save_gif("picture.gif", picture, palette), 0);
+        EXPECT_EQ(difference(load_gif("picture.gif"), picture), "") << w;
+        EXPECT_EQ(difference(load_picture("picture.gif"), picture), "") << w;
+        if (!convert_installed()) continue;
+        const auto seen = decoded_by_convert("picture.gif");
+        ASSERT_TRUE(seen) << w;
+        const Bitmap written = paint(w, 258 - w, [&](int x, int y) {
+            return static_cast<int>(0xff000000u) | (row(picture, y)[x] & 0xfcfcfc); // two low bits are lost
+        });
+        EXPECT_EQ(difference(*seen, written), "") << w;
+    }
+}
+
+TEST(indexed, pixels_go_through_the_library_s_colour_table)
+{
+    PALETTE palette;
+    for (int i = 0; i < 256; ++i)
+        palette[i] = {static_cast<unsigned char>(i * 7 & 63), static_cast<unsigned char>(i * 29 & 63),
+                      static_cast<unsigned char>(i * 51 & 63), 0};
+    palette[0] = {63, 0, 63, 0}; // the mask colour, which the library does map to index 0
+    const Bitmap picture = paint(64, 64, [](int x, int y) { return pack_rgb(x * 4, y * 4, (x * y) & 255); });
+    RGB_MAP table;
+    create_rgb_table(&table, palette, nullptr);
+    RGB_MAP* const before = std::exchange(rgb_map, &table);
+    select_palette(palette);
+    const Bitmap indexed(create_bitmap_ex(8, 64, 64));
+    blit(picture, indexed, 0, 0, 0, 0, 64, 64);
+    unselect_palette();
+    rgb_map = before;
+    const Bytes indices = index_pixels(picture, palette);
+    int different = 0;
+    for (int i = 0; i < 64 * 64; ++i) // entry 0 may take a pixel to which it is nearer
+        different += indices[static_cast<std::size_t>(i)] != indexed->line[i / 64][i % 64] &&
+                     indices[static_cast<std::size_t>(i)] != 0;
+    EXPECT_EQ(different, 0);
+}
+
+TEST(indexed, the_first_colour_of_a_palette_is_a_colour)
+{
+    PALETTE palette = {};
+    palette[0] = {63, 63, 63, 0};
+    palette[1] = {63, 0, 0, 0};
+    const Bitmap picture = paint(3, 1, [](int x, int) { return x == 0 ? 0xffffff : x == 1 ? 0xff0000 : 0; });
+    EXPECT_EQ(index_pixels(picture, palette), (Bytes{0, 1, 2}));
+}
+
+TEST(gif, damage_gives_no_picture_or_what_there_is)
+{
+    const Bytes fixture = data_file("gif/plain.gif");
+    Bytes other = fixture;
+    other[0] = 'J';
+    EXPECT_FALSE(decode_gif(other));
+    EXPECT_FALSE(decode_gif(std::span(fixture).first(61))); // no image
+    EXPECT_FALSE(decode_gif(std::span(fixture).first(72))); // no pixel
+    const Bitmap part = decode_gif(std::span(fixture).first(110));
+    ASSERT_TRUE(part);
+    EXPECT_EQ(row(part, 0)[12], fixture_pixel(12, 0, 16));
+    Bytes huge = fixture;
+    huge[61 + 6] = huge[61 + 8] = 0xff;
+    EXPECT_FALSE(decode_gif(huge));
+    EXPECT_FALSE(load_gif("no such file.gif"));
+    EXPECT_FALSE(load_picture("no extension"));
+}
+
+TEST(picture_files, stand_in_the_library_s_table_of_types)
+{
+    register_picture_formats();
+    const TemporaryFolder folder;
+    const Bitmap picture = colorful(9, 7);
+    ASSERT_EQ(save_bitmap("a.PNG", picture, nullptr), 0);
+    EXPECT_EQ(difference(Bitmap(load_bitmap("a.PNG", nullptr)), picture), "");
+    EXPECT_EQ(save_bitmap("b.gif", picture, nullptr), 0);
+    const Bitmap read(load_bitmap("b.gif", nullptr));
+    EXPECT_EQ(read.width(), 9);
+    EXPECT_EQ(load_bitmap("missing.png", nullptr), nullptr);
+}
+
+} // namespace
+} // namespace kelu

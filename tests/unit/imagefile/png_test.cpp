@@ -1,0 +1,237 @@
+// PNG: fixtures of other encoders, round trips, what other decoders see, damage.
+#include "imagefile/png.h"
+
+#include "imagefile/picture_files.h"
+#include "runtime/pixels.h"
+#include "support/pictures.h"
+#include "support/temporary_folder.h"
+#include <gtest/gtest.h>
+#include <zlib.h>
+
+namespace kelu {
+namespace {
+
+using namespace test;
+
+/// The pixel of a fixture called "<kind>-<depth>...".
+int fixture_pixel(const std::string& kind, int depth, int x, int y)
+{
+    const int levels = 1 << std::min(depth, 8);
+    const auto grey = [&](int channel) { return (level(x, y, channel) & (levels - 1)) * 255 / (levels - 1); };
+    const auto alpha = [&](int channel) { return static_cast<int>(static_cast<uint32_t>(level(x, y, channel)) << 24); };
+    const int color = pack_rgb(level(x, y, 0), level(x, y, 1), level(x, y, 2));
+    if (kind == "grey") return pack_rgb(grey(0), grey(0), grey(0));
+    if (kind == "greyalpha") return pack_rgb(grey(0), grey(0), grey(0)) | alpha(1);
+    if (kind == "indexed") return six_bit(palette_entry(level(x, y, 0) & (levels - 1)));
+    return kind == "rgba" ? color | alpha(3) : color;
+}
+
+/// A file of chunks, each with the CRC that belongs to it.
+class Chunks {
+public:
+    Chunks() { ByteWriter(bytes).text("\x89PNG\r\n\x1a\n"); }
+    Chunks& add(const std::string& type, const Bytes& data)
+    {
+        ByteWriter out(bytes);
+        out.big32(static_cast<uint32_t>(data.size()));
+        const std::size_t from = bytes.size();
+        out.text(type);
+        out.append(data);
+        out.big32(static_cast<uint32_t>(crc32(0, bytes.data() + from, static_cast<uInt>(bytes.size() - from))));
+        return *this;
+    }
+    Chunks& head(uint32_t w, uint32_t h, int depth, int color_type, int compression = 0, int filter = 0,
+                 int interlace = 0)
+    {
+        Bytes data;
+        ByteWriter out(data);
+        out.big32(w);
+        out.big32(h);
+        for (const int value : {depth, color_type, compression, filter, interlace})
+            out.byte(value);
+        return add("IHDR", data);
+    }
+    /// Rows as they are, compressed, in parts.
+    Chunks& data(const Bytes& rows, int parts = 1, const std::string& between = "")
+    {
+        uLongf size = compressBound(rows.size());
+        Bytes packed(size);
+        compress(packed.data(), &size, rows.data(), rows.size());
+        packed.resize(size);
+        const auto part = static_cast<std::ptrdiff_t>(size) / parts;
+        for (int i = 0; i < parts; ++i) {
+            if (i > 0 && !between.empty()) add(between, {1, 2, 3});
+            add("IDAT", {packed.begin() + i * part, i + 1 < parts ? packed.begin() + (i + 1) * part : packed.end()});
+        }
+        return *this;
+    }
+    Bytes end() { return add("IEND", {}).bytes; }
+
+    Bytes bytes;
+};
+
+TEST(png, reads_every_type_depth_filter_and_interlacing)
+{
+    int count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(KELU_TEST_DATA) / "png")) {
+        const std::string name = entry.path().stem().string();
+        const std::string kind = name.substr(0, name.find('-'));
+        if (kind == "small") continue;
+        const int depth = std::stoi(name.substr(kind.size() + 1));
+        const Bitmap picture = decode_png(data_file("png/" + name + ".png"));
+        const Bitmap expected = paint(13, 11, [&](int x, int y) { return fixture_pixel(kind, depth, x, y); });
+        EXPECT_EQ(difference(picture, expected), "") << name << ": " << png_error;
+        ++count;
+    }
+    EXPECT_EQ(count, 42);
+    for (const auto& [w, h] : {std::pair{1, 1}, {2, 3}, {5, 1}, {1, 6}}) { // passes without columns or rows
+        const std::string name = "png/small-" + std::to_string(w) + "x" + std::to_string(h) + "-interlaced.png";
+        const Bitmap expected = paint(w, h, [](int x, int y) { return fixture_pixel("rgb", 8, x, y); });
+        EXPECT_EQ(difference(decode_png(data_file(name)), expected), "") << name;
+    }
+}
+
+TEST(png, hands_out_the_palette_at_six_bits)
+{
+    PALETTE palette;
+    std::fill(std::begin(palette), std::end(palette), RGB{9, 9, 9, 0});
+    const Bytes bytes = Chunks().head(1, 1, 2, 3).add("PLTE", {255, 130, 3, 4, 8, 12}).data({0, 0x40}).end();
+    ASSERT_TRUE(decode_png(bytes, palette));
+    EXPECT_EQ(palette[0].r, 63);
+    EXPECT_EQ(palette[0].g, 32);
+    EXPECT_EQ(palette[0].b, 0);
+    EXPECT_EQ(palette[1].b, 3);
+    EXPECT_EQ(palette[2].r, 0); // the rest is zeroed
+    EXPECT_EQ(palette[255].g, 0);
+}
+
+TEST(png, round_trips_keep_every_bit_and_other_decoders_agree)
+{
+    const TemporaryFolder folder;
+    for (const int w : {1, 2, 3, 255, 256, 257}) {
+        const int h = 258 - w;
+        const Bitmap merged = colorful(w, h);
+        const Bitmap opaque = paint(w, h, [&](int x, int y) { return row(merged, y)[x] & 0xffffff; });
+        for (BITMAP* picture : {merged.get(), opaque.get()}) {
+            ASSERT_EQ(save_png("picture.png", picture), 0);
+            EXPECT_EQ(difference(load_png("picture.png"), picture), "");
+        }
+        if (!convert_installed()) continue;
+        save_png("picture.png", merged);
+        EXPECT_EQ(difference(*decoded_by_convert("picture.png"), merged), "") << w;
+    }
+}
+
+TEST(png, alpha_is_written_when_any_is_not_zero)
+{
+    const auto color_type = [](const Bitmap& bitmap) {
+        Bytes bytes;
+        EXPECT_EQ(encode_png(bitmap, nullptr, bytes), 0);
+        return int{bytes[25]};
+    };
+    const Bitmap blank(5, 4), full(5, 4, static_cast<int>(0xff000000));
+    Bitmap last(5, 4);
+    row(last, 3)[4] = 0x01000000;
+    EXPECT_EQ(color_type(blank), 2);
+    EXPECT_EQ(color_type(full), 6);
+    EXPECT_EQ(color_type(last), 6);
+}
+
+TEST(png, writes_head_one_data_chunk_and_paeth_rows)
+{
+    const Bitmap picture = paint(2, 2, [](int x, int y) { return pack_rgb(10 * x + 1, 20 * y + 2, 30 * x * y + 3); });
+    Bytes bytes;
+    ASSERT_EQ(encode_png(picture, nullptr, bytes), 0);
+    // Row 0 against zeros predicts by the left pixel, row 1 by whichever is nearest.
+    const Bytes rows{4, 1, 2, 3, 10, 0, 0, 4, 0, 20, 0, 0, 0, 30};
+    uLongf size = compressBound(rows.size());
+    Bytes packed(size);
+    compress2(packed.data(), &size, rows.data(), rows.size(), 9);
+    packed.resize(size);
+    EXPECT_EQ(bytes, Chunks().head(2, 2, 8, 2).add("IDAT", packed).end());
+}
+
+TEST(png, an_eight_bit_bitmap_becomes_a_palette_picture)
+{
+    const Bitmap indexed(create_bitmap_ex(8, 300, 2));
+    clear_to_color(indexed, 7);
+    PALETTE palette = {};
+    palette[7] = {63, 32, 1, 0};
+    Bytes bytes;
+    ASSERT_EQ(encode_png(indexed, palette, bytes), 0);
+    EXPECT_EQ(bytes[25], 3);
+    PALETTE read;
+    EXPECT_EQ(difference(decode_png(bytes, read), Bitmap(300, 2, pack_rgb(255, 130, 4))), "");
+    EXPECT_EQ(read[7].g, 32);
+}
+
+TEST(png, takes_what_other_programs_may_write)
+{
+    const Bytes rows{0, 1, 2, 3, 0, 4, 5, 6};
+    const Bitmap expected = paint(1, 2, [](int, int y) { return y == 0 ? 0x010203 : 0x040506; });
+    Bytes wrong_crc = Chunks().head(1, 2, 8, 2).data(rows).end();
+    wrong_crc[8 + 8 + 13] ^= 0x55;
+    wrong_crc.back() ^= 0x55;
+    EXPECT_EQ(difference(decode_png(wrong_crc), expected), "");
+    EXPECT_EQ(difference(decode_png(Chunks().head(1, 2, 8, 2).add("tEXt", {1, 2}).data(rows, 5).add("tIME", {9}).end()),
+                         expected),
+              "");
+    EXPECT_EQ(difference(decode_png(Chunks().head(1, 2, 8, 2).add("IDAT", {}).data(rows).end()), expected), "");
+}
+
+TEST(png, says_why_it_refuses)
+{
+    struct Row {
+        Bytes bytes;
+        const char* error;
+    };
+    const Bytes rows{0, 1, 2, 3, 0, 4, 5, 6};
+    const auto shape = [](int depth, int type, int compression = 0, int filter = 0, int interlace = 0) {
+        return Chunks().head(1, 2, depth, type, compression, filter, interlace);
+    };
+    Bytes truncated = shape(8, 2).data(rows).end();
+    truncated.resize(truncated.size() - 14);
+    Bytes garbled = shape(8, 2).data(rows).end();
+    garbled[8 + 25 + 8 + 2] = 0xff;
+    const Row table[] = {
+        {{0x89, 'P'}, "File shorter than PNG signature!"},
+        {Bytes(40, 'x'), "File signature mismatch!"},
+        {Chunks().bytes, "Cannot read chunk length!"},
+        {Chunks().add("IDAT", {}).bytes, "First chunk must be of IHDR type!"},
+        {Chunks().add("IHDR", {0}).bytes, "Incorrect IHDR length!"},
+        {Chunks().head(0, 1, 8, 2).bytes, "Zero width!"},
+        {Chunks().head(1, 0, 8, 2).bytes, "Zero height!"},
+        {Chunks().head(0x7fffffff, 0x7fffffff, 8, 2).data(rows).end(), "Cannot allocate bitmap!"},
+        {Chunks().head(4000, 4000, 8, 2).data(rows).end(), "Not enough data!"},
+        {shape(16, 3).bytes, "Unsupported color type/depth combination!"},
+        {shape(3, 0).bytes, "Unsupported color type/depth combination!"},
+        {shape(8, 7).bytes, "Unsupported color type/depth combination!"},
+        {shape(8, 2, 1).bytes, "Unsupported compression method!"},
+        {shape(8, 2, 0, 1).bytes, "Unsupported filter method!"},
+        {shape(8, 2, 0, 0, 2).bytes, "Interlace not supported!"},
+        {shape(8, 2).add("PLTE", {1, 2}).bytes, "Palette chunk length not divisible by 3!"},
+        {shape(8, 2).add("PLTE", Bytes(771)).bytes, "Incorrect number of palette entries!"},
+        {shape(8, 3).data(rows).end(), "Palette required but not found!"},
+        {shape(8, 2).add("IDAT", {1, 2, 3, 4, 5, 6}).end(), "File without data!"},
+        {shape(8, 2).data(rows, 2, "teSt").end(), "Not enough data!"}, // only the first run of chunks is read
+        {shape(8, 2).data({0, 1, 2, 3}).end(), "Not enough data!"},
+        {shape(8, 2).data({9, 1, 2, 3, 0, 4, 5, 6}).end(), "Unknown filter!"},
+        {truncated, "Cannot fseek!"},
+        {garbled, "Cannot decompress data!"},
+        {shape(8, 2).data(rows).bytes, "Cannot read chunk length!"},
+        {shape(8, 2).data(rows).add("IEND", {1}).bytes, "Incorrect IEND length!"},
+    };
+    for (const Row& row : table) {
+        png_error = "";
+        EXPECT_FALSE(decode_png(row.bytes)) << row.error;
+        EXPECT_STREQ(png_error, row.error);
+    }
+    EXPECT_FALSE(load_png("no such file.png"));
+    EXPECT_STREQ(png_error, "Cannot open file!");
+    Bytes none;
+    EXPECT_EQ(encode_png(nullptr, nullptr, none), -1);
+    EXPECT_TRUE(none.empty());
+}
+
+} // namespace
+} // namespace kelu
