@@ -80,4 +80,14 @@ inline void lay_on(int& pixel, int color, int alpha)
     pixel = alpha == 255 ? color : blend_pixel(pixel, color, alpha);
 }
 
+/// The strength scale: the stroke source with one colour laid on at the weight of s and the tip.
+inline void blend_over_source(const Dab& dab, int s, int effect)
+{
+    if (dab.tip_value >= tip_no_ink) return;
+    const int weight = strength_weight(s, dab.tip_value);
+    if (!claim(dab, weight)) return;
+    *dab.frame = *dab.source;
+    lay_on(*dab.frame, effect, weight);
+}
+
 } // namespace kelu

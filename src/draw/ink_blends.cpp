@@ -40,16 +40,6 @@ void sum_channels(const Dab& dab, float strength, Channel channel)
                           channel(blue_of(source), f * static_cast<float>(blue_of(dab.color))));
 }
 
-/// The family of BRIGHT, DARK and GLASS: the stroke source with one colour laid on.
-void tint(const Dab& dab, int s, int effect)
-{
-    if (dab.tip_value >= tip_no_ink) return;
-    const int weight = strength_weight(s, dab.tip_value);
-    if (!claim(dab, weight)) return;
-    *dab.frame = *dab.source;
-    lay_on(*dab.frame, effect, weight);
-}
-
 } // namespace
 
 /// Adds the colour.
@@ -79,21 +69,21 @@ struct Sub {
 /// Blends towards white.
 struct Bright {
     explicit Bright(const Canvas&) : s(ink_strength(INK_BRIGHT)) {}
-    void apply(const Dab& dab) const { tint(dab, s, fixed_colours.white); }
+    void apply(const Dab& dab) const { blend_over_source(dab, s, fixed_colours.white); }
     int s;
 };
 
 /// Blends towards black.
 struct Dark {
     explicit Dark(const Canvas&) : s(ink_strength(INK_DARK)) {}
-    void apply(const Dab& dab) const { tint(dab, s, fixed_colours.black); }
+    void apply(const Dab& dab) const { blend_over_source(dab, s, fixed_colours.black); }
     int s;
 };
 
 /// Blends towards the colour.
 struct Glass {
     explicit Glass(const Canvas&) : s(ink_strength(INK_GLASS)) {}
-    void apply(const Dab& dab) const { tint(dab, s, dab.color); }
+    void apply(const Dab& dab) const { blend_over_source(dab, s, dab.color); }
     int s;
 };
 
@@ -112,7 +102,7 @@ struct Grain {
             *dab.frame = *dab.source;
             lay_on(*dab.frame, dab.color, rnd(s));
         } else {
-            tint(dab, rnd(s), dab.color);
+            blend_over_source(dab, rnd(s), dab.color);
         }
     }
     int s, frequency;

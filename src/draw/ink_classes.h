@@ -13,4 +13,29 @@ struct Glass;
 struct Grain;
 struct Xor;
 
+// ink_shifts.cpp: the pixel's own colour, shifted
+struct Gray;
+struct Pull;
+struct Spark;
+
+// ink_filters.cpp, ink_glow.cpp: the pixel and its neighbours
+struct Close;
+struct Emboss;
+struct Hollow;
+struct Jumble;
+struct Soften;
+struct Sweep;
+struct Unzag;
+struct Glow;
+
+// ink_gradients.cpp: the spectrum
+struct HGrad;
+struct VGrad;
+struct LGrad;
+struct RGrad;
+
+// ink_patterns.cpp: the cel
+struct Tile;
+struct Scrape;
+
 } // namespace kelu

@@ -22,37 +22,31 @@ constexpr InkRow ink_row(int id, InkOptions options, std::array<int, 2> initial 
             &InkLoops<Ink>::sprite};
 }
 
-/// An ink without loops: nothing happens under it.
-constexpr InkRow bare_row(int id, InkOptions options, std::array<int, 2> initial = {})
-{
-    return {id, options, initial, nullptr, nullptr, nullptr, nullptr};
-}
-
 constexpr InkRow inks[] = {
     ink_row<Add>(INK_ADD, InkOptions::STRENGTH, {128}),
     ink_row<Bright>(INK_BRIGHT, InkOptions::STRENGTH, {64}),
-    bare_row(INK_CLOSE, InkOptions::STRENGTH, {5}),
+    ink_row<Close>(INK_CLOSE, InkOptions::STRENGTH, {5}),
     ink_row<Dark>(INK_DARK, InkOptions::STRENGTH, {64}),
-    bare_row(INK_EMBOSS, InkOptions::STRENGTH, {128}),
+    ink_row<Emboss>(INK_EMBOSS, InkOptions::STRENGTH, {128}),
     ink_row<Glass>(INK_GLASS, InkOptions::STRENGTH, {128}),
-    bare_row(INK_GLOW, InkOptions::STRENGTH_RADIUS, {32, 8}),
+    ink_row<Glow>(INK_GLOW, InkOptions::STRENGTH_RADIUS, {32, 8}),
     ink_row<Grain>(INK_GRAIN, InkOptions::STRENGTH_FREQUENCY, {128, 50}),
-    bare_row(INK_GRAY, InkOptions::STRENGTH, {255}),
-    bare_row(INK_H_GRAD, InkOptions::GRADIENT),
-    bare_row(INK_HOLLOW, InkOptions::TOLERANCE, {5}),
-    bare_row(INK_JUMBLE, InkOptions::DISTANCE, {3}),
-    bare_row(INK_L_GRAD, InkOptions::GRADIENT),
+    ink_row<Gray>(INK_GRAY, InkOptions::STRENGTH, {255}),
+    ink_row<HGrad>(INK_H_GRAD, InkOptions::GRADIENT),
+    ink_row<Hollow>(INK_HOLLOW, InkOptions::TOLERANCE, {5}),
+    ink_row<Jumble>(INK_JUMBLE, InkOptions::DISTANCE, {3}),
+    ink_row<LGrad>(INK_L_GRAD, InkOptions::GRADIENT),
     ink_row<Opaque>(INK_OPAQUE, InkOptions::NONE),
-    bare_row(INK_PULL, InkOptions::STRENGTH, {128}),
-    bare_row(INK_R_GRAD, InkOptions::GRADIENT),
-    bare_row(INK_SCRAPE, InkOptions::STRENGTH, {128}),
-    bare_row(INK_SPARK, InkOptions::STRENGTH, {64}),
-    bare_row(INK_SOFTEN, InkOptions::STRENGTH, {192}),
+    ink_row<Pull>(INK_PULL, InkOptions::STRENGTH, {128}),
+    ink_row<RGrad>(INK_R_GRAD, InkOptions::GRADIENT),
+    ink_row<Scrape>(INK_SCRAPE, InkOptions::STRENGTH, {128}),
+    ink_row<Spark>(INK_SPARK, InkOptions::STRENGTH, {64}),
+    ink_row<Soften>(INK_SOFTEN, InkOptions::STRENGTH, {192}),
     ink_row<Sub>(INK_SUB, InkOptions::STRENGTH, {128}),
-    bare_row(INK_SWEEP, InkOptions::STRENGTH, {32}),
-    bare_row(INK_TILE, InkOptions::NONE),
-    bare_row(INK_UNZAG, InkOptions::PERCENT, {100}),
-    bare_row(INK_V_GRAD, InkOptions::GRADIENT),
+    ink_row<Sweep>(INK_SWEEP, InkOptions::STRENGTH, {32}),
+    ink_row<Tile>(INK_TILE, InkOptions::NONE),
+    ink_row<Unzag>(INK_UNZAG, InkOptions::PERCENT, {100}),
+    ink_row<VGrad>(INK_V_GRAD, InkOptions::GRADIENT),
     ink_row<Xor>(INK_XOR, InkOptions::NONE),
 };
 
@@ -69,7 +63,7 @@ static_assert(std::size(inks) == INK_COUNT && rows_in_order());
 
 Canvas Canvas::present() { return {store.frame_bitmap, store.coverage_bitmap, stroke_source()}; }
 
-const InkRow* find_ink(int ink) { return ink >= 0 && ink < INK_COUNT && inks[ink].pixel ? &inks[ink] : nullptr; }
+const InkRow* find_ink(int ink) { return ink >= 0 && ink < INK_COUNT ? &inks[ink] : nullptr; }
 
 void apply_ink(int x, int y, int ink, int color, int tip_value)
 {

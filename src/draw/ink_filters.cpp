@@ -1,0 +1,251 @@
+// Inks that look at the neighbours: CLOSE, EMBOSS, HOLLOW, JUMBLE, SOFTEN, SWEEP, UNZAG.
+//
+// They read the stroke source, so that a filter sees the picture as it was before the stroke; SWEEP alone averages the
+// frame. A neighbour outside the frame is left out.
+#include "draw/ink_classes.h"
+#include "draw/ink_loops.h"
+
+#include "runtime/random.h"
+#include <array>
+
+namespace kelu {
+namespace {
+
+/// Calls `visit(pixel, index)` for the pixels of the 3 x 3 block round (x, y) that lie in the frame, row by row; the
+/// index counts the whole block, 4 is the centre. `line_of(y)` gives the line to read.
+template <class LineOf, class Visit>
+void visit_block(const Canvas& canvas, int x, int y, LineOf line_of, Visit visit)
+{
+    const bool has_left = x > 0;
+    const bool has_right = x + 1 < canvas.frame->w;
+    for (int dy = -1; dy <= 1; ++dy) {
+        if (y + dy < 0 || y + dy >= canvas.frame->h) continue;
+        const int* pixel = line_of(y + dy) + x;
+        const int index = 3 * (dy + 1);
+        if (has_left) visit(pixel[-1], index);
+        visit(pixel[0], index + 1);
+        if (has_right) visit(pixel[1], index + 2);
+    }
+}
+
+constexpr int block_center = 4;
+
+/// The block of the stroke source. A source of another size than the frame is read pixel by pixel.
+template <class Visit>
+void visit_source(const Canvas& canvas, int x, int y, Visit visit)
+{
+    if (canvas.source->w == canvas.frame->w && canvas.source->h == canvas.frame->h) {
+        visit_block(
+            canvas, x, y, [&](int line) { return row(canvas.source, line); }, visit);
+        return;
+    }
+    for (int i = 0; i < 9; ++i) {
+        const int nx = x + i % 3 - 1;
+        const int ny = y + i / 3 - 1;
+        if (canvas.has(nx, ny)) visit(*canvas.source_at(nx, ny), i);
+    }
+}
+
+/// The block of the frame as it now stands.
+template <class Visit>
+void visit_frame(const Canvas& canvas, int x, int y, Visit visit)
+{
+    visit_block(
+        canvas, x, y, [&](int line) { return row(canvas.frame, line); }, visit);
+}
+
+/// Weighted sums of the three channels.
+struct ChannelSums {
+    float r = 0, g = 0, b = 0;
+    void add(int pixel, float weight)
+    {
+        r += weight * static_cast<float>(red_of(pixel));
+        g += weight * static_cast<float>(green_of(pixel));
+        b += weight * static_cast<float>(blue_of(pixel));
+    }
+};
+
+int clamped(float channel) { return static_cast<int>(std::clamp(channel, 0.0F, 255.0F)); }
+
+/// Weight of a neighbour: the strength, thinned by the tip.
+float thinned(float strength, int tip_value)
+{
+    return tip_value == 0 ? strength : static_cast<float>(fixed_weight(tip_value)) / 200.0F * strength;
+}
+
+} // namespace
+
+/// Closes gaps of one pixel in lines of the brush colour. Knows neither tip value nor coverage.
+struct Close {
+    explicit Close(const Canvas& on) : canvas(on), tolerance(ink_strength(INK_CLOSE)), brush_color(toolbox.brush_color)
+    {}
+    void apply(const Dab& dab) const
+    {
+        const auto bridges = [&](int dx, int dy) {
+            return is_line(dab.x - dx, dab.y - dy) && is_line(dab.x + dx, dab.y + dy);
+        };
+        if (colors_close(*dab.source, brush_color, tolerance)) return;
+        if (bridges(1, 0) || bridges(0, 1)) *dab.frame = brush_color;
+    }
+
+private:
+    bool is_line(int x, int y) const
+    {
+        return canvas.has(x, y) && colors_close(*canvas.source_at(x, y), brush_color, tolerance);
+    }
+    const Canvas& canvas;
+    int tolerance, brush_color;
+};
+
+/// Sharpens at low strengths, and embosses at high ones along the falling diagonal.
+struct Emboss {
+    explicit Emboss(const Canvas& on) : canvas(on), strength(static_cast<float>(ink_strength(INK_EMBOSS)) / 255.0F) {}
+    void apply(const Dab& dab) const
+    {
+        if (dab.tip_value >= tip_no_ink || !claim(dab, fixed_weight(dab.tip_value))) return;
+        const float w = thinned(strength, dab.tip_value);
+        ChannelSums sums;
+        visit_source(canvas, dab.x, dab.y, [&](int pixel, int index) {
+            sums.add(pixel, index == block_center ? 1.0F : w * kernel[static_cast<std::size_t>(index)]);
+        });
+        *dab.frame = pack_rgb(clamped(sums.r), clamped(sums.g), clamped(sums.b));
+    }
+
+private:
+    static constexpr std::array<float, 9> kernel{-2, -1, 0, -1, 1, 1, 0, 1, 2};
+    const Canvas& canvas;
+    float strength;
+};
+
+/// Erases to the mask colour where the whole block is of one colour, so that solid areas keep their rim.
+struct Hollow {
+    explicit Hollow(const Canvas& on) : canvas(on), tolerance(ink_strength(INK_HOLLOW)), mask_color(toolbox.mask_color)
+    {}
+    void apply(const Dab& dab) const
+    {
+        if (dab.tip_value >= tip_no_ink) return;
+        bool solid = true;
+        visit_source(canvas, dab.x, dab.y,
+                     [&](int pixel, int) { solid = solid && colors_close(pixel, *dab.source, tolerance); });
+        if (!solid) return;
+        lay_on(*dab.frame, mask_color, dab.tip_value == 0 ? 255 : fixed_weight(dab.tip_value));
+    }
+
+private:
+    const Canvas& canvas;
+    int tolerance, mask_color;
+};
+
+/// Takes a random pixel near by. The reach is one pixel less to the right and down. Knows neither tip value nor
+/// coverage.
+struct Jumble {
+    explicit Jumble(const Canvas& on) : canvas(on), reach(ink_option(INK_JUMBLE, OPTION_STRENGTH, 0, 5)) {}
+    void apply(const Dab& dab) const
+    {
+        const int nx = dab.x - reach + rnd(2 * reach);
+        const int ny = dab.y - reach + rnd(2 * reach);
+        if (canvas.has(nx, ny)) *dab.frame = *canvas.source_at(nx, ny);
+    }
+
+private:
+    const Canvas& canvas;
+    int reach;
+};
+
+/// Mixes in the mean of the eight neighbours. The factor of an eighth stays where neighbours are missing, so that the
+/// frame's edges darken.
+struct Soften {
+    explicit Soften(const Canvas& on) : canvas(on), strength(static_cast<float>(ink_strength(INK_SOFTEN)) / 255.0F) {}
+    void apply(const Dab& dab) const
+    {
+        if (dab.tip_value >= tip_no_ink || !claim(dab, fixed_weight(dab.tip_value))) return;
+        const float w = thinned(strength, dab.tip_value);
+        ChannelSums sums;
+        visit_source(canvas, dab.x, dab.y, [&](int pixel, int index) {
+            if (index != block_center) sums.add(pixel, w);
+        });
+        const auto mixed = [w](int source, float sum) {
+            return clamped((1.0F - w) * static_cast<float>(source) + 0.125F * sum);
+        };
+        const int source = *dab.source;
+        *dab.frame =
+            pack_rgb(mixed(red_of(source), sums.r), mixed(green_of(source), sums.g), mixed(blue_of(source), sums.b));
+    }
+
+private:
+    const Canvas& canvas;
+    float strength;
+};
+
+/// Replaces a pixel that matches none of its neighbours by their mean on the frame. Knows neither tip value nor
+/// coverage.
+struct Sweep {
+    explicit Sweep(const Canvas& on) : canvas(on), tolerance(ink_strength(INK_SWEEP)) {}
+    void apply(const Dab& dab) const
+    {
+        bool matches = false;
+        visit_source(canvas, dab.x, dab.y, [&](int pixel, int index) {
+            matches = matches || (index != block_center && colors_close(pixel, *dab.source, tolerance));
+        });
+        if (!matches) put_mean(dab);
+    }
+
+private:
+    void put_mean(const Dab& dab) const
+    {
+        int r = 0;
+        int g = 0;
+        int b = 0;
+        int count = 0;
+        visit_frame(canvas, dab.x, dab.y, [&](int pixel, int index) {
+            if (index == block_center) return;
+            r += red_of(pixel);
+            g += green_of(pixel);
+            b += blue_of(pixel);
+            ++count;
+        });
+        if (count > 0) *dab.frame = pack_rgb(r / count, g / count, b / count);
+    }
+    const Canvas& canvas;
+    int tolerance;
+};
+
+/// Smooths stair-steps: a pixel whose three neighbours in one quadrant agree and differ from it is pulled towards
+/// them. The tip value only limits, and there is no coverage.
+struct Unzag {
+    explicit Unzag(const Canvas& on) : canvas(on), strength(ink_strength(INK_UNZAG)) {}
+    void apply(const Dab& dab) const
+    {
+        if (dab.tip_value >= tip_no_ink) return;
+        for (const Quadrant& q : quadrants) {
+            if (!canvas.has(dab.x + q.dx, dab.y + q.dy)) continue;
+            const int beside = *canvas.source_at(dab.x + q.dx, dab.y);
+            if (colors_close(beside, *dab.source, contrast)) continue;
+            if (!colors_close(beside, *canvas.source_at(dab.x + q.dx, dab.y + q.dy), agreement)) continue;
+            if (!colors_close(beside, *canvas.source_at(dab.x, dab.y + q.dy), agreement)) continue;
+            *dab.frame = mix_colors(*dab.source, beside, strength);
+            return;
+        }
+    }
+
+private:
+    /// Direction of a diagonal neighbour.
+    struct Quadrant {
+        int dx, dy;
+    };
+    static constexpr std::array<Quadrant, 4> quadrants{{{-1, -1}, {1, -1}, {-1, 1}, {1, 1}}};
+    static constexpr int agreement = 6; ///< the three neighbours differ by less
+    static constexpr int contrast = 20; ///< and from the pixel by this or more
+    const Canvas& canvas;
+    int strength;
+};
+
+template struct InkLoops<Close>;
+template struct InkLoops<Emboss>;
+template struct InkLoops<Hollow>;
+template struct InkLoops<Jumble>;
+template struct InkLoops<Soften>;
+template struct InkLoops<Sweep>;
+template struct InkLoops<Unzag>;
+
+} // namespace kelu
