@@ -1,0 +1,55 @@
+#!/usr/bin/env bash
+# What stops the start, and the modes that a small desktop allows.
+. "$(dirname "${BASH_SOURCE[0]}")/story.sh"
+
+permissions='This program REQUIRES read and write permissions where it'\''s located. You can try the following actions: - Move the program to a different location. - Run the program as Administrator.'
+
+# Root may write to any file; then somebody else starts the program.
+somebody=()
+if [ "$(id -u)" -eq 0 ]; then somebody=(setpriv --reuid=65534 --regid=65534 --clear-groups); fi
+
+start_display 1000x800
+echo 'the last run' >"$app/FW_log.txt"
+chmod -R a+rwX "$scratch"
+chmod 444 "$app/config.def"
+expect 'a read-only config.def ends with 255' test "$(run_to_end "${somebody[@]}")" = 255
+expect 'the box of permissions' box_says "$permissions"
+expect 'the last log stands' log_says 'the last run'
+
+rm "$app/config.def"
+: >"$scratch/boxes"
+expect 'a missing config.def ends with 255' test "$(run_to_end)" = 255
+expect 'the box of permissions' box_says "$permissions"
+expect 'the last log stands' log_says 'the last run'
+
+# 1280 x 960 is too large, 960 x 720 fits.
+printf 4 >"$app/config.def"
+start_program "$app"
+expect 'the first request' log_says '[ INIT ] : Requesting 1280x960 windowed resolution'
+expect 'the second request' log_says '[ INIT ] : Requesting 960x720 windowed resolution'
+expect 'the smaller window' test "$scale" = 3
+kill -TERM "$program"
+end_program || fail "result $? after TERM"
+
+# Any other byte is a window of 640 x 480.
+printf x >"$app/config.def"
+start_program "$app"
+expect 'a warning' log_says '[ WARNING ] : Unknown video mode. Assuming windowed.'
+expect 'the smallest window' test "$scale" = 2
+kill -TERM "$program"
+end_program || fail "result $? after TERM"
+
+# Nothing fits.
+kill "$display_server"
+wait "$display_server" 2>/dev/null || true
+rm "$scratch/display"
+start_display 500x400
+printf 3 >"$app/config.def"
+expect 'no mode ends with 255' test "$(run_to_end)" = 255
+expect 'the last request' log_says '[ INIT ] : Requesting 640x480 windowed resolution'
+expect 'the refusal' log_says '[ INIT ] : Resolution DENIED!'
+expect 'the box' box_says "Your system didn't like the specified resolution!"
+
+# No display at all: a line, and no crash.
+DISPLAY= expect 'no display ends with 255' test "$(run_to_end env -u DISPLAY)" = 255
+expect 'a line about the display' grep -qi display "$scratch/output"
