@@ -14,7 +14,7 @@ int palette_entry(int k) { return pack_rgb(k * 53 & 255, k * 101 & 255, (255 - k
 
 int six_bit(int color)
 {
-    const auto spread = [](int channel) { return channel >> 2 << 2 | channel >> 6; };
+    const auto spread = [](int channel) { return (channel >> 2) * 255 / 63; };
     return pack_rgb(spread(red_of(color)), spread(green_of(color)), spread(blue_of(color)));
 }
 

@@ -161,7 +161,7 @@ TEST(png, an_eight_bit_bitmap_becomes_a_palette_picture)
     ASSERT_EQ(encode_png(indexed, palette, bytes), 0);
     EXPECT_EQ(bytes[25], 3);
     PALETTE read;
-    EXPECT_EQ(difference(decode_png(bytes, read), Bitmap(300, 2, pack_rgb(255, 130, 4))), "");
+    EXPECT_EQ(difference(decode_png(bytes, read), Bitmap(300, 2, pack_rgb(255, 129, 4))), "");
     EXPECT_EQ(read[7].g, 32);
 }
 
