@@ -7,6 +7,8 @@
 
 #include "runtime/random.h"
 #include <array>
+#include <bit>
+#include <cstdint>
 
 namespace kelu {
 namespace {
@@ -54,18 +56,37 @@ void visit_frame(const Canvas& canvas, int x, int y, Visit visit)
         canvas, x, y, [&](int line) { return row(canvas.frame, line); }, visit);
 }
 
-/// Weighted sums of the three channels.
-struct ChannelSums {
-    float r = 0, g = 0, b = 0;
-    void add(int pixel, float weight)
-    {
-        r += weight * static_cast<float>(red_of(pixel));
-        g += weight * static_cast<float>(green_of(pixel));
-        b += weight * static_cast<float>(blue_of(pixel));
-    }
-};
+/// Four numbers that the processor works on at once: blue, green and red of a pixel, and its unused byte.
+using Channels = float __attribute__((vector_size(16)));
 
-int clamped(float channel) { return static_cast<int>(std::clamp(channel, 0.0F, 255.0F)); }
+Channels channels_of(int pixel)
+{
+    using Bytes = uint8_t __attribute__((vector_size(16)));
+    using Halves = uint16_t __attribute__((vector_size(16)));
+    using Words = int __attribute__((vector_size(16)));
+    const Bytes bytes = std::bit_cast<Bytes>(Words{pixel, 0, 0, 0});
+    const Halves halves = std::bit_cast<Halves>(__builtin_shufflevector(bytes, Bytes{}, 0, 16, 1, 17, 2, 18, 3, 19, //
+                                                                        4, 20, 5, 21, 6, 22, 7, 23));
+    const Halves words = __builtin_shufflevector(halves, Halves{}, 0, 8, 1, 9, 2, 10, 3, 11);
+    return __builtin_convertvector(std::bit_cast<Words>(words), Channels);
+}
+
+/// Sums of the channels over the block of the stroke source, row by row, each pixel times its weight. A weight of 0
+/// leaves a pixel out: it adds nothing.
+Channels weighted_sum(const Canvas& canvas, int x, int y, const std::array<float, 9>& weights)
+{
+    Channels sum{};
+    visit_source(canvas, x, y,
+                 [&](int pixel, int index) { sum += channels_of(pixel) * weights[static_cast<std::size_t>(index)]; });
+    return sum;
+}
+
+/// Each channel clamped to 0 to 255 and truncated.
+int pack_clamped(const Channels& bgr)
+{
+    const auto clamped = [](float channel) { return static_cast<int>(std::clamp(channel, 0.0F, 255.0F)); };
+    return pack_rgb(clamped(bgr[2]), clamped(bgr[1]), clamped(bgr[0]));
+}
 
 /// Weight of a neighbour: the strength, thinned by the tip.
 float thinned(float strength, int tip_value)
@@ -104,11 +125,11 @@ struct Emboss {
     {
         if (dab.tip_value >= tip_no_ink || !claim(dab, fixed_weight(dab.tip_value))) return;
         const float w = thinned(strength, dab.tip_value);
-        ChannelSums sums;
-        visit_source(canvas, dab.x, dab.y, [&](int pixel, int index) {
-            sums.add(pixel, index == block_center ? 1.0F : w * kernel[static_cast<std::size_t>(index)]);
-        });
-        *dab.frame = pack_rgb(clamped(sums.r), clamped(sums.g), clamped(sums.b));
+        std::array<float, 9> weights = kernel;
+        for (float& weight : weights)
+            weight *= w;
+        weights[block_center] = 1;
+        *dab.frame = pack_clamped(weighted_sum(canvas, dab.x, dab.y, weights));
     }
 
 private:
@@ -160,16 +181,8 @@ struct Soften {
     {
         if (dab.tip_value >= tip_no_ink || !claim(dab, fixed_weight(dab.tip_value))) return;
         const float w = thinned(strength, dab.tip_value);
-        ChannelSums sums;
-        visit_source(canvas, dab.x, dab.y, [&](int pixel, int index) {
-            if (index != block_center) sums.add(pixel, w);
-        });
-        const auto mixed = [w](int source, float sum) {
-            return clamped((1.0F - w) * static_cast<float>(source) + 0.125F * sum);
-        };
-        const int source = *dab.source;
-        *dab.frame =
-            pack_rgb(mixed(red_of(source), sums.r), mixed(green_of(source), sums.g), mixed(blue_of(source), sums.b));
+        const Channels sum = weighted_sum(canvas, dab.x, dab.y, {w, w, w, w, 0, w, w, w, w});
+        *dab.frame = pack_clamped(channels_of(*dab.source) * (1.0F - w) + sum * 0.125F);
     }
 
 private:

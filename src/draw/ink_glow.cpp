@@ -36,8 +36,10 @@ struct GlowDisc {
         radius = r;
         for (int dy = 0; dy <= r; ++dy) {
             for (int dx = -r; dx <= r; ++dx) {
-                const int d = glow_distance[static_cast<std::size_t>(std::abs(dx))][static_cast<std::size_t>(dy)];
-                rows[static_cast<std::size_t>(dy)][static_cast<std::size_t>(dx + r)] =
+                const auto row = static_cast<std::size_t>(dy);
+                const int d = glow_distance[static_cast<std::size_t>(std::abs(dx))][row];
+                const int column = dx + r;
+                rows[row][static_cast<std::size_t>(column)] =
                     d > r ? 0.0F : 1.0F - static_cast<float>(d) / static_cast<float>(r + 1);
             }
         }
