@@ -2,6 +2,7 @@
 #include "support/pictures.h"
 
 #include "runtime/pixels.h"
+#include "support/paths.h"
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -20,7 +21,7 @@ int six_bit(int color)
 
 Bytes data_file(const std::string& name)
 {
-    std::ifstream in(std::string(KELU_TEST_DATA) + "/" + name, std::ios::binary);
+    std::ifstream in(data_folder() + "/" + name, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};
 }
 

@@ -9,6 +9,7 @@
 #include "runtime/run_state.h"
 #include "runtime/startup.h"
 #include "screens/draw_menu.h"
+#include "support/paths.h"
 #include <array>
 #include <atomic>
 #include <cctype>
@@ -162,7 +163,7 @@ std::string make_program_folder()
     fs::create_directory(folder / "WORKSPACE");
     std::ofstream(folder / "config.def") << '2';
     for (const char* part : {"resource", "fonts"}) {
-        const fs::path from = fs::path(KELU_TEST_APP) / part;
+        const fs::path from = fs::path(app_folder()) / part;
         if (fs::exists(from)) {
             fs::copy(from, folder / part, fs::copy_options::recursive);
         } else {

@@ -9,6 +9,7 @@
 #include "runtime/sheets.h"
 #include "support/log_lines.h"
 #include <chrono>
+#include <gtest/gtest.h>
 #include <filesystem>
 
 namespace kelu {

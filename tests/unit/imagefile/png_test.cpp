@@ -3,6 +3,7 @@
 
 #include "imagefile/picture_files.h"
 #include "runtime/pixels.h"
+#include "support/paths.h"
 #include "support/pictures.h"
 #include "support/temporary_folder.h"
 #include <gtest/gtest.h>
@@ -73,7 +74,7 @@ public:
 TEST(png, reads_every_type_depth_filter_and_interlacing)
 {
     int count = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(KELU_TEST_DATA) / "png")) {
+    for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(test::data_folder()) / "png")) {
         const std::string name = entry.path().stem().string();
         const std::string kind = name.substr(0, name.find('-'));
         if (kind == "small") continue;
