@@ -6,9 +6,11 @@
 // over in a time that depends on the run's own length alone.
 #include "draw/fill.h"
 
+#include "draw/inks.h"
+#include "draw/tools.h"
+#include "draw/undo.h"
 #include "runtime/pixels.h"
 #include "runtime/store.h"
-#include "runtime/toolbox.h"
 #include <algorithm>
 #include <bit>
 #include <cstdint>
@@ -172,6 +174,24 @@ void walk_area(BITMAP* source, int x, int y, int tolerance, SpanVisit run, Funct
 {
     if (!in_bitmap(source, x, y)) return;
     AreaWalk(source, row(source, y)[x], tolerance, run, breathe).walk(x, y);
+}
+
+void flood_fill(BITMAP* source, int x, int y, int color, int tolerance)
+{
+    constexpr int ticks_a_frame = 4; // a fill shows its way less often than other long operations
+    BITMAP* const frame = store.frame_bitmap;
+    if (!in_bitmap(frame, x, y)) return;
+    const int ink = current_ink();
+    if (ink == INK_OPAQUE && row(frame, y)[x] == color) return;
+    walk_area(
+        source, x, y, tolerance,
+        [&](int left, int right, int line) { span_ink(left, right, line, ink, toolbox.brush_color); },
+        [] { keep_picture_alive(ticks_a_frame); });
+}
+
+void render_fill(const Stroke& stroke)
+{
+    flood_fill(stroke_source(), stroke.x, stroke.y, toolbox.brush_color, tool_option(TOOL_FILL, OPTION_TOLERANCE, 255));
 }
 
 } // namespace kelu

@@ -9,7 +9,8 @@ namespace kelu {
 /// 360) and joined by lines, so that each point is adjacent to the one before and the last to the first.
 Points interpolate_ellipse(int cx, int cy, int ra, int rb, int degrees, int steps);
 
-/// The tool, from the end of its first axis on: nodes 0 and 1 are the axis.
-void oval_tool();
+/// The flow of the tool: two clicks for the first axis, nodes 0 and 1, then a third for the second one, which points at
+/// the mouse. 0 when the first axis was cancelled.
+int gather_oval();
 
 } // namespace kelu

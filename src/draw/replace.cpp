@@ -1,7 +1,10 @@
 // Selection by colour alone.
 #include "draw/replace.h"
 
+#include "draw/tools.h"
+#include "draw/undo.h"
 #include "runtime/pixels.h"
+#include "runtime/store.h"
 #include <array>
 
 namespace kelu {
@@ -9,6 +12,15 @@ namespace {
 
 /// True when a channel of the two colours differs by more than the tolerance.
 constexpr bool foreign(int a, int b, int tolerance) { return !colors_close(a, b, tolerance + 1); }
+
+/// The colour under the press as the operation begins: that of the frame, which nothing has touched yet.
+int clicked_color(const Stroke& stroke) { return row(store.frame_bitmap, stroke.y)[stroke.x]; }
+
+void stamp_pixel(int x, int y, const Stroke& stroke)
+{
+    stamp_tip(x, y, stroke.brush, stroke.ink, no_tip);
+    keep_picture_alive();
+}
 
 } // namespace
 
@@ -37,6 +49,20 @@ void walk_rims(BITMAP* source, int color, int tolerance, PointVisit visit)
             }
         }
     }
+}
+
+void render_replace(const Stroke& stroke)
+{
+    BITMAP* const source = stroke_source();
+    walk_color(source, clicked_color(stroke), tool_option(TOOL_SEP, OPTION_TOLERANCE, 255),
+               [&](int x, int y) { stamp_pixel(x, y, stroke); });
+}
+
+void render_edge(const Stroke& stroke)
+{
+    BITMAP* const source = stroke_source();
+    walk_rims(source, clicked_color(stroke), tool_option(TOOL_EDGE, OPTION_TOLERANCE, 255),
+              [&](int x, int y) { stamp_pixel(x, y, stroke); });
 }
 
 } // namespace kelu

@@ -4,18 +4,12 @@
 // the tangent at a node runs parallel to the chord between its neighbours. Fixed-point throughout.
 #pragma once
 
-#include "draw/point_list.h"
+#include "draw/tool_input.h"
 #include <array>
 
 namespace kelu {
 
-constexpr int node_limit = 256;  ///< entries of a table of nodes
 constexpr int spline_steps = 32; ///< points of a segment
-constexpr int unset_node = -1;   ///< both coordinates of a free node
-
-/// The user's nodes in entries 1 and up; entry 0 serves a closed curve.
-using NodeTable = std::array<Point, node_limit>;
-
 struct SplineNode {
     int x = 0, y = 0;
     fixed tangent = 0; ///< 16.16, 256 units a circle
@@ -35,7 +29,20 @@ std::array<int, 8> spline_control_points(const SplineNode& a, const SplineNode& 
 /// when it is closed. `curve` is 0 to 100. Sets the tangents in `nodes`.
 Points build_spline(SplineNodes& nodes, int count, bool closed, int curve);
 
-/// The tool: nodes 0 and 1 are the first press.
-void spline_tool();
+/// What the running tool has built. Owner: the tool; its preview rebuilds the curve.
+struct Spline {
+    SplineNodes spline_nodes{}; ///< prepared from `tool_nodes`
+    int count = 0;              ///< user nodes, in entries 1 to `count` of `tool_nodes`
+};
+inline Spline spline;
+
+/// Rebuilds the point list from the nodes as they stand; empty with fewer than two nodes on an open curve.
+void rebuild_spline();
+
+/// The tool, from the press on: a click sets a node or picks one up within 8 pixels, a right click draws the curve.
+/// Returns 1, or 0 when the program is asked to exit meanwhile.
+int gather_spline();
+/// Lets node `slot` (0 to 255) follow the pointer until the next click on the canvas.
+void reposition_spline_node(int slot);
 
 } // namespace kelu

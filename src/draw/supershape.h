@@ -3,18 +3,9 @@
 #pragma once
 
 #include "draw/point_list.h"
+#include "runtime/shape_settings.h"
 
 namespace kelu {
-
-/// The panel's values. Stored with the workspace; written when a shape is accepted.
-struct SupershapeSettings {
-    int degrees = 0;        ///< 0 to 359
-    int n1 = 30;            ///< hundredths, 0 to 3000
-    int n2 = 170, n3 = 170; ///< hundredths, -3000 to 3000
-    int arms = 5;           ///< 1 to 20
-    int magnitude = 100;    ///< frame pixels for a distance of 1, 0 to 500
-};
-inline SupershapeSettings supershape_settings;
 
 constexpr int supershape_points = 640; ///< samples of the outline; a list holds the first one again at its end
 
@@ -28,7 +19,12 @@ void supershape_point(double m, double n1, double n2, double n3, double phi, dou
 void plot_supershape(int cx, int cy, const SupershapeSettings& settings, Points& points, Bounds& bounds,
                      FunctionRef<void(Point from, Point to)> segment);
 
-/// The tool: the panel over the canvas, node 0 the centre.
+/// What the open panel says. Owner: the tool; its preview plots it.
+inline SupershapeSettings shown_supershape;
+/// Plots the panel's shape about node 0 into the point list, in view coordinates: frame pixels less `origin`.
+void plot_shown_supershape(Point origin, FunctionRef<void(Point from, Point to)> segment);
+
+/// The tool: the panel over the canvas, the mouse the centre.
 void supershape_tool();
 
 } // namespace kelu

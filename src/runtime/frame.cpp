@@ -1,6 +1,7 @@
 // One frame, from the bottom of the picture to its top.
 #include "runtime/frame.h"
 
+#include "draw/preview.h"
 #include "framework/actor_shadow.h"
 #include "framework/tint.h"
 #include "gui/menus.h"
@@ -66,6 +67,7 @@ void run_frame(uint8_t no_tool_preview)
     const bool waiting = no_tool_preview != 0;
     update_actor_shadow();
     take_frame_snapshot();
+    if (!waiting && preview.preview_kind != no_preview) draw_tool_preview();
     paint_background(picture);
     paint_frame(picture, !waiting && !clean);
     if (!clean && !waiting) paint_crosshairs(picture);

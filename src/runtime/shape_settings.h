@@ -16,6 +16,7 @@ struct SpiralSettings {
     int wraps = 0;  ///< turns, 1 to 64
     int spread = 0; ///< 0 to 255
     int flip = 0;   ///< 1: winds the other way
+    friend bool operator==(const SpiralSettings&, const SpiralSettings&) = default;
 };
 
 /// Gielis' superformula.

@@ -1,0 +1,32 @@
+// Ink along the point list, or inside it.
+#include "draw/outline.h"
+
+#include "draw/span_fill.h"
+#include "draw/tool_input.h"
+#include "draw/tools.h"
+#include "runtime/store.h"
+
+namespace kelu {
+
+void render_point_list(const Stroke& stroke)
+{
+    const int width = store.frame_bitmap.width();
+    const int height = store.frame_bitmap.height();
+    if (stroke.brush != TOOL_SPIRAL && tool_filled(stroke.brush)) {
+        walk_polygon(tool_input.point_list, width, height,
+                     [&](int left, int right, int y) { fill_span(left, right, y, stroke.ink); });
+        return;
+    }
+    walk_outline(
+        tool_input.point_list, width, height,
+        [&](int x, int y) { stamp_tip(x, y, stroke.brush, stroke.ink, stroke.style); }, [] { keep_picture_alive(); });
+}
+
+void draw_closed_outline()
+{
+    Points& points = tool_input.point_list;
+    if (!points.empty()) points.push_back(Point{points.front()});
+    draw_to_frame(0, 0, current_tool(), current_ink(), toolbox.brush_tip);
+}
+
+} // namespace kelu
