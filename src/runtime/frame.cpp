@@ -45,6 +45,7 @@ void paint_pointer(BITMAP* target, bool scaled, bool waiting)
 
 void take_frame_snapshot()
 {
+    note_frame_size();
     FrameSnapshot& shot = frame_snapshot;
     shot.mouse_x = pointer.mouse_x;
     shot.mouse_y = pointer.mouse_y;

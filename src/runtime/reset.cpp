@@ -4,6 +4,7 @@
 #include "draw/operation.h"
 #include "draw/undo.h"
 #include "gui/menus.h"
+#include "gui/scheme.h"
 #include "gui/slots.h"
 #include "runtime/actors.h"
 #include "runtime/animation.h"
@@ -21,7 +22,6 @@
 #include "runtime/pixels.h"
 #include "runtime/preferences.h"
 #include "runtime/random.h"
-#include "runtime/scheme.h"
 #include "runtime/shape_settings.h"
 #include "runtime/store.h"
 #include "runtime/text_settings.h"
@@ -66,7 +66,7 @@ void FW_initialize_variables()
     color_settings = {};
     grid = {};
     macros = {};
-    scheme = {};
+    menu_scheme = {};
     shape_settings = {};
     text_settings = {};
     hotkeys = {};

@@ -45,9 +45,15 @@ void update_mouse_position()
 
 void clamp_pan()
 {
+    view.pan_x = clamped(view.pan_x, logical_w, view.frame_w);
+    view.pan_y = clamped(view.pan_y, logical_h, view.frame_h);
+}
+
+void note_frame_size()
+{
     if (!store.frame_bitmap) return;
-    view.pan_x = clamped(view.pan_x, logical_w, store.frame_bitmap.width());
-    view.pan_y = clamped(view.pan_y, logical_h, store.frame_bitmap.height());
+    view.frame_w = store.frame_bitmap.width();
+    view.frame_h = store.frame_bitmap.height();
 }
 
 void zoom_step(int in)

@@ -16,6 +16,7 @@ struct View {
     Shared<int> pan_x = 0, pan_y = 0;                 ///< frame pixel at the screen's top left corner, may be negative
     Shared<int> frame_mouse_x = 0, frame_mouse_y = 0; ///< frame pixel under the pointer
     Shared<int> view_center_x = 0, view_center_y = 0; ///< frame pixel in the middle of the view
+    Shared<int> frame_w = 2, frame_h = 2;             ///< size of frame_bitmap, for the timers; note_frame_size
     std::array<float, 7> view_w{}, view_h{};          ///< frame pixels in view at each level; entry 0 as entry 1
     std::array<int, max_frames> frame_pan_x{}, frame_pan_y{}; ///< view position when the frame was left
     std::array<int, max_frames> frame_zoom = [] {             ///< zoom level when the frame was left
@@ -40,6 +41,10 @@ void clamp_pan();
 void zoom_step(int in);
 /// Zoom level 1 with the frame in the middle of the screen.
 void center_view();
+
+/// Tells the timers the size of the frame: they can't look at a bitmap that the main thread may be replacing. run_frame
+/// calls it, and so does whoever replaces frame_bitmap and needs the pan held before the next frame.
+void note_frame_size();
 
 /// The zoom factor of the live level: 1, 2, 4, 8, 16 or 32.
 inline int zoom_factor() { return 1 << (view.zoom - 1); }

@@ -1,0 +1,55 @@
+// The store's folder and the names of the files in it.
+//
+// WORKSPACE lies below the program's folder and is part of what is delivered; nothing here creates it. Whoever works
+// on the store enters it for the time of a block and uses bare names.
+#pragma once
+
+#include <string>
+
+namespace kelu {
+
+constexpr const char* workspace_folder = "WORKSPACE";
+
+/// The four sets of files: the workspace, the frames put aside while an archive is loaded, a second workspace that
+/// takes over when the first has no state, and frames that could not be read.
+namespace file_set {
+constexpr const char* current = "current";
+constexpr const char* backup = "backup";
+constexpr const char* alternate = "alternate";
+constexpr const char* damaged = "damaged";
+} // namespace file_set
+
+/// Name of a frame's file, "current.007" for frame 7; or of the same frame in another set.
+std::string frame_file(int frame, const std::string& set = file_set::current);
+/// Name of a file of a set by its ending: "spa", "cel", "tip" or "nal".
+std::string set_file(const char* ending, const std::string& set = file_set::current);
+
+/// The store's folder as the working directory for the time of a block. At its end the process goes to the folder that
+/// the caller named, or back to where it was when there is no such folder.
+class WorkspaceVisit {
+public:
+    explicit WorkspaceVisit(std::string leave_to);
+    ~WorkspaceVisit();
+    WorkspaceVisit(const WorkspaceVisit&) = delete;
+    WorkspaceVisit& operator=(const WorkspaceVisit&) = delete;
+    /// False: the program's folder is gone, and the working directory is as before.
+    bool found_program() const { return found_program_; }
+    /// False: the store's folder could not be entered.
+    bool entered() const { return entered_; }
+
+private:
+    std::string before_, leave_to_;
+    bool found_program_, entered_;
+};
+
+/// Tells of a file that could not be written: a line in the log, and row `message` of the status line for two seconds.
+void report_unwritten(const std::string& name, int message);
+
+/// The name, or the first of "name.1", "name.2" ... that is free; empty when a thousand are taken.
+std::string free_name(const std::string& name);
+
+/// Puts a file that could not be read aside under a free name made from `set_name`, so that nothing overwrites it.
+/// Returns that name; empty when the file could not be moved.
+std::string keep_unreadable(const std::string& name, const std::string& set_name);
+
+} // namespace kelu

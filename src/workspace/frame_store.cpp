@@ -1,0 +1,185 @@
+#include "workspace/frame_store.h"
+
+#include "draw/undo.h"
+#include "gui/tooltips.h"
+#include "imagefile/tga.h"
+#include "platform/files.h"
+#include "runtime/browser_state.h"
+#include "runtime/log.h"
+#include "runtime/pixels.h"
+#include "runtime/run_state.h"
+#include "runtime/store.h"
+#include "runtime/view.h"
+#include "workspace/folder.h"
+#include "workspace/frame_cache.h"
+#include "workspace/merged.h"
+#include "workspace/repair.h"
+#include "workspace/thumbnails.h"
+#include <algorithm>
+
+namespace kelu {
+namespace {
+
+constexpr int backdrop_lightness = 86; // steps of lightness from one checker tile to the next
+
+/// Mean lightness of the picture, 0 to 255: half of the largest and smallest channel of each pixel.
+int mean_lightness(BITMAP* picture)
+{
+    long sum = 0;
+    for (int y = 0; y < picture->h; ++y) {
+        const int* line = row(picture, y);
+        for (int x = 0; x < picture->w; ++x) {
+            const auto [low, high] = std::minmax({red_of(line[x]), green_of(line[x]), blue_of(line[x])});
+            sum += low + high;
+        }
+    }
+    return static_cast<int>(sum / (2L * picture->w * picture->h));
+}
+
+Bitmap read_stored_frame(const std::string& name)
+{
+    Bitmap merged = read_tga(name);
+    const bool large_enough = merged.width() >= least_frame_side && merged.height() >= least_frame_side;
+    return large_enough ? std::move(merged) : Bitmap();
+}
+
+bool load_onion(const std::string& name)
+{
+    Bitmap merged = read_stored_frame(name);
+    if (merged && store.alpha_edit_mode) {
+        // The skin takes the role of the frame: in alpha editing it shows the alpha picture.
+        Bitmap color(merged.width(), merged.height());
+        if (!color) return false;
+        alpha_strip(merged, merged, color);
+    }
+    store.onion_bitmap = std::move(merged);
+    return static_cast<bool>(store.onion_bitmap);
+}
+
+void keep_view(int frame)
+{
+    const auto slot = static_cast<std::size_t>(frame);
+    view.frame_pan_x[slot] = view.pan_x;
+    view.frame_pan_y[slot] = view.pan_y;
+    view.frame_zoom[slot] = view.zoom;
+}
+
+void take_view(int frame)
+{
+    const auto slot = static_cast<std::size_t>(frame);
+    view.frame_zoom[slot] = std::clamp(view.frame_zoom[slot], 1, max_zoom);
+    view.pan_x = view.frame_pan_x[slot];
+    view.pan_y = view.frame_pan_y[slot];
+    view.zoom = view.frame_zoom[slot];
+}
+
+/// Brings thumbnail, file and view of the live frame to where they are kept. False: the file could not be written.
+bool commit_frame(int frame)
+{
+    update_frame_nail(1);
+    if (frame_changed() && !write_frame(frame)) return false;
+    keep_view(frame);
+    return true;
+}
+
+} // namespace
+
+bool write_frame(int frame)
+{
+    const std::string name = frame_file(frame);
+    if (write_tga(name, store.frame_bitmap.width(), store.frame_bitmap.height(), merged_rows())) return true;
+    run_state.workspace_damaged = 1;
+    report_unwritten(name, TIP_FRAME_NOT_WRITTEN);
+    return false;
+}
+
+bool adopt_picture(Bitmap merged, bool becomes_restoration)
+{
+    if (!merged) return false;
+    const int w = merged.width(), h = merged.height();
+    Bitmap alpha(w, h), coverage(w, h), frame;
+    if (becomes_restoration) frame = Bitmap(w, h);
+    if (!alpha || !coverage || (becomes_restoration && !frame)) return false;
+    if (becomes_restoration) {
+        alpha_strip(merged, frame, alpha);
+        store.restoration_bitmap = std::move(merged);
+    } else {
+        alpha_strip(merged, merged, alpha);
+        frame = std::move(merged);
+    }
+    store.frame_bitmap = std::move(frame);
+    store.alpha_bitmap = std::move(alpha);
+    store.coverage_bitmap = std::move(coverage);
+    note_frame_size();
+    clamp_pan();
+    if (w < logical_w || h < logical_h) view.backdrop = mean_lightness(color_picture()) / backdrop_lightness;
+    reset_undo_slots();
+    return true;
+}
+
+bool load_frame_file(const std::string& name, int how, int kind)
+{
+    if (!platform::file_exists(name)) {
+        log_line("[ ERROR ] : Tried to load non-existent file! Name = %s", name);
+        return false;
+    }
+    if (how == LOAD_ONION) return load_onion(name);
+    if (how == LOAD_STORED) return adopt_picture(read_stored_frame(name), true);
+    return read_picture && adopt_picture(read_picture(name, kind), false);
+}
+
+bool fetch_frame(int old_slot, int new_slot, int mode)
+{
+    if (new_slot < 0 || new_slot >= store.frame_count) {
+        log_line("[ ERROR ] : New_frame OOB in call to fetch_frame! slot = %d", new_slot);
+        return false;
+    }
+    const bool swaps = mode == 0 && new_slot != old_slot;
+    if (swaps && (old_slot < 0 || old_slot >= max_frames)) {
+        log_line("[ ERROR ] : Old_frame OOB in call to fetch_frame! slot = %d", old_slot);
+        return false;
+    }
+    const WorkspaceVisit visit(mode != 0 || swaps ? browser_state.browser_dir : std::string());
+    if (!visit.entered()) {
+        log_line("[ ERROR ] : WORKSPACE directory unavailable. Aborting frame swap!");
+        return false;
+    }
+    if (mode != 0) {
+        store.onion_bitmap.reset();
+        return load_frame_file(frame_file(new_slot), LOAD_ONION, 0);
+    }
+    if (swaps) {
+        if (!commit_frame(old_slot)) return false;
+        refresh_frame_cache();
+    }
+    if (!load_frame_file(frame_file(new_slot), LOAD_STORED, 0)) replace_damaged_frame(new_slot);
+    store.current_frame = new_slot;
+    take_view(new_slot);
+    return true;
+}
+
+int count_workspace_frames()
+{
+    const WorkspaceVisit visit({});
+    int count = 0;
+    for (int frame = 0; visit.entered() && frame < max_frames; ++frame)
+        count += platform::file_exists(frame_file(frame));
+    return count;
+}
+
+bool show_onion_skin()
+{
+    if (store.frame_count < 2) return false;
+    const int before = (store.current_frame + store.frame_count - 1) % store.frame_count;
+    if (!store.onion_bitmap) fetch_frame(store.current_frame, before, 1);
+    view.onion_on = 1;
+    return true;
+}
+
+void drop_onion_skin()
+{
+    view.onion_on = 0;
+    store.onion_bitmap.reset();
+}
+
+} // namespace kelu

@@ -1,0 +1,55 @@
+// The frames of a workspace: one in memory, all others on disk as `current.NNN`.
+//
+// The files 0 to frame_count - 1 exist without gaps, and their numbering is the order of the frames. The file of the
+// current frame is stale until the frame is committed: at a swap, and at the end of the program. Main thread.
+#pragma once
+
+#include "runtime/bitmap.h"
+#include <string>
+
+namespace kelu {
+
+constexpr int default_frame_w = 320; ///< size of a blank frame in pixels, whatever the others have
+constexpr int default_frame_h = 240;
+constexpr int least_frame_side = 2; ///< pixels
+
+/// Where `load_frame_file` puts what it reads.
+enum LoadPurpose : int {
+    LOAD_ONION = -2,  ///< a stored frame into the onion skin
+    LOAD_STORED = -1, ///< a stored frame into the live bitmaps
+    LOAD_PICTURE = 0  ///< a picture file of another program into the live bitmaps
+};
+
+/// Reader of picture files, for LOAD_PICTURE: the picture in merged form, empty when the file can't be read. `kind`
+/// is 0 for the formats that go by their extension, 1 for JPEG, 2 for ICO. The dispatcher of picture files sets it.
+using PictureReader = Bitmap (*)(const std::string& name, int kind);
+inline PictureReader read_picture = nullptr;
+
+/// Commits `old_slot` and makes `new_slot` the current frame. With equal slots nothing is committed and the edits of
+/// the live frame are gone. A mode that isn't 0 loads `new_slot` as the onion skin and changes nothing else. A frame
+/// that can't be read is replaced by a blank one. Returns false when nothing was fetched: the slot is out of range, or
+/// the old frame could not be written and stays in memory.
+bool fetch_frame(int old_slot, int new_slot, int mode);
+
+/// Reads a file of the working directory in one of the ways of LoadPurpose. The undo queues, coverage and backdrop
+/// follow a new frame; the restoration copy does only for a stored one. Returns false, and leaves the live bitmaps as
+/// they were, when the file is missing or can't be read.
+bool load_frame_file(const std::string& name, int how, int kind);
+
+/// Makes a picture in merged form the live frame, as `load_frame_file` does for a file that it has read.
+bool adopt_picture(Bitmap merged, bool becomes_restoration);
+
+/// Writes the live frame in merged form to `current.NNN` of the working directory. A failure is told to the user, sets
+/// `workspace_damaged` and returns false; the old file then stands.
+bool write_frame(int frame);
+
+/// How many of the names current.000 to current.099 exist in the store's folder.
+int count_workspace_frames();
+
+/// Loads the frame before the current one, the last one for frame 0, as the onion skin unless one is loaded, and shows
+/// it. Returns false when there are fewer than two frames.
+bool show_onion_skin();
+/// Switches the onion skin off and destroys its picture.
+void drop_onion_skin();
+
+} // namespace kelu

@@ -1,0 +1,113 @@
+#include "workspace/merged.h"
+
+#include "runtime/log.h"
+#include "runtime/pixels.h"
+#include "runtime/store.h"
+#include <algorithm>
+
+namespace kelu {
+namespace {
+
+constexpr int color_bits = 0xffffff;
+
+constexpr int merge_pixel(int color, int alpha)
+{
+    return static_cast<int>(static_cast<unsigned>(color & color_bits) | static_cast<unsigned>(red_of(alpha)) << 24);
+}
+
+constexpr int top_byte(int pixel) { return static_cast<int>(static_cast<unsigned>(pixel) >> 24); }
+
+void merge_row(int y, int* to, int w)
+{
+    const int* color = row(color_picture(), y);
+    const int* alpha = row(alpha_picture(), y);
+    std::transform(color, color + w, alpha, to, merge_pixel);
+}
+
+bool same_row(int y, const int* restored, int w)
+{
+    const int* color = row(color_picture(), y);
+    const int* alpha = row(alpha_picture(), y);
+    for (int x = 0; x < w; ++x)
+        if (((color[x] ^ restored[x]) & color_bits) != 0 || red_of(alpha[x]) != top_byte(restored[x])) return false;
+    return true;
+}
+
+bool same_size(const Bitmap& a, const Bitmap& b) { return a.width() == b.width() && a.height() == b.height(); }
+
+} // namespace
+
+Bitmap& color_picture() { return store.alpha_edit_mode ? store.alpha_bitmap : store.frame_bitmap; }
+Bitmap& alpha_picture() { return store.alpha_edit_mode ? store.frame_bitmap : store.alpha_bitmap; }
+
+void alpha_merge(BITMAP* dest)
+{
+    if (!dest || !store.frame_bitmap || !store.alpha_bitmap) {
+        log_line("[ ERROR ] : Whoops. Dest, frame, or swap bitmap is missing in alpha merge. Baborting.");
+        return;
+    }
+    if (store.alpha_edit_mode) gray_normalize(store.frame_bitmap);
+    const int w = std::min({dest->w, store.frame_bitmap.width(), store.alpha_bitmap.width()});
+    const int h = std::min({dest->h, store.frame_bitmap.height(), store.alpha_bitmap.height()});
+    for (int y = 0; y < h; ++y)
+        merge_row(y, row(dest, y), w);
+}
+
+RowSource merged_rows()
+{
+    if (store.alpha_edit_mode) gray_normalize(store.frame_bitmap);
+    return [](int y, int* pixels) { merge_row(y, pixels, store.frame_bitmap.width()); };
+}
+
+void alpha_strip(BITMAP* src, BITMAP* first, BITMAP* second)
+{
+    if (!src || !first || !second) {
+        log_line("[ ERROR ] : Whoops. Source, frame, or swap bitmap is missing in alpha strip. Baborting.");
+        return;
+    }
+    const int w = std::min({src->w, first->w, second->w});
+    const int h = std::min({src->h, first->h, second->h});
+    for (int y = 0; y < h; ++y) {
+        const int* from = row(src, y);
+        int* color = row(store.alpha_edit_mode ? second : first, y);
+        int* alpha = row(store.alpha_edit_mode ? first : second, y);
+        for (int x = 0; x < w; ++x) {
+            const int pixel = from[x]; // read before it is written: one of the two may be the source
+            const int level = top_byte(pixel);
+            color[x] = pixel & color_bits;
+            alpha[x] = pack_rgb(level, level, level);
+        }
+    }
+}
+
+void gray_normalize(BITMAP* bitmap)
+{
+    for (int y = 0; y < bitmap->h; ++y) {
+        int* line = row(bitmap, y);
+        for (int x = 0; x < bitmap->w; ++x) {
+            const int level = (red_of(line[x]) + green_of(line[x]) + blue_of(line[x])) / 3;
+            line[x] = pack_rgb(level, level, level);
+        }
+    }
+}
+
+void toggle_alpha_edit()
+{
+    if (!store.frame_bitmap || !same_size(store.frame_bitmap, store.alpha_bitmap)) return;
+    for (int y = 0; y < store.frame_bitmap.height(); ++y) {
+        int* frame = row(store.frame_bitmap, y);
+        std::swap_ranges(frame, frame + store.frame_bitmap.width(), row(store.alpha_bitmap, y));
+    }
+    if (store.alpha_edit_mode) gray_normalize(store.alpha_bitmap);
+    store.alpha_edit_mode = !store.alpha_edit_mode;
+}
+
+bool frame_changed()
+{
+    if (!same_size(store.frame_bitmap, store.restoration_bitmap)) return true;
+    for (int y = 0; y < store.frame_bitmap.height(); ++y)
+        if (!same_row(y, row(store.restoration_bitmap, y), store.frame_bitmap.width())) return true;
+    return false;
+}
+
+} // namespace kelu

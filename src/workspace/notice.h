@@ -1,0 +1,10 @@
+// How this folder asks the screens to tell the user something that needs an answer.
+#pragma once
+
+namespace kelu {
+
+/// Shows a dialog of one or two lines (rows of the strings, 0: no second line) with a single button, and returns when
+/// it has been answered. The dialogs of the screens set it; without it nothing shows.
+inline void (*show_notice)(int first_text, int second_text) = nullptr;
+
+} // namespace kelu

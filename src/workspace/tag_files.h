@@ -1,0 +1,20 @@
+// Tagged files on disk: written beside and renamed, and kept beside when they can't be read whole.
+#pragma once
+
+#include "workspace/tags.h"
+#include <span>
+#include <string>
+
+namespace kelu {
+
+enum class TagFile { MISSING, READ };
+
+/// Reads a file of the working directory into the variables of its rows. A file that can't be opened or is absurdly
+/// large is moved to `damaged_name` and counts as missing; of one that holds anything that is no known record a copy is
+/// kept there, so that the next write loses nothing.
+TagFile read_tag_file(const std::string& name, const std::string& damaged_name, std::span<const TagRow> rows);
+
+/// Writes the file. False when that failed, and the old file stands.
+bool write_tag_file(const std::string& name, std::span<const TagRow> rows);
+
+} // namespace kelu

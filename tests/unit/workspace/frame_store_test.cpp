@@ -1,0 +1,193 @@
+// Swapping frames: what is committed, what is loaded, and what a missing or broken file leaves.
+#include "workspace/frame_store.h"
+
+#include "draw/undo.h"
+#include "runtime/view.h"
+#include "workspace/merged.h"
+#include "workspace/thumbnails.h"
+#include "workspace_fixture.h"
+
+namespace kelu {
+namespace {
+
+using FrameStoreTest = WorkspaceTest;
+
+int pixel(BITMAP* bitmap, int x = 0, int y = 0) { return row(bitmap, y)[x]; }
+
+} // namespace
+
+TEST_F(FrameStoreTest, SwapCommitsAChangedFrameWithItsView)
+{
+    make_frames(3);
+    row(store.frame_bitmap, 0)[0] = 0xabcdef;
+    view.pan_x = 3, view.pan_y = -4, view.zoom = 5;
+    view.frame_pan_x[2] = 1, view.frame_zoom[2] = 0;
+    EXPECT_TRUE(fetch_frame(0, 2, 0));
+    EXPECT_EQ(stored_pixel(0), opaque | 0xabcdef);
+    EXPECT_EQ(view.frame_pan_x[0], 3);
+    EXPECT_EQ(view.frame_pan_y[0], -4);
+    EXPECT_EQ(view.frame_zoom[0], 5);
+    EXPECT_EQ(store.current_frame, 2);
+    EXPECT_EQ(view.pan_x, 1);
+    EXPECT_EQ(view.zoom, 1); // a stored zoom below 1 is 1
+    EXPECT_EQ(pixel(store.frame_bitmap), frame_color(2) & 0xffffff);
+    EXPECT_EQ(pixel(store.alpha_bitmap), 0xffffff);
+    EXPECT_EQ(pixel(store.restoration_bitmap), frame_color(2));
+    EXPECT_EQ(pixel(store.nail_sheet, 30, 30), 0x000010); // the thumbnail of frame 0
+}
+
+TEST_F(FrameStoreTest, UnchangedFrameIsNotRewrittenButTheSheetIs)
+{
+    make_frames(2);
+    const auto before = std::filesystem::last_write_time(in_store("current.000"));
+    EXPECT_FALSE(exists("current.nal"));
+    EXPECT_TRUE(fetch_frame(0, 1, 0));
+    EXPECT_EQ(std::filesystem::last_write_time(in_store("current.000")), before);
+    EXPECT_TRUE(exists("current.nal"));
+}
+
+TEST_F(FrameStoreTest, SameSlotDiscardsTheEdits)
+{
+    make_frames(1);
+    row(store.frame_bitmap, 0)[0] = 0xabcdef;
+    push_undo(false);
+    EXPECT_TRUE(fetch_frame(0, 0, 0));
+    EXPECT_EQ(pixel(store.frame_bitmap), 0x10);
+    EXPECT_EQ(stored_pixel(0), frame_color(0));
+    EXPECT_EQ(undo.undo_age, all_undo_slots_free);
+}
+
+TEST_F(FrameStoreTest, SwapKeepsAlphaEditing)
+{
+    make_frames(2);
+    toggle_alpha_edit();
+    row(store.frame_bitmap, 0)[0] = 0x404040;
+    EXPECT_TRUE(fetch_frame(0, 1, 0));
+    EXPECT_EQ(static_cast<unsigned>(stored_pixel(0)), 0x40000010U);
+    EXPECT_EQ(pixel(store.frame_bitmap), 0xffffff);
+    EXPECT_EQ(pixel(store.alpha_bitmap), 0x11);
+}
+
+TEST_F(FrameStoreTest, OnionModeLoadsTheRoleThatIsEdited)
+{
+    make_frames(2);
+    EXPECT_TRUE(fetch_frame(0, 1, 1));
+    EXPECT_EQ(pixel(store.onion_bitmap) & 0xffffff, 0x11);
+    EXPECT_EQ(store.current_frame, 0);
+    store.alpha_edit_mode = 1;
+    EXPECT_TRUE(fetch_frame(0, 1, 1));
+    EXPECT_EQ(pixel(store.onion_bitmap), 0xffffff);
+    store.alpha_edit_mode = 0;
+    drop_onion_skin();
+    EXPECT_TRUE(show_onion_skin()); // before frame 0 comes the last one
+    EXPECT_EQ(pixel(store.onion_bitmap) & 0xffffff, 0x11);
+    EXPECT_EQ(view.onion_on, 1);
+    store.frame_count = 1;
+    EXPECT_FALSE(show_onion_skin());
+}
+
+TEST_F(FrameStoreTest, SlotOutOfRangeChangesNothing)
+{
+    make_frames(1);
+    row(store.frame_bitmap, 0)[0] = 0xabcdef;
+    EXPECT_FALSE(fetch_frame(0, 1, 0));
+    EXPECT_FALSE(fetch_frame(0, -1, 1));
+    EXPECT_TRUE(logged("[ ERROR ] : New_frame OOB in call to fetch_frame! slot = -1"));
+    EXPECT_EQ(pixel(store.frame_bitmap), 0xabcdef);
+    EXPECT_EQ(stored_pixel(0), frame_color(0));
+}
+
+TEST_F(FrameStoreTest, BrokenFrameIsKeptAndReplacedByABlankOne)
+{
+    make_frames(3);
+    folder.put("WORKSPACE/current.001", "not a picture");
+    EXPECT_TRUE(fetch_frame(0, 1, 0));
+    EXPECT_EQ(store.current_frame, 1);
+    EXPECT_EQ(store.frame_bitmap.width(), 8); // the size of the frame that was left
+    EXPECT_EQ(store.frame_bitmap.height(), 6);
+    EXPECT_EQ(pixel(store.frame_bitmap), 0);
+    EXPECT_EQ(run_state.workspace_damaged, 1);
+    EXPECT_EQ(bytes("damaged.001"), "not a picture");
+    EXPECT_EQ(stored_pixel(1), opaque);
+
+    EXPECT_TRUE(fetch_frame(1, 0, 0));
+    folder.put("WORKSPACE/current.001", "again"); // a second one doesn't take the first one's place
+    EXPECT_TRUE(fetch_frame(0, 1, 0));
+    EXPECT_EQ(bytes("damaged.001"), "not a picture");
+    EXPECT_EQ(bytes("damaged.001.1"), "again");
+}
+
+TEST_F(FrameStoreTest, MissingAndTooSmallFramesBecomeBlank)
+{
+    make_frames(2);
+    std::filesystem::remove(in_store("current.001"));
+    EXPECT_TRUE(fetch_frame(0, 1, 0));
+    EXPECT_TRUE(logged("[ ERROR ] : Tried to load non-existent file! Name = current.001"));
+    EXPECT_EQ(stored_pixel(1), opaque);
+    EXPECT_FALSE(exists("damaged.001"));
+    put_frame(0, opaque | 5, 1, 9); // narrower than a frame may be
+    EXPECT_TRUE(fetch_frame(1, 0, 0));
+    EXPECT_TRUE(exists("damaged.000"));
+    EXPECT_EQ(store.frame_bitmap.width(), 8);
+}
+
+TEST_F(FrameStoreTest, FailedWriteRefusesTheSwapAndKeepsTheFrame)
+{
+    make_frames(2);
+    row(store.frame_bitmap, 0)[0] = 0xabcdef;
+    std::filesystem::remove(in_store("current.000"));
+    std::filesystem::create_directory(in_store("current.000")); // what no file can take the place of
+    EXPECT_FALSE(fetch_frame(0, 1, 0));
+    EXPECT_EQ(store.current_frame, 0);
+    EXPECT_EQ(pixel(store.frame_bitmap), 0xabcdef);
+    EXPECT_EQ(run_state.workspace_damaged, 1);
+    EXPECT_TRUE(logged("[ ERROR ] : Couldn't write file! Name = current.000"));
+    std::filesystem::remove(in_store("current.000"));
+    EXPECT_TRUE(fetch_frame(0, 1, 0));
+    EXPECT_EQ(stored_pixel(0), opaque | 0xabcdef);
+}
+
+TEST_F(FrameStoreTest, PictureOfAnotherProgramKeepsTheRestorationCopy)
+{
+    make_frames(1);
+    folder.put("picture", "x");
+    read_picture = [](const std::string&, int kind) { return kind == 0 ? Bitmap(4, 3, 0x40000033) : Bitmap(); };
+    EXPECT_TRUE(load_frame_file("picture", LOAD_PICTURE, 0));
+    EXPECT_EQ(store.frame_bitmap.width(), 4);
+    EXPECT_EQ(store.coverage_bitmap.width(), 4);
+    EXPECT_EQ(pixel(store.frame_bitmap), 0x33);
+    EXPECT_EQ(pixel(store.alpha_bitmap), 0x404040);
+    EXPECT_EQ(pixel(store.restoration_bitmap), frame_color(0));
+    EXPECT_FALSE(load_frame_file("picture", LOAD_PICTURE, 1)); // one that can't be read
+    EXPECT_FALSE(load_frame_file("missing", LOAD_PICTURE, 0));
+    EXPECT_EQ(pixel(store.frame_bitmap), 0x33);
+    read_picture = nullptr;
+}
+
+TEST_F(FrameStoreTest, BackdropFollowsTheLightnessOfSmallFrames)
+{
+    ASSERT_TRUE(adopt_picture(Bitmap(8, 8, opaque | 0xaa0202), true)); // (170 + 2) / 2 = 86
+    EXPECT_EQ(view.backdrop, 1);
+    ASSERT_TRUE(adopt_picture(Bitmap(8, 8, opaque | 0xaa0101), true));
+    EXPECT_EQ(view.backdrop, 0);
+    ASSERT_TRUE(adopt_picture(Bitmap(8, 8, opaque | 0xffffff), true));
+    EXPECT_EQ(view.backdrop, 2);
+    ASSERT_TRUE(adopt_picture(Bitmap(320, 240, opaque), true)); // nothing shows round a frame that fills the screen
+    EXPECT_EQ(view.backdrop, 2);
+    EXPECT_FALSE(adopt_picture(Bitmap(), true));
+}
+
+TEST_F(FrameStoreTest, ThumbnailOfASmallFrameIsStretchedFirst)
+{
+    make_frames(1);
+    store.current_frame = 12;
+    update_frame_nail(0);
+    EXPECT_EQ(pixel(store.nail_sheet, nail_x(12), nail_y(12)), 0x10);
+    EXPECT_EQ(pixel(store.nail_sheet, nail_x(12) + 39, nail_y(12) + 39), 0x10);
+    EXPECT_EQ(pixel(store.nail_sheet, nail_x(13), nail_y(12)), 0);
+    move_nail(12, 99);
+    EXPECT_EQ(pixel(store.nail_sheet, 399, 399), 0x10);
+    EXPECT_FALSE(exists("current.nal"));
+}
+
+} // namespace kelu

@@ -1,0 +1,78 @@
+// A program folder with an empty store, and the program's tables on their start values.
+#pragma once
+
+#include "gui/strings.h"
+#include "imagefile/tga.h"
+#include "platform/files.h"
+#include "runtime/log.h"
+#include "runtime/run_state.h"
+#include "runtime/startup.h"
+#include "runtime/store.h"
+#include "support/temporary_folder.h"
+#include "workspace/blank_workspace.h"
+#include "workspace/folder.h"
+#include "workspace/frame_cache.h"
+#include "workspace/frame_store.h"
+#include "workspace/notice.h"
+#include <gtest/gtest.h>
+
+namespace kelu {
+
+class WorkspaceTest : public testing::Test {
+protected:
+    WorkspaceTest()
+    {
+        std::filesystem::create_directory("WORKSPACE");
+        std::filesystem::create_directory("resource");
+        log_open();
+        FW_initialize_variables();
+        clear_frame_cache();
+        run_state.program_dir = folder.path().string();
+        store.nail_sheet = Bitmap(400, 400);
+        store.tip_sheet = Bitmap(206, 62);
+        store.cel_bitmap = Bitmap(2, 2);
+        store.cel_source_bitmap = Bitmap(2, 2);
+        told.clear();
+        show_notice = [](int first, int) { told.push_back(first); };
+    }
+    ~WorkspaceTest() override
+    {
+        show_notice = nullptr;
+        log_close();
+    }
+
+    bool exists(const std::string& name) const { return std::filesystem::exists(folder.path() / "WORKSPACE" / name); }
+    std::filesystem::path in_store(const std::string& name) const { return folder.path() / "WORKSPACE" / name; }
+    std::string bytes(const std::string& name) const { return folder.text("WORKSPACE/" + name); }
+    /// The log so far.
+    std::string log() const { return folder.text("FW_log.txt"); }
+    bool logged(const std::string& line) const { return log().find(line) != std::string::npos; }
+
+    /// Puts a frame of one merged colour on disk.
+    void put_frame(int frame, int color, int w = 8, int h = 6) const
+    {
+        ASSERT_TRUE(write_tga(in_store(frame_file(frame)).string(), Bitmap(w, h, color)));
+    }
+    /// The first pixel of a stored frame; 0 when there is none.
+    int stored_pixel(int frame) const
+    {
+        const Bitmap picture = read_tga(in_store(frame_file(frame)).string());
+        return picture ? row(picture, 0)[0] : 0;
+    }
+    /// Frames 0 to n - 1, frame i of the opaque colour 0x10 + i, of which the first is current.
+    void make_frames(int n)
+    {
+        for (int i = 0; i < n; ++i)
+            put_frame(i, frame_color(i));
+        store.frame_count = n;
+        store.current_frame = 0;
+        ASSERT_TRUE(fetch_frame(0, 0, 0));
+    }
+    static constexpr int opaque = static_cast<int>(0xff000000U);
+    static constexpr int frame_color(int i) { return opaque | (0x10 + i); }
+
+    TemporaryFolder folder;
+    inline static std::vector<int> told; ///< first lines of the dialogs shown
+};
+
+} // namespace kelu
