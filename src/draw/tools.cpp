@@ -4,6 +4,7 @@
 #include "draw/fill.h"
 #include "draw/freehand_shape.h"
 #include "draw/inks.h"
+#include "draw/move.h"
 #include "draw/outline.h"
 #include "draw/oval.h"
 #include "draw/poly.h"
@@ -70,7 +71,7 @@ constexpr std::array<ToolRow, TOOL_COUNT> rows{{
     {TOOL_EDGE, gather_press, render_edge, close_colors},
     {TOOL_FILL, gather_press, render_fill, close_colors},
     {TOOL_LINE, gather_two_points, render_line, {}},
-    no_gather(TOOL_MOVE),
+    {TOOL_MOVE, gather_node<move_tool>, nullptr, {}},
     {TOOL_OVAL, gather_oval, nullptr, hollow},
     {TOOL_POLY, poly_tool, render_point_list, hollow},
     {TOOL_RPOLY, gather_node<regular_polygon_tool>, render_point_list, hollow},

@@ -1,6 +1,7 @@
 // One frame, from the bottom of the picture to its top.
 #include "runtime/frame.h"
 
+#include "draw/cel_render.h"
 #include "draw/preview.h"
 #include "framework/actor_shadow.h"
 #include "framework/tint.h"
@@ -41,6 +42,14 @@ void paint_pointer(BITMAP* target, bool scaled, bool waiting)
     }
 }
 
+/// The writers of the overlay. Each clears it first, so that the last to run is what shows.
+void draw_previews()
+{
+    if (cel_work.cel_place.mode != CEL_NONE) draw_cel_preview();
+    if (preview.preview_kind != no_preview) draw_tool_preview();
+    if (cel_work.grab_x != no_grab) draw_grab_marker();
+}
+
 } // namespace
 
 void take_frame_snapshot()
@@ -68,7 +77,7 @@ void run_frame(uint8_t no_tool_preview)
     const bool waiting = no_tool_preview != 0;
     update_actor_shadow();
     take_frame_snapshot();
-    if (!waiting && preview.preview_kind != no_preview) draw_tool_preview();
+    if (!waiting) draw_previews();
     paint_background(picture);
     paint_frame(picture, !waiting && !clean);
     if (!clean && !waiting) paint_crosshairs(picture);

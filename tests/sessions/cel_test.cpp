@@ -1,0 +1,284 @@
+// Cels by mouse: grabbing, dragging, anchoring, and the tool that lifts a piece of the frame.
+#include "draw/cel_grab.h"
+#include "draw/cel_paste.h"
+#include "draw/cel_stretch.h"
+#include "draw/cel_turn.h"
+#include "draw/shape_panel.h"
+#include "draw/tool_loop.h"
+#include "draw/undo.h"
+#include "gui/menus.h"
+#include "gui/tooltips.h"
+#include "runtime/frame.h"
+#include "runtime/pixels.h"
+#include "runtime/preferences.h"
+#include "runtime/run_state.h"
+#include "runtime/store.h"
+#include "runtime/toolbox.h"
+#include "runtime/view.h"
+#include "support/session.h"
+#include <gtest/gtest.h>
+
+namespace kelu {
+
+using test::RIGHT_BUTTON;
+using test::Session;
+
+namespace {
+
+int frame_pixel(int x, int y) { return row(store.frame_bitmap, y)[x]; }
+
+void paint_block(int left, int top, int right, int bottom, int color)
+{
+    rectfill(store.frame_bitmap, left, top, right, bottom, color);
+}
+
+/// Gives a cel of w x h pixels of one colour.
+void give_cel(int w, int h, int color)
+{
+    store.cel_source_bitmap = Bitmap(w, h, color);
+    store.cel_bitmap = Bitmap(w, h, color);
+}
+
+/// What a home loop does after its operation: nothing, until the program ends.
+void idle()
+{
+    while (!leaving())
+        run_frame(0);
+}
+
+/// Runs frames until the operation waits for its first click.
+bool waits_with(Session& session, int message)
+{
+    return session.frames_until([message] { return menus.status_message == message; });
+}
+
+/// A click on a slot, as the logic reports it to a menu.
+void report_click(Session& session, int slot)
+{
+    gui.event[slot] = 1;
+    session.frame(2);
+}
+
+} // namespace
+
+TEST(Cels, GrabDragAndAnchorAreOneUndoStep)
+{
+    Session session([] {
+        cel_get(no_corner_yet, no_corner_yet, true);
+        cel_paste(true, true);
+        idle();
+    });
+    toolbox.ink_slots[0] = INK_OPAQUE;
+    paint_block(10, 10, 19, 19, 0x20c040);
+    paint_block(12, 12, 12, 12, 0x000000); // the mask colour: left out of the paste
+    paint_block(50, 30, 59, 39, 0xff0000);
+    ASSERT_TRUE(waits_with(session, TIP_GRAB_FIRST));
+    session.click_at(19, 10);
+    EXPECT_EQ(cel_work.grab_x, 19);
+    EXPECT_EQ(menus.status_message, TIP_GRAB_SECOND);
+    session.click_at(10, 19);
+    ASSERT_TRUE(waits_with(session, TIP_CEL_REPOSITION));
+    EXPECT_EQ(cel_work.grab_x, no_grab);
+    EXPECT_EQ(store.cel_bitmap.width(), 10);
+    EXPECT_EQ(cel.cel_origin_y, 10);
+    session.click_at(100, 100); // beside the cel: nothing
+    session.click_at(15, 15);   // takes it
+    session.move(55, 35);
+    EXPECT_EQ(frame_pixel(55, 35), 0xff0000) << "only the preview moves";
+    session.click_at(55, 35); // drops it
+    session.click_at(200, 100, RIGHT_BUTTON);
+    session.frame(3);
+    EXPECT_EQ(frame_pixel(50, 30), 0x20c040);
+    EXPECT_EQ(frame_pixel(59, 39), 0x20c040);
+    EXPECT_EQ(frame_pixel(52, 32), 0xff0000);
+    EXPECT_EQ(cel.cel_origin_x, 50);
+    EXPECT_EQ(cel_work.cel_place.mode, CEL_NONE);
+    EXPECT_EQ(menus.status_message, TIP_NONE);
+    undo_step();
+    EXPECT_EQ(frame_pixel(50, 30), 0xff0000);
+}
+
+TEST(Cels, RightClickCancelsAGrab)
+{
+    Session session([] {
+        cel_get(no_corner_yet, no_corner_yet, true);
+        idle();
+    });
+    give_cel(3, 3, 0x123456);
+    ASSERT_TRUE(waits_with(session, TIP_GRAB_FIRST));
+    session.click_at(10, 10);
+    session.click_at(30, 30, RIGHT_BUTTON);
+    session.frame(3);
+    EXPECT_EQ(store.cel_bitmap.width(), 3);
+    EXPECT_EQ(cel_work.grab_x, no_grab);
+    EXPECT_EQ(menus.status_message, TIP_NONE);
+}
+
+TEST(Cels, BelowFillsTheMaskColourAndKeepsTheOrigin)
+{
+    Session session([] {
+        give_cel(4, 1, 0x20c040);
+        cel.cel_origin_x = cel.cel_origin_y = 40;
+        cel_below();
+        idle();
+    });
+    toolbox.ink_slots[0] = INK_OPAQUE;
+    paint_block(41, 40, 41, 40, 0x050000);
+    ASSERT_TRUE(waits_with(session, TIP_CEL_REPOSITION));
+    session.click_at(200, 100, RIGHT_BUTTON);
+    session.frame(3);
+    EXPECT_EQ(frame_pixel(40, 40), 0x20c040);
+    EXPECT_EQ(frame_pixel(41, 40), 0x050000);
+    EXPECT_EQ(frame_pixel(43, 40), 0x20c040);
+}
+
+TEST(Cels, OffscreenWindowBringsTheCelOrGoesToIt)
+{
+    Session session([] {
+        give_cel(20, 10, 0x20c040);
+        cel.cel_origin_x = 3000;
+        cel.cel_origin_y = 0;
+        cel_paste(true, true);
+        idle();
+    });
+    ASSERT_TRUE(session.frames_until([] { return menus.menu_id == MENU_DIALOG; }));
+    report_click(session, 3); // BRING CEL HERE
+    session.frame(3);
+    EXPECT_EQ(cel_work.cel_place.x, view.view_center_x - 10);
+    EXPECT_EQ(cel_work.cel_place.y, view.view_center_y - 5);
+    EXPECT_EQ(cel_work.cel_in_view, 1);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW) << "the window goes when the cel is in view";
+    session.click_at(20, 200, RIGHT_BUTTON);
+    session.frame(2);
+    EXPECT_EQ(cel.cel_origin_x, view.view_center_x - 10);
+}
+
+TEST(Cels, TurnTakesItsAngleFromTheSlider)
+{
+    Session session([] {
+        give_cel(21, 3, 0x20c040);
+        cel_turn();
+        idle();
+    });
+    toolbox.ink_slots[0] = INK_OPAQUE;
+    ASSERT_TRUE(waits_with(session, TIP_CEL_CENTER));
+    session.click_at(60, 60);
+    ASSERT_TRUE(waits_with(session, TIP_ROTATION));
+    EXPECT_GT(gui.x[0], 60) << "the panel stands far from the centre";
+    gui.scroll_value[PANEL_OWN] = 90;
+    session.frame(2);
+    EXPECT_EQ(cel_work.cel_place.x2, 63); // 90 x 0.711111111, truncated
+    report_click(session, PANEL_OKAY);
+    session.frame(3);
+    EXPECT_EQ(frame_pixel(60, 55), 0x20c040);
+    EXPECT_EQ(frame_pixel(52, 60), 0x000000);
+    EXPECT_EQ(cel.cel_rotation, 90);
+    undo_step();
+    EXPECT_EQ(frame_pixel(60, 55), 0x000000);
+}
+
+TEST(Cels, CancelledTurnLeavesTheFrameAndTheUndoQueue)
+{
+    Session session([] {
+        give_cel(21, 3, 0x20c040);
+        cel_turn();
+        idle();
+    });
+    ASSERT_TRUE(waits_with(session, TIP_CEL_CENTER));
+    session.click_at(60, 60);
+    ASSERT_TRUE(waits_with(session, TIP_ROTATION));
+    const UndoAges before = undo.undo_age;
+    report_click(session, PANEL_CANCEL);
+    session.frame(3);
+    EXPECT_EQ(frame_pixel(60, 60), 0x000000);
+    EXPECT_EQ(undo.undo_age, before);
+    EXPECT_EQ(cel_work.cel_place.mode, CEL_NONE);
+}
+
+TEST(Cels, StretchIsSizedMovedAndAnchored)
+{
+    Session session([] {
+        give_cel(2, 2, 0x20c040);
+        cel_stretch();
+        idle();
+    });
+    toolbox.ink_slots[0] = INK_OPAQUE;
+    ASSERT_TRUE(waits_with(session, TIP_STRETCH_FROM));
+    session.click_at(40, 40);
+    ASSERT_TRUE(waits_with(session, TIP_STRETCH_SIZE));
+    session.click_at(60, 50); // the size stands
+    session.frame(2);
+    EXPECT_EQ(menus.status_message, TIP_STRETCH_OR_MOVE);
+    session.click_at(50, 45); // inside: moves both corners
+    session.move(150, 145);
+    session.click_at(150, 145);
+    session.click_at(10, 200, RIGHT_BUTTON);
+    session.frame(3);
+    EXPECT_EQ(frame_pixel(140, 140), 0x20c040);
+    EXPECT_EQ(frame_pixel(159, 149), 0x20c040);
+    EXPECT_EQ(frame_pixel(160, 149), 0x000000);
+    EXPECT_EQ(frame_pixel(50, 45), 0x000000);
+}
+
+TEST(Cels, MoveLiftsAPieceAndBringsTheUsersCelBack)
+{
+    Session session;
+    toolbox.ink_slots[0] = INK_OPAQUE;
+    toolbox.tool_slots[0] = TOOL_MOVE;
+    toolbox.mask_color = 0x0000ff;
+    give_cel(5, 7, 0x123456);
+    cel.cel_origin_x = 77;
+    paint_block(20, 20, 29, 29, 0x20c040);
+    session.click_at(20, 20);
+    session.click_at(29, 29);
+    session.frame(3);
+    EXPECT_EQ(frame_pixel(25, 25), 0x0000ff) << "the gap has the mask colour";
+    session.click_at(25, 25);
+    session.move(65, 35);
+    session.click_at(65, 35, RIGHT_BUTTON); // drops and anchors
+    session.frame(3);
+    EXPECT_EQ(frame_pixel(60, 30), 0x20c040);
+    EXPECT_EQ(frame_pixel(69, 39), 0x20c040);
+    EXPECT_EQ(store.cel_source_bitmap.height(), 7);
+    EXPECT_EQ(cel.cel_origin_x, 77);
+    session.key(KEY_U);
+    EXPECT_EQ(frame_pixel(60, 30), 0x000000);
+    EXPECT_EQ(frame_pixel(25, 25), 0x20c040) << "one step takes the whole move back";
+}
+
+TEST(Cels, LeavingTheProgramPutsALiftedPieceDown)
+{
+    Session session;
+    toolbox.ink_slots[0] = INK_OPAQUE;
+    toolbox.tool_slots[0] = TOOL_MOVE;
+    paint_block(20, 20, 29, 29, 0x20c040);
+    session.click_at(20, 20);
+    session.click_at(29, 29);
+    session.frame(3);
+    EXPECT_EQ(frame_pixel(25, 25), 0x000000);
+    run_state.exit_requested = 1;
+    session.frame(3);
+    EXPECT_EQ(frame_pixel(25, 25), 0x20c040);
+}
+
+TEST(Cels, PictureIsPastedOnceAndNeverMasked)
+{
+    Session session([] {
+        give_cel(3, 3, 0x123456);
+        Bitmap picture(4, 4, 0x000000);
+        row(picture, 0)[0] = 0x20c040;
+        paste_picture(std::move(picture));
+        idle();
+    });
+    toolbox.ink_slots[0] = INK_OPAQUE;
+    paint_block(0, 0, 9, 9, 0xff0000);
+    ASSERT_TRUE(waits_with(session, TIP_CEL_REPOSITION));
+    session.click_at(200, 100, RIGHT_BUTTON);
+    session.frame(3);
+    EXPECT_EQ(frame_pixel(0, 0), 0x20c040);
+    EXPECT_EQ(frame_pixel(3, 3), 0x000000) << "black is pasted, although it is the mask colour";
+    EXPECT_EQ(frame_pixel(4, 4), 0xff0000);
+    EXPECT_EQ(store.cel_source_bitmap.width(), 3);
+}
+
+} // namespace kelu

@@ -1,0 +1,240 @@
+// The cel as a picture, where it is drawn, and what it leaves in the frame.
+#include "draw/cel.h"
+
+#include "draw/cel_render.h"
+#include "draw/undo.h"
+#include "runtime/frame_snapshot.h"
+#include "runtime/log.h"
+#include "runtime/pixels.h"
+#include "runtime/preferences.h"
+#include "runtime/run_state.h"
+#include "runtime/sheets.h"
+#include "runtime/store.h"
+#include "runtime/toolbox.h"
+#include "runtime/view.h"
+#include "support/pixel_text.h"
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace kelu {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+const test::Legend legend{{'.', 0x000000}, {'a', 0xff0000}, {'b', 0x00ff00},    {'c', 0x0000ff},
+                          {'d', 0xffff00}, {'n', 0x040404}, {'t', mask_magenta}};
+
+class CelTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        reset();
+        screen_state.tool_overlay = Bitmap(logical_w, logical_h, mask_magenta);
+        sheets.hatch_tile = Bitmap(tile_side, tile_side, 0xffffff);
+        fill_view_tables();
+        toolbox.ink_slots[0] = INK_OPAQUE;
+    }
+    void TearDown() override { reset(); }
+
+    static void set_frame(const Lines& lines)
+    {
+        store.frame_bitmap = test::from_text(lines, legend);
+        store.coverage_bitmap = Bitmap(store.frame_bitmap.width(), store.frame_bitmap.height());
+        push_undo(false);
+    }
+    static void set_cel(const Lines& lines)
+    {
+        store.cel_source_bitmap = test::from_text(lines, legend);
+        store.cel_bitmap = store.cel_source_bitmap.copy();
+    }
+    static Lines frame() { return test::to_text(store.frame_bitmap, legend); }
+    static Lines shown(const Bitmap& bitmap) { return test::to_text(bitmap, legend); }
+
+private:
+    static void reset()
+    {
+        undo = {};
+        store = {};
+        toolbox = {};
+        preferences = {};
+        cel = {};
+        cel_work = {};
+        view = {};
+        frame_snapshot = {};
+        screen_state.tool_overlay.reset();
+        sheets = {};
+    }
+};
+
+TEST_F(CelTest, MaskTakesWhatIsNearerThanTheTolerance)
+{
+    preferences.cel_tolerance = 5;
+    Bitmap picture = test::from_text({".na"}, legend);
+    apply_cel_mask(picture, 0x000000);
+    EXPECT_EQ(shown(picture), (Lines{"tta"}));
+    preferences.cel_tolerance = 4;
+    picture = test::from_text({".na"}, legend);
+    apply_cel_mask(picture, 0x000000);
+    EXPECT_EQ(shown(picture), (Lines{"tna"}));
+    preferences.cel_masking = 0;
+    picture = test::from_text({".na"}, legend);
+    apply_cel_mask(picture, 0x000000);
+    EXPECT_EQ(shown(picture), (Lines{".na"}));
+}
+
+TEST_F(CelTest, GrabBeyondTheFrameKeepsMagentaThere)
+{
+    set_frame({"ab", "cd"});
+    ASSERT_TRUE(take_cel({1, -1, 2, 1}));
+    EXPECT_EQ(shown(store.cel_source_bitmap), (Lines{"tt", "bt", "dt"}));
+    EXPECT_EQ(shown(store.cel_bitmap), (Lines{"tt", "bt", "dt"}));
+    EXPECT_FALSE(take_cel({0, 0, 40000, 40000}));
+    EXPECT_EQ(store.cel_bitmap.width(), 2);
+}
+
+TEST_F(CelTest, PictureIsFoundInItsBackground)
+{
+    set_frame({"......", "..a...", "n.....", ".....b", "......"});
+    preferences.cel_tolerance = 5;
+    CelRect box = find_picture(0x000000);
+    EXPECT_EQ((std::array{box.left, box.top, box.right, box.bottom}), (std::array{2, 1, 5, 3}));
+    preferences.cel_tolerance = 1;
+    box = find_picture(0x000000);
+    EXPECT_EQ((std::array{box.left, box.top, box.right, box.bottom}), (std::array{0, 1, 5, 3}));
+    set_frame({"..", ".."});
+    box = find_picture(0x000000);
+    EXPECT_LT(box.width(), 1);
+}
+
+TEST_F(CelTest, OneColorKeepsWhatIsWithinTheTolerance)
+{
+    preferences.cel_tolerance = 4;
+    toolbox.brush_color = 0x00ff00;
+    Bitmap picture = test::from_text({".nad"}, legend);
+    cel_one_color(picture, 0x000000);
+    EXPECT_EQ(shown(picture), (Lines{".nbb"}));
+}
+
+TEST_F(CelTest, TurnsOfTheTransformWindow)
+{
+    const auto turned_by = [](void (*change)(BITMAP*, BITMAP*), const Lines& lines) {
+        Bitmap picture = test::from_text(lines, legend);
+        Bitmap scratch = picture.copy();
+        change(picture, scratch);
+        EXPECT_EQ(test::to_text(picture, legend), test::to_text(scratch, legend));
+        return test::to_text(picture, legend);
+    };
+    EXPECT_EQ(turned_by(flip_cel, {"ab", "cd"}), (Lines{"cd", "ab"}));
+    EXPECT_EQ(turned_by(mirror_cel, {"ab", "cd"}), (Lines{"ba", "dc"}));
+    EXPECT_EQ(turned_by(turn_cel, {"ab", "cd"}), (Lines{"ca", "db"}));
+    EXPECT_EQ(turned_by(flip_cel, {"at", "cd"}), (Lines{"cd", "ad"})); // magenta leaves what was there
+    const Lines wide = turned_by(turn_cel, {"a.....", "a....b"});      // loses its ends, and shows the mirrored picture
+    EXPECT_EQ(wide.size(), 2U);
+    EXPECT_EQ(wide[1].front(), 'b');
+}
+
+TEST_F(CelTest, KeptCelComesBack)
+{
+    set_cel({"ab"});
+    cel.cel_origin_x = 7;
+    {
+        const KeptCel kept;
+        set_cel({"c", "d"});
+        cel.cel_origin_x = 1;
+    }
+    EXPECT_EQ(shown(store.cel_source_bitmap), (Lines{"ab"}));
+    EXPECT_EQ(shown(store.cel_bitmap), (Lines{"ab"}));
+    EXPECT_EQ(cel.cel_origin_x, 7);
+}
+
+TEST_F(CelTest, PlainAndBelowGoThroughTheInk)
+{
+    set_cel({"at", "cd"});
+    set_frame({"bb.", "b..", "..."});
+    cel_work.cel_place.x = 0;
+    cel_work.cel_place.y = 0;
+    commit_cel(CEL_PLAIN);
+    EXPECT_EQ(frame(), (Lines{"ab.", "cd.", "..."}));
+    set_frame({"bb.", "b..", "..."});
+    cel_work.cel_place.x = 1;
+    commit_cel(CEL_BELOW);
+    EXPECT_EQ(frame(), (Lines{"bbt", "bcd", "..."}));
+}
+
+TEST_F(CelTest, StretchTurnsOverAndIsTheSameWhereTheFrameCutsIt)
+{
+    set_cel({"ab", "cd"});
+    const auto stretched = [](int x, int y, int x2, int y2) {
+        set_frame({"....", "....", "....", "...."});
+        cel_work.cel_place = {.x = x, .y = y, .x2 = x2, .y2 = y2, .mode = CEL_STRETCH};
+        commit_cel(CEL_STRETCH);
+        return frame();
+    };
+    EXPECT_EQ(stretched(0, 0, 4, 4), (Lines{"aabb", "aabb", "ccdd", "ccdd"}));
+    EXPECT_EQ(stretched(4, 0, 0, 4), (Lines{"bbaa", "bbaa", "ddcc", "ddcc"}));
+    EXPECT_EQ(stretched(0, 2, 4, 0), (Lines{"ccdd", "aabb", "....", "...."}));
+    EXPECT_EQ(stretched(3, 3, 1, 1), (Lines{"....", ".dc.", ".ba.", "...."}));
+    EXPECT_EQ(stretched(2, 2, 2, 2), (Lines{"....", "....", "....", "...."}));
+    EXPECT_EQ(stretched(-30000, -2, 30004, 6), (Lines{"aabb", "aabb", "ccdd", "ccdd"}));
+    EXPECT_EQ(stretched(2, -4, 10, 4), (Lines{"..cc", "..cc", "..cc", "..cc"}));
+    // A box that the frame cuts shows the very pixels of the whole box.
+    set_cel({"abcdabc", "dcbadcb", "abddbca", "ccbbaad", "abcdbad"});
+    Bitmap whole(61, 47, mask_magenta);
+    stretch_sprite(whole, store.cel_bitmap, 0, 0, 61, 47);
+    set_frame(Lines(20, std::string(30, '.')));
+    cel_work.cel_place = {.x = -13, .y = -9, .x2 = -13 + 61, .y2 = -9 + 47, .mode = CEL_STRETCH};
+    commit_cel(CEL_STRETCH);
+    for (int y = 0; y < 20; ++y) {
+        for (int x = 0; x < 30; ++x)
+            ASSERT_EQ(row(store.frame_bitmap, y)[x], row(whole, y + 9)[x + 13]) << x << ' ' << y;
+    }
+}
+
+TEST_F(CelTest, RotationTurnsAboutTheMiddle)
+{
+    set_cel({"ab", "cd"});
+    set_frame({"....", "....", "....", "...."});
+    cel_work.cel_place = {.x = 2, .y = 2, .x2 = 64, .mode = CEL_ROTATION};
+    commit_cel(CEL_ROTATION);
+    EXPECT_EQ(frame(), (Lines{"....", ".ca.", ".db.", "...."}));
+}
+
+TEST_F(CelTest, PreviewStandsInViewCoordinatesAndNotesItsBox)
+{
+    set_cel({"ab", "cd"});
+    frame_snapshot.pan_x = 100;
+    frame_snapshot.pan_y = -20;
+    const auto overlay = [](int x, int y) { return row(screen_state.tool_overlay, y)[x]; };
+    cel_work.cel_place = {.x = 110, .y = 10, .mode = CEL_PLAIN, .show_outline = 0};
+    row(screen_state.tool_overlay, 0)[0] = 0x123456;
+    draw_cel_preview();
+    EXPECT_EQ(overlay(0, 0), mask_magenta);
+    EXPECT_EQ(overlay(10, 30), 0xff0000);
+    EXPECT_EQ(overlay(11, 31), 0xffff00);
+    EXPECT_EQ(cel_work.cel_in_view, 1);
+    cel_work.cel_place = {.x = 130, .y = 10, .x2 = 64, .mode = CEL_ROTATION, .show_outline = 0};
+    draw_cel_preview();
+    const CelPlace& place = cel_work.cel_place;
+    EXPECT_EQ((std::array{place.box_x, place.box_y, place.box_w, place.box_h}), (std::array{29, 29, 30, 30}));
+    for (const auto& [x, y, in_view] : {std::tuple{98, 0, 0}, {99, 0, 1}, {419, 0, 1}, {420, 0, 0}, {110, 220, 0}}) {
+        cel_work.cel_place = {.x = x, .y = y, .mode = CEL_PLAIN, .show_outline = 0};
+        draw_cel_preview();
+        EXPECT_EQ(cel_work.cel_in_view, in_view) << x << ' ' << y;
+    }
+}
+
+TEST_F(CelTest, SizeLabelLeansAwayFromTheCornerAndStaysOnTheScreen)
+{
+    const auto place = [](int mouse_x, int mouse_y) {
+        const LabelPlace at = stretch_label_place(100, 100, mouse_x, mouse_y, 40);
+        return std::pair(at.x, at.y);
+    };
+    EXPECT_EQ(place(150, 150), std::pair(157, 157));
+    EXPECT_EQ(place(272, 227), std::pair(279, 234));
+    EXPECT_EQ(place(273, 228), std::pair(226, 216)); // 273 + 7 + 40 reaches the edge
+    EXPECT_EQ(place(50, 50), std::pair(3, 38));
+    EXPECT_EQ(place(47, 12), std::pair(54, 19)); // no room on the left and above
+}
+
+} // namespace
+} // namespace kelu
