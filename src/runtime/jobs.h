@@ -16,6 +16,7 @@ enum JobType : int {
     JOB_DRAW_ACTOR = 8,
     JOB_WAIT = 9,
     JOB_SCRIPT_EVENT = 10,
+    JOB_APPLICATION_EVENT = 11, ///< queued by scripts; no handler here
     JOB_DRAG_WINDOW = 32,
     JOB_DUST = 53
 };

@@ -1,0 +1,244 @@
+// Scripts: compiled from text, loaded, and run tick by tick; and what malformed ones do.
+#include "framework/script.h"
+
+#include "framework/behaviors.h"
+#include "framework/framework_jobs.h"
+#include "framework/script_compiler.h"
+#include "runtime/actors.h"
+#include "runtime/bubble_table.h"
+#include "runtime/jobs.h"
+#include "runtime/run_state.h"
+#include "runtime/view.h"
+#include "support/log_lines.h"
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace kelu {
+namespace {
+
+using Bytes = std::vector<uint8_t>;
+using Lines = std::vector<std::string>;
+
+class ScriptTest : public testing::Test {
+protected:
+    ScriptTest()
+    {
+        reset_all();
+        run_state.timers_locked = 0;
+        register_framework_jobs();
+    }
+    ~ScriptTest() override
+    {
+        reset_all();
+        run_state = {};
+        view = {};
+        actor_layer = {};
+    }
+    static void reset_all()
+    {
+        for (int slot = 0; slot < max_scripts; ++slot)
+            reset_script(slot);
+        reset_actors();
+        clear_jobs();
+    }
+    /// Compiles a text, loads script 1 of it and starts it for actor 3.
+    static void start(std::string_view text, int slot = 0)
+    {
+        ASSERT_EQ(load_script_from(slot, 1, compile_script_text(text)), 1);
+        actor_at(3).Type = ACTOR_SPEAKER;
+        script_at(slot).script_owner = 3;
+        script_at(slot).script_active = 1;
+    }
+    static void tick(int n = 1)
+    {
+        for (int i = 0; i < n; ++i)
+            script_tick();
+    }
+    static bool contains(const Lines& lines, const std::string& line)
+    {
+        return std::find(lines.begin(), lines.end(), line) != lines.end();
+    }
+    LogLines log;
+};
+
+} // namespace
+
+TEST_F(ScriptTest, CompilesHeadsCommandsNumbersTextsAndRemarks)
+{
+    const Bytes expected{0xf0, 1,    50,                                // head, the rest of its line ignored
+                         2,    0xf2, 0,   1,   44,                      // [02 300
+                         21,   0xf2, 1,   0,   1,                       // [21 -1
+                         42,   0xf2, 0,   0,   1,   0xf2, 0,   0,    9, // [42 1 9
+                         0xf1, 0x22, 'A', ';', '[', '\n', '1', 0x22, 99};
+    EXPECT_EQ(compile_script_text("0150 the title 77\r\n [02] 300 ; 5 6 7\n [21 -1\n\n [42] 1 9 \"A;[\r\n1\" [99]"),
+              expected);
+    // Up to four characters make a number; a line may end anywhere.
+    EXPECT_EQ(compile_script_text(" 12345"), (Bytes{0xf2, 0, 4, 210, 0xf2, 0, 0, 5}));
+    EXPECT_EQ(compile_script_text(" ["), Bytes{0});
+    EXPECT_EQ(compile_script_text("7"), (Bytes{0xf0, 7, 0}));
+    EXPECT_EQ(compile_script_text(""), Bytes{});
+}
+
+TEST_F(ScriptTest, FilesAreCompiledAndLoadedByTheirIds)
+{
+    EXPECT_EQ(load_script(0, 150), -1) << "there is no folder yet";
+    std::filesystem::create_directory("resource");
+    compile_scripts();
+    EXPECT_FALSE(std::filesystem::exists("resource/mojo.def")) << "nothing to compile";
+    log.folder.put("resource/scripts.def", "0102\n[12]\n0150\n[02] 7 [99]\n0151\n");
+    compile_scripts();
+    EXPECT_EQ(load_script(4, 150), 150);
+    const auto& program = script_at(4).script_program;
+    const int expected[] = {2, 0xf2, 0, 0, 7, 99, 0xff, 0};
+    for (std::size_t i = 0; i < std::size(expected); ++i)
+        EXPECT_EQ(program[i], expected[i]);
+    EXPECT_EQ(load_script(4, 151), 151);
+    EXPECT_EQ(program[0], SCRIPT_END) << "an empty body ends at once";
+    EXPECT_EQ(load_script(4, 149), -1);
+    EXPECT_EQ(program[0], 0) << "the slot stays blank";
+    EXPECT_EQ(load_script(20, 150), -1);
+    EXPECT_TRUE(std::filesystem::equivalent(std::filesystem::current_path(), log.folder.path()));
+    EXPECT_EQ(load_script_from(1, 5, Bytes(20000, 7)), -1);
+    Bytes huge(20000, 7);
+    huge[0] = SCRIPT_RECORD;
+    EXPECT_EQ(load_script_from(1, 707, huge), 707);
+    EXPECT_EQ(script_at(1).script_program[9999], SCRIPT_END);
+}
+
+TEST_F(ScriptTest, AScriptSleepsSpeaksMovesTheViewAndEnds)
+{
+    actor_layer.lead_actor = 8;
+    start("0001\n [02] 100 [22] -40 300 [21] 5\n [42] 0 30 \"HELLO THERE\" [21] -1 [77] [99]\n");
+    tick(1 + 100);
+    EXPECT_EQ(view.pan_x, 0);
+    tick();
+    EXPECT_EQ(view.pan_x, -40);
+    EXPECT_EQ(view.pan_y, 300);
+    tick();
+    EXPECT_EQ(actor_layer.camera_target, 8);
+    tick();
+    EXPECT_EQ(bubble_at(1).bubble_actor, 3);
+    EXPECT_EQ(bubble_at(1).bubble_life, 30);
+    EXPECT_EQ(bubble_at(1).bubble_text[4], 'O');
+    tick();
+    EXPECT_EQ(actor_layer.camera_target, -1);
+    EXPECT_EQ(script_at(0).script_active, 1);
+    tick(2);
+    EXPECT_EQ(script_at(0).script_active, 0);
+    const Lines lines = log.take();
+    EXPECT_EQ(lines[0], "scribe command = 2");
+    EXPECT_EQ(lines[1], "script arg found! value = 100");
+    EXPECT_TRUE(contains(lines, "script arg found! value = -40"));
+    EXPECT_TRUE(contains(lines, "scribe command = 77")) << "an unknown command is passed over";
+    EXPECT_TRUE(contains(lines, ">> found quote mark at offset = 29"));
+}
+
+TEST_F(ScriptTest, AScriptWaitsForTheBehaviourThatAnEventNames)
+{
+    start("0001\n [10] 0 11 12 13 14 [03] [02] 0 [99]");
+    actor_at(6).BEHAVIOR[1] = BEHAVIOR_FORCE_PAUSE;
+    actor_layer.event_actor = 6;
+    actor_layer.event_slot = 1;
+    tick(2);
+    EXPECT_EQ(script_at(0).script_pending, 1) << "the job has not run yet";
+    EXPECT_EQ(job_queue[0].type, JOB_SCRIPT_EVENT);
+    EXPECT_EQ(job_queue[0].arguments[3], 14);
+    EXPECT_EQ(job_queue[0].arguments[7], 0);
+    run_jobs();
+    tick(3);
+    EXPECT_EQ(script_at(0).script_pending, 0);
+    EXPECT_EQ(script_at(0).script_waiting, 1);
+    BE_clear_behavior(6, 1);
+    tick();
+    EXPECT_EQ(script_at(0).script_waiting, 0);
+    EXPECT_EQ(script_at(0).script_wait_actor, -1);
+    tick(3);
+    EXPECT_EQ(script_at(0).script_active, 0);
+}
+
+TEST_F(ScriptTest, AScriptFadesActorsAndKeepsJobNumbers)
+{
+    start("0001\n [60] -1 0 5 [70] 0 0 0 0 2 [71] 0 0 0 0 0 0 3 [60] 2 1 5 [99]");
+    tick();
+    EXPECT_EQ(actor_at(3).actor_opacity, 254);
+    EXPECT_EQ(actor_at(3).BEHAVIOR[0], BEHAVIOR_TRUE_FADE);
+    EXPECT_EQ(actor_at(3).behavior_params[0][0], -2);
+    EXPECT_EQ(script_at(0).script_wait_actor, 0);
+    tick(2);
+    EXPECT_EQ(script_at(0).script_vars[2], 255) << "no job was taken in this pass";
+    EXPECT_EQ(script_at(0).script_vars[3], 255);
+    tick();
+    EXPECT_TRUE(contains(log.take(), "[ ERROR ] : WHO parameter OOB in call to get_free_behavior()! who = 255"));
+    // A job of an earlier slot in the same pass counts.
+    reset_all();
+    push_to_job(JOB_CLEAR, 0, 0, 0, 0, 0, 0, 0, 0, 9);
+    start("0001\n [20] 0 1 2 3 4 [99]", 0);
+    start("0001\n [70] 0 0 0 0 31 [99]", 1);
+    tick();
+    EXPECT_EQ(script_at(1).script_vars[31], 1);
+    EXPECT_EQ(job_queue[1].type, JOB_APPLICATION_EVENT);
+}
+
+TEST_F(ScriptTest, MalformedScriptsEndWithTheirLines)
+{
+    start("0001\n [12] 1 2 3 4 5 6 7 8 9 10 [99]");
+    tick();
+    EXPECT_TRUE(contains(log.take(), "[ ERROR ] : MAXIMUM NUMBER OF SCRIPT ARGUMENTS EXCEEDED! Offset = 0"));
+    EXPECT_EQ(script_at(0).script_args[9], 10);
+    EXPECT_EQ(script_at(0).script_pc, 42);
+
+    start("0001\n [42] 0 5 \"NO END", 1);
+    tick();
+    EXPECT_TRUE(contains(log.take(), "[ ERROR ] : PROBLEMS PROCESSING SCRIPT STRING! offset = 17"));
+    start("0001\n [42] 0 5 \"" + std::string(300, 'A') + "\" [99]", 1);
+    tick();
+    EXPECT_TRUE(contains(log.take(), "[ ERROR ] : PROBLEMS TRANSFERRING SCRIPT STRING! offset = 310"));
+    EXPECT_EQ(bubble_at(1).bubble_actor, -1) << "half a text is not said";
+    start("0001\n [42] 0 5 \"" + std::string(299, 'A') + "\" [99]", 1);
+    tick();
+    EXPECT_EQ(bubble_at(1).bubble_text[298], 'A');
+
+    // A number that is cut off by the program's end, and words that no file holds.
+    reset_all();
+    EXPECT_EQ(load_script_from(0, 1, Bytes{0xf0, 0, 1, 2, 0xf2}), 1);
+    script_at(0).script_active = 1;
+    tick(40);
+    script_at(0).script_pc = 9999;
+    script_at(0).script_program[9999] = SCRIPT_NUMBER;
+    script_at(0).script_active = 1;
+    tick(2);
+    EXPECT_EQ(read_args(0, 9998), 4);
+    EXPECT_EQ(read_string(0, 20000), 1);
+}
+
+TEST_F(ScriptTest, ALongScriptAndAFullQueueEndThePass)
+{
+    std::string longer = "0001\n";
+    for (int i = 0; i < 1100; ++i)
+        longer += " [77]";
+    start(longer, 0);
+    start("0001\n [22] 5 5 [99]", 1);
+    wave_displacers[0].running = 1;
+    wave_displacers[0].limit = 999;
+    tick(1000);
+    EXPECT_EQ(script_at(0).script_active, 1);
+    EXPECT_EQ(wave_displacers[0].counter, 1000);
+    EXPECT_EQ(wave_displacers[0].ended, 1);
+    EXPECT_EQ(wave_displacers[1].counter, 0);
+    tick();
+    EXPECT_EQ(script_at(0).script_active, 0);
+    EXPECT_EQ(wave_displacers[0].counter, 1000) << "the pass ended early";
+    EXPECT_EQ(log.take().back(), "[ ERROR ] : Infinite loop encountered in script slot 0");
+    wave_displacers = {};
+
+    start("0001\n [10] 0 1 2 3 4 [99]", 0);
+    for (int i = 0; i < max_jobs; ++i)
+        push_to_job(63, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+    tick();
+    EXPECT_EQ(log.take().back(), "[ ERROR ] : Ran out of job queue slots inside script! Job = -1");
+    run_state.timers_locked = 1;
+    tick();
+    EXPECT_EQ(log.take(), Lines{});
+}
+
+} // namespace kelu
