@@ -1,6 +1,8 @@
 // The start-up sequence. Each step leans on what the one before it left in the global tables.
 #include "runtime/startup.h"
 
+#include "framework/framework_jobs.h"
+#include "framework/script.h"
 #include "framework/tint.h"
 #include "platform/files.h"
 #include "platform/host.h"
@@ -99,8 +101,10 @@ void prepare()
     make_bitmaps();
     pointer.last_mouse_z = ::mouse_z;
     platform::host->position_mouse(screen_state.screen_w / 2, screen_state.screen_h / 2);
+    wave_displacers = {};
     actor_at(0).Type = reserved_actor_type;
     fill_view_tables();
+    register_framework_jobs();
     install_interrupts();
     restore_workspace();
 }

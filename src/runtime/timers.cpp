@@ -5,6 +5,8 @@
 #include "runtime/startup.h"
 
 #include "framework/behaviors.h"
+#include "framework/bubbles.h"
+#include "framework/script.h"
 #include "platform/host.h"
 #include "screens/application_tick.h"
 
@@ -13,8 +15,14 @@ namespace {
 
 /// In the order of installation, which is the order of running among those that are due together.
 constexpr TimerRow timers[] = {
-    {world_tick, 26515},  {behavior_tick, 8522}, {application_tick, logic_period_slow},
-    {caret_tick, 119318}, {sample_tick, 238636}, {mouse_tick, 9943},
+    {bubble_tick, 26515},
+    {script_tick, 11931},
+    {world_tick, 26515},
+    {behavior_tick, 8522},
+    {application_tick, logic_period_slow},
+    {caret_tick, 119318},
+    {sample_tick, 238636},
+    {mouse_tick, 9943},
     {clock_tick, 2386},
 };
 

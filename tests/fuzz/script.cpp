@@ -1,8 +1,8 @@
 // Any bytes as the body of a compiled script, and any text as the source of one, for some hundred ticks.
+#include "framework/script.h"
 #include "framework/behaviors.h"
 #include "framework/bubbles.h"
 #include "framework/framework_jobs.h"
-#include "framework/script.h"
 #include "framework/script_compiler.h"
 #include "runtime/jobs.h"
 #include "runtime/run_state.h"
