@@ -24,7 +24,7 @@ enum ActorType : int {
     ACTOR_FREE = 0,
     ACTOR_DUST = 9,
     ACTOR_ELEMENT = 12,
-    ACTOR_SPEAKER = 51, ///< its bubbles can be told to close
+    ACTOR_SPEAKER = 51,  ///< its bubbles can be told to close
     ACTOR_RESERVED = 99, ///< row 0, taken for good
     ACTOR_TINT = 666
 };
