@@ -10,9 +10,11 @@
 #include "runtime/run_state.h"
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <clocale>
 #include <cstdio>
 #include <string>
+#include <sys/prctl.h>
 
 namespace kelu::platform {
 namespace {
@@ -27,16 +29,25 @@ void close_button_callback()
     run_state.exit_requested = 1;
 }
 
+/// Threads that are started from here on may sleep this much longer than they ask for; 0: the system's default. The
+/// kernel then wakes them less often. Allegro's threads sleep in steps of a millisecond and make up for what they miss.
+void allow_oversleep(std::chrono::nanoseconds slack) { prctl(PR_SET_TIMERSLACK, slack.count(), 0, 0, 0); }
+
 bool start()
 {
+    using namespace std::chrono_literals;
     name_window_class();
+    allow_oversleep(30ms); // the event thread only repaints and watches between frames: `rest` delivers input
     if (allegro_init() != 0) return false;
     // Our text stands for the whole configuration: no allegro.cfg of this or another program has a say, and none is
     // written at the end.
     const std::string map = keyboard_map_text();
     set_config_data(map.c_str(), static_cast<int>(map.size()));
     end_on_signals();
-    if (install_timer() != 0 || install_keyboard() != 0 || install_mouse() < 0) return false;
+    allow_oversleep(4ms); // the timer thread, whose fastest callback the hand can feel runs every 8 ms
+    const bool timers_run = install_timer() == 0;
+    allow_oversleep(0ms);
+    if (!timers_run || install_keyboard() != 0 || install_mouse() < 0) return false;
     std::setlocale(LC_NUMERIC, "C"); // install_keyboard has set the user's, whose numbers may have commas
     three_finger_flag = 0;           // no end by Ctrl+Alt+End past our own shutdown
     fix_pixel_layout();
@@ -46,9 +57,17 @@ bool start()
 
 void set_title(const char* title) { set_window_title(title); }
 
-void rest_briefly(int milliseconds) { ::rest(static_cast<unsigned>(std::max(milliseconds, 0))); }
+void rest_briefly(int milliseconds)
+{
+    ::rest(static_cast<unsigned>(std::max(milliseconds, 0)));
+    deliver_input();
+}
 
-void wait_vertical_blank() { vsync(); }
+void wait_vertical_blank()
+{
+    vsync();
+    deliver_input();
+}
 
 bool install_timer_row(void (*tick)(), int period)
 {

@@ -13,6 +13,8 @@ bool enter_desktop_mode(const VideoMode& mode);
 void present_on_desktop(BITMAP* picture);
 /// Gives the window an icon, a picture of at most 256 x 256 in which magenta is transparent.
 void set_desktop_icon(BITMAP* picture);
+/// Takes the keys, the mouse and the window's events that have come since, without waiting for Allegro's event thread.
+void deliver_input();
 /// Leaves the mode, if there is one, and forgets the last picture.
 void close_desktop_window();
 

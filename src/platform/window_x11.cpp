@@ -1,5 +1,5 @@
-// What the desktop knows of our window beyond Allegro: its class and its icon. The only unit that sees X11 and
-// Allegro's own X words.
+// The window beyond Allegro's calls: its class and its icon for the desktop, its events for us. The only unit that sees
+// X11 and Allegro's own X words.
 #include "platform/desktop_window.h"
 
 #include "runtime/bitmap.h"
@@ -11,6 +11,9 @@
 namespace kelu::platform {
 
 void name_window_class() { xwin_set_window_name("kelu", "Kelu"); }
+
+// The handler takes the lock of the event thread.
+void deliver_input() { _xwin_handle_input(); }
 
 void set_desktop_icon(BITMAP* picture)
 {
