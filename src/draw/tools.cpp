@@ -81,7 +81,7 @@ constexpr std::array<ToolRow, TOOL_COUNT> rows{{
     {TOOL_SPIRAL, gather_node<spiral_tool>, render_point_list, {}},
     {TOOL_SPLINE, gather_spline, render_point_list, smooth},
     {TOOL_SPRAY, gather_snapped_press, render_spray, drops},
-    no_gather(TOOL_TEXT),
+    {TOOL_TEXT, nullptr, nullptr, antialiased},
 }};
 
 constexpr bool rows_in_order()

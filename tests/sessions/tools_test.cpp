@@ -1,95 +1,26 @@
-// Every tool by mouse, from its first click to its last.
+// The tools by mouse, from the first click to the last.
 #include "draw/oval.h"
-#include "draw/point_list.h"
-#include "draw/polygon.h"
 #include "draw/preview.h"
-#include "draw/shape_panel.h"
-#include "draw/spiral.h"
 #include "draw/spline.h"
-#include "draw/supershape.h"
 #include "draw/tools.h"
-#include "draw/undo.h"
-#include "gui/menus.h"
-#include "gui/slots.h"
 #include "runtime/clock.h"
 #include "runtime/grid.h"
 #include "runtime/jobs.h"
 #include "runtime/measure.h"
-#include "runtime/preferences.h"
-#include "runtime/run_state.h"
-#include "runtime/store.h"
-#include "runtime/toolbox.h"
 #include "runtime/view.h"
 #include "support/pictures.h"
 #include "support/point_print.h"
-#include "support/session.h"
-#include <algorithm>
-#include <gtest/gtest.h>
-#include <set>
+#include "support/tool_session.h"
 
 namespace kelu {
 
+using test::Pixels;
 using test::RIGHT_BUTTON;
 using test::Session;
 
 namespace {
 
-constexpr int ground = 0x000000;
-constexpr int color = 0x20c040;
-
-/// A session on the drawing menu, with one tool, "OPAQUE" and a tip of one pixel.
-class Tools : public testing::Test {
-protected:
-    Session session;
-
-    Tools() { preferences.mouse_swap = 0; }
-
-    void use(int tool, std::array<int, 3> options = {})
-    {
-        toolbox.tool_slots[0] = tool;
-        toolbox.tool_slot = 0;
-        toolbox.ink_slots[0] = INK_OPAQUE;
-        toolbox.ink_slot = 0;
-        toolbox.brush_tip = no_tip;
-        toolbox.brush_color = color;
-        std::ranges::copy(options, toolbox.tool_table[static_cast<std::size_t>(tool)].begin());
-    }
-
-    /// The pixels that the frame has in the brush colour.
-    static std::set<std::pair<int, int>> painted()
-    {
-        std::set<std::pair<int, int>> pixels;
-        for (int y = 0; y < store.frame_bitmap.height(); ++y)
-            for (int x = 0; x < store.frame_bitmap.width(); ++x)
-                if (row(store.frame_bitmap, y)[x] == color) pixels.emplace(x, y);
-        return pixels;
-    }
-
-    static std::set<std::pair<int, int>> outline(const Points& points)
-    {
-        std::set<std::pair<int, int>> pixels;
-        walk_outline(
-            points, store.frame_bitmap.width(), store.frame_bitmap.height(),
-            [&](int x, int y) { pixels.emplace(x, y); }, [] {});
-        return pixels;
-    }
-
-    static int snapshots()
-    {
-        return static_cast<int>(std::ranges::count_if(undo.undo_age, [](int age) { return age >= 0; }));
-    }
-
-    /// Pixels of the overlay that a preview has drawn.
-    static int previewed()
-    {
-        int count = 0;
-        for (int y = 0; y < logical_h; ++y)
-            count += static_cast<int>(std::count_if(row(screen_state.tool_overlay, y),
-                                                    row(screen_state.tool_overlay, y) + logical_w,
-                                                    [](int pixel) { return pixel != mask_magenta; }));
-        return count;
-    }
-};
+class Tools : public test::ToolSession {};
 
 TEST_F(Tools, LineRunsBetweenTwoClicksAndIsOneUndoStep)
 {
@@ -147,13 +78,13 @@ TEST_F(Tools, CircleRunsThroughTheSecondPoint)
     use(TOOL_CIRCLE);
     session.click_at(100, 100);
     session.click_at(130, 140);
-    std::set<std::pair<int, int>> rim;
+    Pixels rim;
     walk_circle({100, 100}, 50, [&](int x, int y) { rim.emplace(x, y); });
     EXPECT_EQ(painted(), rim);
     use(TOOL_CIRCLE, {1});
     session.click_at(100, 100);
     session.click_at(130, 140);
-    std::set<std::pair<int, int>> disc;
+    Pixels disc;
     walk_disc({100, 100}, 50, 240, [&](int left, int right, int y) {
         for (int x = left; x <= right; ++x)
             disc.emplace(x, y);
@@ -178,7 +109,7 @@ TEST_F(Tools, TheGridTakesTheNodesAndTheStrokes)
     row(store.frame_bitmap, 101)[103] = 0x0000ff;
     use(TOOL_FILL, {1});
     session.click_at(103, 101);
-    EXPECT_EQ(painted(), (std::set<std::pair<int, int>>{{103, 101}}));
+    EXPECT_EQ(painted(), (Pixels{{103, 101}}));
 }
 
 TEST_F(Tools, TheMeasurementIsAnchoredAtTheFirstPoint)
@@ -236,7 +167,7 @@ TEST_F(Tools, DrizIsWidestAtRestAndBreaksWhenFast)
 {
     use(TOOL_DRIZ, {6, 10});
     session.click_at(100, 100);
-    std::set<std::pair<int, int>> disc;
+    Pixels disc;
     walk_disc({100, 100}, 6, 240, [&](int left, int right, int y) {
         for (int x = left; x <= right; ++x)
             disc.emplace(x, y);
@@ -274,7 +205,7 @@ TEST_F(Tools, OvalTakesTwoAxes)
     EXPECT_GT(previewed(), 100);
     EXPECT_EQ(snapshots(), 0);
     session.click_at(100, 110);
-    std::set<std::pair<int, int>> chain;
+    Pixels chain;
     for (const Point p : interpolate_ellipse(100, 80, 40, 30, 360, 360))
         chain.emplace(p.x, p.y);
     EXPECT_EQ(painted(), chain);
@@ -303,7 +234,7 @@ TEST_F(Tools, PolyTakesCornersUntilARightClick)
     use(TOOL_POLY);
     session.click_at(30, 30);
     session.click_at(90, 90, RIGHT_BUTTON);
-    EXPECT_EQ(painted(), (std::set<std::pair<int, int>>{{30, 30}})) << "one corner is one point";
+    EXPECT_EQ(painted(), (Pixels{{30, 30}})) << "one corner is one point";
 }
 
 TEST_F(Tools, FreehandShapeClosesItself)
@@ -316,107 +247,6 @@ TEST_F(Tools, FreehandShapeClosesItself)
     session.release();
     session.frame(2);
     EXPECT_EQ(painted().size(), 41U * 41U);
-}
-
-TEST_F(Tools, PolygonPanelDrawsOnOkayAndKeepsItsValues)
-{
-    use(TOOL_RPOLY);
-    shape_settings.rpoly_settings = {.angle = 10, .radius = 40, .sides = 5};
-    session.click_at(150, 90);
-    EXPECT_EQ(menus.menu_id, MENU_RPOLY);
-    EXPECT_EQ(gui.scroll_value[PANEL_OWN + 1], 40);
-    gui.scroll_value[PANEL_OWN + 1] = 60;
-    session.frame(3);
-    EXPECT_GT(previewed(), 100);
-    EXPECT_EQ(snapshots(), 0);
-    session.click(PANEL_OKAY);
-    Points points;
-    Bounds bounds;
-    plot_polygon(150, 90, 10, 60, 5, points, bounds);
-    EXPECT_EQ(painted(), outline(points));
-    EXPECT_EQ(shape_settings.rpoly_settings.radius, 60);
-    EXPECT_EQ(menus.menu_id, MENU_DRAW);
-}
-
-TEST_F(Tools, PolygonPanelCancelsHidesAndDrags)
-{
-    use(TOOL_RPOLY);
-    shape_settings.rpoly_settings = {.angle = 0, .radius = 40, .sides = 4};
-    session.click_at(150, 90);
-    session.click_at(250, 90, RIGHT_BUTTON);
-    EXPECT_EQ(gui.hidden[0], 1);
-    session.click_at(250, 90, RIGHT_BUTTON);
-    EXPECT_EQ(gui.hidden[0], 0);
-    session.click_at(150, 100);
-    session.move(170, 105);
-    EXPECT_EQ(tool_input.show_bounds, 1);
-    EXPECT_EQ(tool_input.tool_nodes[0], Point(170, 95));
-    session.click_at(170, 105, RIGHT_BUTTON);
-    EXPECT_EQ(tool_input.tool_nodes[0], Point(150, 90)) << "the right button puts it back";
-    session.click_at(150, 100);
-    session.click_at(160, 100);
-    EXPECT_EQ(tool_input.tool_nodes[0], Point(160, 90));
-    EXPECT_EQ(tool_input.show_bounds, 0);
-    gui.scroll_value[PANEL_OWN + 2] = 9;
-    session.click(PANEL_CANCEL);
-    EXPECT_EQ(snapshots(), 0);
-    EXPECT_TRUE(painted().empty());
-    EXPECT_EQ(shape_settings.rpoly_settings.sides, 4);
-    EXPECT_EQ(menus.menu_id, MENU_DRAW);
-}
-
-TEST_F(Tools, ADragOffASliderIsNoClickOnTheCanvas)
-{
-    use(TOOL_RPOLY);
-    session.click_at(150, 90);
-    const int slider = PANEL_OWN + 1;
-    session.drag(gui.x[slider] + 60, gui.y[slider] + 5, 150, 95, 6);
-    EXPECT_EQ(tool_input.show_bounds, 0);
-    session.click(PANEL_CANCEL);
-    EXPECT_EQ(menus.menu_id, MENU_DRAW);
-}
-
-TEST_F(Tools, SupershapeStandsStillWhileTheViewPans)
-{
-    use(TOOL_SSHAPE);
-    shape_settings.supershape_settings = {.degrees = 0, .n1 = 200, .n2 = 200, .n3 = 200, .arms = 4, .magnitude = 0};
-    session.click_at(160, 100);
-    EXPECT_EQ(menus.menu_id, MENU_SUPERSHAPE);
-    EXPECT_EQ(shown_supershape.magnitude, 100) << "0 opens as 100";
-    gui.scroll_value[PANEL_OWN + 5] = 50;
-    view.pan_x = 20;
-    session.frame(2);
-    session.click(PANEL_OKAY);
-    Points points;
-    Bounds bounds;
-    const SupershapeSettings circle{.degrees = 0, .n1 = 200, .n2 = 200, .n3 = 200, .arms = 4, .magnitude = 50};
-    plot_supershape(140, 100, circle, points, bounds, [](Point, Point) {});
-    for (Point& p : points)
-        p.x += 20;
-    EXPECT_EQ(painted(), outline(points));
-    EXPECT_EQ(shape_settings.supershape_settings.magnitude, 50);
-}
-
-TEST_F(Tools, SpiralFollowsItsPanelAndTheMouse)
-{
-    use(TOOL_SPIRAL);
-    shape_settings.spiral_settings = {};
-    session.click_at(160, 90);
-    EXPECT_EQ(menus.menu_id, MENU_SPIRAL);
-    EXPECT_EQ(gui.scroll_value[PANEL_OWN + 1], 100) << "empty values open as the first ones";
-    EXPECT_EQ(gui.scroll_value[PANEL_OWN + 2], 5);
-    session.click(PANEL_OWN + 4);
-    session.click_at(165, 95);
-    session.move(185, 95);
-    EXPECT_EQ(tool_input.point_list.front(), Point(180, 90));
-    session.click_at(185, 95);
-    session.click(PANEL_OKAY);
-    Points points;
-    Bounds bounds;
-    plot_spiral(180, 90, 0, 100, 5, 0, true, points, bounds);
-    EXPECT_EQ(painted(), outline(points));
-    EXPECT_EQ(shape_settings.spiral_settings.flip, 1);
-    EXPECT_EQ(snapshots(), 1);
 }
 
 TEST_F(Tools, SplineSetsMovesAndJoinsNodes)
