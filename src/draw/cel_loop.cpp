@@ -139,6 +139,10 @@ void OffscreenWindow::close()
     if (!is_open_) return;
     is_open_ = false;
     close_screen();
+    if (behind_ == Behind::NOTHING) {
+        menus.menu_id = MENU_DIALOG;
+        return;
+    }
     call_hook(tool_hooks.build_draw_menu);
     if (menu_was_hidden_) menu_hide(0);
 }

@@ -39,11 +39,15 @@ Point mouse_in_view();
 /// Moves the view so that a frame position is in its middle, as far as the pan may go.
 void center_view_on(Point frame);
 
-/// The window that offers a way back when what is being placed has left the view. The screen's slots give way to it;
-/// in the end the drawing menu comes back, hidden if it was.
+/// The window that offers a way back when what is being placed has left the view. The screen's slots give way to it.
 class OffscreenWindow {
 public:
-    OffscreenWindow(int title, int first, int second) : texts_{title, first, second} {}
+    /// What comes back when the window closes.
+    enum class Behind {
+        DRAW_MENU, ///< hidden if it was
+        NOTHING    ///< a tool that has put the menu away
+    };
+    OffscreenWindow(int title, int first, int second, Behind behind) : texts_{title, first, second}, behind_(behind) {}
     ~OffscreenWindow() { close(); }
     OffscreenWindow(const OffscreenWindow&) = delete;
     OffscreenWindow& operator=(const OffscreenWindow&) = delete;
@@ -58,6 +62,7 @@ private:
     void open();
     void close();
     std::array<int, 3> texts_;
+    Behind behind_;
     bool is_open_ = false;
     bool menu_was_hidden_ = false;
 };

@@ -31,7 +31,8 @@ void clear_tool_measure()
 /// Lets the user place the floating cel. True when it was anchored, false when the program is leaving.
 bool place_cel()
 {
-    OffscreenWindow offscreen(TEXT_CEL_OFFSCREEN, TEXT_JUMP_TO_CEL, TEXT_BRING_CEL_HERE);
+    OffscreenWindow offscreen(TEXT_CEL_OFFSCREEN, TEXT_JUMP_TO_CEL, TEXT_BRING_CEL_HERE,
+                              OffscreenWindow::Behind::DRAW_MENU);
     CanvasButtons buttons;
     while (!leaving()) {
         menus.status_message = TIP_CEL_REPOSITION;

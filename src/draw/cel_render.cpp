@@ -101,8 +101,7 @@ void write_size(BITMAP* overlay, int x, int y, const StretchBox& box)
     std::array<char, 32> label{};
     std::snprintf(label.data(), label.size(), "%d%%, %d%%", percent(box.w, store.cel_bitmap.width()),
                   percent(box.h, store.cel_bitmap.height()));
-    constexpr int label_colour_set = 38;
-    set_outlined_text(FONT_NARROW, label_colour_set);
+    set_outlined_text(FONT_NARROW, SET_LIGHT_ALT);
     const FrameSnapshot& shot = frame_snapshot;
     const LabelPlace at = stretch_label_place(x, y, shot.frame_mouse_x - shot.pan_x, shot.frame_mouse_y - shot.pan_y,
                                               text_width(label.data()));

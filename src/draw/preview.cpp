@@ -2,6 +2,7 @@
 #include "draw/preview.h"
 
 #include "draw/dashes.h"
+#include "draw/gradient_nodes.h"
 #include "draw/grid.h"
 #include "draw/polygon.h"
 #include "draw/spline.h"
@@ -83,14 +84,31 @@ void draw_spline(const Sheet& sheet)
     sheet.list();
 }
 
+template <InkId Ink>
+void draw_gradient(const Sheet& sheet)
+{
+    draw_gradient_nodes(screen_state.tool_overlay, sheet.origin, Ink);
+}
+
 struct PreviewRow {
     int kind;
     void (*draw)(const Sheet& sheet);
 };
 constexpr PreviewRow previews[] = {
-    {TOOL_BOX, draw_rectangle}, {TOOL_CIRCLE, draw_circle}, {TOOL_LINE, draw_line},   {TOOL_OVAL, draw_list},
-    {TOOL_POLY, draw_corners},  {TOOL_RPOLY, draw_polygon}, {TOOL_FSHAPE, draw_list}, {TOOL_SSHAPE, draw_supershape},
-    {TOOL_SPIRAL, draw_spiral}, {TOOL_SPLINE, draw_spline},
+    {TOOL_BOX, draw_rectangle},
+    {TOOL_CIRCLE, draw_circle},
+    {TOOL_LINE, draw_line},
+    {TOOL_OVAL, draw_list},
+    {TOOL_POLY, draw_corners},
+    {TOOL_RPOLY, draw_polygon},
+    {TOOL_FSHAPE, draw_list},
+    {TOOL_SSHAPE, draw_supershape},
+    {TOOL_SPIRAL, draw_spiral},
+    {TOOL_SPLINE, draw_spline},
+    {preview_of_ink + INK_H_GRAD, draw_gradient<INK_H_GRAD>},
+    {preview_of_ink + INK_L_GRAD, draw_gradient<INK_L_GRAD>},
+    {preview_of_ink + INK_R_GRAD, draw_gradient<INK_R_GRAD>},
+    {preview_of_ink + INK_V_GRAD, draw_gradient<INK_V_GRAD>},
 };
 
 } // namespace

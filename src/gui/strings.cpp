@@ -475,6 +475,9 @@ constexpr LabelRow label_rows[] = {
     {TEXT_TITLE, "TITLE"},
     {TEXT_NOTES, "NOTES"},
     {TEXT_NEW, "NEW"},
+    {TEXT_NODES_OFFSCREEN, "NODES OFFSCREEN"},
+    {TEXT_JUMP_TO_START, "JUMP TO START"},
+    {TEXT_JUMP_TO_END, "JUMP TO END"},
 };
 
 /// The labels spread out by their rows; two labels on one row stop the build.

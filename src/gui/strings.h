@@ -329,6 +329,11 @@ enum TextId : int {
     TEXT_TITLE,
     TEXT_NOTES,
     TEXT_NEW,
+
+    // Nodes of the gradients.
+    TEXT_NODES_OFFSCREEN,
+    TEXT_JUMP_TO_START,
+    TEXT_JUMP_TO_END,
 };
 
 /// The table: `ui_strings[row]` is the text of a row, "" for a row that has none.

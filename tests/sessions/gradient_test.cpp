@@ -1,0 +1,118 @@
+// The nodes of the gradients by mouse and key.
+#include "draw/gradient.h"
+#include "draw/gradient_nodes.h"
+#include "draw/preview.h"
+#include "draw/tool_loop.h"
+#include "gui/menus.h"
+#include "gui/slots.h"
+#include "runtime/frame.h"
+#include "runtime/hotkeys.h"
+#include "runtime/store.h"
+#include "runtime/toolbox.h"
+#include "runtime/view.h"
+#include "support/session.h"
+#include <gtest/gtest.h>
+
+namespace kelu {
+
+using test::RIGHT_BUTTON;
+using test::Session;
+
+namespace {
+
+int node(int ink, int column)
+{
+    return toolbox.ink_table[static_cast<std::size_t>(ink)][static_cast<std::size_t>(column)];
+}
+
+void idle()
+{
+    while (!leaving())
+        run_frame(0);
+}
+
+bool placing_nodes(Session& session)
+{
+    return session.frames_until([] { return preview.preview_kind > preview_of_ink; });
+}
+
+} // namespace
+
+TEST(GradientNodes, AreTakenCarriedAndPutDown)
+{
+    Session session([] {
+        auto& cells = toolbox.ink_table[INK_L_GRAD];
+        cells[GRADIENT_START_X] = 50;
+        cells[GRADIENT_START_Y] = 60;
+        cells[GRADIENT_END_X] = 4000; // comes into the frame
+        cells[GRADIENT_END_Y] = -7;
+        reposition_gradient(INK_L_GRAD);
+        idle();
+    });
+    ASSERT_TRUE(placing_nodes(session));
+    EXPECT_EQ(node(INK_L_GRAD, GRADIENT_END_X), store.frame_bitmap.width() - 1);
+    EXPECT_EQ(node(INK_L_GRAD, GRADIENT_END_Y), 0);
+    session.click_at(59, 60); // 9 away: too far
+    session.move(100, 100);
+    EXPECT_EQ(node(INK_L_GRAD, GRADIENT_START_X), 50);
+    session.click_at(58, 60);
+    session.move(120, 90);
+    session.frame(2);
+    EXPECT_EQ(node(INK_L_GRAD, GRADIENT_START_X), 120);
+    EXPECT_EQ(node(INK_L_GRAD, GRADIENT_START_Y), 90);
+    session.click_at(120, 90);
+    session.move(10, 200);
+    session.frame(2);
+    EXPECT_EQ(node(INK_L_GRAD, GRADIENT_START_X), 120);
+    session.click_at(10, 200, RIGHT_BUTTON);
+    session.frame(3);
+    EXPECT_EQ(preview.preview_kind, no_preview);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+    EXPECT_EQ(toolbox.ink_derived[INK_L_GRAD][LINEAR_LENGTH], 218.0F); // from (120, 90) to (319, 0)
+}
+
+TEST(GradientNodes, LieOnOneAxisForTheGradientsAlongIt)
+{
+    Session session([] {
+        hotkeys.hotkey_table[ACTION_INK_OPTION].primary = KEY_PGUP;
+        toolbox.ink_table[INK_V_GRAD][GRADIENT_START] = 50;
+        toolbox.ink_table[INK_V_GRAD][GRADIENT_END] = 150;
+        reposition_gradient(INK_V_GRAD);
+        idle();
+    });
+    ASSERT_TRUE(placing_nodes(session));
+    session.click_at(300, 152); // only the height counts
+    session.move(20, 180);
+    session.frame(2);
+    EXPECT_EQ(node(INK_V_GRAD, GRADIENT_END), 180);
+    EXPECT_EQ(node(INK_V_GRAD, GRADIENT_END_X), 0);
+    session.click_at(20, 180);
+    session.key(KEY_PGUP);
+    session.frame(3);
+    EXPECT_EQ(preview.preview_kind, no_preview);
+}
+
+TEST(GradientNodes, OffscreenNodesAreOneJumpAway)
+{
+    Session session([] {
+        store.frame_bitmap = Bitmap(2000, 1000);
+        store.coverage_bitmap = Bitmap(2000, 1000);
+        auto& cells = toolbox.ink_table[INK_R_GRAD];
+        cells[GRADIENT_START_X] = 1500;
+        cells[GRADIENT_START_Y] = 700;
+        cells[GRADIENT_END_X] = 1600;
+        cells[GRADIENT_END_Y] = 700;
+        reposition_gradient(INK_R_GRAD);
+        idle();
+    });
+    ASSERT_TRUE(placing_nodes(session));
+    ASSERT_TRUE(session.frames_until([] { return gui.active[0] != 0; })) << "the window of the jumps";
+    gui.event[2] = 1;
+    session.frame(3);
+    EXPECT_EQ(view.pan_x, 1500 - 160);
+    EXPECT_EQ(view.pan_y, 700 - 120);
+    EXPECT_EQ(gui.active[0], 0) << "gone, and the menu still away";
+    EXPECT_EQ(menus.menu_id, MENU_DIALOG);
+}
+
+} // namespace kelu
