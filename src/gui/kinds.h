@@ -33,8 +33,8 @@ enum Kind : int {
     KIND_CUSTOM_TIP = 45,    ///< the custom tip, enlarged
     KIND_TIP_BUTTON = 46,    ///< a tip at button size
     KIND_VARIANCE_HUE = 47,  ///< a neighbour of a colour in hue
-    KIND_VARIANCE_2 = 48,    ///< in saturation
-    KIND_VARIANCE_3 = 49,    ///< in light
+    KIND_VARIANCE_2 = 48,    ///< in light
+    KIND_VARIANCE_3 = 49,    ///< in saturation
     KIND_VGA_PLANE = 50,     ///< plane of two colour channels, 0 to 63
     KIND_RGB_PLANE = 51,     ///< the same, 0 to 255
     KIND_HLS_PLANE = 52,     ///< light and saturation of a hue

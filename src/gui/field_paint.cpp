@@ -1,0 +1,37 @@
+// Kinds that show the text of a field and its caret.
+#include "gui/build.h"
+#include "gui/painters.h"
+#include "gui/panels.h"
+#include "gui/scheme.h"
+#include "gui/text.h"
+#include "runtime/clock.h"
+#include <algorithm>
+
+namespace kelu {
+namespace {
+
+constexpr int caret_shows_below = 3; // of `caret_phase`
+
+void draw_caret(int slot, int colour)
+{
+    if (gui_logic.gui_key_focus != slot || clock_state.caret_phase >= caret_shows_below) return;
+    const int font_slot = std::clamp(int(gui.field_font[slot]), 0, FONT_SLOT_COUNT - 1);
+    const Font& font = font_table[static_cast<std::size_t>(font_slot)];
+    const int x = gui.x[slot] + 2 + (gui.field_caret[slot] - gui.field_scroll[slot]) * font.advance['A'];
+    fill_area(x, gui.y[slot] + 1, x, gui.y[slot] + 2 + font.cell_h, colour);
+}
+
+} // namespace
+
+void draw_field(int slot, const Look& look)
+{
+    const bool edited = look.fill == LOOK_EDITED_BACKGROUND;
+    const int fill = gui.field_error[slot] ? menu_scheme.scheme_highlight_fore : look_colour(slot, look.fill);
+    draw_panel(slot, fill, look_border(look), solid_opacity);
+    const FieldText text = field_text_of(slot);
+    const int first = std::clamp(int(gui.field_scroll[slot]), 0, field_bytes - 1);
+    draw_characters(gui.x[slot] + 3, gui.y[slot] + 2, text.data() + first, gui.field_visible[slot], look.text);
+    draw_caret(slot, edited ? menu_scheme.scheme[SCHEME_SHADOW] : menu_scheme.scheme_shadow);
+}
+
+} // namespace kelu

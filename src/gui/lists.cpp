@@ -1,0 +1,89 @@
+// Lists: rows of labels, and the file browser's names.
+#include "gui/painters.h"
+#include "gui/panels.h"
+#include "gui/scheme.h"
+#include "gui/slots.h"
+#include "gui/strings.h"
+#include "gui/text.h"
+#include "runtime/browser_list.h"
+#include "runtime/browser_state.h"
+#include "runtime/frame_snapshot.h"
+#include "runtime/input.h"
+#include <algorithm>
+
+namespace kelu {
+namespace {
+
+constexpr int file_rows = 13;
+constexpr int file_pitch = 6; // pixels from name to name
+constexpr int bar_room = 13;  // pixels that a bar takes from a highlighted row
+
+int file_set(int entry, bool pointed)
+{
+    const auto index = static_cast<std::size_t>(entry);
+    if (pointed) return SET_TOOLTIP;
+    if (browser_state.browser_file == browser_listing.browser_list[index].data()) return SET_SELECTED;
+    return browser_listing.browser_isdir[index] ? SET_FOLDER : SET_BUTTON;
+}
+
+} // namespace
+
+void draw_row_highlight(int slot, int colour)
+{
+    const int pitch = gui.row_height[slot];
+    if (pointer.gui_hover_slot != slot || gui.hover_row[slot] == -1 || pitch < 1) return;
+    const int x = gui.x[slot];
+    const int y = gui.y[slot];
+    const int width = gui.row_width[slot] ? gui.row_width[slot] : gui.w[slot];
+    const int top = (frame_snapshot.mouse_y - 1 - y) / pitch * pitch;
+    fill_area(x + 2, y + 1 + top, x + width, y + pitch + top, colour);
+}
+
+void draw_list_rows(int slot, bool centred)
+{
+    const int font = std::clamp(int(gui.row_font[slot]), 0, FONT_SLOT_COUNT - 1);
+    const int pitch = gui.row_height[slot];
+    const int width = gui.row_width[slot] ? gui.row_width[slot] : gui.w[slot];
+    const int inset = gui.row_text_y[slot] + (pitch - font_table[static_cast<std::size_t>(font)].cell_h) / 2;
+    for (int r = 0; r < gui.list_rows[slot]; ++r) {
+        const int entry = r + gui.scroll_value[slot];
+        if (entry < 0 || entry >= max_list_items) return;
+        const int id = gui.list_items[slot][static_cast<std::size_t>(entry)];
+        const char* text = ui_strings[id];
+        if (id == 0 || *text == 0) continue;
+        set_plain_text(font, SET_LIGHT);
+        const int x = centred ? gui.x[slot] + width / 2 - text_width(text) / 2 : gui.x[slot] + 3 + gui.row_text_x[slot];
+        draw_text(gui_canvas, x, gui.y[slot] + 1 + inset + r * pitch, text);
+    }
+}
+
+void draw_list(int slot, const Look& look)
+{
+    draw_plain_panel(slot, look);
+    const bool edited = look.fill == LOOK_EDITED_BACKGROUND;
+    draw_row_highlight(slot, edited ? menu_scheme.scheme[SCHEME_SHADOW] : menu_scheme.scheme_shadow);
+    draw_list_rows(slot, false);
+}
+
+void draw_file_list(int slot, const Look& look)
+{
+    draw_plain_panel(slot, look);
+    const int x = gui.x[slot];
+    const int y = gui.y[slot];
+    const bool hovered = pointer.gui_hover_slot == slot;
+    const int pointed = hovered ? (frame_snapshot.mouse_y - 2 - y) / file_pitch : -1;
+    for (int r = 0; r < file_rows; ++r) {
+        const int entry = r + gui.scroll_value[slot];
+        if (entry < 0 || entry >= std::min(browser_listing.browser_count, browser_list_rows)) return;
+        if (r == pointed) {
+            const int right = x + gui.w[slot] - (gui.scroll_on[slot] ? bar_room : 2);
+            const int top = y + 1 + file_pitch * r;
+            fill_area(x + 2, top, right, top + file_pitch, menu_scheme.scheme_shadow);
+        }
+        draw_characters(x + 3, y + 2 + file_pitch * r,
+                        browser_listing.browser_list[static_cast<std::size_t>(entry)].data(), gui.field_visible[slot],
+                        file_set(entry, r == pointed));
+    }
+}
+
+} // namespace kelu

@@ -1,0 +1,82 @@
+// Place and contents of the status bar.
+#include "gui/status_bar.h"
+
+#include "gui/slots.h"
+#include "gui/text.h"
+#include "gui/tooltips.h"
+#include "runtime/frame_snapshot.h"
+#include "runtime/pixels.h"
+#include "runtime/preferences.h"
+#include "runtime/run_state.h"
+#include "runtime/store.h"
+#include "runtime/view.h"
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+namespace kelu {
+namespace {
+
+constexpr int readout_in_any_case = -1; // message: the bar shows, whatever options and menu say
+constexpr int darkest = 254;
+constexpr int bottom_line = logical_h - status_bar_h;
+
+/// On the top edge, or out of the way of the pointer and of a menu there.
+int bar_y()
+{
+    const bool menu_on_top = gui.y[0] < status_bar_h && gui.kind[0] != 0;
+    const int menu_end = gui.y[0] + gui.h[0];
+    if (menu_on_top) return frame_snapshot.mouse_y < bottom_line ? bottom_line : menu_end + 1;
+    if (frame_snapshot.mouse_y >= status_bar_h) return 0;
+    return menu_end < bottom_line ? bottom_line : gui.y[0] - status_bar_h;
+}
+
+void draw_in_the_middle(int y, int colour_set, const char* text)
+{
+    set_outlined_text(FONT_WIDE, colour_set);
+    draw_text(screen_state.back_buffer, logical_w / 2 - text_width(text) / 2, y + 1, text);
+}
+
+const char* frame_label()
+{
+    if (store.alpha_edit_mode) return "|c44ALPHA|c21 > |c32";
+    return view.onion_on ? "|c42ONION|c21 > |c32" : "|c21FRAME > |c32";
+}
+
+/// Pointer on the screen and on the frame, and the number of the frame.
+void draw_readout(int y)
+{
+    const bool wide = preferences.status_font != 0;
+    const FrameSnapshot& shot = frame_snapshot;
+    BITMAP* target = screen_state.back_buffer;
+    std::array<char, 64> text{};
+    set_outlined_text(wide ? FONT_WIDE : FONT_NARROW, SET_TOOLTIP);
+    std::snprintf(text.data(), text.size(), "MOUSE > |c24%d.%d", shot.mouse_x, shot.mouse_y);
+    draw_text(target, 1, y + 1, text.data());
+    std::snprintf(text.data(), text.size(), "|c21PIXEL > |c24%d.%d", shot.frame_mouse_x, shot.frame_mouse_y);
+    draw_text(target, wide ? 120 : 136, y + 1, text.data());
+    std::snprintf(text.data(), text.size(), "%s%02d", frame_label(), int(store.current_frame));
+    draw_text(target, logical_w - (wide ? 60 : 40), y + 1, text.data());
+}
+
+} // namespace
+
+void draw_status_bar()
+{
+    const int message = frame_snapshot.status_message;
+    const bool shown = preferences.status_bar_on != 0 && gui.hidden[0] == 0;
+    if (!shown && message != readout_in_any_case) return;
+    const int y = bar_y();
+    blend_rect(screen_state.back_buffer, 0, y, logical_w, status_bar_h, fixed_colours.black,
+               std::min(int(preferences.status_opacity), darkest));
+    const int tooltip_slot = gui_logic.tooltip_active;
+    if (message > 0) {
+        draw_in_the_middle(y, SET_MESSAGE, tooltip_text(message));
+    } else if (message == 0 && tooltip_slot != -1 && preferences.tooltips_on != 0) {
+        draw_in_the_middle(y, SET_TOOLTIP, tooltip_text(gui.tooltip[tooltip_slot]));
+    } else {
+        draw_readout(y);
+    }
+}
+
+} // namespace kelu

@@ -1,0 +1,19 @@
+// The listing of the file browser.
+#pragma once
+
+#include <array>
+
+namespace kelu {
+
+constexpr int browser_list_rows = 1024;
+constexpr int browser_name_bytes = 128;
+
+/// Names are upper case and zero-terminated; a folder's begins with a backslash. Owner: the file browser.
+struct BrowserList {
+    std::array<std::array<char, browser_name_bytes>, browser_list_rows> browser_list{};
+    std::array<int, browser_list_rows> browser_isdir{}; ///< 1: a folder
+    int browser_count = 0;                              ///< rows in use
+};
+inline BrowserList browser_listing;
+
+} // namespace kelu
