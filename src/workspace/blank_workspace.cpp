@@ -1,5 +1,6 @@
 #include "workspace/blank_workspace.h"
 
+#include "draw/preview.h"
 #include "platform/files.h"
 #include "runtime/animation.h"
 #include "runtime/color_band.h"
@@ -49,6 +50,7 @@ void blank_state()
     drop_onion_skin();
     view.onion_opacity = View().onion_opacity;
     grid = {};
+    preview = {};
     for (Shared<uint8_t>& tag : animation.anim_tag)
         tag = 0;
     for (Shared<int>& delay : animation.anim_delay)
@@ -91,7 +93,7 @@ void clear_workspace()
         const WorkspaceVisit visit(run_state.program_dir);
         found_program = visit.found_program();
         drop_onion_skin();
-        for (int frame = 0; visit.entered() && frame < max_frames; ++frame) {
+        for (int frame = 0; found_program && visit.entered() && frame < max_frames; ++frame) {
             platform::remove_file(frame_file(frame, file_set::backup));
             platform::remove_file(frame_file(frame));
         }

@@ -1,6 +1,8 @@
 #include "workspace/state.h"
 
+#include "draw/gradient.h"
 #include "draw/grid.h"
+#include "draw/preview.h"
 #include "draw/tips.h"
 #include "gui/tooltips.h"
 #include "imagefile/bmp.h"
@@ -91,6 +93,7 @@ void set_missing_state()
     reset_palette_and_slots();
     preferences.cel_masking = 1;
     preferences.file_preview_mode = 1;
+    preview = {};
     store.frame_count = 1;
     store.current_frame = 0;
     view.pan_x = view.pan_y = 0;
@@ -145,6 +148,7 @@ void load_containers()
 void refresh_derived_state()
 {
     repair_grid();
+    update_gradient_geometry();
     rebuild_tip_cursor();
     animation.anim_count = build_anim_list();
     if (view.onion_on) {

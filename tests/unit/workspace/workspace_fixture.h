@@ -27,6 +27,7 @@ protected:
         log_open();
         FW_initialize_variables();
         clear_frame_cache();
+        run_state.workspace_damaged = 0;
         run_state.program_dir = folder.path().string();
         store.nail_sheet = Bitmap(400, 400);
         store.tip_sheet = Bitmap(206, 62);

@@ -1,0 +1,16 @@
+// Colours as files of the user's: a scheme of the interface, or the extended favourites.
+#pragma once
+
+#include <string>
+
+namespace kelu {
+
+/// Write the colours to a file of the working directory. False when that failed, and an old file stands.
+bool save_scheme_file(const std::string& name);
+bool save_favorites_file(const std::string& name);
+
+/// Read the colours. Returns 1; or -1, and the colours as before, when the file is missing, of another kind or short.
+int load_scheme_file(const std::string& name);
+int load_favorites_file(const std::string& name);
+
+} // namespace kelu

@@ -1,0 +1,320 @@
+// The workspace as files: written and found again, begun anew, wiped, taken over from the alternate set, and started
+// from every kind of damage.
+#include "workspace/state.h"
+
+#include "gui/menus.h"
+#include "gui/scheme.h"
+#include "imagefile/bmp.h"
+#include "runtime/animation.h"
+#include "runtime/browser_state.h"
+#include "runtime/grid.h"
+#include "runtime/macros.h"
+#include "runtime/preferences.h"
+#include "runtime/toolbox.h"
+#include "runtime/view.h"
+#include "workspace/alternate.h"
+#include "workspace/colour_files.h"
+#include "workspace/custom_tip.h"
+#include "workspace/settings.h"
+#include "workspace_fixture.h"
+
+namespace kelu {
+namespace {
+
+class StateTest : public WorkspaceTest {
+protected:
+    static int read()
+    {
+        const platform::DirectoryVisit visit("WORKSPACE");
+        return read_workspace_state("current.spa");
+    }
+    /// What the program does between two runs.
+    void forget()
+    {
+        FW_initialize_variables();
+        run_state.program_dir = folder.path().string();
+        store.nail_sheet = Bitmap(400, 400);
+        store.tip_sheet = Bitmap(206, 62);
+    }
+    /// A workspace with three frames, the second of them current, and some values of its own.
+    void make_workspace()
+    {
+        make_frames(3);
+        ASSERT_TRUE(fetch_frame(0, 1, 0));
+        store.cel_source_bitmap = Bitmap(5, 4, 0x123456);
+        store.cel_bitmap = Bitmap(5, 4);
+        row(store.tip_sheet, 47)[3] = 0x00ff00;
+        store.workspace_title = "MINE";
+        refresh_derived_state();
+        view.zoom = 3;
+        view.pan_x = -35; // within the range of a frame of 8 x 6
+        view.pan_y = -27;
+        write_workspace_state("current.spa", false);
+    }
+};
+
+int pixel(BITMAP* bitmap, int x = 0, int y = 0) { return row(bitmap, y)[x]; }
+
+} // namespace
+
+TEST_F(StateTest, WorkspaceComesBackWhole)
+{
+    make_workspace();
+    row(store.frame_bitmap, 0)[0] = 0xabcdef;
+    const std::filesystem::path elsewhere = folder.path() / "resource";
+    std::filesystem::current_path(elsewhere);
+    write_workspace_state("current.spa", false);
+    EXPECT_EQ(platform::working_directory(), run_state.program_dir);
+    EXPECT_TRUE(logged("[ SPA ] : Workspace save at: " + run_state.program_dir + "\n\n"));
+    const std::string spa = bytes("current.spa");
+    forget();
+    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(browser_state.browser_dir, platform::upper_case(elsewhere.string()));
+    EXPECT_EQ(store.current_frame, 1);
+    EXPECT_EQ(store.frame_count, 3);
+    EXPECT_EQ(pixel(store.frame_bitmap), 0xabcdef);
+    EXPECT_EQ(pixel(store.frame_bitmap, 1), 0x11);
+    EXPECT_EQ(store.cel_bitmap.width(), 5);
+    EXPECT_EQ(pixel(store.cel_source_bitmap), 0x123456);
+    EXPECT_EQ(pixel(store.tip_sheet, 3, 47), 0x00ff00);
+    EXPECT_EQ(store.workspace_title, "MINE");
+    EXPECT_EQ(view.zoom, 3);
+    EXPECT_EQ(view.frame_zoom[1], 3);
+    EXPECT_EQ(run_state.workspace_damaged, 0);
+    std::filesystem::current_path(elsewhere);
+    write_workspace_state("current.spa", true);
+    EXPECT_TRUE(bytes("current.spa") == spa); // too long to be printed
+}
+
+TEST_F(StateTest, SpaOnlyLeavesThePicturesAlone)
+{
+    make_workspace();
+    row(store.frame_bitmap, 0)[0] = 0xabcdef;
+    std::filesystem::remove(in_store("current.cel"));
+    write_workspace_state("current.spa", true);
+    EXPECT_EQ(stored_pixel(1), frame_color(1));
+    EXPECT_FALSE(exists("current.cel"));
+}
+
+TEST_F(StateTest, MissingContainersAreRepairedAndBrokenOnesKept)
+{
+    make_workspace();
+    std::filesystem::remove(in_store("current.cel"));
+    folder.put("WORKSPACE/current.tip", "BM nonsense");
+    std::filesystem::remove(in_store("current.nal"));
+    forget();
+    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(run_state.workspace_damaged, 1);
+    EXPECT_EQ(store.cel_bitmap.width(), 16);
+    EXPECT_EQ(read_bmp(in_store("current.cel").string()).height(), 16);
+    EXPECT_EQ(bytes("damaged.tip"), "BM nonsense");
+    EXPECT_EQ(read_bmp(in_store("current.tip").string()).height(), custom_tip_h);
+    EXPECT_EQ(read_bmp(in_store("current.nal").string()).width(), 400);
+    EXPECT_TRUE(
+        logged("[ INFO ] : Workspace damage encountered. Attempting repair!\n[ INFO ] : Cel container repaired"));
+    EXPECT_TRUE(logged("[ INFO ] : Nail container repaired"));
+    EXPECT_TRUE(logged("[ INFO ] : Custom tip container repaired"));
+}
+
+TEST_F(StateTest, WithoutStateTheFreshFieldsAreSetAndNoOthers)
+{
+    toolbox.tool_slot = 4;
+    toolbox.extended_favorites[200] = 5;
+    preferences.file_preview_mode = 2;
+    grid.grid_w = 9;
+    EXPECT_EQ(read(), 0);
+    EXPECT_EQ(toolbox.tool_slot, 0);
+    EXPECT_EQ(toolbox.extended_favorites[200], 0x9e9e9e);
+    EXPECT_EQ(preferences.file_preview_mode, 1);
+    EXPECT_EQ(grid.grid_w, 9);
+
+    begin_workspace();
+    EXPECT_EQ(store.frame_count, 1);
+    EXPECT_EQ(store.frame_bitmap.width(), 320);
+    EXPECT_EQ(stored_pixel(0), opaque);
+    for (const char* name : {"current.spa", "current.cel", "current.tip", "current.nal"})
+        EXPECT_TRUE(exists(name)) << name;
+    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(run_state.workspace_damaged, 0);
+}
+
+TEST_F(StateTest, LostStateKeepsTheFrames)
+{
+    make_workspace();
+    std::filesystem::remove(in_store("current.spa"));
+    forget();
+    EXPECT_EQ(read(), 0);
+    begin_workspace();
+    EXPECT_EQ(store.frame_count, 3);
+    EXPECT_EQ(store.current_frame, 0);
+    EXPECT_EQ(pixel(store.frame_bitmap), 0x10);
+    EXPECT_EQ(stored_pixel(2), frame_color(2));
+    EXPECT_EQ(pixel(store.cel_source_bitmap), 0x123456);
+    EXPECT_TRUE(exists("current.spa"));
+}
+
+TEST_F(StateTest, UnreadableStatesAreKept)
+{
+    make_workspace();
+    folder.put("WORKSPACE/current.spa", "some text of another program");
+    forget();
+    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(store.frame_count, 3);
+    EXPECT_EQ(bytes("damaged.spa"), "some text of another program");
+    EXPECT_EQ(read(), 1); // and once is enough
+    EXPECT_FALSE(exists("damaged.spa.1"));
+    std::filesystem::remove(in_store("current.spa"));
+    std::filesystem::create_directory(in_store("current.spa"));
+    EXPECT_EQ(read(), 0);
+    EXPECT_TRUE(std::filesystem::is_directory(in_store("damaged.spa.1")));
+}
+
+TEST_F(StateTest, StateAndFilesMayDisagree)
+{
+    make_workspace();
+    std::filesystem::remove(in_store("current.002"));
+    std::filesystem::remove(in_store("current.001")); // the current one
+    forget();
+    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(store.frame_count, 1);
+    EXPECT_EQ(store.current_frame, 0);
+    EXPECT_EQ(pixel(store.frame_bitmap), 0x10);
+    std::filesystem::remove(in_store("current.000"));
+    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(stored_pixel(0), opaque);
+    EXPECT_EQ(run_state.workspace_damaged, 1);
+}
+
+TEST_F(StateTest, AlternateSetTakesOver)
+{
+    make_workspace();
+    for (const char* name : {"000", "001", "002", "spa", "cel", "nal", "tip"})
+        std::filesystem::rename(in_store(std::string("current.") + name), in_store(std::string("alternate.") + name));
+    forget();
+    EXPECT_EQ(read(), 1);
+    EXPECT_TRUE(logged("[ INFO ] : Swapping to alternate workspace"));
+    EXPECT_EQ(store.frame_count, 3);
+    EXPECT_EQ(pixel(store.frame_bitmap), 0x11);
+    EXPECT_FALSE(exists("alternate.000"));
+    EXPECT_FALSE(exists("alternate.spa"));
+    folder.put("WORKSPACE/alternate.007", "left over");
+    EXPECT_EQ(read(), 1);
+    EXPECT_FALSE(exists("alternate.007"));
+}
+
+TEST_F(StateTest, WipeLeavesOneBlankFrame)
+{
+    make_workspace();
+    folder.put("WORKSPACE/backup.001", "x");
+    animation.anim_tag[1] = 1;
+    grid.grid_on = 1;
+    grid.grid_w = 8;
+    toolbox.tool_table[3][0] = 5;
+    view.onion_on = 1;
+    run_state.timers_locked = 0;
+    fill_frame_cache();
+    clear_workspace();
+    EXPECT_EQ(run_state.timers_locked, 0);
+    EXPECT_EQ(count_workspace_frames(), 1);
+    EXPECT_FALSE(exists("backup.001"));
+    EXPECT_EQ(store.frame_bitmap.width(), 320);
+    EXPECT_EQ(pixel(store.alpha_bitmap), 0xffffff);
+    EXPECT_EQ(pixel(store.cel_source_bitmap), 0);
+    EXPECT_EQ(pixel(store.tip_sheet, 3, 47), 0);
+    EXPECT_EQ(store.workspace_title, "UNNAMED WORKSPACE");
+    EXPECT_EQ(grid.grid_on, 0);
+    EXPECT_EQ(grid.grid_w, 4);
+    EXPECT_EQ(toolbox.tool_table[3][0], 5); // options of tools and inks stay
+    EXPECT_EQ(toolbox.extended_favorites[255], 0x9e9e9e);
+    EXPECT_EQ(view.onion_on, 0);
+    EXPECT_FALSE(cached_frame(1));
+    EXPECT_NE(bytes("current.spa").find("UNNAMED"), std::string::npos);
+
+    run_state.program_dir = "/nowhere/at/all";
+    put_frame(1, opaque);
+    clear_workspace();
+    EXPECT_TRUE(logged("[ ERROR ] : WORKSPACE directory unavailable. Aborting clear operation!"));
+    EXPECT_TRUE(exists("current.001"));
+}
+
+TEST_F(StateTest, FailedWritesAreToldAndTheOldFilesStand)
+{
+    make_workspace();
+    const std::string before = bytes("current.spa");
+    store.workspace_title = "NEW TITLE";
+    std::filesystem::create_directory(in_store(".current.spa.kelu-new"));
+    std::filesystem::create_directory(in_store(".current.cel.kelu-new"));
+    write_workspace_state("current.spa", false);
+    EXPECT_TRUE(bytes("current.spa") == before);
+    EXPECT_TRUE(logged("[ ERROR ] : Couldn't write file! Name = current.spa"));
+    EXPECT_TRUE(logged("[ ERROR ] : Couldn't write file! Name = current.cel"));
+    EXPECT_GT(menus.status_message, 0);
+    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(store.workspace_title, "MINE");
+}
+
+TEST_F(StateTest, ShortNameEndsTheProgram)
+{
+    EXPECT_EXIT(write_workspace_state("a.sp", true), testing::ExitedWithCode(255), "");
+}
+
+TEST_F(StateTest, SettingsComeBackAndAMissingFileHasItsOwnValues)
+{
+    read_user_settings();
+    EXPECT_TRUE(logged("[ INFO ] : Couldn't locate the user settings file. Assuming default settings."));
+    EXPECT_EQ(preferences.mouse_swap, 0);
+    EXPECT_EQ(preferences.sample_volume, 255);
+    EXPECT_EQ(preferences.crosshair_opacity, 18);
+    preferences.undo_depth = 9;
+    macros.macro_table[7].brush_tip = 3;
+    menu_scheme.scheme[SCHEME_SHADOW] = 0x010203;
+    std::filesystem::current_path("/");
+    write_user_settings();
+    EXPECT_EQ(platform::working_directory(), run_state.program_dir);
+    forget();
+    EXPECT_EQ(preferences.undo_depth, 3);
+    read_user_settings();
+    EXPECT_EQ(preferences.undo_depth, 9);
+    EXPECT_EQ(macros.macro_table[7].brush_tip, 3);
+    EXPECT_EQ(menu_scheme.scheme[SCHEME_SHADOW], 0x010203);
+    EXPECT_EQ(platform::working_directory(), run_state.program_dir);
+
+    folder.put("resource/user.def", "");
+    forget();
+    read_user_settings();
+    EXPECT_EQ(preferences.sample_volume, 128); // the file is there: start values stand
+    folder.put("resource/user.def", "garbage of a length");
+    read_user_settings();
+    EXPECT_EQ(folder.text("resource/damaged.def"), "garbage of a length");
+    std::filesystem::remove(folder.path() / "resource/user.def");
+    std::filesystem::create_directory(folder.path() / "resource/user.def");
+    write_user_settings();
+    EXPECT_TRUE(logged("[ ERROR ] : Couldn't write file! Name = user.def"));
+}
+
+TEST_F(StateTest, ColourFilesRoundTripAndForeignOnesChangeNothing)
+{
+    menu_scheme.scheme[9] = 0x0000aa;
+    toolbox.extended_favorites[255] = 0x00bb00;
+    EXPECT_TRUE(save_scheme_file("my.scheme"));
+    EXPECT_TRUE(save_favorites_file("my.colors"));
+    EXPECT_EQ(folder.text("my.scheme").size(), 43U);
+    EXPECT_EQ(folder.text("my.colors").size(), 1027U);
+    EXPECT_EQ(folder.text("my.scheme").substr(0, 7), std::string("SCH\0\x9e\x9e\x9e", 7));
+    menu_scheme.scheme[9] = 1;
+    toolbox.extended_favorites[255] = 2;
+    EXPECT_EQ(load_scheme_file("my.colors"), -1);
+    EXPECT_EQ(load_favorites_file("my.scheme"), -1);
+    EXPECT_EQ(load_favorites_file("missing"), -1);
+    folder.put("short", folder.text("my.scheme").substr(0, 42));
+    EXPECT_EQ(load_scheme_file("short"), -1);
+    EXPECT_EQ(menu_scheme.scheme[9], 1);
+    EXPECT_EQ(toolbox.extended_favorites[255], 2);
+    EXPECT_EQ(load_scheme_file("my.scheme"), 1);
+    EXPECT_EQ(load_favorites_file("my.colors"), 1);
+    EXPECT_EQ(menu_scheme.scheme[9], 0x0000aa);
+    EXPECT_EQ(toolbox.extended_favorites[255], 0x00bb00);
+    EXPECT_FALSE(save_scheme_file("missing/my.scheme"));
+}
+
+} // namespace kelu
