@@ -15,6 +15,7 @@
 #include "runtime/store.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
+#include "screens/cel_transform.h"
 #include "support/session.h"
 #include <gtest/gtest.h>
 
@@ -279,6 +280,34 @@ TEST(Cels, PictureIsPastedOnceAndNeverMasked)
     EXPECT_EQ(frame_pixel(3, 3), 0x000000) << "black is pasted, although it is the mask colour";
     EXPECT_EQ(frame_pixel(4, 4), 0xff0000);
     EXPECT_EQ(store.cel_source_bitmap.width(), 3);
+}
+
+TEST(Cels, TransformChangesTheCelOnOkayOnly)
+{
+    Session session([] {
+        for (int i = 0; i < 2; ++i) {
+            give_cel(3, 2, 0x101010);
+            row(store.cel_source_bitmap, 0)[0] = 0x20c040;
+            cel_transform();
+        }
+        idle();
+    });
+    const auto opened = [] { return menus.menu_id == MENU_CEL_TRANSFORM; };
+    ASSERT_TRUE(session.frames_until(opened));
+    EXPECT_EQ(cel_work.cel_place.x, view.view_center_x - 1);
+    report_click(session, 2); // FLIP
+    EXPECT_EQ(row(store.cel_bitmap, 1)[0], 0x20c040);
+    EXPECT_EQ(row(store.cel_source_bitmap, 0)[0], 0x20c040);
+    report_click(session, 6); // CANCEL, then the second round
+    ASSERT_TRUE(session.frames_until(opened));
+    EXPECT_EQ(row(store.cel_bitmap, 0)[0], 0x20c040);
+    report_click(session, 3); // MIRROR
+    report_click(session, 2);
+    report_click(session, 5); // OKAY
+    EXPECT_EQ(row(store.cel_source_bitmap, 1)[2], 0x20c040);
+    EXPECT_EQ(row(store.cel_bitmap, 1)[2], 0x20c040);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+    EXPECT_EQ(cel_work.cel_place.mode, CEL_NONE);
 }
 
 } // namespace kelu

@@ -1,0 +1,117 @@
+// The tint screen: its live preview, and what OKAY and CANCEL leave.
+#include "colour/tint.h"
+#include "draw/tool_loop.h"
+#include "gui/kinds.h"
+#include "gui/menus.h"
+#include "gui/slots.h"
+#include "runtime/color_settings.h"
+#include "runtime/frame.h"
+#include "runtime/run_state.h"
+#include "runtime/store.h"
+#include "runtime/toolbox.h"
+#include "runtime/view.h"
+#include "screens/tint_menu.h"
+#include "support/session.h"
+#include <gtest/gtest.h>
+
+namespace kelu {
+
+using test::Session;
+
+namespace {
+
+constexpr int slot_ignore = 2, slot_hue = 6, slot_lightness = 7, slot_okay = 9, slot_cancel = 10;
+
+/// A frame larger than the screen, all red but for one pixel, and the screen opened on it.
+void tint_red_frame()
+{
+    store.frame_bitmap = Bitmap(600, 400, 0xff0000);
+    store.coverage_bitmap = Bitmap(600, 400);
+    row(store.frame_bitmap, 5)[5] = 0x123456;
+    view.pan_x = view.pan_y = 0;
+    toolbox.mask_color = 0x123456;
+    tint_menu();
+    while (!leaving())
+        run_frame(0);
+}
+
+int frame_pixel(int x, int y) { return row(store.frame_bitmap, y)[x]; }
+
+bool opened(Session& session)
+{
+    return session.frames_until([] { return menus.menu_id == MENU_TINT; });
+}
+
+void report_click(Session& session, int slot)
+{
+    gui.event[slot] = 1;
+    session.frame(3);
+}
+
+} // namespace
+
+TEST(Tint, PreviewsOnTheScreenAndOkayTintsTheWhole)
+{
+    Session session(tint_red_frame);
+    ASSERT_TRUE(opened(session));
+    gui.scroll_value[slot_hue] = 85;
+    gui.kind[slot_ignore] = KIND_BUTTON_LIT;
+    session.frame(2);
+    EXPECT_EQ(frame_pixel(100, 100), 0x00ff00);
+    EXPECT_EQ(frame_pixel(5, 5), 0x123456) << "the mask colour is left out";
+    EXPECT_EQ(frame_pixel(500, 300), 0xff0000) << "not on the screen";
+    gui.scroll_value[slot_hue] = -85; // shifts don't add up
+    session.frame(2);
+    EXPECT_EQ(frame_pixel(100, 100), 0x0000ff);
+    report_click(session, slot_okay);
+    EXPECT_EQ(frame_pixel(500, 300), 0x0000ff);
+    EXPECT_EQ(color_settings.tint_values, (std::array{-85, 0, 0}));
+    EXPECT_EQ(color_settings.tint_ignore_mask, 1);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+}
+
+TEST(Tint, CancelBringsTheFrameBackWithOrWithoutAMovedSlider)
+{
+    Session session([] {
+        color_settings.tint_values = {0, -128, 0}; // shows at once
+        tint_red_frame();
+    });
+    ASSERT_TRUE(opened(session));
+    session.frame(2);
+    EXPECT_EQ(frame_pixel(100, 100), 0x000000);
+    report_click(session, slot_cancel);
+    EXPECT_EQ(frame_pixel(100, 100), 0xff0000);
+    EXPECT_EQ(frame_pixel(5, 5), 0x123456);
+    EXPECT_EQ(color_settings.tint_values, (std::array{0, -128, 0}));
+}
+
+TEST(Tint, OkayWithoutAShiftLeavesNothingOfEarlierPreviews)
+{
+    Session session(tint_red_frame);
+    ASSERT_TRUE(opened(session));
+    gui.scroll_value[slot_lightness] = 60;
+    session.frame(2);
+    view.pan_x = 200;
+    session.frame(2);
+    EXPECT_NE(frame_pixel(10, 10), 0xff0000);
+    gui.scroll_value[slot_lightness] = 0;
+    session.frame(2);
+    report_click(session, slot_okay);
+    EXPECT_EQ(frame_pixel(10, 10), 0xff0000);
+    EXPECT_EQ(frame_pixel(500, 100), 0xff0000);
+}
+
+TEST(Tint, LeavingTheProgramCommitsNoPreview)
+{
+    Session session([] {
+        color_settings.tint_values = {0, -128, 0};
+        tint_red_frame();
+    });
+    ASSERT_TRUE(opened(session));
+    session.frame(2);
+    run_state.exit_requested = 1;
+    session.frame(3);
+    EXPECT_EQ(frame_pixel(100, 100), 0xff0000);
+}
+
+} // namespace kelu
