@@ -1,0 +1,249 @@
+// The fixed pictures of the program as the build makes them, the tiles made at start, and the outline library.
+#include "workspace/resources.h"
+
+#include "gui/text.h"
+#include "platform/files.h"
+#include "platform/host.h"
+#include "runtime/fonts.h"
+#include "runtime/pixels.h"
+#include "runtime/sheets.h"
+#include "runtime/store.h"
+#include "support/log_lines.h"
+#include "support/paths.h"
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <set>
+
+namespace kelu {
+namespace {
+
+/// The program's own folder as the working directory, with everything loaded.
+class Resources : public testing::Test {
+protected:
+    Resources() : visit_(test::app_folder())
+    {
+        load_application_resources();
+        load_framework_video();
+    }
+
+private:
+    platform::DirectoryVisit visit_;
+};
+
+TEST_F(Resources, every_palette_colour_can_be_told_from_all_others)
+{
+    std::set<int> colors;
+    for (int i = 0; i < PAL_SIZE; ++i) {
+        colors.insert(palette_color[i]);
+        EXPECT_EQ(palette_index(palette_color[i]), i);
+    }
+    EXPECT_EQ(colors.size(), 256u);
+    EXPECT_EQ(palette_color[0], 0);
+    EXPECT_FALSE(colors.contains(mask_magenta));
+    const int near_black = palette_color[1];
+    EXPECT_TRUE(near_black != 0 && colors_close(near_black, 0, 24));
+}
+
+TEST_F(Resources, fonts_have_all_of_ascii_and_keep_their_measures)
+{
+    const Font& wide = font_table[FONT_WIDE];
+    const Font& narrow = font_table[FONT_NARROW];
+    for (int c = 32; c < 127; ++c) {
+        const auto code = static_cast<std::size_t>(c);
+        EXPECT_EQ(wide.advance[code], 6) << static_cast<char>(c);
+        EXPECT_GT(wide.glyph_x[code], 0) << static_cast<char>(c);
+        EXPECT_GT(narrow.glyph_x[code], 0) << static_cast<char>(c);
+        EXPECT_LE(narrow.advance[code], 6) << static_cast<char>(c);
+    }
+    for (std::size_t symbol = 26; symbol <= 30; ++symbol)
+        EXPECT_TRUE(wide.glyph_x[symbol] > 0 && narrow.glyph_x[symbol] > 0) << symbol;
+    for (std::size_t digit = '0'; digit <= '9'; ++digit)
+        EXPECT_EQ(narrow.advance[digit], 4);
+    EXPECT_EQ(wide.glyph_y['A'], 0);
+    EXPECT_EQ(wide.glyph_y['g'], 1) << "letters below the line are moved down";
+
+    // The narrow readout of the frame's number ends at the edge of the screen.
+    set_text(FONT_NARROW, 21, 0, 0, 0, 1, 0, 0);
+    EXPECT_LE(text_width("|c21FRAME > |c3299"), 40);
+}
+
+/// The rows of a character drawn with two colours, '#' the lit tone and '+' the shaded one.
+std::string glyph_rows(int slot, const char* text)
+{
+    Bitmap paper(6, 7, mask_magenta);
+    set_text(slot, 24, 0, 0, 0, 0, 0, 0);
+    draw_text(paper, 0, 0, text);
+    std::string rows;
+    for (int y = 0; y < 7; ++y) {
+        for (int x = 0; x < 6; ++x) {
+            const int color = row(paper, y)[x];
+            rows += color == 0xfac20c ? '#' : color == 0xce9d00 ? '+' : color == mask_magenta ? '.' : '?';
+        }
+        rows += '\n';
+    }
+    return rows;
+}
+
+TEST_F(Resources, letters_have_two_tones_and_no_two_look_alike)
+{
+    EXPECT_EQ(glyph_rows(FONT_WIDE, "A"), ".###..\n"
+                                          "#...#.\n"
+                                          "#####.\n"
+                                          "+...+.\n"
+                                          "+...+.\n"
+                                          "......\n"
+                                          "......\n");
+    for (const int slot : {FONT_NARROW, FONT_WIDE}) {
+        std::set<std::string> shapes;
+        for (char c = 33; c < 127; ++c)
+            shapes.insert(glyph_rows(slot, std::string(1, c).c_str()));
+        EXPECT_EQ(shapes.size(), 94u) << "font " << slot;
+    }
+}
+
+// The scheme's recolouring tells eight tones of the master apart, and the pieces lie where the bars take them from.
+TEST_F(Resources, the_gui_sheet_has_its_pieces_and_only_the_tones_of_a_scheme)
+{
+    const std::set<int> tones = {105, 125, 153, 206, 226, 48, 170, 255};
+    std::set<int> seen;
+    for (int y = 111; y <= 163; ++y)
+        for (int x = 60; x <= 109; ++x)
+            if (const int color = row(sheets.gui_sheet, y)[x]; color != mask_magenta) {
+                seen.insert(red_of(color));
+                EXPECT_TRUE(tones.contains(red_of(color))) << red_of(color) << " at " << x << ", " << y;
+                EXPECT_NE(row(sheets.gui_sheet, y)[x - 60], mask_magenta) << x << ", " << y;
+            }
+    EXPECT_EQ(seen, tones);
+
+    constexpr struct {
+        int x, y, w, h;
+    } pieces[] = {{31, 112, 9, 7}, {32, 125, 5, 9}, {4, 114, 7, 7},  {4, 121, 7, 7},  {19, 114, 7, 7}, {19, 121, 7, 7},
+                  {3, 141, 7, 7},  {3, 148, 7, 7},  {20, 141, 7, 7}, {20, 148, 7, 7}, {44, 126, 4, 7}, {39, 126, 4, 7}};
+    for (const auto& piece : pieces) {
+        int pixels = 0;
+        for (int y = piece.y; y < piece.y + piece.h; ++y)
+            for (int x = piece.x; x < piece.x + piece.w; ++x)
+                pixels += row(sheets.gui_sheet, y)[x] != mask_magenta;
+        EXPECT_GT(pixels, piece.w * piece.h / 3) << piece.x << ", " << piece.y;
+    }
+}
+
+TEST_F(Resources, tips_paint_and_the_custom_tip_leaves_no_ink)
+{
+    ASSERT_EQ(store.tip_sheet.width(), 206);
+    ASSERT_EQ(store.tip_sheet.height(), 62);
+    std::set<std::string> shapes;
+    for (int t = 0; t < 36; ++t) {
+        int ink = 0;
+        std::string shape;
+        for (int y = 0; y < tip_cell_h; ++y)
+            for (int x = 0; x < tip_cell_w; ++x) {
+                const int value =
+                    red_of(row(store.tip_sheet, t / tips_per_row * tip_cell_h + y)[t % tips_per_row * tip_cell_w + x]);
+                ink += value < 200;
+                shape += static_cast<char>(value);
+            }
+        EXPECT_GT(ink, 0) << "tip " << t;
+        if (t == 0 || t == 35) {
+            EXPECT_EQ(ink, 1) << "tip " << t;
+            EXPECT_EQ(shape[7 * tip_cell_w + 8], 0) << "tip " << t;
+        }
+        shapes.insert(shape);
+    }
+    EXPECT_EQ(shapes.size(), 35u) << "all differ but the two dots";
+    for (int y = 45; y < 48; ++y)
+        for (int x = 0; x < 206; ++x)
+            EXPECT_EQ(row(store.tip_sheet, y)[x], 0xffffff);
+    EXPECT_EQ(row(store.tip_sheet, 48)[0], mask_magenta);
+}
+
+TEST_F(Resources, the_emblem_is_enlarged_from_the_middle_of_the_logo)
+{
+    ASSERT_EQ(sheets.app_sheet.width(), 173);
+    ASSERT_EQ(sheets.app_sheet.height(), 33);
+    ASSERT_EQ(sheets.enlarged_picture.width(), 198);
+    for (int y = 0; y < 198; ++y)
+        for (int x = 0; x < 198; ++x)
+            ASSERT_EQ(row(sheets.enlarged_picture, y)[x], row(sheets.app_sheet, y / 6)[70 + x / 6]) << x << ", " << y;
+    EXPECT_EQ(sheets.tip_bitmap.width(), 17);
+    EXPECT_EQ(row(sheets.tip_bitmap, 7)[8], 0);
+}
+
+// The bands are where diagonal lines from (0, y) to (64, y - 64) fall, in runs of four every 8 rows from -1 on.
+TEST(pattern_tiles, hatch_and_checkers)
+{
+    make_pattern_tiles();
+    Bitmap lines(tile_side, tile_side);
+    for (int run = -1; run <= 119; run += 8)
+        for (int y = run; y < run + 4; ++y)
+            line(lines, 0, y, 64, y - 64, 0xffffff);
+    for (int y = 0; y < tile_side; ++y)
+        for (int x = 0; x < tile_side; ++x)
+            ASSERT_EQ(row(sheets.hatch_tile, y)[x], row(lines, y)[x]) << x << ", " << y;
+
+    ASSERT_EQ(sheets.backdrop_tiles.width(), 192);
+    constexpr int a[] = {pack_rgb(152, 150, 109), pack_rgb(84, 98, 143), pack_rgb(110, 97, 83)};
+    constexpr int b[] = {pack_rgb(135, 133, 96), pack_rgb(76, 85, 115), pack_rgb(94, 82, 70)};
+    for (int tile = 0; tile < 3; ++tile) {
+        EXPECT_EQ(row(sheets.backdrop_tiles, 15)[tile * 64 + 15], a[tile]);
+        EXPECT_EQ(row(sheets.backdrop_tiles, 15)[tile * 64 + 16], b[tile]);
+        EXPECT_EQ(row(sheets.backdrop_tiles, 16)[tile * 64 + 15], b[tile]);
+        EXPECT_EQ(row(sheets.backdrop_tiles, 63)[tile * 64 + 63], a[tile]);
+    }
+}
+
+TEST(object_library, reads_records_and_stays_inside_its_rows)
+{
+    const TemporaryFolder folder;
+    std::string text = "1\n2\n3\n4\n2\n10\n-11\n12\n 13\n5\n6\n7\n8\n300\n";
+    for (int i = 0; i < 600; ++i)
+        text += std::to_string(i) + "\n";
+    text += "9\nrubbish\n99999999999999\n9\n0\n";
+    for (int i = 0; i < 250; ++i)
+        text += "1\n1\n1\n1\n0\n";
+    folder.put("obj_lib.def", text);
+    load_object_library();
+
+    const auto& first = object_library.rows[0];
+    EXPECT_EQ(std::vector<int>(first.begin(), first.begin() + 10),
+              (std::vector<int>{1, 2, 3, 4, 2, 10, -11, 12, 13, 0}));
+    const auto& long_one = object_library.rows[1];
+    EXPECT_EQ(long_one[4], 253) << "pairs beyond the row are dropped";
+    EXPECT_EQ(long_one[5 + 505], 505);
+    EXPECT_EQ(long_one[511], 0);
+    EXPECT_EQ(object_library.rows[2][0], 9) << "and the next record is found behind them";
+    EXPECT_EQ(object_library.rows[2][1], 0);
+    EXPECT_EQ(object_library.rows[199][3], 1);
+
+    copy_object_record(49, 0);
+    EXPECT_EQ(actor_outlines.pair_count[49], 2);
+    EXPECT_EQ(actor_outlines.pairs[49][1], -11);
+    copy_object_record(50, 0);
+    copy_object_record(0, 200);
+    copy_object_record(-1, -1);
+    EXPECT_EQ(actor_outlines.pair_count[0], 0);
+
+    folder.put("obj_lib.def", "4\n4\n4\n4\n2000000000\n1\n");
+    load_object_library();
+    EXPECT_EQ(object_library.rows[0][5], 1);
+    EXPECT_EQ(object_library.rows[1][0], 0) << "an older library is gone";
+    folder.put("obj_lib.def", "1\n1\n1\n1\n-5\n7\n");
+    load_object_library();
+    EXPECT_EQ(object_library.rows[0][4], 0);
+    EXPECT_EQ(object_library.rows[1][0], 7);
+}
+
+TEST(resources_DeathTest, a_missing_picture_ends_the_program)
+{
+    platform::Host host = platform::headless_host;
+    host.show_message = [](const char* text) { std::fprintf(stderr, "box: %s\n", text); };
+    platform::host = &host;
+    LogLines log;
+    std::filesystem::create_directory("resource");
+    EXPECT_EXIT(load_application_resources(), testing::ExitedWithCode(255), "box: A critical resource file is missing");
+    EXPECT_EQ(log.take(), std::vector<std::string>{"ERROR: Failed to find a resource file. File = K_HD_1X.RES"});
+    platform::host = &platform::headless_host;
+}
+
+} // namespace
+} // namespace kelu
