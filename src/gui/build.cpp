@@ -17,13 +17,14 @@ int usual_fill(int kind)
 {
     switch (kind) {
     case KIND_TITLE:
-    case KIND_TEXT_FIELD:
-    case KIND_LIST:
     case KIND_ABOUT:
     case KIND_QUICK_PAN:
     case KIND_ZOOM_PREVIEW:
     case KIND_CUSTOM_TIP:
         return FILL_SHADOW;
+    case KIND_TEXT_FIELD:
+    case KIND_LIST:
+        return FILL_BORDER; // light text, and caret and highlight in the shadow's colour
     case KIND_TIP:
     case KIND_TIP_BUTTON:
         return FILL_LIGHT_GREY;

@@ -87,7 +87,7 @@ void draw_about(int slot, const Look&)
     draw_line(slot, 93, 58, SET_SELECTED, "1.6");
     draw_line(slot, 4, 68, SET_HIGHLIGHT, "COMPILED");
     draw_line(slot, 93, 68, SET_SELECTED, "01/29/2013");
-    draw_line(slot, 4, 80, SET_HIGHLIGHT, "PAINTED, ANIMATED AND BUILT ON");
+    draw_line(slot, 4, 80, SET_HIGHLIGHT, "PAINTS, ANIMATES, RUNS ON");
     draw_line(slot, 10, 98, SET_HIGHLIGHT, "ALLEGRO 4, FREETYPE, ZLIB,");
     draw_line(slot, 10, 108, SET_HIGHLIGHT, "LIBJPEG AND A LOT OF COFFEE");
     draw_line(slot, 13, 132, SET_SELECTED, "ONE PIXEL AFTER THE OTHER");

@@ -138,6 +138,7 @@ void draw_sheet_preview(int slot, const Look&)
               y + down.new_at + down.new_size - 1, menu_scheme.scheme_highlight_fore);
     blend_rect(gui_canvas, x + across.old_at, y + down.old_at, across.old_size, down.old_size,
                menu_scheme.scheme_highlight_back, old_size_opacity);
+    draw_corner_dots(slot, gui.x[slot], gui.y[slot], menu_scheme.scheme_border);
 }
 
 void draw_zoom_preview(int slot, const Look&)

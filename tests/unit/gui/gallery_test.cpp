@@ -1,0 +1,402 @@
+// One slot of every kind, and every use of text, as pictures that were looked at once.
+#include "gui/build.h"
+#include "gui/planes.h"
+#include "gui/previews.h"
+#include "gui/render.h"
+#include "gui/scroll_bar.h"
+#include "gui/status_bar.h"
+#include "gui/text.h"
+#include "gui_fixture.h"
+#include "runtime/browser_list.h"
+#include "runtime/browser_state.h"
+#include "runtime/frame_snapshot.h"
+#include "runtime/pixels.h"
+#include "runtime/random.h"
+#include "runtime/store.h"
+#include "runtime/text_settings.h"
+#include "runtime/view.h"
+#include "support/golden.h"
+#include "support/screen_resources.h"
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <string>
+
+namespace kelu::test {
+namespace {
+
+constexpr int desk = 0x5c6a78;
+
+class Gallery : public GuiTest {
+protected:
+    void SetUp() override
+    {
+        GuiTest::SetUp();
+        load_screen_resources();
+        frame_snapshot = {};
+        frame_snapshot.mouse_x = frame_snapshot.mouse_y = -1;
+        clear_to_color(screen_state.back_buffer, desk);
+        toolbox.brush_color = 0x3c78d2;
+        toolbox.mask_color = 0x208030;
+        seed_random(1);
+    }
+    void TearDown() override
+    {
+        store = {};
+        view = {};
+        text_settings = {};
+        browser_state = {};
+        quick_pan_picture = {};
+    }
+
+    /// Draws one slot alone, with the pointer on it or nowhere, and frees it.
+    static void show(int slot, bool hovered = false)
+    {
+        frame_snapshot.mouse_x = hovered ? gui.x[slot] + 3 : -1;
+        frame_snapshot.mouse_y = hovered ? gui.y[slot] + 3 : -1;
+        gui_render();
+        gui_reset_slot(slot);
+    }
+    static void show(const SlotRow& row, bool hovered = false) { show(build_slot(row, 0, 0), hovered); }
+    /// The bar at the right of a list of 72 pixels.
+    static void give_list_bar(int slot)
+    {
+        gui.scroll_max[slot] = 17;
+        gui.scroll_steps[slot] = 17;
+        gui.scroll_dx[slot] = 62;
+        gui_set_scroll_look(slot);
+        gui.scroll_on[slot] = 1;
+    }
+    /// A picture with a figure in it that shows where each part of it lies.
+    static Bitmap painted(int w, int h)
+    {
+        Bitmap picture(w, h);
+        for (int y = 0; y < h; ++y) {
+            for (int x = 0; x < w; ++x)
+                row(picture, y)[x] = pack_rgb(x * 255 / w, y * 255 / h, (x / 8 + y / 8) % 2 * 90);
+        }
+        return picture;
+    }
+    static testing::AssertionResult matches(const char* name) { return matches_golden(screen_state.back_buffer, name); }
+};
+
+} // namespace
+
+TEST_F(Gallery, LabelledPanels)
+{
+    const struct {
+        int kind, text;
+    } kinds[] = {
+        {KIND_TITLE, TEXT_HOME},           {KIND_BUTTON, TEXT_OKAY},         {KIND_BUTTON_LIT, TEXT_OKAY},
+        {KIND_PUSH, TEXT_CANCEL},          {KIND_PUSH_DARK, TEXT_FRAME},     {KIND_GHOST_BUTTON, TEXT_PLAY},
+        {KIND_RADIO_ON, TEXT_NARROW},      {KIND_RADIO_OFF, TEXT_WIDE},      {KIND_MENU_ENTRY, TEXT_MACRO_1},
+        {KIND_PLAIN_LABEL, TEXT_MOUSE},    {KIND_SCHEME_TITLE, TEXT_INVERT}, {KIND_SCHEME_LIT, TEXT_OPTIONS},
+        {KIND_SCHEME_BUTTON, TEXT_ACTION}, {KIND_SCHEME_ALT, TEXT_ACTION},   {KIND_PANEL, TEXT_NONE},
+        {KIND_COLOR_BOX, TEXT_NONE},       {KIND_SCHEME_PANEL, TEXT_NONE},
+    };
+    int y = 4;
+    for (const auto& [kind, text] : kinds) {
+        show(SlotRow{1, 8, y, 61, kind, text});
+        show(SlotRow{1, 72, y, 61, kind, text}, true);
+        y += 12;
+    }
+    show(caption_row(1, 8, y, 61, TEXT_WIDTH));
+    build_slot(SlotRow{1, 140, 4, 120, KIND_HOTKEY, KEY_Z | 1024 | 4096}, 0, 0);
+    show(1);
+    build_slot(SlotRow{1, 140, 16, 120, KIND_HOTKEY, KEY_A}, 0, 0);
+    gui.colour[1] = warning_red;
+    show(1);
+    show(SlotRow{1, 140, 28, 120, KIND_HOTKEY, KEY_BACKSLASH2 | 1024 | 2048 | 4096}, true);
+    text_settings.font_file = "THE_LONGEST_FONT_NAME_.TTF";
+    show(SlotRow{1, 140, 40, 170, KIND_FONT_NAME});
+    text_settings.font_file = "SYSTEM.TTF";
+    show(SlotRow{1, 140, 52, 170, KIND_FONT_NAME}, true);
+    store.frame_count = 7;
+    show(SlotRow{1, 140, 64, 120, KIND_FRAME_COUNT});
+    build_slot(SlotRow{1, 140, 76, 39, KIND_NUMBER}, 0, 0);
+    gui.list_items[1][0] = 42;
+    show(1);
+    build_slot(SlotRow{1, 182, 76, 39, KIND_NUMBER}, 0, 0);
+    gui.list_items[1][0] = 1000;
+    show(1);
+    show(SlotRow{1, 140, 88, 120, KIND_CAPTION, TEXT_DELETE_FRAME}.inked(SET_BUTTON));
+    build_slot(SlotRow{1, 140, 98, 120, KIND_PTR_LABEL}.inked(SET_HIGHLIGHT), 0, 0);
+    gui.ptr[1] = "AWAITING INPUT";
+    show(1);
+    for (int i = 0; i < 2; ++i) {
+        build_slot(SlotRow{1, 140 + 24 * i, 110, 19, KIND_ARROW_BUTTON}.high(15), 0, 0);
+        gui.list_items[1][0] = 2 * i;
+        show(1, i == 1);
+    }
+    for (int i = 0; i < 3; ++i) {
+        build_slot(SlotRow{1, 140, 130 + 11 * i, 104, KIND_PROGRESS}, 0, 0);
+        gui.list_items[1][0] = 50 * i;
+        show(1);
+    }
+    show(SlotRow{1, 140, 165, 120, KIND_FAILURE_PANEL}.high(30));
+    EXPECT_TRUE(matches("gallery_labels"));
+}
+
+TEST_F(Gallery, WindowsAreSquareStripedTranslucentOrDashed)
+{
+    const auto window = [](int x, int stripes, int opacity, int state) {
+        build_slot(SlotRow{0, x, 20, 60, KIND_WINDOW}.high(50), 0, 0);
+        gui.stripes[0] = stripes;
+        gui.opacity[0] = opacity;
+        gui.frame_state[0] = state;
+        show(0);
+    };
+    window(10, 0, 254, 0);
+    window(80, 40, 254, 0);
+    window(150, 0, 120, 0);
+    window(220, 0, 254, 2);
+    preferences.backless_mode = 1;
+    window(285, 0, 254, 0); // no panel
+    EXPECT_EQ(row(screen_state.back_buffer, 30)[290], desk);
+    build_slot(SlotRow{1, 10, 90, 60, KIND_BUTTON, TEXT_OKAY}, 0, 0);
+    gui.frame_state[1] = 2;
+    show(1);
+    EXPECT_TRUE(matches("gallery_windows"));
+}
+
+TEST_F(Gallery, Colours)
+{
+    build_slot(SlotRow{1, 8, 8, 10, KIND_COLOR_CELL}, 0, 0);
+    gui.colour[1] = 0x3c78d2; // the brush colour
+    show(1);
+    build_slot(SlotRow{1, 19, 8, 10, KIND_COLOR_CELL}, 0, 0);
+    gui.colour[1] = 0xd2a03c;
+    show(1);
+    show(SlotRow{1, 30, 8, 10, KIND_COLOR_PICKING});
+    show(SlotRow{1, 44, 8, 21, KIND_MASK_SWATCH});
+    show(SlotRow{1, 68, 8, 21, KIND_BRUSH_SWATCH});
+    build_slot(SlotRow{1, 92, 8, 54, KIND_SPECTRUM}, 0, 0);
+    gui.params[1][0] = menu_scheme.scheme_border;
+    show(1);
+    for (int i = -7; i <= 7; ++i) {
+        for (int kind : {KIND_VARIANCE_HUE, KIND_VARIANCE_2, KIND_VARIANCE_3}) {
+            build_slot(SlotRow{1, 90 + 11 * i, 22 + 11 * (kind - KIND_VARIANCE_HUE), 10, kind, i}, 0, 0);
+            gui.params[1][0] = 0x3c78d2;
+            show(1);
+        }
+    }
+    const int channels[3] = {20, 40, 50};
+    for (int i = 0; i < 3; ++i)
+        gui.scroll_value[20 + i] = channels[i];
+    for (int kind = KIND_VGA_PLANE; kind <= KIND_HSV_PLANE; ++kind) {
+        const int i = kind - KIND_VGA_PLANE;
+        if (i == 2) { // hue, light and saturation, or hue, saturation and value, of 0 to 255
+            gui.scroll_value[20] = 150;
+            gui.scroll_value[21] = 130;
+            gui.scroll_value[22] = 220;
+        }
+        build_slot(SlotRow{1, 0 + 160 * (i % 2), 60 + 62 * (i / 2), 159, kind}.high(59), 0, 0);
+        for (std::size_t k = 0; k < 3; ++k)
+            gui.items[1][k] = 20 + static_cast<int>(k);
+        show(1);
+    }
+    for (int i = 0; i < 12; ++i) {
+        build_slot(SlotRow{1, 8 + 22 * i, 190, 21, KIND_TIP}.high(19), 0, 0);
+        gui.sheet_x[1] = 17 * i;
+        gui.sheet_y[1] = 15 * (i % 3);
+        gui.params[1][0] = i == 4 ? menu_scheme.scheme_highlight_fore : menu_scheme.scheme_border;
+        show(1);
+    }
+    build_slot(SlotRow{38, 8, 212, 21, KIND_TIP}.high(19), 0, 0);
+    gui.sheet_x[38] = 187;
+    gui.sheet_y[38] = 30;
+    gui.params[38][0] = menu_scheme.scheme_border;
+    show(38);
+    toolbox.brush_tip = 7;
+    show(SlotRow{1, 34, 212, 21, KIND_TIP_BUTTON});
+    build_slot(SlotRow{1, 60, 212, 21, KIND_TIP_BUTTON}, 0, 0);
+    gui.list_items[1][0] = 1;
+    gui.list_items[1][1] = 10000; // none
+    show(1);
+    rectfill(store.tip_sheet, 0, 45, 15, 58, 0xdbdbdb);
+    circlefill(store.tip_sheet, 7, 51, 5, 0x404040);
+    build_slot(SlotRow{1, 264, 182, 52, KIND_CUSTOM_TIP}.high(49), 0, 0);
+    gui.params[1][0] = menu_scheme.scheme_border;
+    show(1);
+    EXPECT_TRUE(matches("gallery_colours"));
+}
+
+TEST_F(Gallery, ListsFieldsAndBars)
+{
+    build_slot(SlotRow{1, 8, 8, 72, KIND_LIST}.high(65).with(
+                   ListRows{.first_text = first_ink_name, .items = 25, .rows = 9, .pitch = 7, .font = 5, .width = 59}),
+               0, 0);
+    give_list_bar(1);
+    gui.scroll_value[1] = 4;
+    pointer.gui_hover_slot = 1;
+    gui.hover_row[1] = 2;
+    frame_snapshot.mouse_y = 8 + 1 + 2 * 7;
+    gui_render();
+    gui_reset_slot(1);
+    build_slot(SlotRow{1, 88, 8, 72, KIND_SCHEME_LIST}.high(65).with(ListRows{
+                   .first_text = TEXT_SCHEME_ROW_UP, .items = 3, .rows = 8, .pitch = 7, .font = 5, .width = 59}),
+               0, 0);
+    give_list_bar(1);
+    show(1);
+    // The file browser's names.
+    const char* names[] = {"\\SPRITES", "CLOUD.PNG", "HERO|C21.GIF", "TILES.BMP"};
+    browser_listing = {};
+    for (int i = 0; i < 20; ++i) {
+        auto& name = browser_listing.browser_list[static_cast<std::size_t>(i)];
+        std::snprintf(name.data(), name.size(), "%s", names[i % 4]);
+        browser_listing.browser_isdir[static_cast<std::size_t>(i)] = i % 4 == 0;
+    }
+    browser_listing.browser_count = 20;
+    browser_state.browser_file = "TILES.BMP";
+    build_slot(SlotRow{1, 168, 8, 148, KIND_FILE_LIST}.high(81).with(ScrollBar{.steps = 8, .wheel = 2, .dx = 138}), 0,
+               0);
+    gui.field_visible[1] = 22;
+    pointer.gui_hover_slot = 1;
+    frame_snapshot.mouse_y = 8 + 2 + 6 * 5;
+    gui_render();
+    gui_reset_slot(1);
+    browser_listing = {};
+    // Fields.
+    build_slot(field_row(1, 8, 80, 100, 14, 40), 0, 0);
+    set_field_text(1, "MY |C24 TEXT");
+    gui_logic.gui_key_focus = 1;
+    show(1);
+    build_slot(field_row(1, 8, 92, 41, 4, 4), 0, 0);
+    set_field_text(1, "1");
+    gui.field_error[1] = 1;
+    show(1);
+    build_slot(SlotRow{1, 52, 92, 100, KIND_SCHEME_FIELD, TEXT_NONE, ACT_FOCUS}.with(TextField{14, 40}), 0, 0);
+    set_field_text(1, "TEXT INPUT");
+    gui_logic.gui_key_focus = 1;
+    show(1);
+    // Sliders: both ends and the middle, the number left and right of the knob, an arrow that is held.
+    static Shared<int> shown;
+    for (int i = 0; i < 3; ++i) {
+        gui_slider(1, 8, 110 + 12 * i, 141, 256);
+        gui.scroll_value[1] = 255 * i / 2;
+        show(1);
+        shown = 350 * i / 2;
+        gui_slider(1, 160, 110 + 12 * i, 150, 351);
+        gui.scroll_value[1] = int(shown);
+        gui.scroll_show[1] = &shown;
+        if (i == 1) {
+            gui_logic.gui_capture = 3;
+            pointer.gui_hold_slot = 1;
+            pointer.gui_hover_slot = 1;
+        }
+        show(1);
+        gui_logic.gui_capture = 0;
+    }
+    build_slot(
+        SlotRow{1, 8, 150, 304, KIND_COLOR_BOX}.high(58).with(ScrollBar{.steps = 5, .dy = 3, .horizontal = true}), 0,
+        0);
+    gui.scroll_value[1] = 2;
+    show(1);
+    EXPECT_TRUE(matches("gallery_lists"));
+}
+
+TEST_F(Gallery, Pictures)
+{
+    store.nail_sheet = painted(400, 400);
+    store.frame_bitmap = painted(200, 150);
+    store.onion_bitmap = Bitmap(200, 150, 0xffffff);
+    screen_state.preview_bitmap = painted(117, 79);
+    show(SlotRow{1, 4, 4, 119, KIND_PREVIEW}.high(81));
+    gui_logic.pulse_value = 98;
+    gui.list_items[0][0] = -1;
+    const auto nail = [](int slot, int x, int frame, int tagged) {
+        build_slot(SlotRow{slot, x, 4, 42, KIND_FRAME_NAIL}.high(42), 0, 0);
+        gui.colour[slot] = frame;
+        gui.params[slot][0] = tagged;
+        show(slot);
+    };
+    nail(10, 130, 3, 0);
+    nail(11, 174, 14, 1);
+    nail(17, 218, 55, 0);
+    nail(12, 262, -1, 0);
+    gui.list_items[0][0] = 13;
+    nail(13, 130 + 3 * 44, 99, 0);
+    for (int anchor = 0; anchor < 9; anchor += 4) {
+        build_slot(SlotRow{1, 4 + 30 * anchor / 4 * 3, 120, 83, KIND_SHEET_PREVIEW}.high(62), 0, 0);
+        const int record[] = {anchor, 100, 200, 200, 150};
+        for (std::size_t i = 0; i < 5; ++i)
+            gui.items[1][i] = record[i];
+        show(1);
+    }
+    frame_snapshot.frame_mouse_x = 3;
+    frame_snapshot.frame_mouse_y = 140;
+    view.onion_on = 1;
+    build_slot(SlotRow{1, 130, 50, 65, KIND_ZOOM_PREVIEW}.high(65), 0, 0);
+    gui.row_width[1] = 60;
+    // Without the onion skin, and of a frame that is smaller than the square.
+    show(1);
+    view.onion_on = 0;
+    store.frame_bitmap = painted(30, 50);
+    build_slot(SlotRow{1, 200, 50, 65, KIND_ZOOM_PREVIEW}.high(65), 0, 0);
+    gui.row_width[1] = 60;
+    show(1);
+    EXPECT_TRUE(matches("gallery_pictures"));
+}
+
+TEST_F(Gallery, QuickPanShowsTheWholeFrameAndTheView)
+{
+    store.frame_bitmap = Bitmap(640, 480);
+    quick_pan_picture.quickpan_bitmap = painted(300, 218);
+    build_slot(SlotRow{1, 10, 10, 300, KIND_QUICK_PAN}.high(220), 0, 0);
+    frame_snapshot.mouse_x = 260;
+    frame_snapshot.mouse_y = 60;
+    gui_render();
+    EXPECT_TRUE(matches("gallery_quick_pan"));
+}
+
+TEST_F(Gallery, DescriptionAndAboutBox)
+{
+    show(SlotRow{1, 4, 4, 123, KIND_TOOL_TEXT, 37}.high(75));
+    show(SlotRow{1, 134, 4, 180, KIND_ABOUT}.high(160).filled(FILL_SHADOW));
+    EXPECT_TRUE(matches("gallery_pages"));
+}
+
+TEST_F(Gallery, TheWholeOfBothFonts)
+{
+    std::string line;
+    int y = 4;
+    for (int font : {FONT_WIDE, FONT_NARROW}) {
+        for (int code = 32; code < 127; code += 32) {
+            line.clear();
+            for (int c = code; c < std::min(code + 32, 127); ++c)
+                line += static_cast<char>(c);
+            set_plain_text(font, SET_LIGHT);
+            draw_text(screen_state.back_buffer, 4, y, line.c_str());
+            y += 9;
+        }
+        set_plain_text(font, SET_BUTTON);
+        draw_text(screen_state.back_buffer, 4, y, "SIX JOLLY WIZARDS QUIT: BACK VEXING 0O 1Il 5S 8B");
+        y += 9;
+        draw_text(screen_state.back_buffer, 4, y, "The quick brown fox jumps over a lazy dog, again!");
+        y += 9;
+        draw_text(screen_state.back_buffer, 4, y, "\x1a \x1b \x1c \x1d \x1e");
+        y += 12;
+    }
+    for (int set = 0; set < text_set_count; ++set) {
+        if (set != 0 && text_colours[static_cast<std::size_t>(set)][0] == marker_stays) continue;
+        char text[16];
+        std::snprintf(text, sizeof text, "SET %02d", set);
+        static int place;
+        if (set == 0) place = 0;
+        set_plain_text(FONT_WIDE, set);
+        draw_text(screen_state.back_buffer, 4 + place % 7 * 45, y + place / 7 * 9, text);
+        ++place;
+    }
+    y += 6 * 9;
+    const int modes[][6] = {{0, 0, 0, 0, 0, 0}, {1, 9, 0, 0, 0, 0},  {2, 128, 0, 0, 0, 0}, {3, 9, 0, 0, 0, 0},
+                            {0, 0, 0, 1, 0, 0}, {0, 0, 0, 0, 1, 96}, {0, 0, 0, 0, -2, 96}};
+    int x = 4;
+    for (const auto& m : modes) {
+        set_text(FONT_WIDE, SET_MESSAGE, m[0], m[1], m[2], m[3], m[4], m[5]);
+        draw_text(screen_state.back_buffer, x, y, "SHADES");
+        x += 45;
+    }
+    EXPECT_TRUE(matches("gallery_text"));
+}
+
+} // namespace kelu::test
