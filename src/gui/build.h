@@ -75,39 +75,44 @@ struct SlotRow {
 
     constexpr SlotRow high(int height) const
     {
-        return changed([height](SlotRow& row) { row.h = height; });
+        SlotRow row = *this;
+        row.h = height;
+        return row;
     }
     constexpr SlotRow filled(int role) const
     {
-        return changed([role](SlotRow& row) { row.fill = role; });
+        SlotRow row = *this;
+        row.fill = role;
+        return row;
     }
     constexpr SlotRow inked(int set) const
     {
-        return changed([set](SlotRow& row) { row.colour_set = set; });
+        SlotRow row = *this;
+        row.colour_set = set;
+        return row;
     }
     constexpr SlotRow no_hover() const
     {
-        return changed([](SlotRow& row) { row.hover = 0; });
+        SlotRow row = *this;
+        row.hover = 0;
+        return row;
     }
     constexpr SlotRow with(ListRows added) const
     {
-        return changed([added](SlotRow& row) { row.list = added; });
+        SlotRow row = *this;
+        row.list = added;
+        return row;
     }
     constexpr SlotRow with(ScrollBar added) const
     {
-        return changed([added](SlotRow& row) { row.bar = added; });
+        SlotRow row = *this;
+        row.bar = added;
+        return row;
     }
     constexpr SlotRow with(TextField added) const
     {
-        return changed([added](SlotRow& row) { row.field = added; });
-    }
-
-private:
-    template <class Change>
-    constexpr SlotRow changed(Change change) const
-    {
         SlotRow row = *this;
-        change(row);
+        row.field = added;
         return row;
     }
 };
