@@ -11,22 +11,25 @@
 namespace kelu {
 namespace {
 
-constexpr int ticks = 400;
+constexpr int ticks = 200;
+constexpr int speaker = 3;
 constexpr int script_id = 1;
 
 void run(const std::vector<uint8_t>& file)
 {
     if (load_script_from(0, script_id, file) != script_id) return;
-    script_at(0).script_owner = 3;
+    script_at(0).script_owner = speaker;
     script_at(0).script_active = 1;
-    for (int i = 0; i < ticks; ++i) {
+    // The other passes run now and then: they are slow under the sanitizers, and scripts wait for them.
+    for (int i = 0; i < ticks && script_at(0).script_active != 0; ++i) {
         script_tick();
+        if (i % 16 != 0) continue;
         behavior_tick();
         bubble_tick();
         run_jobs();
     }
     reset_script(0);
-    reset_actors();
+    FW_destroy_actor(speaker, "fuzz");
     clear_jobs();
 }
 
