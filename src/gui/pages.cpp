@@ -25,8 +25,9 @@ void draw_line(int slot, int x, int y, int colour_set, const char* text)
     draw_text(gui_canvas, gui.x[slot] + x, gui.y[slot] + y, text);
 }
 
-/// The first draw of a page counts its lines and gives it the bar that they need.
-void measure_page(int slot, const char* page)
+} // namespace
+
+void give_page_bar(int slot, const char* page)
 {
     if (gui.items[slot][0] != -1) return;
     const int lines = help_line_count(page);
@@ -40,8 +41,6 @@ void measure_page(int slot, const char* page)
     }
     gui.scroll_on[slot] = needs_bar ? 1 : 0;
 }
-
-} // namespace
 
 void draw_tool_text(int slot, const Look& look)
 {
@@ -57,7 +56,7 @@ void draw_help_page(int slot, const Look& look)
     if (sheets.enlarged_picture)
         blend_sprite(sheets.enlarged_picture, gui_canvas, gui.x[slot] + 9, gui.y[slot] + 12, backdrop_opacity);
     const char* page = ui_strings[first_help_page + gui.text_id[slot]];
-    measure_page(slot, page);
+    give_page_bar(slot, page);
     const int first = gui.scroll_on[slot] ? int(gui.scroll_value[slot]) : 0;
     set_plain_text(FONT_WIDE, look.text);
     HelpWalk walk(page);

@@ -82,6 +82,8 @@ int look_colour(int slot, int fill);
 int look_border(const Look& look);
 /// The scroll bar of a slot.
 void draw_scroll_bar(int slot);
+/// Counts the lines of a help page whose count in `items` is -1, and gives it the bar that they need.
+void give_page_bar(int slot, const char* page);
 /// Bands the row under the pointer; rows of texts from `scroll_value` on.
 void draw_row_highlight(int slot, int colour);
 void draw_list_rows(int slot, bool centred);
