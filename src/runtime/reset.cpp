@@ -3,12 +3,16 @@
 
 #include "draw/operation.h"
 #include "draw/undo.h"
+#include "framework/script.h"
+#include "framework/sound.h"
+#include "framework/tint.h"
 #include "gui/menus.h"
 #include "gui/scheme.h"
 #include "gui/slots.h"
 #include "runtime/actors.h"
 #include "runtime/animation.h"
 #include "runtime/browser_state.h"
+#include "runtime/bubble_table.h"
 #include "runtime/cel.h"
 #include "runtime/clock.h"
 #include "runtime/color_band.h"
@@ -46,6 +50,14 @@ void FW_initialize_variables()
 {
     clear_jobs();
     reset_actors();
+    actor_layer = {};
+    bloom = {};
+    tint = {};
+    sound = {};
+    for (int bubble = 1; bubble < max_bubbles; ++bubble)
+        release_bubble(bubble);
+    for (int slot = 0; slot < max_scripts; ++slot)
+        reset_script(slot);
     for (int slot = 0; slot < gui_slots; ++slot)
         gui_reset_slot(slot);
     gui_logic = {};

@@ -23,7 +23,6 @@
 namespace kelu {
 namespace {
 
-constexpr int reserved_actor_type = 99; ///< actor 0 reads as taken for good
 constexpr int preview_w = 117;
 constexpr int preview_h = 79;
 constexpr int nail_sheet_side = 400;
@@ -102,7 +101,7 @@ void prepare()
     pointer.last_mouse_z = ::mouse_z;
     platform::host->position_mouse(screen_state.screen_w / 2, screen_state.screen_h / 2);
     wave_displacers = {};
-    actor_at(0).Type = reserved_actor_type;
+    actor_at(0).Type = ACTOR_RESERVED;
     fill_view_tables();
     register_framework_jobs();
     install_interrupts();
