@@ -478,6 +478,8 @@ constexpr LabelRow label_rows[] = {
     {TEXT_NODES_OFFSCREEN, "NODES OFFSCREEN"},
     {TEXT_JUMP_TO_START, "JUMP TO START"},
     {TEXT_JUMP_TO_END, "JUMP TO END"},
+    {TEXT_SAVING_WORKSPACE, "SAVING WORKSPACE"},
+    {TEXT_LOADING_WORKSPACE, "LOADING WORKSPACE"},
 };
 
 /// The labels spread out by their rows; two labels on one row stop the build.

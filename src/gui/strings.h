@@ -334,6 +334,10 @@ enum TextId : int {
     TEXT_NODES_OFFSCREEN,
     TEXT_JUMP_TO_START,
     TEXT_JUMP_TO_END,
+
+    // Titles of the window that shows how far an archive has come.
+    TEXT_SAVING_WORKSPACE = 170,
+    TEXT_LOADING_WORKSPACE
 };
 
 /// The table: `ui_strings[row]` is the text of a row, "" for a row that has none.

@@ -1,0 +1,289 @@
+#include "workspace/archive.h"
+
+#include "gui/menus.h"
+#include "gui/strings.h"
+#include "gui/tooltips.h"
+#include "imagefile/reader.h"
+#include "runtime/browser_state.h"
+#include "runtime/frame.h"
+#include "runtime/log.h"
+#include "runtime/run_state.h"
+#include "runtime/store.h"
+#include "runtime/view.h"
+#include "workspace/archive_progress.h"
+#include "workspace/folder.h"
+#include "workspace/frame_cache.h"
+#include "workspace/frame_store.h"
+#include "workspace/merged.h"
+#include "workspace/state.h"
+#include "workspace/timers_lock.h"
+#include <algorithm>
+#include <filesystem>
+#include <limits>
+#include <memory>
+#include <vector>
+
+namespace kelu {
+
+void (*archive_frame)() = run_frame_plain;
+
+namespace {
+
+constexpr std::string_view magic = "kWSP";
+constexpr const char* containers[] = {"cel", "nal", "tip", "spa"}; // behind the frames, in this order
+constexpr std::size_t buffer_size = 32768;
+constexpr std::size_t longest_text = 255; // what a length byte can tell
+constexpr std::size_t longest_directory = 255;
+constexpr int message_ticks = 120;
+
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, CloseFile>;
+
+/// What stands before the blocks.
+struct ArchiveHead {
+    std::string title, notes;
+    int frames = 0;
+    long blocks_at = 0; ///< offset of the first block's length
+};
+
+/// Reads an archive's numbers and texts. A read past the end makes all of them invalid.
+class ArchiveReader {
+public:
+    explicit ArchiveReader(std::FILE* file) : file_(file) {}
+
+    std::string text(std::size_t length)
+    {
+        std::string letters(length, '\0');
+        good_ = good_ && std::fread(letters.data(), 1, length, file_) == length;
+        return letters;
+    }
+    std::size_t byte()
+    {
+        const int value = std::fgetc(file_);
+        good_ = good_ && value != EOF;
+        return good_ ? static_cast<std::size_t>(value) : 0;
+    }
+    uint32_t word()
+    {
+        const std::string bytes = text(4);
+        return ByteReader({reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()}).big32();
+    }
+    bool skip(long length)
+    {
+        good_ = good_ && std::fseek(file_, length, SEEK_CUR) == 0;
+        return good_;
+    }
+    bool good() const { return good_; }
+    long position() const { return std::ftell(file_); }
+
+private:
+    std::FILE* file_;
+    bool good_ = true;
+};
+
+bool read_head(ArchiveReader& in, ArchiveHead& head)
+{
+    if (in.text(magic.size()) != magic) return false;
+    head.title = in.text(in.byte());
+    head.notes = in.text(in.byte());
+    const uint32_t frames = in.word();
+    head.frames = static_cast<int>(std::min<uint32_t>(frames, max_frames + 1));
+    head.blocks_at = in.position();
+    return in.good() && head.frames >= 1 && head.frames <= max_frames;
+}
+
+/// Walks the whole archive of `size` bytes: true when every block is there and the end comes exactly behind the last.
+bool walk_archive(std::FILE* file, long size, ArchiveHead& head)
+{
+    ArchiveReader in(file);
+    if (!read_head(in, head)) return false;
+    const int blocks = head.frames + static_cast<int>(std::size(containers));
+    for (int block = 0; block < blocks; ++block) {
+        const long length = in.word();
+        if (!in.good() || length > size - in.position() || !in.skip(length)) return false;
+    }
+    return in.position() == size && std::fseek(file, head.blocks_at, SEEK_SET) == 0;
+}
+
+/// Lets the old frame stand under its backup name as well, so that the new one can take its place in one step.
+bool put_aside(int frame)
+{
+    const std::string current = frame_file(frame), backup = frame_file(frame, file_set::backup);
+    if (!platform::file_exists(current)) return true;
+    platform::remove_file(backup);
+    std::error_code error;
+    std::filesystem::create_hard_link(current, backup, error);
+    return !error || platform::rename_file(current, backup); // a file system without links
+}
+
+bool extract_next(std::FILE* archive, const std::string& name, std::span<uint8_t> buffer)
+{
+    const uint32_t length = ArchiveReader(archive).word();
+    return extract_block(archive, name, buffer, length) == 0;
+}
+
+/// Brings all files of the archive into the store, which is the working directory. False: it failed half-way.
+bool extract_all(std::FILE* archive, const ArchiveHead& head, ArchiveProgress& progress)
+{
+    std::vector<uint8_t> buffer(buffer_size);
+    for (int frame = 0; frame < head.frames; ++frame) {
+        if (!put_aside(frame) || !extract_next(archive, frame_file(frame), buffer)) return false;
+        progress.step();
+    }
+    for (const char* ending : containers)
+        if (!extract_next(archive, set_file(ending), buffer)) return false;
+    return true;
+}
+
+/// Frames of the old workspace don't survive: neither under their backup names nor beyond the new ones.
+void remove_old_frames(int new_count)
+{
+    for (int frame = 0; frame < max_frames; ++frame)
+        platform::remove_file(frame_file(frame, file_set::backup));
+    for (int frame = new_count; frame < max_frames; ++frame)
+        platform::remove_file(frame_file(frame));
+}
+
+bool write_head(platform::FileReplacement& archive)
+{
+    Bytes bytes;
+    ByteWriter out(bytes);
+    out.text(magic);
+    for (const std::string* text : {&store.workspace_title, &store.workspace_notes}) {
+        const std::string_view kept = std::string_view(*text).substr(0, longest_text);
+        out.byte(static_cast<int>(kept.size()));
+        out.text(kept);
+    }
+    out.big32(static_cast<uint32_t>(int(store.frame_count)));
+    return archive.write(bytes);
+}
+
+bool write_archive(platform::FileReplacement& archive, ArchiveProgress& progress)
+{
+    std::vector<uint8_t> buffer(buffer_size);
+    if (!write_head(archive)) return false;
+    for (int frame = 0; frame < store.frame_count; ++frame) {
+        if (!copy_file_to_archive(frame_file(frame), archive, buffer)) return false;
+        progress.step();
+    }
+    for (const char* ending : containers)
+        if (!copy_file_to_archive(set_file(ending), archive, buffer)) return false;
+    progress.finish();
+    return archive.commit();
+}
+
+/// Opens an archive and tests the whole of it; empty, and a line in the log, when it is no good.
+File open_archive(const std::string& name, ArchiveHead& head)
+{
+    if (!platform::file_exists(name)) {
+        log_line("[ ERROR ] : Workspace archive is missing or corrupt! Aborting load!");
+        return {};
+    }
+    const long size = platform::file_size(name);
+    File file(size < 0 ? nullptr : std::fopen(name.c_str(), "rb"));
+    if (!file) {
+        log_line("[ ERROR ] : Failure to read file at OS level! Aborting load!");
+        return {};
+    }
+    if (!walk_archive(file.get(), size, head)) {
+        log_line("[ ERROR ] : Workspace packfile appears to be corrupt. Aborting load!");
+        return {};
+    }
+    return file;
+}
+
+} // namespace
+
+bool copy_file_to_archive(const std::string& file_name, platform::FileReplacement& archive, std::span<uint8_t> buffer)
+{
+    const long size = platform::file_size(file_name);
+    const File file(size < 0 || size > std::numeric_limits<uint32_t>::max() ? nullptr
+                                                                            : std::fopen(file_name.c_str(), "rb"));
+    if (!file) {
+        log_line("[ ERROR ] : Workspace component is missing or corrupt! Aborting save!");
+        return false;
+    }
+    Bytes length;
+    ByteWriter(length).big32(static_cast<uint32_t>(size));
+    bool good = archive.write(length);
+    for (auto left = static_cast<std::size_t>(size); good && left > 0;) {
+        const std::size_t chunk = std::min(left, buffer.size());
+        good = std::fread(buffer.data(), 1, chunk, file.get()) == chunk && archive.write(buffer.first(chunk));
+        left -= chunk;
+    }
+    if (!good) log_line("[ ERROR ] : Workspace component is missing or corrupt! Aborting save!");
+    return good;
+}
+
+int extract_block(std::FILE* archive, const std::string& file_name, std::span<uint8_t> buffer, uint32_t length)
+{
+    platform::FileReplacement file(file_name);
+    bool good = true;
+    for (std::size_t left = length; good && left > 0;) {
+        const std::size_t chunk = std::min(left, buffer.size());
+        good = std::fread(buffer.data(), 1, chunk, archive) == chunk && file.write(buffer.first(chunk));
+        left -= chunk;
+    }
+    if (good && file.commit()) return 0;
+    log_line("[ ERROR ] : Workspace component is missing or corrupt! Aborting load!");
+    return -1;
+}
+
+int save_workspace_archive(const std::string& file_name)
+{
+    const TimersLock lock;
+    const std::string directory = platform::working_directory();
+    write_workspace_state("current.spa", false); // so that the archive holds what the user sees
+    platform::change_directory(directory);
+    browser_state.browser_dir = platform::upper_case(directory).substr(0, longest_directory);
+    bool written = false;
+    {
+        ArchiveProgress progress(TEXT_SAVING_WORKSPACE, store.frame_count);
+        platform::FileReplacement archive(file_name);
+        const WorkspaceVisit visit(directory);
+        if (!visit.found_program())
+            log_line("[ ERROR ] : WORKSPACE directory unavailable. Writing workspace to current location");
+        written = write_archive(archive, progress);
+    }
+    if (!written) {
+        log_line("[ ERROR ] : Couldn't write file! Name = %s", file_name);
+        flash_status_message(TIP_SAVE_FAILED, message_ticks);
+    }
+    return 0;
+}
+
+int load_workspace_archive(const std::string& file_name)
+{
+    ArchiveHead head;
+    const File archive = open_archive(file_name, head);
+    if (!archive) {
+        flash_status_message(TIP_LOAD_FAILED, message_ticks);
+        return -1;
+    }
+    const TimersLock lock;
+    const WorkspaceVisit visit({});
+    if (!visit.found_program() || !visit.entered()) {
+        log_line("[ ERROR ] : WORKSPACE directory unavailable. Aborting load!");
+        return -1;
+    }
+    {
+        ArchiveProgress progress(TEXT_LOADING_WORKSPACE, head.frames);
+        drop_onion_skin();
+        clear_frame_cache();
+        store.workspace_title = head.title.c_str(); // up to a zero byte, like every text in a file
+        store.workspace_notes = head.notes.c_str();
+        const bool whole = extract_all(archive.get(), head, progress);
+        progress.finish();
+        if (whole)
+            remove_old_frames(head.frames);
+        else
+            flash_status_message(TIP_LOAD_FAILED, message_ticks);
+        read_workspace_state("current.spa");
+    }
+    if (store.alpha_edit_mode) toggle_alpha_edit();
+    return 0;
+}
+
+} // namespace kelu

@@ -1,0 +1,36 @@
+// A whole workspace in one file, by custom with the extension .WSP: for transport or keeping.
+//
+// "kWSP", title and notes with a length byte each, the number of frames, and then as blocks of a length word and that
+// many bytes the files of the frames, cel, thumbnails, custom tip and state. Numbers are big-endian.
+#pragma once
+
+#include "platform/files.h"
+#include <cstdint>
+#include <cstdio>
+#include <span>
+#include <string>
+
+namespace kelu {
+
+/// Shows one frame of the program while an archive is on its way; tests put something simpler in its place.
+extern void (*archive_frame)();
+
+/// Commits the open frame and the state, and packs the workspace into a file of the working directory. What fails is
+/// told by log and status line, and an old file of that name stands. The working directory is the same afterwards.
+/// Returns 0.
+int save_workspace_archive(const std::string& file_name);
+
+/// Replaces the workspace by that of an archive. One that is missing, short or wrong in any way is refused with a line
+/// in the log before anything is touched, and -1 is the result. A transfer that fails half-way leaves each frame whole,
+/// old or new; old frames that were reached stand under their backup names. Returns 0 when the state has been read.
+int load_workspace_archive(const std::string& file_name);
+
+/// Appends the block of a file of the working directory, through the buffer. False, and a line in the log, when the
+/// file can't be read or the archive can't be written.
+bool copy_file_to_archive(const std::string& file_name, platform::FileReplacement& archive, std::span<uint8_t> buffer);
+
+/// Writes the next `length` bytes of the archive as a file of the working directory, through the buffer. Returns 0; or
+/// -1, and a line in the log, when the file can't be written, and its old form stands.
+int extract_block(std::FILE* archive, const std::string& file_name, std::span<uint8_t> buffer, uint32_t length);
+
+} // namespace kelu

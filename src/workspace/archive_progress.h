@@ -1,0 +1,25 @@
+// The small window that shows how far an archive has come.
+#pragma once
+
+namespace kelu {
+
+/// Stands from its making to its end, which leaves the screen without a window.
+class ArchiveProgress {
+public:
+    /// `title` is a row of the strings. `steps` frames make the whole bar.
+    ArchiveProgress(int title, int steps);
+    ~ArchiveProgress();
+    ArchiveProgress(const ArchiveProgress&) = delete;
+    ArchiveProgress& operator=(const ArchiveProgress&) = delete;
+    /// One more frame is done: moves the bar and shows it.
+    void step();
+    /// Fills the bar and shows it.
+    void finish();
+
+private:
+    void show(int percent);
+    float done_ = 0; // per cent
+    float step_;     // per cent of one frame
+};
+
+} // namespace kelu

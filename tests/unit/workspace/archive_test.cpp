@@ -1,0 +1,203 @@
+// Archives: what is packed comes back, and what is short or wrong touches nothing.
+#include "workspace/archive.h"
+
+#include "gui/menus.h"
+#include "gui/slots.h"
+#include "imagefile/reader.h"
+#include "runtime/browser_state.h"
+#include "runtime/view.h"
+#include "workspace/merged.h"
+#include "workspace/state.h"
+#include "workspace_fixture.h"
+#include <map>
+
+namespace kelu {
+namespace {
+
+std::vector<int> bar; ///< what the progress bar showed, frame by frame
+
+class ArchiveTest : public WorkspaceTest {
+protected:
+    ArchiveTest()
+    {
+        bar.clear();
+        archive_frame = [] { bar.push_back(gui.list_items[2][0]); };
+    }
+
+    /// A workspace of n frames that is written and packed as "w.wsp".
+    void pack(int n)
+    {
+        make_frames(n);
+        store.workspace_title = "PACKED";
+        EXPECT_EQ(save_workspace_archive("w.wsp"), 0);
+    }
+    /// All names and bytes of the store.
+    std::map<std::string, std::string> store_files() const
+    {
+        std::map<std::string, std::string> files;
+        for (const auto& entry : std::filesystem::directory_iterator(folder.path() / "WORKSPACE"))
+            files[entry.path().filename().string()] = bytes(entry.path().filename().string());
+        return files;
+    }
+    void put_archive(const std::string& name, const Bytes& content) const
+    {
+        folder.put(name, {reinterpret_cast<const char*>(content.data()), content.size()});
+    }
+};
+
+void put_block(ByteWriter& out, const std::string& content)
+{
+    out.big32(static_cast<uint32_t>(content.size()));
+    out.text(content);
+}
+
+} // namespace
+
+TEST_F(ArchiveTest, HoldsTheOpenFrameInItsFixedLayout)
+{
+    make_frames(2);
+    row(store.frame_bitmap, 0)[0] = 0xabcdef; // never committed by hand
+    store.workspace_title = "T";
+    store.workspace_notes = std::string(300, 'N');
+    EXPECT_EQ(save_workspace_archive("w.wsp"), 0);
+    EXPECT_EQ(platform::working_directory(), run_state.program_dir);
+    const std::string archive = folder.text("w.wsp");
+    Bytes expected;
+    ByteWriter out(expected);
+    out.text("kWSP");
+    out.byte(1);
+    out.text("T");
+    out.byte(255);
+    out.text(std::string(255, 'N'));
+    out.big32(2);
+    for (const char* name : {"current.000", "current.001", "current.cel", "current.nal", "current.tip", "current.spa"})
+        put_block(out, bytes(name));
+    EXPECT_TRUE(archive == std::string(expected.begin(), expected.end()));
+    EXPECT_EQ(stored_pixel(0), opaque | 0xabcdef);
+    EXPECT_EQ(bar, (std::vector<int>{50, 100, 100}));
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+    EXPECT_EQ(gui.active[0], 0);
+}
+
+TEST_F(ArchiveTest, ReplacesALargerWorkspace)
+{
+    pack(1);
+    for (int i = 0; i < 5; ++i)
+        put_frame(i, opaque | 0x77);
+    folder.put("WORKSPACE/backup.050", "of an earlier load");
+    store.frame_count = 5;
+    store.current_frame = 4;
+    store.workspace_title = "OLD";
+    view.onion_on = 1;
+    EXPECT_EQ(load_workspace_archive("w.wsp"), 0);
+    EXPECT_EQ(count_workspace_frames(), 1);
+    EXPECT_EQ(store.frame_count, 1);
+    EXPECT_EQ(store.current_frame, 0);
+    EXPECT_EQ(row(store.frame_bitmap, 0)[0], 0x10);
+    EXPECT_EQ(store.workspace_title, "PACKED");
+    EXPECT_FALSE(exists("backup.000"));
+    EXPECT_FALSE(exists("backup.050"));
+    EXPECT_EQ(view.onion_on, 0);
+    EXPECT_EQ(bar.back(), 100);
+    EXPECT_EQ(platform::working_directory(), run_state.program_dir);
+    EXPECT_EQ(gui.active[0], 0);
+}
+
+TEST_F(ArchiveTest, OpensInColourEditing)
+{
+    make_frames(1);
+    toggle_alpha_edit();
+    save_workspace_archive("w.wsp");
+    EXPECT_EQ(load_workspace_archive("w.wsp"), 0);
+    EXPECT_EQ(store.alpha_edit_mode, 0);
+    EXPECT_EQ(row(store.frame_bitmap, 0)[0], 0x10);
+    EXPECT_EQ(row(store.alpha_bitmap, 0)[0], 0xffffff);
+}
+
+TEST_F(ArchiveTest, RefusesEveryDamageBeforeAnythingIsTouched)
+{
+    pack(2);
+    const std::string text = folder.text("w.wsp");
+    const Bytes whole(text.begin(), text.end());
+    const auto files = store_files();
+    std::vector<Bytes> damaged;
+    for (const std::size_t size :
+         {std::size_t{0}, std::size_t{3}, std::size_t{5}, std::size_t{20}, whole.size() / 2, whole.size() - 1})
+        damaged.emplace_back(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size));
+    damaged.push_back(whole);
+    damaged.back().push_back(0); // something behind the end
+    damaged.push_back(whole);
+    damaged.back()[0] = 'K';
+    const std::size_t count_at = 4 + 1 + 6 + 1 + 3;
+    for (const int frames : {0, 1, 3, 101, 255}) {
+        damaged.push_back(whole);
+        damaged.back()[count_at + 3] = static_cast<uint8_t>(frames);
+    }
+    damaged.push_back(whole);
+    damaged.back()[count_at] = 0xff; // a negative number of frames
+    damaged.push_back(whole);
+    damaged.back()[count_at + 4] = 0xff; // a first block of four gigabytes
+    for (const Bytes& archive : damaged) {
+        put_archive("bad.wsp", archive);
+        EXPECT_EQ(load_workspace_archive("bad.wsp"), -1);
+    }
+    EXPECT_TRUE(logged("[ ERROR ] : Workspace packfile appears to be corrupt. Aborting load!"));
+    EXPECT_EQ(load_workspace_archive("missing.wsp"), -1);
+    EXPECT_TRUE(logged("[ ERROR ] : Workspace archive is missing or corrupt! Aborting load!"));
+    EXPECT_EQ(load_workspace_archive("WORKSPACE"), -1);
+    EXPECT_TRUE(logged("[ ERROR ] : Failure to read file at OS level! Aborting load!"));
+    EXPECT_TRUE(store_files() == files);
+    EXPECT_EQ(store.workspace_title, "PACKED");
+    EXPECT_EQ(gui.active[0], 0);
+}
+
+TEST_F(ArchiveTest, FailedExtractionLeavesEveryFrameWhole)
+{
+    pack(3);
+    for (int i = 0; i < 3; ++i)
+        put_frame(i, opaque | 0x77);
+    std::filesystem::create_directory(in_store(".current.001.kelu-new")); // the second frame can't be written
+    EXPECT_EQ(load_workspace_archive("w.wsp"), 0);
+    EXPECT_TRUE(logged("[ ERROR ] : Workspace component is missing or corrupt! Aborting load!"));
+    EXPECT_EQ(stored_pixel(0), frame_color(0));
+    EXPECT_EQ(stored_pixel(1), opaque | 0x77);
+    EXPECT_EQ(stored_pixel(2), opaque | 0x77);
+    const Bitmap backup = read_tga(in_store("backup.000").string());
+    ASSERT_TRUE(backup);
+    EXPECT_EQ(row(backup, 0)[0], opaque | 0x77);
+    EXPECT_EQ(store.frame_count, 3);
+    EXPECT_EQ(bar.back(), 100);
+}
+
+TEST_F(ArchiveTest, FailedSaveLeavesTheOldArchive)
+{
+    pack(2);
+    const std::string before = folder.text("w.wsp");
+    std::filesystem::remove(in_store("current.001"));
+    save_workspace_archive("w.wsp");
+    EXPECT_TRUE(logged("[ ERROR ] : Workspace component is missing or corrupt! Aborting save!"));
+    EXPECT_TRUE(folder.text("w.wsp") == before);
+    save_workspace_archive("missing/w.wsp");
+    EXPECT_TRUE(logged("[ ERROR ] : Couldn't write file! Name = missing/w.wsp"));
+}
+
+TEST_F(ArchiveTest, ZeroLengthBlockMakesAnEmptyFile)
+{
+    Bytes archive;
+    ByteWriter out(archive);
+    out.text("kWSP");
+    out.byte(0);
+    out.byte(0);
+    out.big32(1);
+    for (int block = 0; block < 5; ++block)
+        out.big32(0);
+    put_archive("empty.wsp", archive);
+    make_frames(1);
+    EXPECT_EQ(load_workspace_archive("empty.wsp"), 0);
+    EXPECT_TRUE(exists("current.spa"));
+    EXPECT_EQ(bytes("current.spa"), "");
+    EXPECT_EQ(bytes("damaged.000"), ""); // put aside, and a blank frame in its place
+    EXPECT_EQ(stored_pixel(0), opaque);
+}
+
+} // namespace kelu
