@@ -55,7 +55,7 @@ bool place_cel()
 
 } // namespace
 
-void cel_paste(bool remask, bool undoable)
+bool cel_paste(bool remask, bool undoable)
 {
     clear_tool_measure();
     if (remask) {
@@ -65,12 +65,12 @@ void cel_paste(bool remask, bool undoable)
     const FloatingCel floating(CEL_PLAIN, {cel.cel_origin_x, cel.cel_origin_y});
     CelPlace& place = cel_work.cel_place;
     place.show_outline = 1;
-    // A picture that has already been lifted or announced is anchored where it is when the program leaves.
-    if (!place_cel() && undoable) return;
+    if (!place_cel()) return false;
     place.show_outline = 0;
     cel.cel_origin_x = place.x;
     cel.cel_origin_y = place.y;
     anchor_cel(CEL_PLAIN, undoable);
+    return true;
 }
 
 void cel_below()

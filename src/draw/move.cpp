@@ -40,7 +40,7 @@ void move_tool()
         if (cel_get(corner.x, corner.y, false) == GRAB_TAKEN) {
             push_undo(false);
             fill_gap();
-            cel_paste(false, false);
+            if (!cel_paste(false, false)) undo_step(); // the program leaves: the piece goes back to its place
         }
     }
     clear_ghost();
