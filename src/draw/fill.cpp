@@ -2,8 +2,8 @@
 //
 // A run is a maximal stretch of close pixels in a row. The first run of each row stands in the row's head, all others
 // in a queue. The runs are swept: the heads from the top down, stepping back whenever work moves upward, then the
-// queue; again until no head waits. A bit a pixel says what is filled, so that a row above or below a run is looked
-// over in a time that depends on the run's own length alone.
+// queue; again until no head waits. A bit a pixel says what is still to be filled, so that a row above or below a run
+// is looked over 64 pixels at a time.
 #include "draw/fill.h"
 
 #include "draw/inks.h"
@@ -23,60 +23,105 @@ struct Run {
     int left = 0, right = 0, y = 0;
 };
 
-/// One bit a pixel of a bitmap: the filled ones.
-class FilledPixels {
+/// One bit a pixel: close to the seed and not filled yet. Bits are worked out 64 at a time, when they are first asked
+/// for, so that an area costs what it covers and not what the picture covers.
+class OpenPixels {
 public:
-    FilledPixels(int w, int h)
-        : words_per_row_((static_cast<std::size_t>(w) + 63) / 64), words_(words_per_row_ * static_cast<std::size_t>(h))
+    OpenPixels(BITMAP* source, int seed, int tolerance)
+        : source_(source), seed_(seed), tolerance_(tolerance),
+          words_per_row_((static_cast<std::size_t>(source->w) + 63) / 64),
+          words_(words_per_row_ * static_cast<std::size_t>(source->h)), known_(words_.size())
     {}
 
-    void set(const Run& run)
+    /// The first open pixel of row y from x to `limit`, or `limit` + 1.
+    int find(int x, int limit, int y)
     {
-        uint64_t* const line = row_of(run.y);
-        const int first = run.left / 64;
-        const int last = run.right / 64;
-        const uint64_t from = ~uint64_t{0} << (run.left % 64);
-        const uint64_t to = ~uint64_t{0} >> (63 - run.right % 64);
-        if (first == last) {
-            line[first] |= from & to;
-            return;
-        }
-        line[first] |= from;
-        std::fill(line + first + 1, line + last, ~uint64_t{0});
-        line[last] |= to;
-    }
-
-    /// The first pixel from x on that isn't filled; x itself may be it. Looks no further than `limit`.
-    int skip(int x, int y, int limit)
-    {
-        const uint64_t* const line = row_of(y);
         while (x <= limit) {
-            const uint64_t clear = ~line[x / 64] >> (x % 64);
-            if (clear != 0) return x + std::countr_zero(clear);
+            const uint64_t open = word(x / 64, y) & from_bit(x % 64);
+            if (open != 0) return std::min(x / 64 * 64 + std::countr_zero(open), limit + 1);
             x = (x / 64 + 1) * 64;
         }
-        return x;
+        return limit + 1;
+    }
+
+    /// The stretch of open pixels through the open pixel (x, y).
+    Run run_through(int x, int y) { return {left_end(x, y), right_end(x, y), y}; }
+
+    /// The run is filled.
+    void close(const Run& run)
+    {
+        const int first = run.left / 64;
+        const int last = run.right / 64;
+        for (int i = first; i <= last; ++i) {
+            const uint64_t from = i == first ? from_bit(run.left % 64) : ~uint64_t{0};
+            const uint64_t to = i == last ? to_bit(run.right % 64) : ~uint64_t{0};
+            word(i, run.y) &= ~(from & to);
+        }
     }
 
 private:
-    uint64_t* row_of(int y) { return words_.data() + words_per_row_ * static_cast<std::size_t>(y); }
+    static uint64_t from_bit(int bit) { return ~uint64_t{0} << bit; }
+    static uint64_t to_bit(int bit) { return ~uint64_t{0} >> (63 - bit); }
 
+    int left_end(int x, int y)
+    {
+        for (;;) {
+            const uint64_t shut = ~word(x / 64, y) & to_bit(x % 64);
+            if (shut != 0) return x / 64 * 64 + 64 - std::countl_zero(shut);
+            if (x < 64) return 0;
+            x = x / 64 * 64 - 1;
+        }
+    }
+
+    int right_end(int x, int y)
+    {
+        while (x < source_->w) {
+            const uint64_t shut = ~word(x / 64, y) & from_bit(x % 64);
+            if (shut != 0) return x / 64 * 64 + std::countr_zero(shut) - 1;
+            x = (x / 64 + 1) * 64;
+        }
+        return source_->w - 1;
+    }
+
+    uint64_t& word(int i, int y)
+    {
+        const std::size_t at = words_per_row_ * static_cast<std::size_t>(y) + static_cast<std::size_t>(i);
+        if (!known_[at]) {
+            known_[at] = 1;
+            words_[at] = compare(i * 64, y);
+        }
+        return words_[at];
+    }
+
+    /// The bits of the 64 pixels from x on; 0 beyond the bitmap.
+    uint64_t compare(int x, int y) const
+    {
+        const int* const pixels = row(source_, y) + x;
+        const int count = std::min(64, source_->w - x);
+        uint64_t bits = 0;
+        for (int k = 0; k < count; ++k)
+            bits |= uint64_t{colors_close(pixels[k], seed_, tolerance_)} << k;
+        return bits;
+    }
+
+    BITMAP* source_;
+    int seed_, tolerance_;
     std::size_t words_per_row_;
     std::vector<uint64_t> words_;
+    std::vector<uint8_t> known_;
 };
 
 class AreaWalk {
 public:
     AreaWalk(BITMAP* source, int seed, int tolerance, SpanVisit run, FunctionRef<void()> breathe)
-        : source_(source), seed_(seed), tolerance_(tolerance), report_(run), breathe_(breathe),
-          filled_(source->w, source->h), heads_(static_cast<std::size_t>(source->h)),
-          states_(static_cast<std::size_t>(source->h), HEAD_FREE)
+        : height_(source->h), report_(run), breathe_(breathe), open_(source, seed, tolerance),
+          heads_(static_cast<std::size_t>(source->h)), states_(static_cast<std::size_t>(source->h), HEAD_FREE)
     {}
 
     void walk(int x, int y)
     {
-        fill_run(x, y);
-        for (int head = waiting_head(0); head < source_->h; head = waiting_head(0)) {
+        check_row(y, x, x);
+        for (int head = waiting_head(0); head < height_; head = waiting_head(0)) {
             sweep_heads(head);
             for (; next_in_queue_ < queue_.size(); ++next_in_queue_)
                 look_around(Run{queue_[next_in_queue_]});
@@ -86,8 +131,6 @@ public:
 private:
     enum HeadState : uint8_t { HEAD_FREE, HEAD_WAITING, HEAD_DONE };
 
-    bool close(int x, const int* line) const { return colors_close(line[x], seed_, tolerance_); }
-
     /// The first head from row y on whose run has not been looked around; the height when there is none.
     int waiting_head(int y) const
     {
@@ -96,7 +139,7 @@ private:
 
     void sweep_heads(int y)
     {
-        while (y < source_->h) {
+        while (y < height_) {
             states_[static_cast<std::size_t>(y)] = HEAD_DONE;
             const bool upward = look_around(heads_[static_cast<std::size_t>(y)]);
             // New work above goes on at once.
@@ -107,43 +150,25 @@ private:
     /// Fills what touches the run from below and above; true when there was something new above.
     bool look_around(const Run& run)
     {
-        if (run.y + 1 < source_->h) check_row(run.y + 1, run.left, run.right);
+        if (run.y + 1 < height_) check_row(run.y + 1, run.left, run.right);
         const bool upward = run.y > 0 && check_row(run.y - 1, run.left, run.right);
         breathe_();
         return upward;
     }
 
+    /// Fills every run of row y that touches the columns `left` to `right`; true when there was one.
     bool check_row(int y, int left, int right)
     {
-        const int* const line = row(source_, y);
         bool found = false;
-        for (int x = left; x <= right;) {
-            const int open = filled_.skip(x, y, right);
-            if (open > right) break;
-            if (close(open, line)) {
-                x = fill_run(open, y) + 1;
-                found = true;
-            } else {
-                x = open + 1;
-            }
+        for (int x = open_.find(left, right, y); x <= right; x = open_.find(x, right, y)) {
+            const Run run = open_.run_through(x, y);
+            open_.close(run);
+            report_(run.left, run.right, y);
+            keep(run);
+            found = true;
+            x = run.right + 2; // the pixel behind a run is none of the area
         }
         return found;
-    }
-
-    /// Fills the run through (x, y), if that pixel is close to the seed; returns the first x beyond it.
-    int fill_run(int x, int y)
-    {
-        const int* const line = row(source_, y);
-        if (!close(x, line)) return x + 1;
-        Run run{x, x, y};
-        while (run.left > 0 && close(run.left - 1, line))
-            --run.left;
-        while (run.right + 1 < source_->w && close(run.right + 1, line))
-            ++run.right;
-        filled_.set(run);
-        report_(run.left, run.right, y);
-        keep(run);
-        return run.right + 1;
     }
 
     void keep(const Run& run)
@@ -157,11 +182,10 @@ private:
         }
     }
 
-    BITMAP* source_;
-    int seed_, tolerance_;
+    int height_;
     SpanVisit report_;
     FunctionRef<void()> breathe_;
-    FilledPixels filled_;
+    OpenPixels open_;
     std::vector<Run> heads_;
     std::vector<HeadState> states_; ///< of the heads
     std::vector<Run> queue_;
