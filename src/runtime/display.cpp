@@ -6,6 +6,7 @@
 #include "runtime/run_state.h"
 #include "runtime/startup.h"
 
+#include "imagefile/picture_files.h"
 #include "platform/places.h"
 #include <algorithm>
 #include <cstdio>
@@ -80,6 +81,7 @@ void initialize_display()
     set_screen_size(smallest_window);
     note_start_day();
     enter_video_mode();
+    register_picture_formats();
     screen_state.back_buffer = Bitmap(logical_w, logical_h);
     FW_initialize_variables();
     log_line("[ INIT ] : Internal assets initialized");

@@ -1,11 +1,14 @@
 // One frame, from the bottom of the picture to its top.
 #include "runtime/frame.h"
 
+#include "draw/cel.h"
 #include "draw/cel_render.h"
 #include "draw/preview.h"
 #include "framework/actor_shadow.h"
 #include "framework/tint.h"
 #include "gui/menus.h"
+#include "gui/render.h"
+#include "gui/status_bar.h"
 #include "runtime/clock.h"
 #include "runtime/frame_picture.h"
 #include "runtime/frame_pointer.h"
@@ -50,6 +53,14 @@ void draw_previews()
     if (cel_work.grab_x != no_grab) draw_grab_marker();
 }
 
+/// What the running operation shows on the overlay. Each writer clears it, so that the last one is what shows.
+void draw_tool_overlay()
+{
+    if (cel_work.cel_place.mode != CEL_NONE) draw_cel_preview();
+    if (preview.preview_kind != no_preview) draw_tool_preview();
+    if (cel_work.grab_x != no_grab) draw_grab_marker();
+}
+
 } // namespace
 
 void take_frame_snapshot()
@@ -79,12 +90,15 @@ void run_frame(uint8_t no_tool_preview)
     take_frame_snapshot();
     if (!waiting) draw_previews();
     paint_background(picture);
-    paint_frame(picture, !waiting && !clean);
+    if (!waiting) draw_tool_overlay();
+    paint_frame(picture, !waiting && !clean && preview.preview_active != 0);
     if (!clean && !waiting) paint_crosshairs(picture);
     const bool below_menus = preferences.cursor_scaling_off == 0 && frame_snapshot.hover_slot < 0;
     if (below_menus && !clean) paint_pointer(picture, true, waiting);
     paint_ghost(picture);
+    gui_render();
     if (!below_menus && !clean) paint_pointer(picture, false, waiting);
+    draw_status_bar();
     draw_screen_tint(picture);
     if (!clean) present_back_buffer();
     clock_state.tool_ticks = 0;

@@ -2,6 +2,7 @@
 #include "runtime/frame_pointer.h"
 
 #include "draw/tips.h"
+#include "gui/text.h"
 #include "runtime/frame_snapshot.h"
 #include "runtime/pixels.h"
 #include "runtime/preferences.h"
@@ -16,6 +17,8 @@ constexpr int one_pixel_tip = 35; ///< the tip that shows no cross and no crossh
 constexpr int crosshair_gap = 4;  ///< pixels left free on each side of the pointer
 constexpr int tip_opacity = 192;  ///< of the tip's shape, over the picture's inverse
 constexpr int inverse = 0xffffff;
+constexpr int label_font = 5;
+constexpr int waiting_colour_set = 38;
 
 /// Where the pointer is in units of the picture, and how many logical pixels a unit has.
 struct Units {
@@ -107,6 +110,10 @@ void paint_cursor(BITMAP* target, bool scaled)
     if (toolbox.brush_tip != one_pixel_tip) paint_cross(target, at);
 }
 
-void paint_waiting_cursor(BITMAP* target) { paint_unit(target, pointer_units(false), 0, 0, fixed_colours.red); }
+void paint_waiting_cursor(BITMAP* target)
+{
+    set_plain_text(label_font, waiting_colour_set);
+    draw_text(target, frame_snapshot.mouse_x - 2, frame_snapshot.mouse_y - 2, "X");
+}
 
 } // namespace kelu

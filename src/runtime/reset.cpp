@@ -31,21 +31,9 @@
 #include "runtime/text_settings.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
+#include "screens/actions.h"
 
 namespace kelu {
-namespace {
-
-/// Keys that answer before the user's settings have come.
-void set_first_keys()
-{
-    hotkeys.hotkey_table[ACTION_UNDO].primary = KEY_U;
-    hotkeys.hotkey_table[ACTION_REDO].primary = KEY_U + key_shift;
-    hotkeys.hotkey_table[ACTION_PIC_RESTORE].primary = KEY_R;
-    hotkeys.hotkey_table[ACTION_RAPID_EXIT].primary = KEY_Q + key_shift;
-}
-
-} // namespace
-
 void FW_initialize_variables()
 {
     clear_jobs();
@@ -82,7 +70,7 @@ void FW_initialize_variables()
     shape_settings = {};
     text_settings = {};
     hotkeys = {};
-    set_first_keys();
+    set_default_hotkeys();
     for (Shared<int>& favorite : toolbox.favorites)
         favorite = random_color();
 }

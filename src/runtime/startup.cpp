@@ -1,9 +1,15 @@
 // The start-up sequence. Each step leans on what the one before it left in the global tables.
 #include "runtime/startup.h"
 
+#include "draw/tips.h"
+#include "draw/tool_hooks.h"
+#include "draw/tools.h"
 #include "framework/framework_jobs.h"
 #include "framework/script.h"
 #include "framework/tint.h"
+#include "gui/drag.h"
+#include "gui/logic.h"
+#include "gui/scheme.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "runtime/actors.h"
@@ -17,12 +23,22 @@
 #include "runtime/sheets.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
+#include "screens/actions.h"
+#include "screens/dialogs.h"
+#include "screens/draw_menu.h"
+#include "screens/freeze.h"
+#include "workspace/blank_workspace.h"
+#include "workspace/frame_store.h"
+#include "workspace/notice.h"
+#include "workspace/resources.h"
+#include "workspace/state.h"
 #include <cstdlib>
 #include <ctime>
 
 namespace kelu {
 namespace {
 
+constexpr const char* state_file = "current.spa";
 constexpr int preview_w = 117;
 constexpr int preview_h = 79;
 constexpr int nail_sheet_side = 400;
@@ -57,13 +73,27 @@ void start_machine()
 
 void load_resources()
 {
+    {
+        const platform::DirectoryVisit folder("resource");
+        load_object_library();
+    }
     log_line("[ INIT ] : Loaded application audio resources");
     log_line("[ INIT ] : Loaded framework audio resources");
+    load_application_resources();
     log_line("[ INIT ] : Loaded application video resources");
-    const platform::DirectoryVisit folder("resource");
+    load_framework_video();
     log_line("[ INIT ] : Loaded framework video resources");
+    const platform::DirectoryVisit folder("resource");
     for (const char* leftover : {"prat", "prat.def", "prat_2.def"})
         platform::remove_file(leftover);
+}
+
+/// Reductions to 256 colours look colours up here.
+void make_color_map()
+{
+    static RGB_MAP map;
+    create_rgb_table(&map, framework_palette, nullptr);
+    rgb_map = &map;
 }
 
 void make_bitmaps()
@@ -80,8 +110,34 @@ void make_bitmaps()
 
 void restore_workspace()
 {
-    store.frame_bitmap = Bitmap(logical_w, logical_h);
-    store.coverage_bitmap = Bitmap(logical_w, logical_h);
+    int loaded = 0;
+    {
+        const platform::DirectoryVisit folder("WORKSPACE");
+        loaded = read_workspace_state(state_file);
+    }
+    if (loaded != 0) {
+        store.frame_count = count_workspace_frames();
+        log_line("[ INIT ] : User workspace restored from file");
+    } else {
+        log_line("[ INFO ] : Couldn't locate workspace. Assuming default settings.");
+        apply_default_options();
+        begin_workspace();
+    }
+}
+
+/// What lower levels ask of higher ones.
+void connect_levels()
+{
+    logic_hooks.hotkeys = [] { hotkey_dispatch(2); };
+    logic_hooks.follow_view = [] {
+        clamp_pan();
+        update_mouse_position();
+    };
+    logic_hooks.wheel_zoom = zoom_step;
+    tool_hooks = {.hotkey_dispatch = hotkey_dispatch, .build_draw_menu = build_draw_menu, .freeze_menu = freeze_menu};
+    show_notice = [](int first, int second) { ask(first, second, DialogButtons::OKAY); };
+    install_drag_job();
+    register_framework_jobs();
 }
 
 void prepare()
@@ -94,16 +150,18 @@ void prepare()
     start_machine();
     initialize_display();
     log_line("[ INIT ] : Framework initialized");
+    preferences.mouse_swap = 0;
     log_line("[ INIT ] : User settings loaded from file");
     load_resources();
     std::srand(static_cast<unsigned>(std::time(nullptr)));
+    make_color_map();
     make_bitmaps();
     pointer.last_mouse_z = ::mouse_z;
     platform::host->position_mouse(screen_state.screen_w / 2, screen_state.screen_h / 2);
     wave_displacers = {};
     actor_at(0).Type = ACTOR_RESERVED;
     fill_view_tables();
-    register_framework_jobs();
+    connect_levels();
     install_interrupts();
     restore_workspace();
 }
@@ -123,6 +181,8 @@ void enter_running()
     tint.tint_blue = 0;
     tint.tint_opacity = tint_start;
     FW_tint_screen(0, 0, 0, 0, 0, tint_step);
+    wear_scheme();
+    rebuild_tip_cursor();
 }
 
 } // namespace
@@ -144,6 +204,7 @@ void shutdown_program()
     run_state.gui_clicks_enabled = 0;
     run_state.gui_active = 0;
     log_line("[ END ] : Writing workspace to file.");
+    write_workspace_state(state_file, false);
     log_line("[ END ] : Writing user settings to file.");
     log_line("[ END ] : Closing font renderer hooks.");
     log_line("[ END ] : Closing log.");

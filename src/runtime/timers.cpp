@@ -7,8 +7,8 @@
 #include "framework/behaviors.h"
 #include "framework/bubbles.h"
 #include "framework/script.h"
+#include "gui/logic.h"
 #include "platform/host.h"
-#include "screens/application_tick.h"
 
 namespace kelu {
 namespace {
@@ -19,7 +19,7 @@ constexpr TimerRow timers[] = {
     {script_tick, 11931},
     {world_tick, 26515},
     {behavior_tick, 8522},
-    {application_tick, logic_period_slow},
+    {gui_logic_tick, logic_period_slow},
     {caret_tick, 119318},
     {sample_tick, 238636},
     {mouse_tick, 9943},
@@ -44,7 +44,7 @@ void remove_interrupts()
 void install_logic_timer()
 {
     const bool fast = preferences.frame_limiter == 0 && preferences.power_save != 0;
-    platform::host->install_timer(application_tick, fast ? logic_period_fast : logic_period_slow);
+    platform::host->install_timer(gui_logic_tick, fast ? logic_period_fast : logic_period_slow);
 }
 
 } // namespace kelu

@@ -1,27 +1,111 @@
-// The home screen's loop.
+// The strip's layout, and the loop that reads its events.
 #include "screens/draw_menu.h"
 
 #include "draw/operation.h"
 #include "draw/tools.h"
 #include "draw/undo.h"
+#include "gui/build.h"
+#include "gui/scheme.h"
 #include "runtime/frame.h"
-#include "runtime/hotkeys.h"
 #include "runtime/input.h"
 #include "runtime/run_state.h"
+#include "runtime/toolbox.h"
+#include "screens/actions.h"
+#include "screens/activity.h"
+#include "screens/choice_menu.h"
+#include "screens/dialogs.h"
+#include "screens/freeze.h"
+#include "screens/tip_menu.h"
+#include <array>
 
 namespace kelu {
 namespace {
 
-void wait_release(int action)
+enum {
+    SLOT_WINDOW,
+    SLOT_HOME,
+    SLOT_FRAME,
+    SLOT_UNDO,
+    SLOT_TOOL_0,
+    SLOT_TOOL_5 = SLOT_TOOL_0 + 5,
+    SLOT_INK_0,
+    SLOT_INK_5 = SLOT_INK_0 + 5,
+    SLOT_PIC,
+    SLOT_CEL,
+    SLOT_USER,
+    SLOT_MASK,
+    SLOT_BRUSH,
+    SLOT_TIP,
+    SLOT_SPECTRUM,
+    SLOT_FAVORITE_0,
+    SLOT_FAVORITE_9 = SLOT_FAVORITE_0 + 9
+};
+constexpr int draw_menu_slots = 35;
+constexpr int cells_in_menu = 10;
+constexpr int first_overlay_slot = 120; ///< slots that outlive a menu, cleared after the damage dialog
+constexpr int last_overlay_slot = 127;
+
+constexpr SlotRow column_row(int slot, int x, int text, int right, int tooltip)
 {
-    while (hotkey_test(action))
-        run_frame(0);
+    return {slot, x, 2, standard_button_w, KIND_PUSH_DARK, text, ACT_CLICK, right, tooltip};
 }
+constexpr SlotRow both_clicks(int slot, int x, int y, int w, int kind, int tooltip)
+{
+    return {slot, x, y, w, kind, TEXT_NONE, ACT_CLICK, ACT_RIGHT_CLICK, tooltip};
+}
+
+constexpr std::array fixed_rows{
+    title_row(2, 2, standard_button_w, TEXT_HOME),
+    column_row(SLOT_FRAME, 82, TEXT_FRAME, ACT_NONE, TIP_FRAME_COLUMN),
+    column_row(SLOT_UNDO, 42, TEXT_UNDO, ACT_RIGHT_CLICK, TIP_UNDO),
+    column_row(SLOT_PIC, 199, TEXT_PIC, ACT_NONE, TIP_PIC_COLUMN),
+    column_row(SLOT_CEL, 239, TEXT_CEL, ACT_NONE, TIP_CEL_COLUMN),
+    column_row(SLOT_USER, 279, TEXT_USER, ACT_NONE, TIP_USER_COLUMN),
+    both_clicks(SLOT_MASK, 122, 2, 21, KIND_MASK_SWATCH, TIP_NEW_MASK_COLOR),
+    both_clicks(SLOT_BRUSH, 122, 12, 21, KIND_BRUSH_SWATCH, TIP_NEW_BRUSH_COLOR),
+    SlotRow{SLOT_TIP, 122, 22, 21, KIND_TIP_BUTTON, TEXT_NONE, ACT_CLICK, ACT_CLICK, TIP_BRUSH_TIP}.filled(
+        FILL_LIGHT_GREY),
+    both_clicks(SLOT_SPECTRUM, 144, 22, 54, KIND_SPECTRUM, TIP_SPECTRUM),
+};
+
+constexpr MenuLayout layout{.menu_id = MENU_DRAW,
+                            .row = WINDOW_DRAW,
+                            .x = 0,
+                            .y = 207,
+                            .w = 319,
+                            .h = 32,
+                            .slot_count = draw_menu_slots,
+                            .slots = fixed_rows};
+
+/// The three-by-two block of tool or ink buttons from x on.
+void build_choices(Origin at, int first_slot, int x, int first_text, std::span<const Shared<int>> ids, int selected,
+                   int tooltip)
+{
+    for (int i = 0; i < 6; ++i) {
+        const int kind = i == selected ? KIND_BUTTON_LIT : KIND_BUTTON;
+        const int text = first_text + ids[static_cast<std::size_t>(i)];
+        build_slot({first_slot + i, x + 40 * (i % 3), 12 + 10 * (i / 3), standard_button_w, kind, text, ACT_CLICK,
+                    ACT_RIGHT_CLICK, tooltip},
+                   at.x, at.y);
+    }
+}
+
+void build_favorites(Origin at)
+{
+    for (int i = 0; i < cells_in_menu; ++i) {
+        const int slot = SLOT_FAVORITE_0 + i;
+        SlotRow cell = both_clicks(slot, 144 + 11 * (i % 5), 2 + 10 * (i / 5), 10, KIND_COLOR_CELL, TIP_NEW_SLOT_COLOR);
+        build_slot(cell, at.x, at.y);
+        gui.colour[slot] = toolbox.favorites[static_cast<std::size_t>(i)];
+    }
+}
+
+bool over_bare_frame() { return pointer.gui_hover_slot < 0; }
 
 void draw_on_press()
 {
     poll_mouse_buttons();
-    if (pointer.mouse_left == 0 || pointer.gui_hover_slot >= 0) return;
+    if (pointer.mouse_left == 0 || !over_bare_frame()) return;
     tool_dispatch();
     while (pointer.mouse_left != 0) {
         run_frame(0);
@@ -30,26 +114,106 @@ void draw_on_press()
     clear_to_color(screen_state.tool_overlay, mask_magenta);
 }
 
+/// The right button on the bare frame hides the strip or shows it again.
+void hide_on_right_press()
+{
+    if (pointer.mouse_right == 0 || !over_bare_frame()) return;
+    while (pointer.mouse_right != 0) {
+        run_frame(0);
+        poll_mouse_buttons();
+    }
+    menu_toggle_hidden(SLOT_WINDOW);
+}
+
+/// Moves the light to the clicked button of a block.
+void select_choice(Shared<int>& selected, int first_slot, int clicked)
+{
+    selected = clicked;
+    for (int i = 0; i < 6; ++i)
+        gui.kind[first_slot + i] = i == clicked ? KIND_BUTTON_LIT : KIND_BUTTON;
+}
+
+void read_columns()
+{
+    if (gui.event[SLOT_FRAME].take() != 0) activity_menu(ActivityColumn::FRAME, SLOT_FRAME);
+    const int undo_event = gui.event[SLOT_UNDO].take();
+    if (undo_event > 0) undo_step();
+    if (undo_event == EVENT_RIGHT) redo_step();
+    if (gui.event[SLOT_PIC].take() != 0) activity_menu(ActivityColumn::PIC, SLOT_PIC);
+    if (gui.event[SLOT_CEL].take() != 0) activity_menu(ActivityColumn::CEL, SLOT_CEL);
+    if (gui.event[SLOT_USER].take() != 0) activity_menu(ActivityColumn::USER, SLOT_USER);
+}
+
+void read_colors()
+{
+    if (gui.event[SLOT_MASK].take() > 0) toolbox.brush_color = int(toolbox.mask_color);
+    if (gui.event[SLOT_SPECTRUM].take() > 0) toolbox.brush_color = grab_screen_color();
+    if (gui.event[SLOT_TIP].take() != 0) choose_tip();
+    for (int slot = SLOT_FAVORITE_0; slot <= SLOT_FAVORITE_9; ++slot) {
+        if (gui.event[slot].take() > 0) toolbox.brush_color = int(gui.colour[slot]);
+        gui.kind[slot] = KIND_COLOR_CELL;
+    }
+}
+
+/// A left click on a button of a block selects it, a right click opens the menu of its slot.
+void read_choice(Shared<int>& selected, int first_slot, int choice, void (*menu)(int slot))
+{
+    const int event = gui.event[first_slot + choice].take();
+    if (event > 0) select_choice(selected, first_slot, choice);
+    if (event != EVENT_RIGHT) return;
+    menu(choice);
+    gui_clear_window();
+    build_draw_menu();
+}
+
+void read_choices()
+{
+    for (int i = 0; i < 6; ++i) {
+        read_choice(toolbox.tool_slot, SLOT_TOOL_0, i, brush_tool_menu);
+        read_choice(toolbox.ink_slot, SLOT_INK_0, i, ink_menu);
+    }
+}
+
+/// Tells once of repairs, over a frozen and hidden strip whose slots stay as they are.
+void tell_of_damage()
+{
+    if (run_state.workspace_damaged == 0) return;
+    run_state.workspace_damaged = 0;
+    freeze_menu();
+    menu_toggle_hidden(SLOT_WINDOW);
+    confirm_dialog(TEXT_WORKSPACE_DAMAGED, TEXT_REPAIRS_MADE, DialogSlots::HIGH, DialogButtons::OKAY);
+    for (int slot = first_overlay_slot; slot <= last_overlay_slot; ++slot)
+        gui_reset_slot(slot);
+    clear_ghost();
+    menu_toggle_hidden(SLOT_WINDOW);
+}
+
 } // namespace
+
+void build_draw_menu()
+{
+    const Origin at = build_screen(layout);
+    build_choices(at, SLOT_TOOL_0, 2, first_tool_name, toolbox.tool_slots, toolbox.tool_slot, TIP_TOOL_SLOT);
+    build_choices(at, SLOT_INK_0, 199, first_ink_name, toolbox.ink_slots, toolbox.ink_slot, TIP_INK_SLOT);
+    build_favorites(at);
+    gui.params[SLOT_SPECTRUM][0] = menu_scheme.scheme_border;
+}
 
 void draw_menu()
 {
+    build_draw_menu();
+    tell_of_damage();
+    menus.menu_id = MENU_DRAW;
     while (run_state.exit_requested == 0) {
         run_frame(0);
+        hotkey_dispatch(0);
+        hotkey_dispatch(1);
         draw_on_press();
+        hide_on_right_press();
+        read_columns();
+        read_colors();
+        read_choices();
         stroke_position = {};
-        if (hotkey_test(ACTION_UNDO)) {
-            undo_step();
-            wait_release(ACTION_UNDO);
-        }
-        if (hotkey_test(ACTION_REDO)) {
-            redo_step();
-            wait_release(ACTION_REDO);
-        }
-        if (hotkey_test(ACTION_RAPID_EXIT)) {
-            wait_release(ACTION_RAPID_EXIT);
-            run_state.exit_requested = 1;
-        }
     }
 }
 

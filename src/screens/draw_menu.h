@@ -1,9 +1,12 @@
-// The home screen.
+// The home screen: one strip of buttons over the frame, from which everything else opens.
 #pragma once
 
 namespace kelu {
 
-/// The program's main loop: returns when the exit has been requested.
+/// The program's main loop, the only one in which drawing happens: returns when the exit has been requested.
 void draw_menu();
+
+/// Writes the strip's slots at its stored place. Called whenever a screen comes back to it.
+void build_draw_menu();
 
 } // namespace kelu

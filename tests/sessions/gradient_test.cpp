@@ -95,7 +95,7 @@ TEST(GradientNodes, LieOnOneAxisForTheGradientsAlongIt)
 TEST(GradientNodes, OffscreenNodesAreOneJumpAway)
 {
     Session session([] {
-        store.frame_bitmap = Bitmap(2000, 1000);
+        test::replace_frame(2000, 1000, 0);
         store.coverage_bitmap = Bitmap(2000, 1000);
         auto& cells = toolbox.ink_table[INK_R_GRAD];
         cells[GRADIENT_START_X] = 1500;

@@ -25,7 +25,7 @@ constexpr int slot_ignore = 2, slot_hue = 6, slot_lightness = 7, slot_okay = 9, 
 /// A frame larger than the screen, all red but for one pixel, and the screen opened on it.
 void tint_red_frame()
 {
-    store.frame_bitmap = Bitmap(600, 400, 0xff0000);
+    test::replace_frame(600, 400, 0xff0000);
     store.coverage_bitmap = Bitmap(600, 400);
     row(store.frame_bitmap, 5)[5] = 0x123456;
     view.pan_x = view.pan_y = 0;

@@ -8,6 +8,7 @@
 #include "runtime/random.h"
 #include "runtime/run_state.h"
 #include "runtime/startup.h"
+#include "runtime/store.h"
 #include "screens/draw_menu.h"
 #include "support/paths.h"
 #include <array>
@@ -173,6 +174,13 @@ std::string make_program_folder()
     // The delivered settings are the user's affair; a session starts on the start values.
     fs::remove(folder / "resource" / "user.def");
     return folder.string();
+}
+
+void replace_frame(int w, int h, int color)
+{
+    store.frame_bitmap = Bitmap(w, h, color);
+    store.alpha_bitmap = Bitmap(w, h, 0xffffff);
+    store.coverage_bitmap = Bitmap(w, h);
 }
 
 void remove_program_folder(const std::string& folder)

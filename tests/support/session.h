@@ -81,6 +81,8 @@ private:
 
 /// A fresh program folder with config.def, resource/, WORKSPACE/ and fonts/.
 std::string make_program_folder();
+/// Puts an opaque frame of one colour in the place of the live one, with what belongs to it.
+void replace_frame(int w, int h, int color);
 /// Removes a folder that a test made.
 void remove_program_folder(const std::string& folder);
 
