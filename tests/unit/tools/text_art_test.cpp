@@ -1,0 +1,117 @@
+// The texts that pictures are drawn from: what they may hold, and that a mistake is named by file and line.
+#include "text_art.h"
+
+#include "support/temporary_folder.h"
+#include <gtest/gtest.h>
+
+namespace kelu::tools {
+namespace {
+
+class TextArt : public testing::Test {
+protected:
+    /// Expects a reader to stop at a text, with the line and a part of the complaint.
+    template <class Reader>
+    void refuses(Reader read, const std::string& text, const std::string& complaint)
+    {
+        folder_.put("art.txt", text);
+        EXPECT_EXIT(read("art.txt"), testing::ExitedWithCode(1), "art.txt:" + complaint) << text;
+    }
+    std::string file(const std::string& text)
+    {
+        folder_.put("art.txt", text);
+        return "art.txt";
+    }
+
+private:
+    TemporaryFolder folder_;
+};
+using TextArtDeathTest = TextArt;
+
+/// A palette of 256 greenish colours, eight a line, with one of them exchanged.
+std::string palette_text(int exchanged = -1, const char* color = "")
+{
+    std::string text = "; all of them\n";
+    for (int i = 0; i < 256; ++i) {
+        char entry[8];
+        std::snprintf(entry, sizeof entry, "%02x%02x%02x", i % 16 * 4, i / 16 * 4, 128);
+        if (i % 8 == 0) text += "\n" + std::to_string(i);
+        text += std::string(" ") + (i == exchanged ? color : entry);
+    }
+    return text + "   ; the end\n";
+}
+
+TEST_F(TextArt, reads_a_palette)
+{
+    const Palette palette = read_palette(file(palette_text(255, "FFeedd")));
+    EXPECT_EQ(palette[0], 0x000080);
+    EXPECT_EQ(palette[17], 0x040480);
+    EXPECT_EQ(palette[255], 0xffeedd);
+}
+
+TEST_F(TextArtDeathTest, refuses_palettes_whose_colours_can_not_be_told_apart)
+{
+    refuses(read_palette, palette_text(9, "030083"), "4: 030083 is there already");
+    refuses(read_palette, palette_text(255, "fe02fd"), "34: magenta is the mask");
+    refuses(read_palette, palette_text(3, "12345"), "3: '12345' is no colour");
+    refuses(read_palette, "0 000000\n2 111111\n", "2: expected the colours from index 1 on");
+    refuses(read_palette, "0 000000\n", "1: ends too early");
+    EXPECT_EXIT(read_palette("none.txt"), testing::ExitedWithCode(1), "none.txt:0: can't be read");
+}
+
+TEST_F(TextArt, reads_a_picture)
+{
+    const TextPicture picture =
+        read_picture(file("size 3 2 ; wide\ncolour # 0a0B0c ; ink\ncolour + ffffff\nclear .\n\n#+.\n..# ; below\n"));
+    EXPECT_EQ(picture.w, 3);
+    EXPECT_EQ(picture.rows, (std::vector<std::string>{"#+.", "..#"}));
+    EXPECT_EQ(picture.colors.at('#'), 0x0a0b0c);
+    EXPECT_EQ(picture.colors.at('.'), clear_pixel);
+}
+
+TEST_F(TextArtDeathTest, refuses_pictures_that_are_not_as_declared)
+{
+    refuses(read_picture, "size 0 2\n", "1: no such size");
+    refuses(read_picture, "colour # 000000\n", "1: expected 'size' and two numbers");
+    refuses(read_picture, "size 3 1\ncolour ab 000000\n", "2: a colour has one letter");
+    refuses(read_picture, "size 3 1\ncolour a 000000\nclear a\n", "3: the letter is declared already");
+    refuses(read_picture, "size 3 2\nclear .\n...\n..\n", "4: the row has 2 letters instead of 3");
+    refuses(read_picture, "size 3 2\nclear .\n...\n.x.\n", "4: the letter 'x' is not declared");
+    refuses(read_picture, "size 3 2\nclear .\n...\n", "3: ends too early");
+    refuses(read_picture, "size 3 1\nclear .\n...\n...\n", "4: more rows");
+}
+
+TEST_F(TextArt, reads_a_font)
+{
+    const TextFont font = read_font(file("cell 3 2\nshadow 1 2\n"
+                                         "glyph A advance 4 drop 0\n#.#\n+\n"
+                                         "glyph #59 advance 2 drop 1 ; semicolon\n.\n#\n"));
+    EXPECT_EQ(font.cell_w, 3);
+    EXPECT_EQ(font.shadow_dy, 2);
+    ASSERT_EQ(font.glyphs.size(), 2u);
+    EXPECT_EQ(font.glyphs[0].code, 'A');
+    EXPECT_EQ(font.glyphs[0].rows, (std::vector<std::string>{"#.#", "+"}));
+    EXPECT_EQ(font.glyphs[1].code, ';');
+    EXPECT_EQ(font.glyphs[1].drop, 1);
+    EXPECT_EQ(font.glyphs[1].advance, 2);
+}
+
+TEST_F(TextArtDeathTest, refuses_fonts_with_mistakes)
+{
+    const std::string head = "cell 3 1\nshadow 1 1\nglyph A advance 4 drop 0\n###\n";
+    refuses(read_font, head + "glyph A advance 4 drop 0\n###\n", "5: the glyph is there already");
+    refuses(read_font, head + "glyph AB advance 4 drop 0\n###\n", "5: 'AB' is no character");
+    refuses(read_font, head + "glyph #300 advance 4 drop 0\n###\n", "5: '#300' is no character");
+    refuses(read_font, head + "glyph B advance 40 drop 0\n###\n", "5: advance 1 to 16");
+    refuses(read_font, head + "glyph B advance 4 drop 0\n####\n", "6: a glyph's row");
+    refuses(read_font, head + "glyph B 4\n###\n", "5: expected 'glyph NAME advance N drop N'");
+}
+
+TEST_F(TextArtDeathTest, refuses_tips_out_of_order_or_size)
+{
+    refuses(read_tips, "tip 1\n", "1: expected 'tip 0'");
+    refuses(read_tips, "tip 0\n........#.......\n", "2: the row has 16 letters instead of 17");
+    refuses(read_tips, "tip 0\n........0........\n", "2: the letter '0' is not declared");
+}
+
+} // namespace
+} // namespace kelu::tools
