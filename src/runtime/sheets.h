@@ -13,13 +13,12 @@ constexpr int tips_per_row = 12;
 /// Side of a pattern tile in pixels: a power of two, as Allegro's pattern modes ask for.
 constexpr int tile_side = 64;
 
-/// Owner: workspace/resources. Also written by the screen of colour schemes (`recolor_gui_sheet`) and by draw/ (the
-/// current tip). The sheet of all tips travels with the workspace and stands in `store.tip_sheet`.
+/// Owner: workspace/resources. Also written by the screen of colour schemes (`recolor_gui_sheet`). The sheet of all
+/// tips travels with the workspace and stands in `store.tip_sheet`.
 struct Sheets {
     Bitmap gui_sheet;        ///< arrows, knobs and caps, recoloured to the scheme; magenta shows what lies below
     Bitmap app_sheet;        ///< the logo, 173 x 33, whose square at (70, 0) is the emblem
     Bitmap enlarged_picture; ///< 198 x 198: the emblem six times enlarged, behind the help pages
-    Bitmap tip_bitmap;       ///< 17 x 15: the current tip, black at start
     Bitmap hatch_tile;       ///< 64 x 64: black with white diagonal bands, the pattern of all dashed lines
     Bitmap backdrop_tiles;   ///< 192 x 64: three checker tiles for what lies beyond a frame, dark to light frames
 };

@@ -161,7 +161,6 @@ void load_application_resources()
     const platform::DirectoryVisit visit(resource_folder);
     sheets.app_sheet = needed(load_png(app_sheet_file), app_sheet_file);
     sheets.enlarged_picture = enlarge_emblem(sheets.app_sheet);
-    sheets.tip_bitmap = Bitmap(tip_cell_w, tip_cell_h);
     make_pattern_tiles();
     store.tip_sheet = make_tip_sheet(needed(load_picture(tips_file), tips_file));
 }
