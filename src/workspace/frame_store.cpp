@@ -176,6 +176,15 @@ bool show_onion_skin()
     return true;
 }
 
+void switch_alpha_mode()
+{
+    toggle_alpha_edit();
+    store.onion_bitmap.reset();
+    if (!view.onion_on) return;
+    view.onion_on = 0;
+    show_onion_skin();
+}
+
 void drop_onion_skin()
 {
     view.onion_on = 0;

@@ -49,6 +49,9 @@ int count_workspace_frames();
 /// Loads the frame before the current one, the last one for frame 0, as the onion skin unless one is loaded, and shows
 /// it. Returns false when there are fewer than two frames.
 bool show_onion_skin();
+/// Goes in or out of alpha editing. An onion skin that shows stays on, with the neighbouring frame in its new role;
+/// undo queues and coverage stay as they are.
+void switch_alpha_mode();
 /// Switches the onion skin off and destroys its picture.
 void drop_onion_skin();
 

@@ -86,6 +86,24 @@ TEST_F(FrameStoreTest, OnionModeLoadsTheRoleThatIsEdited)
     EXPECT_FALSE(show_onion_skin());
 }
 
+TEST_F(FrameStoreTest, AlphaModeTakesTheOnionSkinAlongAndLeavesUndoAlone)
+{
+    make_frames(2);
+    push_undo(false);
+    show_onion_skin();
+    switch_alpha_mode();
+    EXPECT_EQ(store.alpha_edit_mode, 1);
+    EXPECT_EQ(view.onion_on, 1);
+    EXPECT_EQ(pixel(store.onion_bitmap), 0xffffff);
+    switch_alpha_mode();
+    EXPECT_EQ(pixel(store.onion_bitmap) & 0xffffff, 0x11);
+    view.onion_on = 0;
+    switch_alpha_mode();
+    EXPECT_FALSE(store.onion_bitmap);
+    undo_step(); // the copy of the colours comes back into the frame, whose role is now the alpha
+    EXPECT_EQ(pixel(store.frame_bitmap), 0x10);
+}
+
 TEST_F(FrameStoreTest, SlotOutOfRangeChangesNothing)
 {
     make_frames(1);
