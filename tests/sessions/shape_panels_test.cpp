@@ -1,0 +1,124 @@
+// The tools with a panel, from the first click to OKAY or CANCEL.
+#include "draw/polygon.h"
+#include "draw/preview.h"
+#include "draw/shape_panel.h"
+#include "draw/spiral.h"
+#include "draw/supershape.h"
+#include "draw/tool_input.h"
+#include "gui/menus.h"
+#include "gui/slots.h"
+#include "runtime/view.h"
+#include "support/point_print.h"
+#include "support/tool_session.h"
+
+namespace kelu {
+
+using test::RIGHT_BUTTON;
+
+namespace {
+
+class ShapePanels : public test::ToolSession {};
+
+TEST_F(ShapePanels, PolygonDrawsOnOkayAndKeepsItsValues)
+{
+    use(TOOL_RPOLY);
+    shape_settings.rpoly_settings = {.angle = 10, .radius = 40, .sides = 5};
+    session.click_at(150, 90);
+    EXPECT_EQ(menus.menu_id, MENU_RPOLY);
+    EXPECT_EQ(gui.scroll_value[PANEL_OWN + 1], 40);
+    gui.scroll_value[PANEL_OWN + 1] = 60;
+    session.frame(3);
+    EXPECT_GT(previewed(), 100);
+    EXPECT_EQ(snapshots(), 0);
+    session.click(PANEL_OKAY);
+    Points points;
+    Bounds bounds;
+    plot_polygon(150, 90, 10, 60, 5, points, bounds);
+    EXPECT_EQ(painted(), outline(points));
+    EXPECT_EQ(shape_settings.rpoly_settings.radius, 60);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+}
+
+TEST_F(ShapePanels, PolygonCancelsHidesAndDrags)
+{
+    use(TOOL_RPOLY);
+    shape_settings.rpoly_settings = {.angle = 0, .radius = 40, .sides = 4};
+    session.click_at(150, 90);
+    session.click_at(250, 90, RIGHT_BUTTON);
+    EXPECT_EQ(gui.hidden[0], 1);
+    session.click_at(250, 90, RIGHT_BUTTON);
+    EXPECT_EQ(gui.hidden[0], 0);
+    session.click_at(150, 100);
+    session.move(170, 105);
+    EXPECT_EQ(tool_input.show_bounds, 1);
+    EXPECT_EQ(tool_input.tool_nodes[0], Point(170, 95));
+    session.click_at(170, 105, RIGHT_BUTTON);
+    EXPECT_EQ(tool_input.tool_nodes[0], Point(150, 90)) << "the right button puts it back";
+    session.click_at(150, 100);
+    session.click_at(160, 100);
+    EXPECT_EQ(tool_input.tool_nodes[0], Point(160, 90));
+    EXPECT_EQ(tool_input.show_bounds, 0);
+    gui.scroll_value[PANEL_OWN + 2] = 9;
+    session.click(PANEL_CANCEL);
+    EXPECT_EQ(snapshots(), 0);
+    EXPECT_TRUE(painted().empty());
+    EXPECT_EQ(shape_settings.rpoly_settings.sides, 4);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+}
+
+TEST_F(ShapePanels, ADragOffASliderIsNoClickOnTheCanvas)
+{
+    use(TOOL_RPOLY);
+    session.click_at(150, 90);
+    const int slider = PANEL_OWN + 1;
+    session.drag(gui.x[slider] + 60, gui.y[slider] + 5, 150, 95, 6);
+    EXPECT_EQ(tool_input.show_bounds, 0);
+    session.click(PANEL_CANCEL);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+}
+
+TEST_F(ShapePanels, SupershapeStandsStillWhileTheViewPans)
+{
+    use(TOOL_SSHAPE);
+    shape_settings.supershape_settings = {.degrees = 0, .n1 = 200, .n2 = 200, .n3 = 200, .arms = 4, .magnitude = 0};
+    session.click_at(160, 100);
+    EXPECT_EQ(menus.menu_id, MENU_SUPERSHAPE);
+    EXPECT_EQ(shown_supershape.magnitude, 100) << "0 opens as 100";
+    gui.scroll_value[PANEL_OWN + 5] = 50;
+    view.pan_x = 20;
+    session.frame(2);
+    session.click(PANEL_OKAY);
+    Points points;
+    Bounds bounds;
+    const SupershapeSettings circle{.degrees = 0, .n1 = 200, .n2 = 200, .n3 = 200, .arms = 4, .magnitude = 50};
+    plot_supershape(140, 100, circle, points, bounds, [](Point, Point) {});
+    for (Point& p : points)
+        p.x += 20;
+    EXPECT_EQ(painted(), outline(points));
+    EXPECT_EQ(shape_settings.supershape_settings.magnitude, 50);
+}
+
+TEST_F(ShapePanels, SpiralFollowsItsPanelAndTheMouse)
+{
+    use(TOOL_SPIRAL);
+    shape_settings.spiral_settings = {};
+    session.click_at(160, 90);
+    EXPECT_EQ(menus.menu_id, MENU_SPIRAL);
+    EXPECT_EQ(gui.scroll_value[PANEL_OWN + 1], 100) << "empty values open as the first ones";
+    EXPECT_EQ(gui.scroll_value[PANEL_OWN + 2], 5);
+    session.click(PANEL_OWN + 4);
+    session.click_at(165, 95);
+    session.move(185, 95);
+    EXPECT_EQ(tool_input.point_list.front(), Point(180, 90));
+    session.click_at(185, 95);
+    session.click(PANEL_OKAY);
+    Points points;
+    Bounds bounds;
+    plot_spiral(180, 90, 0, 100, 5, 0, true, points, bounds);
+    EXPECT_EQ(painted(), outline(points));
+    EXPECT_EQ(shape_settings.spiral_settings.flip, 1);
+    EXPECT_EQ(snapshots(), 1);
+}
+
+} // namespace
+} // namespace kelu
