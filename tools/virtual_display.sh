@@ -19,9 +19,9 @@ trap clean_up EXIT
 
 # wait_for WHAT COMMAND...: runs the command until it succeeds; fails after 20 seconds.
 wait_for() {
-    local what=$1 tries
+    local what=$1 until=$((SECONDS + 20))
     shift
-    for ((tries = 0; tries < 400; tries++)); do
+    while [ $SECONDS -lt $until ]; do
         "$@" >/dev/null 2>&1 && return 0
         sleep 0.05
     done
@@ -77,17 +77,12 @@ start_program() {
     sleep 0.4
 }
 
-# end_program: waits for its end, ten seconds at most; the result is its own.
+has_ended() { ! kill -0 "$1"; }
+
+# end_program: waits for its end; the result is its own.
 end_program() {
-    local id=$program tries
-    for ((tries = 0; tries < 200; tries++)); do
-        kill -0 "$id" 2>/dev/null || break
-        sleep 0.05
-    done
-    if kill -0 "$id" 2>/dev/null; then
-        echo 'The program does not end' >&2
-        return 1
-    fi
+    local id=$program
+    wait_for 'the end of the program' has_ended "$id" || return 1
     program=
     wait "$id"
 }

@@ -3,16 +3,17 @@
 // Beside the main thread Allegro runs two of its own: one for events (keys, mouse, the close button) and one for the
 // timers. Both are its affair; our callbacks on them only write shared words.
 #include "platform/desktop_window.h"
+#include "platform/ending.h"
 #include "platform/host.h"
 #include "platform/keyboard_map.h"
 #include "platform/layout.h"
-#include "platform/signals.h"
 #include "runtime/run_state.h"
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <clocale>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <sys/prctl.h>
 
@@ -44,6 +45,7 @@ bool start()
     const std::string map = keyboard_map_text();
     set_config_data(map.c_str(), static_cast<int>(map.size()));
     end_on_signals();
+    watch_connection();
     allow_oversleep(4ms); // the timer thread, whose fastest callback the hand can feel runs every 8 ms
     const bool timers_run = install_timer() == 0;
     allow_oversleep(0ms);
@@ -61,12 +63,14 @@ void rest_briefly(int milliseconds)
 {
     ::rest(static_cast<unsigned>(std::max(milliseconds, 0)));
     deliver_input();
+    end_when_overdue();
 }
 
 void wait_vertical_blank()
 {
     vsync();
     deliver_input();
+    end_when_overdue();
 }
 
 bool install_timer_row(void (*tick)(), int period)
@@ -89,7 +93,7 @@ void move_pointer(int x, int y) { ::position_mouse(x, y); }
 void show_message(const char* text)
 {
     std::fprintf(stderr, "%s\n", text);
-    if (!system_driver) return;
+    if (!system_driver || display_lost()) return;
     close_desktop_window(); // a full-screen window of ours would hide the box and hold the keyboard
     release_signals();      // and a signal ends the wait for the user
     allegro_message("%s", text);
@@ -100,6 +104,8 @@ void stop()
     for (void (*tick)() : installed_ticks) {
         if (tick) remove_timer(tick);
     }
+    // Allegro's threads may wait for ever for a display that has gone, and Allegro for its threads.
+    if (display_lost()) std::_Exit(EXIT_FAILURE);
     close_desktop_window();
     allegro_exit();
 }

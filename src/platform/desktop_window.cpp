@@ -4,6 +4,7 @@
 // needs pushing only where it changes.
 #include "platform/desktop_window.h"
 
+#include "platform/ending.h"
 #include "platform/layout.h"
 #include "platform/scaler.h"
 #include "runtime/run_state.h"
@@ -77,7 +78,7 @@ bool enter_desktop_mode(const VideoMode& mode)
 
 void present_on_desktop(BITMAP* picture)
 {
-    if (presenter.scale == 0) return;
+    if (presenter.scale == 0 || display_lost()) return;
     const RowSpan rows = changed_rows(picture);
     if (rows.first > rows.last) return;
     scale_rows(picture, presenter.scaled, presenter.scale, rows.first, rows.last, presenter.order);

@@ -2,7 +2,9 @@
 // X11 and Allegro's own X words.
 #include "platform/desktop_window.h"
 
+#include "platform/ending.h"
 #include "runtime/bitmap.h"
+#include <poll.h>
 #include <vector>
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
@@ -12,8 +14,29 @@ namespace kelu::platform {
 
 void name_window_class() { xwin_set_window_name("kelu", "Kelu"); }
 
-// The handler takes the lock of the event thread.
-void deliver_input() { _xwin_handle_input(); }
+void watch_connection()
+{
+    // The library's own answer to a broken connection is to call exit on the thread that notices, which would hang in
+    // Allegro's lock and lose the work.
+    XSetIOErrorHandler([](Display*) {
+        note_display_lost();
+        return 0;
+    });
+    XSetIOErrorExitHandler(
+        _xwin.display, [](Display*, void*) {}, nullptr);
+}
+
+void deliver_input()
+{
+    if (display_lost()) return;
+    // A look at the connection itself, since a call on a broken one may wait for ever.
+    pollfd connection = {ConnectionNumber(_xwin.display), POLLIN, 0};
+    if (poll(&connection, 1, 0) > 0 && (connection.revents & (POLLHUP | POLLERR)) != 0) {
+        note_display_lost();
+    } else {
+        _xwin_handle_input(); // takes the lock of the event thread
+    }
+}
 
 void set_desktop_icon(BITMAP* picture)
 {

@@ -1,0 +1,68 @@
+// Ending on a signal or without a display. Allegro's threads block all signals, so that they reach the main thread
+// only.
+#include "platform/ending.h"
+
+#include "runtime/run_state.h"
+#include <chrono>
+#include <csignal>
+#include <utility>
+
+namespace kelu::platform {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int ending_signals[] = {SIGTERM, SIGINT, SIGHUP};
+constexpr std::chrono::seconds patience{2};
+
+/// Written by the signal handler and by Allegro's event thread; read by the main thread.
+struct Ending {
+    Shared<uint8_t> asked = 0;        ///< 1: the program was asked to end
+    Shared<uint8_t> display_lost = 0; ///< 1: the display has gone
+};
+Ending ending;
+
+/// When the main thread first saw that the program was asked; it alone.
+Clock::time_point seen;
+
+// A lock-free word is the one thing that a signal handler may write.
+static_assert(std::atomic<uint8_t>::is_always_lock_free);
+void ask(int)
+{
+    ending.asked = 1;
+    run_state.exit_requested = 1;
+}
+
+void set_handlers(void (*handler)(int))
+{
+    struct sigaction action = {};
+    action.sa_handler = handler;
+    action.sa_flags = SA_RESTART;
+    for (const int number : ending_signals)
+        sigaction(number, &action, nullptr);
+}
+
+} // namespace
+
+void end_on_signals() { set_handlers(ask); }
+
+void release_signals() { set_handlers(SIG_DFL); }
+
+void note_display_lost()
+{
+    ending.display_lost = 1;
+    ask(0);
+}
+
+bool display_lost() { return ending.display_lost != 0; }
+
+void end_when_overdue()
+{
+    if (ending.asked == 0 || run_state.timers_locked != 0) return;
+    const Clock::time_point now = Clock::now();
+    if (seen == Clock::time_point{}) seen = now;
+    if (now - seen < patience || !end_at_once) return;
+    std::exchange(end_at_once, nullptr)(); // once only, though frames may run in it
+}
+
+} // namespace kelu::platform
