@@ -1,16 +1,15 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds the suites and passes all tests, headless. The last line is ctest's.
 #   dev   unit tests, sessions, the level check, the real program on a virtual display
-#   asan  unit tests and sessions under AddressSanitizer and UBSan
-#   tsan  what runs on two threads, under ThreadSanitizer
-#   fuzz  a few seconds of each fuzz target
+#   asan  unit tests, sessions and a few seconds of each fuzz target under AddressSanitizer and UBSan
+#   tsan  what runs on two threads, and the real program, under ThreadSanitizer
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")"
 . tools/packages.sh
 
 need_packages "${build_packages[@]}" "${display_packages[@]}" "${test_packages[@]}"
 
-suites=(dev asan tsan fuzz)
+suites=(dev asan tsan)
 mkdir -p build/all
 : >build/all/CTestTestfile.cmake
 for suite in "${suites[@]}"; do
