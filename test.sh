@@ -2,7 +2,7 @@
 # Installs what is missing, builds the suites and passes all tests, headless. The last line is ctest's.
 #   dev   unit tests, sessions, the level check, the real program on a virtual display
 #   asan  unit tests, sessions and a few seconds of each fuzz target under AddressSanitizer and UBSan
-#   tsan  what runs on two threads, and the real program, under ThreadSanitizer
+#   tsan  the program with its timers on a thread of their own, under ThreadSanitizer
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")"
 . tools/packages.sh

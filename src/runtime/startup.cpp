@@ -10,6 +10,7 @@
 #include "gui/drag.h"
 #include "gui/logic.h"
 #include "gui/scheme.h"
+#include "platform/ending.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "runtime/actors.h"
@@ -166,8 +167,16 @@ void prepare()
     restore_workspace();
 }
 
+/// For a system that goes down while a menu is open: the program ends from inside it.
+[[noreturn]] void end_program_at_once()
+{
+    shutdown_program();
+    std::exit(EXIT_SUCCESS);
+}
+
 void enter_running()
 {
+    platform::end_at_once = end_program_at_once;
     run_state.gui_clicks_enabled = 1;
     run_state.timers_locked = 0;
     log_line("[ INIT ] : All preparations complete. Entering program loop");

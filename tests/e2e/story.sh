@@ -30,8 +30,8 @@ log_says() { grep -qF -- "$1" "$app/FW_log.txt"; }
 # run_to_end: starts the program where it is expected to stop by itself; prints its result.
 run_to_end() { (cd "$app" && timeout 20 "$@" ./kelu >"$scratch/output" 2>&1) && echo 0 || echo $?; }
 
-# pixel PICTURE X Y: its colour.
-pixel() { convert "$1" -crop "1x1+$2+$3" -depth 8 txt:- | sed -n 's/.*\(#[0-9A-Fa-f]\{6\}\).*/\1/p'; }
+# pixel PICTURE X Y: its colour. The file of a frame holds its bottom row first.
+pixel() { convert "$1" -auto-orient +repage -crop "1x1+$2+$3" -depth 8 txt:- | sed -n 's/.*\(#[0-9A-Fa-f]\{6\}\).*/\1/p'; }
 
 pictures_equal() { [ "$(compare -metric AE "$1" "$2" null: 2>&1)" = 0 ]; }
 
