@@ -53,13 +53,6 @@ bool waits_with(Session& session, int message)
     return session.frames_until([message] { return menus.status_message == message; });
 }
 
-/// A click on a slot, as the logic reports it to a menu.
-void report_click(Session& session, int slot)
-{
-    gui.event[slot] = 1;
-    session.frame(2);
-}
-
 } // namespace
 
 TEST(Cels, GrabDragAndAnchorAreOneUndoStep)
@@ -143,7 +136,8 @@ TEST(Cels, OffscreenWindowBringsTheCelOrGoesToIt)
         idle();
     });
     ASSERT_TRUE(session.frames_until([] { return menus.menu_id == MENU_DIALOG; }));
-    report_click(session, 3); // BRING CEL HERE
+    session.click(3);
+    session.frame(2); // BRING CEL HERE
     session.frame(3);
     EXPECT_EQ(cel_work.cel_place.x, view.view_center_x - 10);
     EXPECT_EQ(cel_work.cel_place.y, view.view_center_y - 5);
@@ -169,7 +163,8 @@ TEST(Cels, TurnTakesItsAngleFromTheSlider)
     gui.scroll_value[PANEL_OWN] = 90;
     session.frame(2);
     EXPECT_EQ(cel_work.cel_place.x2, 63); // 90 x 0.711111111, truncated
-    report_click(session, PANEL_OKAY);
+    session.click(PANEL_OKAY);
+    session.frame(2);
     session.frame(3);
     EXPECT_EQ(frame_pixel(60, 55), 0x20c040);
     EXPECT_EQ(frame_pixel(52, 60), 0x000000);
@@ -189,7 +184,8 @@ TEST(Cels, CancelledTurnLeavesTheFrameAndTheUndoQueue)
     session.click_at(60, 60);
     ASSERT_TRUE(waits_with(session, TIP_ROTATION));
     const UndoAges before = undo.undo_age;
-    report_click(session, PANEL_CANCEL);
+    session.click(PANEL_CANCEL);
+    session.frame(2);
     session.frame(3);
     EXPECT_EQ(frame_pixel(60, 60), 0x000000);
     EXPECT_EQ(undo.undo_age, before);
@@ -295,15 +291,20 @@ TEST(Cels, TransformChangesTheCelOnOkayOnly)
     const auto opened = [] { return menus.menu_id == MENU_CEL_TRANSFORM; };
     ASSERT_TRUE(session.frames_until(opened));
     EXPECT_EQ(cel_work.cel_place.x, view.view_center_x - 1);
-    report_click(session, 2); // FLIP
+    session.click(2);
+    session.frame(2); // FLIP
     EXPECT_EQ(row(store.cel_bitmap, 1)[0], 0x20c040);
     EXPECT_EQ(row(store.cel_source_bitmap, 0)[0], 0x20c040);
-    report_click(session, 6); // CANCEL, then the second round
+    session.click(6);
+    session.frame(2); // CANCEL, then the second round
     ASSERT_TRUE(session.frames_until(opened));
     EXPECT_EQ(row(store.cel_bitmap, 0)[0], 0x20c040);
-    report_click(session, 3); // MIRROR
-    report_click(session, 2);
-    report_click(session, 5); // OKAY
+    session.click(3);
+    session.frame(2); // MIRROR
+    session.click(2);
+    session.frame(2);
+    session.click(5);
+    session.frame(2); // OKAY
     EXPECT_EQ(row(store.cel_source_bitmap, 1)[2], 0x20c040);
     EXPECT_EQ(row(store.cel_bitmap, 1)[2], 0x20c040);
     EXPECT_EQ(menus.menu_id, MENU_DRAW);

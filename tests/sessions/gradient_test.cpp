@@ -107,7 +107,7 @@ TEST(GradientNodes, OffscreenNodesAreOneJumpAway)
     });
     ASSERT_TRUE(placing_nodes(session));
     ASSERT_TRUE(session.frames_until([] { return gui.active[0] != 0; })) << "the window of the jumps";
-    gui.event[2] = 1;
+    session.click(2);
     session.frame(3);
     EXPECT_EQ(view.pan_x, 1500 - 160);
     EXPECT_EQ(view.pan_y, 700 - 120);
