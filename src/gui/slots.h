@@ -47,20 +47,20 @@ enum SlotAction : int {
 
 constexpr int EVENT_RIGHT = -2; ///< event word of a click with the secondary button; a left click is above 0
 
-/// One shared word of a slot, with the value that a reset gives it.
-template <class T, T Start>
-class Cell : public Shared<T> {
+/// One word of a slot, with the value that a reset gives it.
+template <class T, T Start, class Base = Shared<T>>
+class Cell : public Base {
 public:
-    constexpr Cell() : Shared<T>(Start) {}
-    using Shared<T>::operator=;
+    constexpr Cell() : Base(Start) {}
+    using Base::operator=;
     void reset() { *this = Start; }
 };
 
 /// A field of the table: one word a slot.
-template <class T, T Start = T{}>
+template <class T, T Start = T{}, class Base = Shared<T>>
 class Column {
 public:
-    using Value = Cell<T, Start>;
+    using Value = Cell<T, Start, Base>;
     constexpr Value& operator[](int slot) { return cells_[static_cast<std::size_t>(slot)]; }
     constexpr const Value& operator[](int slot) const { return cells_[static_cast<std::size_t>(slot)]; }
     void reset(int slot) { (*this)[slot].reset(); }
@@ -89,14 +89,14 @@ private:
 /// The table. Positions and sizes are logical pixels of the screen, never relative to a window.
 struct Gui {
     // Identity and geometry.
-    std::array<Published<int>, gui_slots> active{}; ///< not 0: drawn, hit and ticked; stored last by a build
-    Column<int> hidden;                             ///< 1: skipped by renderer and logic, but keeps everything
-    Column<int> reserved;                           ///< 1: part of a fixed layout, gui_find_free_slot passes it over
-    Column<int, 1> hover_target;                    ///< 0: the pointer goes through
-    Column<int> kind;                               ///< a Kind
-    Column<int> x, y, w, h;                         ///< rectangle
-    Column<int> slot_count;                         ///< on a menu's window: slots of the menu, from this one on
-    Column<int> event;                              ///< pending event, 0 none; written by the logic, taken by the menu
+    Column<int, 0, Published<int>> active; ///< not 0: drawn, hit and ticked; stored last by a build
+    Column<int> hidden;                    ///< 1: skipped by renderer and logic, but keeps everything
+    Column<int> reserved;                  ///< 1: part of a fixed layout, gui_find_free_slot passes it over
+    Column<int, 1> hover_target;           ///< 0: the pointer goes through
+    Column<int> kind;                      ///< a Kind
+    Column<int> x, y, w, h;                ///< rectangle
+    Column<int> slot_count;                ///< on a menu's window: slots of the menu, from this one on
+    Column<int> event;                     ///< pending event, 0 none; written by the logic, taken by the menu
 
     // Mouse and tooltip.
     Column<int> left_action;  ///< SlotAction of the primary button

@@ -66,7 +66,7 @@ struct Glyph {
 
     bool empty_at(int x, int y) const
     {
-        return x < 0 || y < 0 || x >= w || y >= h || pixels[static_cast<std::size_t>(y * w + x)] == mask_magenta;
+        return x < 0 || y < 0 || x >= w || y >= h || *(pixels.data() + y * w + x) == mask_magenta;
     }
 };
 
@@ -201,7 +201,7 @@ int draw_text(BITMAP* bitmap, int x, int y, const char* string)
     static Glyph glyph; // kept between calls for its memory
     glyph.w = font.cell_w;
     glyph.h = font.cell_h;
-    glyph.pixels.resize(static_cast<std::size_t>(glyph.w * glyph.h));
+    glyph.pixels.resize(static_cast<std::size_t>(glyph.w) * static_cast<std::size_t>(glyph.h));
     Inks inks = working_inks(text_pen.text_colour_set, text_pen.text_colour_set != 0);
     int pen = 0;
     for (const char* at = string; *at != 0; ++at) {
