@@ -82,6 +82,7 @@ void load_resources()
     log_line("[ INIT ] : Loaded framework audio resources");
     load_application_resources();
     log_line("[ INIT ] : Loaded application video resources");
+    platform::host->set_icon(sheets.enlarged_picture);
     load_framework_video();
     log_line("[ INIT ] : Loaded framework video resources");
     const platform::DirectoryVisit folder("resource");
