@@ -62,28 +62,8 @@ void renew_picture(int kind, const Channels& channels, int w, int h)
     plane_cache.renders += 1;
 }
 
-/// Which sliders run across and down, and their scale.
-struct Axes {
-    std::size_t across, down;
-    int scale;
-};
-
-Axes axes_of(int kind)
-{
-    switch (kind) {
-    case KIND_VGA_PLANE:
-        return {1, 2, vga_scale};
-    case KIND_RGB_PLANE:
-        return {1, 2, 1};
-    case KIND_HLS_PLANE:
-        return {0, 1, 1};
-    default:
-        return {0, 2, 1};
-    }
-}
-
 /// A cross of five pixels that shows on any colour.
-void draw_cross(int slot, const Channels& channels, const Axes& axes, int w, int h)
+void draw_cross(int slot, const Channels& channels, const PlaneAxes& axes, int w, int h)
 {
     const int x = 1 + static_cast<int>(w / 256.0 * (channels[axes.across] * axes.scale));
     const int y = 1 + static_cast<int>(h / 256.0 * (channels[axes.down] * axes.scale));
@@ -100,6 +80,20 @@ void draw_cross(int slot, const Channels& channels, const Axes& axes, int w, int
 
 } // namespace
 
+PlaneAxes plane_axes(int kind)
+{
+    switch (kind) {
+    case KIND_VGA_PLANE:
+        return {1, 2, vga_scale};
+    case KIND_RGB_PLANE:
+        return {1, 2, 1};
+    case KIND_HLS_PLANE:
+        return {0, 1, 1};
+    default:
+        return {0, 2, 1};
+    }
+}
+
 void draw_plane(int slot, const Look&)
 {
     const int kind = gui.kind[slot];
@@ -111,7 +105,7 @@ void draw_plane(int slot, const Look&)
     if (!current) renew_picture(kind, channels, w, h);
     if (!plane_cache.picture) return;
     blit(plane_cache.picture, gui_canvas, 0, 0, gui.x[slot] + 1, gui.y[slot] + 1, w, h);
-    if (frame_flags.clean_render == 0) draw_cross(slot, channels, axes_of(kind), w, h);
+    if (frame_flags.clean_render == 0) draw_cross(slot, channels, plane_axes(kind), w, h);
     draw_border(slot, menu_scheme.scheme_border);
 }
 

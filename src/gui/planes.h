@@ -3,6 +3,7 @@
 
 #include "runtime/bitmap.h"
 #include <array>
+#include <cstddef>
 
 namespace kelu {
 
@@ -14,5 +15,13 @@ struct PlaneCache {
     int renders = 0;               ///< pictures made so far
 };
 inline PlaneCache plane_cache;
+
+/// Which of the three sliders run across and down a map, and the step of 256 that one of their values is.
+struct PlaneAxes {
+    std::size_t across, down;
+    int scale;
+};
+/// Of a plane kind.
+PlaneAxes plane_axes(int kind);
 
 } // namespace kelu

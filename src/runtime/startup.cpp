@@ -25,6 +25,7 @@
 #include "runtime/store.h"
 #include "runtime/view.h"
 #include "screens/actions.h"
+#include "screens/color_menu.h"
 #include "screens/dialogs.h"
 #include "screens/draw_menu.h"
 #include "screens/freeze.h"
@@ -136,6 +137,7 @@ void connect_levels()
         update_mouse_position();
     };
     logic_hooks.wheel_zoom = zoom_step;
+    logic_hooks.colour_tab = request_colour_tab;
     tool_hooks = {.hotkey_dispatch = hotkey_dispatch, .build_draw_menu = build_draw_menu, .freeze_menu = freeze_menu};
     show_notice = [](int first, int second) { ask(first, second, DialogButtons::OKAY); };
     install_drag_job();

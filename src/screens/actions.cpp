@@ -14,6 +14,7 @@
 #include "runtime/view.h"
 #include "screens/cel_commands.h"
 #include "screens/commands.h"
+#include "screens/favorites_menu.h"
 #include "screens/quick_slider.h"
 #include "screens/tip_menu.h"
 #include <allegro.h>
@@ -58,7 +59,7 @@ constexpr ActionRow actions[] = {
     {ACTION_ANIMATE, KEY_Z + key_shift, 0, IN_DRAW_MENU, CHANGES_FRAME, nullptr},
     {ACTION_BRUSH_DROPPER, KEY_F1, 0, IN_DRAW_MENU, ONCE | IN_FIELD, pick_brush_color},
     {ACTION_MASK_DROPPER, KEY_F2, 0, IN_DRAW_MENU, ONCE | IN_FIELD, pick_mask_color},
-    {ACTION_COLOR_MENU, KEY_C, 0, IN_DRAW_MENU, 0, nullptr},
+    {ACTION_COLOR_MENU, KEY_C, 0, IN_DRAW_MENU, 0, choose_brush_color},
     {ACTION_TIP_SELECT, KEY_T, 0, IN_DRAW_MENU, 0, choose_tip},
     {ACTION_TOOL_SELECT, KEY_B, 0, IN_DRAW_MENU, 0, choose_tool},
     {ACTION_INK_SELECT, KEY_I, 0, IN_DRAW_MENU, 0, choose_ink},
@@ -75,7 +76,7 @@ constexpr ActionRow actions[] = {
     {ACTION_REDO, KEY_U + key_shift, 0, IN_DRAW_MENU, ONCE | CHANGES_FRAME, redo_step},
     {ACTION_ZOOM_IN, KEY_PLUS_PAD, 0, IN_DRAW_MENU, ONCE, zoom_in},
     {ACTION_ZOOM_OUT, KEY_MINUS_PAD, 0, IN_DRAW_MENU, ONCE, zoom_out},
-    {ACTION_FAVORITES, KEY_P, 0, IN_DRAW_MENU, ONCE, nullptr},
+    {ACTION_FAVORITES, KEY_P, 0, IN_DRAW_MENU, ONCE, favorites_menu},
     {ACTION_MACRO_MENU, KEY_M, 0, IN_DRAW_MENU, ONCE, nullptr},
     {ACTION_MACRO_1, KEY_1, 0, IN_DRAW_MENU, ONCE, nullptr},
     {ACTION_MACRO_1 + 1, KEY_2, 0, IN_DRAW_MENU, ONCE, nullptr},

@@ -13,6 +13,7 @@
 #include "runtime/view.h"
 #include "screens/actions.h"
 #include "screens/choice_menu.h"
+#include "screens/color_menu.h"
 #include "screens/dialogs.h"
 #include "screens/draw_menu.h"
 #include "screens/freeze.h"
@@ -188,6 +189,16 @@ void choose_tool()
 void choose_ink()
 {
     run_over_draw_menu([] { ink_menu(toolbox.ink_slot); });
+}
+
+void choose_brush_color()
+{
+    run_over_draw_menu([] { color_menu(ColorTarget::BRUSH); });
+}
+
+void choose_mask_color()
+{
+    run_over_draw_menu([] { color_menu(ColorTarget::MASK); });
 }
 
 } // namespace kelu

@@ -35,6 +35,9 @@ void zoom_out();
 /// The brush tool menu, or the ink menu, on the selected slot.
 void choose_tool();
 void choose_ink();
+/// The colour menu on the brush colour or on the mask colour.
+void choose_brush_color();
+void choose_mask_color();
 
 /// Runs an operation with the drawing menu gone, and brings it back.
 void run_over_draw_menu(void (*operation)());

@@ -13,8 +13,11 @@
 #include "screens/actions.h"
 #include "screens/activity.h"
 #include "screens/choice_menu.h"
+#include "screens/commands.h"
 #include "screens/dialogs.h"
+#include "screens/favorites_menu.h"
 #include "screens/freeze.h"
+#include "screens/screen_pick.h"
 #include "screens/tip_menu.h"
 #include <array>
 
@@ -146,11 +149,18 @@ void read_columns()
 
 void read_colors()
 {
-    if (gui.event[SLOT_MASK].take() > 0) toolbox.brush_color = int(toolbox.mask_color);
-    if (gui.event[SLOT_SPECTRUM].take() > 0) toolbox.brush_color = grab_screen_color();
+    const int mask = gui.event[SLOT_MASK].take();
+    if (mask > 0) toolbox.brush_color = int(toolbox.mask_color);
+    if (mask == EVENT_RIGHT) choose_mask_color();
+    if (gui.event[SLOT_BRUSH].take() == EVENT_RIGHT) choose_brush_color();
     if (gui.event[SLOT_TIP].take() != 0) choose_tip();
+    const int band = gui.event[SLOT_SPECTRUM].take();
+    if (band > 0) toolbox.brush_color = grab_screen_color();
+    if (band == EVENT_RIGHT) pick_spectrum(SLOT_SPECTRUM);
     for (int slot = SLOT_FAVORITE_0; slot <= SLOT_FAVORITE_9; ++slot) {
-        if (gui.event[slot].take() > 0) toolbox.brush_color = int(gui.colour[slot]);
+        const int event = gui.event[slot].take();
+        if (event > 0) toolbox.brush_color = int(gui.colour[slot]);
+        if (event == EVENT_RIGHT) favorites_menu();
         gui.kind[slot] = KIND_COLOR_CELL;
     }
 }
