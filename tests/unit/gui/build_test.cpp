@@ -1,8 +1,10 @@
 // Screens from rows: places, standard looks, focus, texts.
 #include "gui/build.h"
 
+#include "gui/help_layout.h"
 #include "gui/scheme.h"
 #include "gui/text_blocks.h"
+#include <cctype>
 #include <cstring>
 #include <gtest/gtest.h>
 #include <string>
@@ -124,6 +126,19 @@ TEST_F(Build, DescriptionsFitTheirPanelAndMessagesTheStatusBar)
             text.erase(code, 4);
         EXPECT_LE(text.size(), 53U) << text;
         EXPECT_FALSE(text.empty()) << row;
+    }
+}
+
+TEST_F(Build, EveryTopicHasAPageInCapitals)
+{
+    for (const char* page : help_pages) {
+        ASSERT_NE(page, nullptr);
+        EXPECT_GE(help_line_count(page), 2) << page;
+        EXPECT_LE(help_line_count(page), 60) << page;
+        for (const char* at = page; *at != 0; ++at) {
+            const bool code = at != page && at[-1] == '|' && *at == 'c';
+            EXPECT_TRUE(code || std::islower(static_cast<unsigned char>(*at)) == 0) << page;
+        }
     }
 }
 
