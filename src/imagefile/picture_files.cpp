@@ -3,8 +3,12 @@
 
 #include "imagefile/bmp.h"
 #include "imagefile/gif.h"
+#include "imagefile/lbm.h"
+#include "imagefile/pcx.h"
 #include "imagefile/png.h"
 #include "platform/files.h"
+#include "runtime/log.h"
+#include <new>
 
 namespace kelu {
 namespace {
@@ -18,8 +22,10 @@ struct PictureType {
 };
 constexpr PictureType picture_types[] = {
     {"GIF", decode_gif},
+    {"PCX", decode_pcx},
     {"BMP", [](std::span<const uint8_t> bytes, RGB*) { return decode_bmp(bytes); }},
     {"PNG", decode_png},
+    {"LBM", decode_lbm},
 };
 
 /// "PNG " as Allegro's datafiles number their objects.
@@ -27,14 +33,19 @@ constexpr int datafile_png = DAT_ID('P', 'N', 'G', ' ');
 
 Bitmap load_by(Decode decode, const char* file_name, RGB* palette)
 {
-    Bytes bytes;
-    return platform::read_file(file_name, max_picture_file, bytes) ? decode(bytes, palette) : Bitmap();
+    try {
+        Bytes bytes;
+        if (platform::read_file(file_name, max_picture_file, bytes)) return decode(bytes, palette);
+    } catch (const std::bad_alloc&) {
+        log_line("[ ERROR ] : Memory is too short for the picture %s", file_name);
+    }
+    return {};
 }
 
-bool save_by(Encode encode, const char* file_name, BITMAP* bitmap, const RGB* palette)
+int save_by(Encode encode, const char* file_name, BITMAP* bitmap, const RGB* palette)
 {
     Bytes bytes;
-    return encode(bitmap, palette, bytes) == 0 && platform::replace_file(file_name, bytes);
+    return encode(bitmap, palette, bytes) == 0 && platform::replace_file(file_name, bytes) ? 0 : -1;
 }
 
 /// A PNG that lies in an Allegro datafile.
@@ -71,7 +82,18 @@ Bitmap load_gif(const char* file_name, RGB* palette) { return load_by(decode_gif
 
 int save_gif(const char* file_name, BITMAP* bitmap, const RGB* palette)
 {
-    return save_by(encode_gif, file_name, bitmap, palette) ? 0 : -1;
+    return save_by(encode_gif, file_name, bitmap, palette);
+}
+
+int save_lbm(const char* file_name, BITMAP* bitmap, const RGB* palette)
+{
+    return save_by(encode_lbm, file_name, bitmap, palette);
+}
+
+int save_pcx_picture(const char* file_name, BITMAP* bitmap)
+{
+    return save_by([](BITMAP* picture, const RGB*, Bytes& out) { return encode_pcx(picture, out); }, file_name, bitmap,
+                   nullptr);
 }
 
 Bitmap load_picture(const std::string& file_name, RGB* palette)

@@ -75,6 +75,44 @@ def gif():
     run([CONVERT, "ppm:-", "gif:-"], indexed_ppm(1, 1, 1), "gif/small-1x1.gif")
     run([CONVERT, "ppm:-", "gif:-"], indexed_ppm(13, 11, 1), "gif/two-colours.gif")
 
+
+def smooth(channels):
+    """A ramp, which JPEG keeps within a few steps."""
+    body = bytearray()
+    for y in range(19):
+        for x in range(37):
+            body += bytes((6 * x, 12 * y, 255 - 6 * x)[:channels])
+    return f"P{5 if channels == 1 else 6}\n37 19\n255\n".encode() + bytes(body)
+
+
+def pcx():
+    for depth in (1, 2, 4, 8):
+        run(["ppmtopcx"], indexed_ppm(13, 11, depth), f"pcx/indexed-{depth}.pcx")
+        run(["ppmtopcx", "-packed"], indexed_ppm(13, 11, depth), f"pcx/indexed-{depth}-packed.pcx")
+    run(["ppmtopcx", "-24bit"], pam(13, 11, 3, 8), "pcx/rgb-8.pcx")
+    run([CONVERT, "pam:-", "pcx:-"], pam(13, 11, 3, 8), "pcx/rgb-8-convert.pcx")
+
+
+def lbm():
+    for depth in (1, 4, 8):
+        run(["ppmtoilbm", "-maxplanes", "8", "-compress"], indexed_ppm(13, 11, depth), f"lbm/indexed-{depth}.lbm")
+        run(["ppmtoilbm", "-maxplanes", "8", "-nocompress"], indexed_ppm(13, 11, depth), f"lbm/indexed-{depth}-plain.lbm")
+    run(["ppmtoilbm", "-24force"], pam(13, 11, 3, 8), "lbm/rgb-8.lbm")
+
+
+def ico():
+    for depth in (1, 4, 8):
+        run(["ppmtowinicon"], indexed_ppm(13, 11, depth), f"ico/indexed-{depth}.ico")
+    run(["pamtowinicon"], pam(13, 11, 4, 8), "ico/rgba-8.ico")
+    run(["pamtowinicon", "-pngthreshold=1"], pam(13, 11, 3, 8), "ico/indexed-8-png.ico")
+
+
+def jpeg():
+    run(["pnmtojpeg", "-quality", "95"], smooth(3), "jpeg/rgb.jpg")
+    run(["pnmtojpeg", "-quality", "95", "-progressive"], smooth(3), "jpeg/progressive.jpg")
+    run(["pnmtojpeg", "-quality", "95"], smooth(1), "jpeg/grey.jpg")
+
+
 if __name__ == "__main__":
-    png()
-    gif()
+    for make in (png, gif, pcx, lbm, ico, jpeg):
+        make()

@@ -1,0 +1,133 @@
+// PCX and LBM: fixtures of other encoders, the written forms, round trips, damage.
+#include "imagefile/lbm.h"
+#include "imagefile/pcx.h"
+
+#include "imagefile/indexed.h"
+#include "imagefile/picture_files.h"
+#include "runtime/pixels.h"
+#include "support/pictures.h"
+#include "support/temporary_folder.h"
+#include <gtest/gtest.h>
+
+namespace kelu {
+namespace {
+
+using namespace test;
+
+TEST(picture_files, read_what_other_encoders_write_by_extension)
+{
+    int count = 0;
+    for (const char* folder : {"pcx", "lbm"}) {
+        for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(KELU_TEST_DATA) / folder)) {
+            const std::string name = entry.path().stem().string();
+            const std::string kind = name.substr(0, name.find('-'));
+            const int depth = std::stoi(name.substr(kind.size() + 1));
+            const Bitmap expected = paint(13, 11, [&](int x, int y) {
+                if (kind == "rgb") return pack_rgb(level(x, y, 0), level(x, y, 1), level(x, y, 2));
+                return six_bit(palette_entry(level(x, y, 0) & ((1 << depth) - 1)));
+            });
+            EXPECT_EQ(difference(load_picture(entry.path().string()), expected), "") << entry.path();
+            ++count;
+        }
+    }
+    EXPECT_EQ(count, 17);
+}
+
+TEST(pcx, is_written_as_the_library_writes_it)
+{
+    const TemporaryFolder folder;
+    for (const int w : {1, 2, 3, 63, 64, 257}) {
+        const Bitmap picture = paint(w, 9, [&](int x, int y) {
+            return y < 2 ? 0xc0c0c0 : y < 4 ? 0xff0000 : y < 6 ? x / 2 * 0x010305 : level(x, y, 0) * 0x010101;
+        });
+        ASSERT_EQ(save_pcx_picture("ours.pcx", picture), 0);
+        ASSERT_EQ(save_pcx("theirs.pcx", picture, nullptr), 0);
+        EXPECT_EQ(folder.text("ours.pcx"), folder.text("theirs.pcx")) << w;
+        EXPECT_EQ(difference(load_picture("ours.pcx"), picture), "") << w;
+    }
+}
+
+TEST(pcx, two_colours_without_a_palette_are_black_and_white)
+{
+    Bytes bytes(128);
+    bytes[0] = 10;
+    bytes[1] = 5;
+    bytes[2] = bytes[3] = bytes[65] = 1;
+    bytes[8] = 3; // four pixels, one row
+    bytes[66] = 2;
+    bytes.insert(bytes.end(), {0xc1, 0xa0, 0x00});
+    const Bitmap expected = paint(4, 1, [](int x, int) { return x % 2 == 0 ? 0xffffff : 0; });
+    EXPECT_EQ(difference(decode_pcx(bytes), expected), "");
+}
+
+TEST(lbm, writes_the_form_and_reads_it_back_at_odd_widths)
+{
+    const TemporaryFolder folder;
+    PALETTE palette = {};
+    for (int i = 0; i < 256; ++i)
+        palette[i] = {static_cast<unsigned char>(i % 8 * 9), static_cast<unsigned char>(i / 8 % 8 * 9),
+                      static_cast<unsigned char>(i / 64 * 21), 0};
+    const auto colors = palette_colors(palette);
+    for (const int w : {1, 2, 3, 255, 256, 257}) {
+        const Bitmap picture =
+            paint(w, 3, [&](int x, int y) { return colors[static_cast<std::size_t>(level(x, y, 0))]; });
+        ASSERT_EQ(save_lbm("picture.lbm", picture, palette), 0);
+        EXPECT_EQ(difference(load_picture("PICTURE.LBM"), Bitmap().get()), ""); // names are exact
+        EXPECT_EQ(difference(load_picture("picture.lbm"), picture), "") << w;
+        const std::string text = folder.text("picture.lbm");
+        ByteReader in({reinterpret_cast<const uint8_t*>(text.data()), text.size()});
+        EXPECT_TRUE(in.match("FORM"));
+        EXPECT_EQ(in.big32(), text.size() - 8);
+        EXPECT_TRUE(in.match("PBM BMHD"));
+        in.seek(20);
+        EXPECT_EQ(in.big16(), w);
+        in.seek(40);
+        EXPECT_TRUE(in.match("CMAP"));
+        in.seek(48 + 3);
+        EXPECT_EQ(in.byte(), 9 << 2);
+        in.seek(816);
+        EXPECT_TRUE(in.match("BODY"));
+        EXPECT_EQ(in.big32(), static_cast<uint32_t>(3 * w));
+        EXPECT_EQ(text.size(), static_cast<std::size_t>(824 + 3 * w + w % 2));
+    }
+}
+
+TEST(lbm, rows_of_other_writers_are_padded)
+{
+    const Bitmap picture = paint(3, 2, [](int x, int y) { return six_bit(x == y ? 0xffffff : 0); });
+    PALETTE palette = {};
+    palette[1] = {63, 63, 63, 0};
+    for (const bool packed : {false, true}) {
+        Bytes bytes;
+        ASSERT_EQ(encode_lbm(picture, palette, bytes), 0);
+        bytes.resize(816);
+        bytes[30] = packed ? 1 : 0;
+        ByteWriter out(bytes);
+        out.text("BODY");
+        const Bytes rows = packed ? Bytes{0x80, 0, 1, 0xff, 0, 0, 9, 3, 0, 1, 0, 9} : Bytes{1, 0, 0, 9, 0, 1, 0, 9};
+        out.big32(static_cast<uint32_t>(rows.size()));
+        out.append(rows);
+        EXPECT_EQ(difference(decode_lbm(bytes), picture), "") << packed;
+    }
+}
+
+TEST(old_formats, refuse_what_is_cut_or_cannot_be)
+{
+    for (const char* name : {"pcx/rgb-8.pcx", "pcx/indexed-4.pcx", "lbm/rgb-8.lbm", "lbm/indexed-4-plain.lbm"}) {
+        const Bytes whole = data_file(name);
+        const auto decode = [&](std::span<const uint8_t> bytes) {
+            return name[0] == 'p' ? decode_pcx(bytes) : decode_lbm(bytes);
+        };
+        ASSERT_TRUE(decode(whole)) << name;
+        EXPECT_FALSE(decode(std::span(whole).first(20))) << name;
+        EXPECT_FALSE(decode(std::span(whole).first(whole.size() - 40))) << name;
+        EXPECT_FALSE(decode({})) << name;
+        Bytes huge = whole; // both sides 65535 and more
+        const std::size_t at = name[0] == 'p' ? 8 : 20;
+        std::fill_n(huge.begin() + static_cast<std::ptrdiff_t>(at), 4, 0xff);
+        EXPECT_FALSE(decode(huge)) << name;
+    }
+}
+
+} // namespace
+} // namespace kelu
