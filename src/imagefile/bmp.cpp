@@ -15,6 +15,7 @@ namespace {
 
 constexpr std::size_t file_header = 14, info_header = 40;
 constexpr int pixels_per_metre = 2834; // 72 dpi
+constexpr int pixel_bits = 24;         // of what is written
 
 using Palette = std::array<int, 256>;
 
@@ -46,6 +47,38 @@ void decode_row(const uint8_t* from, int* to, int w, int bits, const Palette& pa
         const int bit = x * bits;
         const int index = from[bit / 8] >> (8 - bits - bit % 8) & ((1 << bits) - 1);
         to[x] = palette[static_cast<std::size_t>(index)];
+    }
+}
+
+/// Writes both headers of a picture of 24 bits.
+void put_heads(BITMAP* bitmap, Bytes& bytes)
+{
+    const std::size_t size = row_bytes(bitmap->w, pixel_bits) * static_cast<std::size_t>(bitmap->h);
+    ByteWriter out(bytes);
+    out.text("BM");
+    out.little32(static_cast<uint32_t>(file_header + info_header + size));
+    out.little32(0);
+    out.little32(file_header + info_header);
+    out.little32(info_header);
+    out.little32(static_cast<uint32_t>(bitmap->w));
+    out.little32(static_cast<uint32_t>(bitmap->h));
+    out.little16(1); // planes
+    out.little16(pixel_bits);
+    out.little32(0); // no compression
+    out.little32(static_cast<uint32_t>(size));
+    out.little32(pixels_per_metre);
+    out.little32(pixels_per_metre);
+    out.fill(8); // colours of the palette
+}
+
+/// Writes a row into a line whose padding is 0 and stays so.
+void encode_row(BITMAP* bitmap, int y, Bytes& line)
+{
+    const int* pixels = row(bitmap, y);
+    for (std::size_t x = 0; x < static_cast<std::size_t>(bitmap->w); ++x) {
+        line[3 * x] = static_cast<uint8_t>(blue_of(pixels[x]));
+        line[3 * x + 1] = static_cast<uint8_t>(green_of(pixels[x]));
+        line[3 * x + 2] = static_cast<uint8_t>(red_of(pixels[x]));
     }
 }
 
@@ -84,39 +117,27 @@ Bitmap read_bmp(const std::string& name)
     return decode_bmp(bytes);
 }
 
+void encode_bmp(BITMAP* bitmap, std::vector<uint8_t>& out)
+{
+    put_heads(bitmap, out);
+    Bytes line(row_bytes(bitmap->w, pixel_bits));
+    for (int y = bitmap->h - 1; y >= 0; --y) {
+        encode_row(bitmap, y, line);
+        out.insert(out.end(), line.begin(), line.end());
+    }
+}
+
 bool write_bmp(const std::string& name, BITMAP* bitmap)
 {
     if (!bitmap) return false;
-    const std::size_t stride = row_bytes(bitmap->w, 24);
-    const std::size_t size = stride * static_cast<std::size_t>(bitmap->h);
-    Bytes header;
-    ByteWriter out(header);
-    out.text("BM");
-    out.little32(static_cast<uint32_t>(file_header + info_header + size));
-    out.little32(0);
-    out.little32(file_header + info_header);
-    out.little32(info_header);
-    out.little32(static_cast<uint32_t>(bitmap->w));
-    out.little32(static_cast<uint32_t>(bitmap->h));
-    out.little16(1); // planes
-    out.little16(24);
-    out.little32(0); // no compression
-    out.little32(static_cast<uint32_t>(size));
-    out.little32(pixels_per_metre);
-    out.little32(pixels_per_metre);
-    out.fill(8); // colours of the palette
-
     platform::FileReplacement file(name);
-    bool good = file.write(header);
-    Bytes bytes(stride); // the padding stays 0
+    Bytes heads;
+    put_heads(bitmap, heads);
+    bool good = file.write(heads);
+    Bytes line(row_bytes(bitmap->w, pixel_bits));
     for (int y = bitmap->h - 1; good && y >= 0; --y) {
-        const int* line = row(bitmap, y);
-        for (std::size_t x = 0; x < static_cast<std::size_t>(bitmap->w); ++x) {
-            bytes[3 * x] = static_cast<uint8_t>(blue_of(line[x]));
-            bytes[3 * x + 1] = static_cast<uint8_t>(green_of(line[x]));
-            bytes[3 * x + 2] = static_cast<uint8_t>(red_of(line[x]));
-        }
-        good = file.write(bytes);
+        encode_row(bitmap, y, line);
+        good = file.write(line);
     }
     return good && file.commit();
 }

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace kelu {
 
@@ -15,6 +16,9 @@ Bitmap decode_bmp(std::span<const uint8_t> bytes);
 
 /// Reads a file by `decode_bmp`. Empty when the file is missing or not such a picture.
 Bitmap read_bmp(const std::string& name);
+
+/// Appends the bitmap as a BMP file to `out`, with 24 bits a pixel; top bytes are left out.
+void encode_bmp(BITMAP* bitmap, std::vector<uint8_t>& out);
 
 /// Writes the bitmap, or a sub-bitmap, with 24 bits a pixel; top bytes are left out. The file takes the place of an
 /// old one only when it is whole; false when that failed, and the old one stands.

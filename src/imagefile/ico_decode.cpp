@@ -1,18 +1,14 @@
 // The ICO reader.
 #include "imagefile/ico.h"
 
-#include "imagefile/picture_files.h"
 #include "imagefile/png.h"
-#include "platform/files.h"
 #include "runtime/log.h"
 #include "runtime/pixels.h"
-#include "runtime/store.h"
 #include <array>
 
 namespace kelu {
 namespace {
 
-constexpr int white = 0xffffff;
 constexpr uint32_t info_header_bytes = 40;
 
 /// The first row of the directory, and what the image's own head adds.
@@ -41,36 +37,19 @@ int palette_entries(const Image& image)
     return -1;
 }
 
-/// Splits a picture in merged form.
-Icon split(Bitmap merged)
-{
-    Icon icon;
-    icon.alpha = Bitmap(merged.width(), merged.height());
-    if (!icon.alpha) return {};
-    for (int y = 0; y < merged.height(); ++y) {
-        int* pixels = row(merged, y);
-        int* alpha = row(icon.alpha, y);
-        for (int x = 0; x < merged.width(); ++x) {
-            const int a = static_cast<int>(static_cast<uint32_t>(pixels[x]) >> 24);
-            alpha[x] = pack_rgb(a, a, a);
-            pixels[x] &= 0xffffff;
-        }
-    }
-    icon.picture = std::move(merged);
-    return icon;
-}
+constexpr uint32_t opaque = 0xff000000;
 
 /// A PNG with an alpha channel keeps it; one without is opaque.
-Icon read_embedded_png(std::span<const uint8_t> bytes)
+Bitmap read_embedded_png(std::span<const uint8_t> bytes)
 {
     Bitmap picture = decode_png(bytes);
-    if (!picture) return {};
     constexpr std::size_t color_type_at = 25;
-    if (bytes[color_type_at] & 4) return split(std::move(picture));
-    Icon icon;
-    icon.alpha = Bitmap(picture.width(), picture.height(), white);
-    icon.picture = std::move(picture);
-    return icon;
+    if (!picture || bytes[color_type_at] & 4) return picture;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            row(picture, y)[x] |= static_cast<int>(opaque);
+    }
+    return picture;
 }
 
 bool read_info_header(ByteReader& in, Image& image)
@@ -87,40 +66,43 @@ bool read_info_header(ByteReader& in, Image& image)
     return !in.ended() && bitmap_size_valid(image.width, image.height);
 }
 
-/// Fills the picture, and for 32 bits the alpha, bottom row first.
-void read_colors(ByteReader& in, const Image& image, const std::array<int, 256>& palette, Icon& icon)
+/// Fills the picture, bottom row first. Below 32 bits every pixel is opaque at first.
+void read_colors(ByteReader& in, const Image& image, const std::array<int, 256>& palette, Bitmap& picture)
 {
     for (int y = image.height - 1; y >= 0; --y) {
         const auto line = in.take(image.row_bytes(image.bits));
-        int* pixels = row(icon.picture, y);
-        int* alpha = row(icon.alpha, y);
+        int* pixels = row(picture, y);
         for (int x = 0; x < image.width; ++x) {
+            uint32_t alpha = opaque;
             if (image.bits >= 24) {
                 const uint8_t* at = &line[static_cast<std::size_t>(x * image.bits / 8)];
                 pixels[x] = pack_rgb(at[2], at[1], at[0]);
-                if (image.bits == 32) alpha[x] = pack_rgb(at[3], at[3], at[3]);
+                if (image.bits == 32) alpha = uint32_t{at[3]} << 24;
             } else { // from the high bits of a byte down
                 const int bit = x * image.bits;
                 const int byte = line[static_cast<std::size_t>(bit / 8)];
                 const int index = byte >> (8 - image.bits - bit % 8) & ((1 << image.bits) - 1);
                 pixels[x] = palette[static_cast<std::size_t>(index)];
             }
+            pixels[x] |= static_cast<int>(alpha);
         }
     }
 }
 
 /// A set bit of the mask is a pixel that isn't there. A file that ends before its mask is opaque.
-void read_mask(ByteReader& in, const Image& image, Bitmap& alpha)
+void read_mask(ByteReader& in, const Image& image, Bitmap& picture)
 {
     for (int y = image.height - 1; y >= 0; --y) {
         const auto line = in.take(image.row_bytes(1));
         if (in.ended()) return;
-        for (int x = 0; x < image.width; ++x)
-            row(alpha, y)[x] = line[static_cast<std::size_t>(x / 8)] >> (7 - x % 8) & 1 ? 0 : white;
+        for (int x = 0; x < image.width; ++x) {
+            if (line[static_cast<std::size_t>(x / 8)] >> (7 - x % 8) & 1)
+                row(picture, y)[x] &= ~static_cast<int>(opaque);
+        }
     }
 }
 
-Icon read_image(ByteReader in, Image image)
+Bitmap read_image(ByteReader in, Image image)
 {
     if (!read_info_header(in, image)) return {};
     std::array<int, 256> palette{};
@@ -133,16 +115,16 @@ Icon read_image(ByteReader in, Image image)
     // All rows have to be there before memory is asked for.
     const std::size_t rows = image.row_bytes(image.bits) * static_cast<std::size_t>(image.height);
     if (in.ended() || (image.known() && in.left() < rows)) return {};
-    Icon icon{Bitmap(image.width, image.height), Bitmap(image.width, image.height, white)};
-    if (!icon.picture || !icon.alpha) return {};
-    if (image.known()) read_colors(in, image, palette, icon);
-    if (image.known() && image.bits < 32) read_mask(in, image, icon.alpha);
-    return icon;
+    Bitmap picture(image.width, image.height, static_cast<int>(opaque));
+    if (!picture || !image.known()) return picture;
+    read_colors(in, image, palette, picture);
+    if (image.bits < 32) read_mask(in, image, picture);
+    return picture;
 }
 
 } // namespace
 
-Icon decode_ico(std::span<const uint8_t> bytes)
+Bitmap decode_ico(std::span<const uint8_t> bytes)
 {
     ByteReader in(bytes);
     in.skip(2);
@@ -167,18 +149,6 @@ Icon decode_ico(std::span<const uint8_t> bytes)
     magic.skip(1);
     if (magic.starts_with("PNG")) return read_embedded_png(in.take(std::min(size, in.left())));
     return read_image(in, image);
-}
-
-Bitmap load_ico(const char* file_name, bool preview)
-{
-    Bytes bytes;
-    if (!platform::read_file(file_name, max_picture_file, bytes)) {
-        log_line("[ ERROR ] : Attempted to load ICO, but file was inaccessible. Derp.");
-        return {};
-    }
-    Icon icon = decode_ico(bytes);
-    if (icon.picture && !preview) store.alpha_bitmap = std::move(icon.alpha);
-    return std::move(icon.picture);
 }
 
 } // namespace kelu

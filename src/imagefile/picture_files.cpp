@@ -1,46 +1,19 @@
-// The table of picture types, the file side of the codecs, and their registration with Allegro.
+// The file side of the codecs, and their registration with Allegro.
 #include "imagefile/picture_files.h"
 
-#include "imagefile/bmp.h"
 #include "imagefile/gif.h"
 #include "imagefile/lbm.h"
 #include "imagefile/pcx.h"
 #include "imagefile/png.h"
 #include "platform/files.h"
-#include "runtime/log.h"
-#include <new>
 
 namespace kelu {
 namespace {
 
-using Decode = Bitmap (*)(std::span<const uint8_t>, RGB*);
 using Encode = int (*)(BITMAP*, const RGB*, Bytes&);
-
-struct PictureType {
-    std::string_view extension; ///< upper case
-    Decode decode;
-};
-constexpr PictureType picture_types[] = {
-    {"GIF", decode_gif},
-    {"PCX", decode_pcx},
-    {"BMP", [](std::span<const uint8_t> bytes, RGB*) { return decode_bmp(bytes); }},
-    {"PNG", decode_png},
-    {"LBM", decode_lbm},
-};
 
 /// "PNG " as Allegro's datafiles number their objects.
 constexpr int datafile_png = DAT_ID('P', 'N', 'G', ' ');
-
-Bitmap load_by(Decode decode, const char* file_name, RGB* palette)
-{
-    try {
-        Bytes bytes;
-        if (platform::read_file(file_name, max_picture_file, bytes)) return decode(bytes, palette);
-    } catch (const std::bad_alloc&) {
-        log_line("[ ERROR ] : Memory is too short for the picture %s", file_name);
-    }
-    return {};
-}
 
 int save_by(Encode encode, const char* file_name, BITMAP* bitmap, const RGB* palette)
 {
@@ -78,7 +51,11 @@ int save_png(const char* file_name, BITMAP* bitmap, const RGB* palette)
     return -1;
 }
 
-Bitmap load_gif(const char* file_name, RGB* palette) { return load_by(decode_gif, file_name, palette); }
+Bitmap load_gif(const char* file_name, RGB* palette)
+{
+    Bytes bytes;
+    return platform::read_file(file_name, max_picture_file, bytes) ? decode_gif(bytes, palette) : Bitmap();
+}
 
 int save_gif(const char* file_name, BITMAP* bitmap, const RGB* palette)
 {
@@ -94,17 +71,6 @@ int save_pcx_picture(const char* file_name, BITMAP* bitmap)
 {
     return save_by([](BITMAP* picture, const RGB*, Bytes& out) { return encode_pcx(picture, out); }, file_name, bitmap,
                    nullptr);
-}
-
-Bitmap load_picture(const std::string& file_name, RGB* palette)
-{
-    const std::size_t point = file_name.rfind('.');
-    if (point == std::string::npos) return {};
-    const std::string extension = platform::upper_case(file_name.substr(point + 1));
-    for (const PictureType& type : picture_types) {
-        if (type.extension == extension) return load_by(type.decode, file_name.c_str(), palette);
-    }
-    return {};
 }
 
 void register_picture_formats()

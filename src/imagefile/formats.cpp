@@ -1,0 +1,147 @@
+// The rows of the formats, and the ways to find one.
+#include "imagefile/formats.h"
+
+#include "imagefile/bmp.h"
+#include "imagefile/gif.h"
+#include "imagefile/ico.h"
+#include "imagefile/jpeg.h"
+#include "imagefile/lbm.h"
+#include "imagefile/pcx.h"
+#include "imagefile/picture_files.h"
+#include "imagefile/png.h"
+#include "imagefile/reduce.h"
+#include "platform/files.h"
+#include "runtime/log.h"
+#include <new>
+
+namespace kelu {
+namespace {
+
+using Span = std::span<const uint8_t>;
+
+Bitmap opaque(Bitmap picture)
+{
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            row(picture, y)[x] |= static_cast<int>(0xff000000);
+    }
+    return picture;
+}
+
+Bitmap decode_png_merged(Span bytes)
+{
+    // Only RGBA carries alpha into a frame. The colour type is the 13th byte behind the start of the head's name.
+    constexpr std::size_t searched = 30, color_type_at = 13;
+    constexpr std::string_view head_name = "IHDR";
+    const Span start = bytes.first(std::min(searched, bytes.size()));
+    const auto head = std::search(start.begin(), start.end(), head_name.begin(), head_name.end());
+    const bool rgba = start.end() - head > static_cast<std::ptrdiff_t>(color_type_at) && head[color_type_at] == 6;
+    Bitmap picture = decode_png(bytes);
+    return rgba ? std::move(picture) : opaque(std::move(picture));
+}
+
+using PaletteWriter = int (*)(const char*, BITMAP*, const RGB*);
+
+template <PaletteWriter write>
+bool save_reduced(const char* name, BITMAP* picture, const SaveOptions& options)
+{
+    PALETTE palette;
+    reduce_colors(picture, options.color_reduction, palette);
+    return write(name, picture, palette) == 0;
+}
+
+constexpr Bitmap (*no_decoder)(Span) = nullptr;
+constexpr bool (*no_writer)(const char*, BITMAP*, const SaveOptions&) = nullptr;
+
+// clang-format off
+constexpr FormatRow formats[] = {
+    // id             name   signature                            at prev.  alpha
+    {FORMAT_GIF,       "GIF", "GIF",                               0, true,  false,
+     [](Span bytes) { return opaque(decode_gif(bytes)); }, save_reduced<save_gif>},
+    {FORMAT_PCX,       "PCX", "",                                  0, true,  false,
+     [](Span bytes) { return opaque(decode_pcx(bytes)); },
+     [](const char* name, BITMAP* picture, const SaveOptions&) { return save_pcx_picture(name, picture) == 0; }},
+    {FORMAT_BMP,       "BMP", "BM",                                0, true,  false,
+     [](Span bytes) { return opaque(decode_bmp(bytes)); },
+     [](const char* name, BITMAP* picture, const SaveOptions&) { return write_bmp(name, picture); }},
+    {FORMAT_PNG,       "PNG", "PNG",                               1, true,  true,
+     decode_png_merged,
+     [](const char* name, BITMAP* picture, const SaveOptions&) { return save_png(name, picture) == 0; }},
+    {FORMAT_JPG,       "JPG", "",                                  0, true,  false,
+     [](Span bytes) { return opaque(decode_jpeg(bytes)); },
+     [](const char* name, BITMAP* picture, const SaveOptions& options) { return save_jpeg(name, picture, options.jpg_quality); }},
+    {FORMAT_LBM,       "LBM", "FORM",                              0, true,  false,
+     [](Span bytes) { return opaque(decode_lbm(bytes)); }, save_reduced<save_lbm>},
+    {FORMAT_TTF,       "TTF", "",                                  0, true,  false, no_decoder, no_writer},
+    {FORMAT_FON,       "FON", "",                                  0, true,  false, no_decoder, no_writer},
+    {FORMAT_WSP,       "WSP", "kWSP",                              0, false, false, no_decoder, no_writer},
+    {FORMAT_FAVORITES, "",    "COL",                               0, false, false, no_decoder, no_writer},
+    {FORMAT_SCHEME,    "",    "SCH",                               0, false, false, no_decoder, no_writer},
+    {FORMAT_ICO,       "ICO", std::string_view("\0\0\1\0", 4),     0, true,  true,
+     decode_ico,
+     [](const char* name, BITMAP* picture, const SaveOptions&) { return save_ico(name, picture) == 1; }},
+};
+// clang-format on
+
+constexpr bool rows_in_order()
+{
+    for (std::size_t i = 0; i < std::size(formats); ++i) {
+        if (formats[i].id != static_cast<int>(i)) return false;
+    }
+    return std::size(formats) == FORMAT_COUNT;
+}
+static_assert(rows_in_order());
+
+} // namespace
+
+const FormatRow& format_row(int id) { return formats[id]; }
+
+int format_from_extension(const std::string& name, bool fonts_only)
+{
+    if (name.size() < 4 || name[name.size() - 4] != '.') return FORMAT_NONE;
+    const std::string extension = platform::upper_case(name.substr(name.size() - 3));
+    for (const FormatRow& format : formats) {
+        if (fonts_only && format.id != FORMAT_TTF && format.id != FORMAT_FON) continue;
+        if (format.extension == extension) return format.id;
+    }
+    return FORMAT_NONE;
+}
+
+int format_from_signature(const std::string& name)
+{
+    Bytes bytes;
+    if (!platform::read_file(name, max_picture_file, bytes)) {
+        log_line("[ ERROR ] : Failure to read file at OS level! Aborting operation!");
+        return FORMAT_NONE;
+    }
+    if (bytes.size() < 4) {
+        log_line("[ ERROR ] : Requested file is too small to have usable content!");
+        return FORMAT_NONE;
+    }
+    for (const FormatRow& format : formats) {
+        ByteReader in(bytes);
+        in.seek(format.signature_at);
+        if (!format.signature.empty() && in.starts_with(format.signature)) return format.id;
+    }
+    return FORMAT_NONE;
+}
+
+int format_of_file(const std::string& name)
+{
+    const int format = format_from_extension(name, false);
+    return format != FORMAT_NONE ? format : format_from_signature(name);
+}
+
+Bitmap load_picture(const std::string& name, int format)
+{
+    if (format < 0 || format >= FORMAT_COUNT || !formats[format].decode) return {};
+    try {
+        Bytes bytes;
+        if (platform::read_file(name, max_picture_file, bytes)) return formats[format].decode(bytes);
+    } catch (const std::bad_alloc&) {
+        log_line("[ ERROR ] : Memory is too short for the picture %s", name);
+    }
+    return {};
+}
+
+} // namespace kelu

@@ -1,0 +1,66 @@
+// The table of file formats: how each is told by name or content, read into a picture and written from one.
+#pragma once
+
+#include "imagefile/reader.h"
+#include "runtime/bitmap.h"
+#include <string>
+
+namespace kelu {
+
+/// Formats of the files that the browser shows. The numbers are those of the table's rows.
+enum FormatId : int {
+    FORMAT_NONE = -1,
+    FORMAT_GIF,
+    FORMAT_PCX,
+    FORMAT_BMP,
+    FORMAT_PNG,
+    FORMAT_JPG,
+    FORMAT_LBM,
+    FORMAT_TTF,
+    FORMAT_FON,
+    FORMAT_WSP,       ///< workspace archive
+    FORMAT_FAVORITES, ///< colour file
+    FORMAT_SCHEME,    ///< colour scheme file
+    FORMAT_ICO,
+    FORMAT_COUNT
+};
+
+/// What a picture's writer is told beside the picture.
+struct SaveOptions {
+    int color_reduction = 0; ///< to 256 colours: 0 fast, 1 good, 2 best
+    int jpg_quality = 90;    ///< 0 to 100
+};
+
+/// One row a format. What a format doesn't have is empty.
+struct FormatRow {
+    int id;
+    std::string_view extension; ///< upper case
+    std::string_view signature; ///< bytes that its files begin with ...
+    std::size_t signature_at;   ///< ... or that stand there
+    bool previews;              ///< the browser shows its content
+    bool keeps_alpha;           ///< `save` takes the merged form
+    /// Decodes a file to merged form; a picture without an alpha channel is opaque.
+    Bitmap (*decode)(std::span<const uint8_t> bytes);
+    /// Writes a file, which replaces an old one only when it is whole on disk; false when that failed.
+    bool (*save)(const char* name, BITMAP* picture, const SaveOptions& options);
+};
+
+/// The row of a format, `id` 0 to FORMAT_COUNT - 1.
+const FormatRow& format_row(int id);
+
+/// The format that a name's extension stands for, or FORMAT_NONE. Three letters behind a point count, in any case;
+/// with `fonts_only` just those of fonts.
+int format_from_extension(const std::string& name, bool fonts_only);
+
+/// The format that a file's first four bytes tell of, or FORMAT_NONE; a file that can't be read leaves a line in the
+/// log.
+int format_from_signature(const std::string& name);
+
+/// The format by extension, else by signature, or FORMAT_NONE.
+int format_of_file(const std::string& name);
+
+/// Reads a picture file of a format into merged form. Empty when the file can't be read, isn't such a picture, or the
+/// format has no pictures.
+Bitmap load_picture(const std::string& name, int format);
+
+} // namespace kelu

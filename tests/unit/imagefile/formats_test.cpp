@@ -1,0 +1,109 @@
+// The table of formats: names, signatures, alpha on the way in, writers.
+#include "imagefile/formats.h"
+
+#include "imagefile/bmp.h"
+#include "runtime/pixels.h"
+#include "support/paths.h"
+#include "support/pictures.h"
+#include "support/temporary_folder.h"
+#include <gtest/gtest.h>
+
+namespace kelu {
+namespace {
+
+using namespace test;
+
+TEST(formats, extensions_have_three_letters_behind_a_point)
+{
+    struct Row {
+        const char* name;
+        int format;
+    };
+    for (const auto& [name, format] :
+         {Row{"a.gif", FORMAT_GIF}, Row{"A.PcX", FORMAT_PCX}, Row{".bmp", FORMAT_BMP}, Row{"a.b.png", FORMAT_PNG},
+          Row{"a.jpg", FORMAT_JPG}, Row{"a.LBM", FORMAT_LBM}, Row{"a.ttf", FORMAT_TTF}, Row{"a.fon", FORMAT_FON},
+          Row{"a.wsp", FORMAT_WSP}, Row{"a.ico", FORMAT_ICO}, Row{"IMAGE.JPEG", FORMAT_NONE}, Row{"png", FORMAT_NONE},
+          Row{"apng", FORMAT_NONE}, Row{"a.tga", FORMAT_NONE}, Row{"", FORMAT_NONE}, Row{"a.", FORMAT_NONE}}) {
+        EXPECT_EQ(format_from_extension(name, false), format) << name;
+        const bool font = format == FORMAT_TTF || format == FORMAT_FON;
+        EXPECT_EQ(format_from_extension(name, true), font ? format : FORMAT_NONE) << name;
+    }
+}
+
+TEST(formats, signatures_tell_when_names_do_not)
+{
+    const TemporaryFolder folder;
+    struct Row {
+        std::string start;
+        int format;
+    };
+    for (const auto& [start, format] : {Row{"GIF87a", FORMAT_GIF}, Row{"BMxx", FORMAT_BMP}, Row{"\x89PNG", FORMAT_PNG},
+                                        Row{"FORM", FORMAT_LBM}, Row{"kWSP", FORMAT_WSP}, Row{"COL1", FORMAT_FAVORITES},
+                                        Row{"SCH1", FORMAT_SCHEME}, Row{std::string("\0\0\1\0", 4), FORMAT_ICO},
+                                        Row{"xPN", FORMAT_NONE}, Row{"text", FORMAT_NONE}, Row{"BM", FORMAT_NONE}}) {
+        folder.put("file", start);
+        EXPECT_EQ(format_from_signature("file"), format) << start;
+        EXPECT_EQ(format_of_file("file"), format) << start;
+    }
+    folder.put("file.png", "GIF89a");
+    EXPECT_EQ(format_of_file("file.png"), FORMAT_PNG); // the name comes first
+    EXPECT_EQ(format_from_signature("missing"), FORMAT_NONE);
+}
+
+TEST(formats, only_rgba_png_and_icons_bring_alpha)
+{
+    const auto loaded_alpha = [](const char* name, int format) {
+        const Bitmap picture = load_picture(data_folder() + "/" + name, format);
+        return picture ? row(picture, 3)[2] >> 24 & 255 : -1;
+    };
+    EXPECT_EQ(loaded_alpha("png/rgba-8.png", FORMAT_PNG), level(2, 3, 3));
+    EXPECT_EQ(loaded_alpha("ico/rgba-8.ico", FORMAT_ICO), level(2, 3, 3));
+    for (const auto& [name, format] : {std::pair{"png/greyalpha-8.png", FORMAT_PNG},
+                                       {"png/indexed-8.png", FORMAT_PNG},
+                                       {"gif/transparent.gif", FORMAT_GIF},
+                                       {"pcx/rgb-8.pcx", FORMAT_PCX},
+                                       {"lbm/rgb-8.lbm", FORMAT_LBM},
+                                       {"jpeg/rgb.jpg", FORMAT_JPG}})
+        EXPECT_EQ(loaded_alpha(name, format), 255) << name;
+    EXPECT_EQ(loaded_alpha("png/rgba-8.png", FORMAT_GIF), -1);
+    EXPECT_EQ(loaded_alpha("png/rgba-8.png", FORMAT_TTF), -1);
+    EXPECT_EQ(loaded_alpha("png/rgba-8.png", FORMAT_NONE), -1);
+    EXPECT_EQ(loaded_alpha("no such file", FORMAT_PNG), -1);
+}
+
+TEST(formats, every_writer_s_file_is_read_again)
+{
+    const TemporaryFolder folder;
+    // Few colours, which differ in the five bits of the colour table.
+    const Bitmap picture = paint(31, 17, [](int x, int y) {
+        return six_bit(pack_rgb(x / 8 * 64, y / 8 * 96, 128)) | static_cast<int>(0x80000000);
+    });
+    for (const auto& [format, name] : {std::pair{FORMAT_GIF, "a.gif"},
+                                       {FORMAT_PCX, "a.pcx"},
+                                       {FORMAT_BMP, "a.bmp"},
+                                       {FORMAT_PNG, "a.png"},
+                                       {FORMAT_LBM, "a.lbm"},
+                                       {FORMAT_ICO, "a.ico"}}) {
+        const FormatRow& writer = format_row(format);
+        ASSERT_TRUE(writer.save(name, picture, {.color_reduction = 2})) << name;
+        const int alpha = writer.keeps_alpha ? 0x80 : 0xff;
+        const Bitmap expected = paint(31, 17, [&](int x, int y) {
+            return (row(picture, y)[x] & 0xffffff) | static_cast<int>(static_cast<uint32_t>(alpha) << 24);
+        });
+        EXPECT_EQ(difference(load_picture(name, format), expected), "") << name;
+        EXPECT_FALSE(writer.save("no/such/folder", picture, {})) << name;
+    }
+}
+
+TEST(bmp, is_the_same_in_memory_and_on_disk)
+{
+    const TemporaryFolder folder;
+    const Bitmap picture = colorful(7, 5);
+    std::vector<uint8_t> bytes;
+    encode_bmp(picture, bytes);
+    ASSERT_TRUE(write_bmp("a.bmp", picture));
+    EXPECT_EQ(folder.text("a.bmp"), std::string(bytes.begin(), bytes.end()));
+}
+
+} // namespace
+} // namespace kelu
