@@ -1,0 +1,83 @@
+#!/usr/bin/env bash
+# The clipboard with another program, xclip: copy and paste, small and in pieces, and others that misbehave.
+. "$(dirname "${BASH_SOURCE[0]}")/story.sh"
+start_display 640x480
+cd "$scratch"
+
+# ask COMMAND FILE: has the editor's side do something and leaves its answer in $answer.
+coproc probe { "$tools/clipboard_probe"; }
+ask() {
+    echo "$1 $2" >&"${probe[1]}"
+    read -r answer <&"${probe[0]}"
+}
+# same A B: both files are there and show the same picture.
+same() { [ -s "$1" ] && [ "$(convert "$1" rgb:- | cksum)" = "$(convert "$2" rgb:- | cksum)" ]; }
+
+convert -size 33x21 gradient:red-blue -depth 8 PNG24:small.png
+convert -size 900x700 -seed 1 plasma: -depth 8 PNG24:large.png
+
+ask paste out.png
+expect 'nothing on the clipboard' test "$answer" = empty
+
+for picture in small large; do
+    ask copy $picture.png
+    expect "$picture is copied" test "$answer" = copied
+    xclip -selection clipboard -o -t TARGETS >targets
+    expect 'PNG is offered' grep -qx image/png targets
+    expect 'BMP is offered' grep -qx image/bmp targets
+    xclip -selection clipboard -o -t image/png >"$picture-taken.png"
+    expect "xclip takes $picture as PNG" same "$picture-taken.png" $picture.png
+    xclip -selection clipboard -o -t image/bmp >"$picture-taken.bmp"
+    expect "xclip takes $picture as BMP" same "$picture-taken.bmp" $picture.png
+    ask paste own.png
+    expect 'our own copy comes back' same own.png $picture.png
+done
+
+# Takers that vanish in the middle do no harm.
+for _ in 1 2 3; do
+    xclip -selection clipboard -o -t image/bmp >/dev/null &
+    kill -KILL $!
+    wait $! 2>/dev/null || true
+done
+xclip -selection clipboard -o -t image/png >after.png
+expect 'others are served on' same after.png large.png
+
+for picture in small large; do
+    xclip -selection clipboard -i -t image/png <$picture.png
+    rm -f out.png
+    ask paste out.png
+    expect "we take $picture as PNG" same out.png $picture.png
+    convert $picture.png BMP3:$picture.bmp
+    xclip -selection clipboard -i -t image/bmp <$picture.bmp
+    rm -f out.png
+    ask paste out.png
+    expect "we take $picture as BMP" same out.png $picture.png
+done
+
+echo text | xclip -selection clipboard -i
+ask paste out.png
+expect 'a text is no picture' test "$answer" = empty
+head -c 300 small.png | xclip -selection clipboard -i -t image/png
+ask paste out.png
+expect 'a damaged picture is none' test "$answer" = empty
+
+# An owner that never answers.
+xclip -selection clipboard -i -t image/png -quiet <small.png 2>/dev/null &
+owner=$!
+sleep 0.3
+kill -STOP $owner
+started=$(date +%s%N)
+ask paste out.png
+waited=$((($(date +%s%N) - started) / 1000000))
+kill -CONT $owner
+kill $owner
+expect 'nothing comes from a hanging program' test "$answer" = empty
+expect "the wait ends soon, $waited ms" test $waited -lt 3000
+
+ask copy small.png
+expect 'we can copy after that' test "$answer" = copied
+probe_process=$probe_PID
+echo quit >&"${probe[1]}"
+wait "$probe_process"
+xclip -selection clipboard -o -t TARGETS >left 2>/dev/null || true
+expect 'without a manager the content ends with the program' test ! -s left
