@@ -10,8 +10,8 @@
 
 namespace kelu {
 
-/// Decodes an uncompressed BMP of 1, 4, 8, 24 or 32 bits, either way up. The top byte of every pixel is 0. Empty when
-/// the bytes are of another kind, cut short or too large.
+/// Decodes a BMP of 1 to 32 bits, plain, run-length coded or with channels by masks, either way up. The top byte of
+/// every pixel is 0. Empty when the bytes are of another kind, cut short or too large.
 Bitmap decode_bmp(std::span<const uint8_t> bytes);
 
 /// Reads a file by `decode_bmp`. Empty when the file is missing or not such a picture.

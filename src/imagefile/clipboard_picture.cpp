@@ -41,7 +41,7 @@ bool copy_to_clipboard(BITMAP* picture)
     return platform::clipboard_offer(std::move(items));
 }
 
-Bitmap paste_picture()
+Bitmap picture_from_clipboard()
 {
     try {
         const platform::ClipboardItem item = platform::clipboard_take(wanted_types, max_picture_file);

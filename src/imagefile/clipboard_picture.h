@@ -11,6 +11,6 @@ bool copy_to_clipboard(BITMAP* picture);
 
 /// The picture on the clipboard, top bytes 0, from whichever program; empty when there is none, or when it is damaged
 /// or larger than a bitmap may be. Waits for the other program, a few seconds at most.
-Bitmap paste_picture();
+Bitmap picture_from_clipboard();
 
 } // namespace kelu

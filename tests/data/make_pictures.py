@@ -107,6 +107,17 @@ def ico():
     run(["pamtowinicon", "-pngthreshold=1"], pam(13, 11, 3, 8), "ico/indexed-8-png.ico")
 
 
+def bmp():
+    for depth in (1, 4, 8):
+        run(["ppmtobmp", f"-bpp={depth}"], indexed_ppm(13, 11, depth), f"bmp/indexed-{depth}.bmp")
+    run(["ppmtobmp", "-os2", "-bpp=8"], indexed_ppm(13, 11, 8), "bmp/indexed-8-oldest.bmp")
+    run([CONVERT, "ppm:-", "-type", "Palette", "-compress", "RLE", "bmp3:-"], indexed_ppm(13, 11, 4), "bmp/indexed-4-runs.bmp")
+    run([CONVERT, "pam:-", "bmp3:-"], pam(13, 11, 3, 8), "bmp/rgb-8.bmp")
+    run([CONVERT, "pam:-", "bmp:-"], pam(13, 11, 4, 8), "bmp/rgb-8-masks.bmp")
+    run([CONVERT, "pam:-", "-define", "bmp:subtype=RGB565", "bmp:-"], pam(13, 11, 3, 8), "bmp/rgb-565.bmp")
+    run([CONVERT, "pam:-", "-define", "bmp:subtype=RGB555", "bmp:-"], pam(13, 11, 3, 8), "bmp/rgb-555.bmp")
+
+
 def jpeg():
     run(["pnmtojpeg", "-quality", "95"], smooth(3), "jpeg/rgb.jpg")
     run(["pnmtojpeg", "-quality", "95", "-progressive"], smooth(3), "jpeg/progressive.jpg")
@@ -114,5 +125,5 @@ def jpeg():
 
 
 if __name__ == "__main__":
-    for make in (png, gif, pcx, lbm, ico, jpeg):
+    for make in (png, gif, pcx, lbm, bmp, ico, jpeg):
         make()

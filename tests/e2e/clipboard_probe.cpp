@@ -18,7 +18,7 @@ std::string copy(const std::string& file)
 
 std::string paste(const std::string& file)
 {
-    const kelu::Bitmap picture = kelu::paste_picture();
+    const kelu::Bitmap picture = kelu::picture_from_clipboard();
     if (!picture || kelu::save_png(file.c_str(), picture) != 0) return "empty";
     return std::to_string(picture.width()) + " x " + std::to_string(picture.height());
 }
