@@ -43,8 +43,9 @@ TEST(pcx, is_written_as_the_library_writes_it)
             return y < 2 ? 0xc0c0c0 : y < 4 ? 0xff0000 : y < 6 ? x / 2 * 0x010305 : level(x, y, 0) * 0x010101;
         });
         ASSERT_EQ(save_pcx_picture("ours.pcx", picture), 0);
-        ASSERT_EQ(save_pcx("theirs.pcx", picture, nullptr), 0);
-        EXPECT_EQ(folder.text("ours.pcx"), folder.text("theirs.pcx")) << w;
+        const PALETTE none = {}; // the library puts 16 colours into the head, whatever they are
+        ASSERT_EQ(save_pcx("theirs.pcx", picture, none), 0);
+        EXPECT_TRUE(folder.text("ours.pcx") == folder.text("theirs.pcx")) << w;
         Bytes bytes;
         encode_pcx(picture, bytes);
         EXPECT_EQ(difference(decode_pcx(bytes), picture), "") << w;
