@@ -4,7 +4,6 @@
 #include "framework/resource_files.h"
 #include "gui/text.h"
 #include "gui/text_colours.h"
-#include "imagefile/picture_files.h"
 #include "imagefile/png.h"
 #include "platform/files.h"
 #include "runtime/failure.h"
@@ -162,7 +161,7 @@ void load_application_resources()
     sheets.app_sheet = needed(load_png(app_sheet_file), app_sheet_file);
     sheets.enlarged_picture = enlarge_emblem(sheets.app_sheet);
     make_pattern_tiles();
-    store.tip_sheet = make_tip_sheet(needed(load_picture(tips_file), tips_file));
+    store.tip_sheet = make_tip_sheet(needed(load_png(tips_file), tips_file));
 }
 
 void load_framework_video()
