@@ -1,0 +1,31 @@
+// Files on their way into and out of the frame: which routine of which format, and what becomes of the alpha channel.
+#pragma once
+
+#include <string>
+
+namespace kelu {
+
+/// What the file browser was opened for.
+enum BrowserMode : int {
+    BROWSE_PICTURE = 1, ///< the format is told by the file
+    BROWSE_FONT,
+    BROWSE_WORKSPACE, ///< these three overrule the format that the name tells of
+    BROWSE_FAVORITES,
+    BROWSE_SCHEME
+};
+
+/// Lets the frame store read picture files, and enters our formats into Allegro's tables. Once, after Allegro's start.
+void connect_picture_files();
+
+/// Loads a file of the working directory: a picture into the frame, a workspace, favourites or a scheme. A picture
+/// without an alpha channel comes in opaque. False, with a word in the status bar, when the file can't be loaded;
+/// frame and tables are then as before.
+bool load_picture_file(const std::string& name, int browser_mode);
+
+/// Saves to a file of the working directory, which replaces an old one only when it is whole. The extension alone tells
+/// the format; a picture of any other name becomes a PNG without alpha. Before a JPEG the user is asked for its
+/// quality, in place of the window that is open. False when nothing was saved: the user has cancelled, or it failed and
+/// the status bar says so.
+bool save_picture_file(const std::string& name, int browser_mode);
+
+} // namespace kelu

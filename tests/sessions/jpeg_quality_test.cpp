@@ -1,0 +1,100 @@
+// The quality dialog of a JPEG: the preview on the frame, and what OKAY and CANCEL leave.
+#include "draw/tool_loop.h"
+#include "gui/menus.h"
+#include "gui/slots.h"
+#include "gui/tooltips.h"
+#include "runtime/browser_state.h"
+#include "runtime/frame.h"
+#include "runtime/pixels.h"
+#include "runtime/store.h"
+#include "screens/jpeg_quality.h"
+#include "support/session.h"
+#include <gtest/gtest.h>
+
+namespace kelu {
+
+using test::Session;
+
+namespace {
+
+constexpr int slot_quality = 114, slot_okay = 115, slot_view = 116, slot_cancel = 117;
+constexpr int none_yet = -2;
+int answer = none_yet;
+
+int picture(int x, int y) { return pack_rgb(x * y & 255, x * 3 & 255, y * 5 & 255); }
+
+void ask_for_quality()
+{
+    store.frame_bitmap = Bitmap(64, 48);
+    store.alpha_bitmap = Bitmap(64, 48, 0xffffff);
+    for (int y = 0; y < 48; ++y) {
+        for (int x = 0; x < 64; ++x)
+            row(store.frame_bitmap, y)[x] = picture(x, y);
+    }
+    answer = jpeg_quality_dialog();
+    while (!leaving())
+        run_frame(0);
+}
+
+/// Sum of the differences between the frame and the picture that it held.
+long loss()
+{
+    long sum = 0;
+    for (int y = 0; y < 48; ++y) {
+        for (int x = 0; x < 64; ++x) {
+            for (const int shift : {0, 8, 16})
+                sum += std::abs((row(store.frame_bitmap, y)[x] >> shift & 255) - (picture(x, y) >> shift & 255));
+        }
+    }
+    return sum;
+}
+
+void report_click(Session& session, int slot)
+{
+    gui.event[slot] = 1;
+    session.frame(4);
+}
+
+bool opened(Session& session)
+{
+    answer = none_yet;
+    return session.frames_until([] { return menus.menu_id == MENU_JPEG_QUALITY; });
+}
+
+} // namespace
+
+TEST(JpegQuality, PreviewsOnTheFrameAndOkayKeepsTheQuality)
+{
+    Session session(ask_for_quality);
+    ASSERT_TRUE(opened(session));
+    session.frame(4);
+    EXPECT_EQ(menus.status_message, TIP_JPEG_QUALITY);
+    EXPECT_EQ(gui.scroll_value[slot_quality], 90);
+    const long at_90 = loss(); // the first view comes by itself
+    EXPECT_GT(at_90, 0);
+    gui.scroll_value[slot_quality] = 5;
+    session.frame(2);
+    EXPECT_EQ(loss(), at_90); // only VIEW shows the new one
+    report_click(session, slot_view);
+    EXPECT_GT(loss(), 2 * at_90);
+    report_click(session, slot_okay);
+    EXPECT_EQ(answer, 5);
+    EXPECT_EQ(browser_state.jpg_quality, 5);
+    EXPECT_EQ(loss(), 0);
+    EXPECT_EQ(gui.active[slot_okay], 0);
+    EXPECT_EQ(menus.status_message, 0);
+}
+
+TEST(JpegQuality, CancelKeepsFrameAndQuality)
+{
+    Session session(ask_for_quality);
+    ASSERT_TRUE(opened(session));
+    gui.scroll_value[slot_quality] = 0;
+    report_click(session, slot_view);
+    report_click(session, slot_cancel);
+    EXPECT_EQ(answer, -1);
+    EXPECT_EQ(browser_state.jpg_quality, 90);
+    EXPECT_EQ(loss(), 0);
+}
+
+} // namespace kelu
