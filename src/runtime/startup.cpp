@@ -10,6 +10,8 @@
 #include "gui/drag.h"
 #include "gui/logic.h"
 #include "gui/scheme.h"
+#include "imagefile/dispatch.h"
+#include "platform/clipboard.h"
 #include "platform/ending.h"
 #include "platform/files.h"
 #include "platform/host.h"
@@ -142,6 +144,7 @@ void connect_levels()
     show_notice = [](int first, int second) { ask(first, second, DialogButtons::OKAY); };
     install_drag_job();
     register_framework_jobs();
+    connect_picture_files();
 }
 
 void prepare()
@@ -222,6 +225,7 @@ void shutdown_program()
     log_line("[ END ] : Closing log.");
     log_close();
     remove_interrupts();
+    platform::clipboard_close();
     platform::host->stop();
 }
 

@@ -1,6 +1,7 @@
-// Runs a fuzz target without libFuzzer, so that any compiler's sanitizers can watch it: driver SECONDS FOUND [CORPUS]
+// Runs a fuzz target without libFuzzer, so that any compiler's sanitizers can watch it: driver SECONDS FOUND [CORPUS
+// ...]
 //
-// First each example of the corpus as it is, then random changes of examples until the time is over. The changes are
+// First each example of the folders as it is, then random changes of examples until the time is over. The changes are
 // the same in each run. When a sanitizer ends the process, the input of that moment stays as FOUND/crash.
 #include <algorithm>
 #include <chrono>
@@ -94,7 +95,8 @@ int main(int count, char** words)
     found_folder = words[2];
     __sanitizer_set_death_callback(keep_current);
     std::vector<Input> corpus = {{}};
-    if (count > 3) std::ranges::move(read_corpus(words[3]), std::back_inserter(corpus));
+    for (int i = 3; i < count; ++i)
+        std::ranges::move(read_corpus(words[i]), std::back_inserter(corpus));
     std::ranges::for_each(corpus, run);
 
     std::mt19937 random(1);
