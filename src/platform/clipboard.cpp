@@ -57,7 +57,7 @@ public:
     {
         if (!thread_.joinable()) return;
         post([this] {
-            owner_->hand_over();
+            if (!link_->broken()) owner_->hand_over();
             ending_ = true;
         });
         thread_.join();
@@ -80,7 +80,8 @@ private:
         while (!ending_) {
             link_->handle_pending();
             owner_->drop_stalled();
-            pollfd sources[] = {{ConnectionNumber(link_->display()), POLLIN, 0}, {wake_, POLLIN, 0}};
+            const int connection = link_->broken() ? -1 : ConnectionNumber(link_->display()); // -1 is passed over
+            pollfd sources[] = {{connection, POLLIN, 0}, {wake_, POLLIN, 0}};
             poll(sources, std::size(sources), owner_->busy() ? watch_milliseconds : -1);
             uint64_t count = 0;
             if (read(wake_, &count, sizeof count) == sizeof count) take_job()();
@@ -103,7 +104,7 @@ private:
     std::unique_ptr<ClipboardOwner> owner_;
 };
 
-/// Never destroyed: when the X server goes, Xlib ends the program on the thread that notices, which may be this one.
+/// Never destroyed: an exit from anywhere must not wait for the thread.
 ClipboardThread& clipboard()
 {
     static auto* const thread = new ClipboardThread;
@@ -122,6 +123,7 @@ ClipboardItem clipboard_take(std::span<const char* const> wanted, std::size_t li
 {
     if (!clipboard().start()) return {};
     return clipboard().call([wanted, limit](ClipboardLink& link, ClipboardOwner& owner) -> ClipboardItem {
+        if (link.broken()) return {};
         if (owner.items().empty()) return read_clipboard(link, wanted, limit);
         for (const char* type : wanted) {
             for (const ClipboardItem& item : owner.items()) {

@@ -37,7 +37,7 @@ std::size_t item_bytes(int format) { return format == 32 ? sizeof(long) : format
 ClipboardLink::~ClipboardLink()
 {
     if (!display_) return;
-    XCloseDisplay(display_);
+    if (!broken_) XCloseDisplay(display_);
     quiet_display = nullptr;
 }
 
@@ -46,6 +46,9 @@ bool ClipboardLink::open()
     display_ = XOpenDisplay(nullptr);
     if (!display_) return false;
     swallow_errors(display_);
+    // Without this the library would call exit on our thread when the server goes, and the work would be lost.
+    XSetIOErrorExitHandler(
+        display_, [](Display*, void* link) { static_cast<ClipboardLink*>(link)->broken_ = true; }, this);
     window_ = XCreateSimpleWindow(display_, DefaultRootWindow(display_), -1, -1, 1, 1, 0, 0, 0);
     XSelectInput(display_, window_, PropertyChangeMask);
     atoms_ = {.clipboard = atom("CLIPBOARD"),
@@ -68,7 +71,7 @@ bool ClipboardLink::open()
 
 void ClipboardLink::handle_pending()
 {
-    while (XPending(display_) > 0) {
+    while (!broken_ && XPending(display_) > 0) {
         XEvent event;
         XNextEvent(display_, &event);
         handle(event);
@@ -78,13 +81,14 @@ void ClipboardLink::handle_pending()
 bool ClipboardLink::wait_for(const std::function<bool(const XEvent&)>& accepts, ClipboardClock::time_point deadline)
 {
     for (;;) {
-        while (XPending(display_) > 0) {
+        while (!broken_ && XPending(display_) > 0) {
             XEvent event;
             XNextEvent(display_, &event);
             const bool accepted = accepts(event);
             handle(event);
             if (accepted) return true;
         }
+        if (broken_) return false;
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - ClipboardClock::now()).count();
         if (left <= 0) return false;
         pollfd connection = {ConnectionNumber(display_), POLLIN, 0};

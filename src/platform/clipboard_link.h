@@ -42,6 +42,8 @@ public:
 
     /// Connects and makes the window; false without a display.
     bool open();
+    /// True once the server has gone. No call may reach it from then on, since it could wait for ever.
+    bool broken() const { return broken_; }
     Display* display() const { return display_; }
     Window window() const { return window_; }
     const ClipboardAtoms& atoms() const { return atoms_; }
@@ -74,6 +76,7 @@ public:
 
 private:
     Display* display_ = nullptr;
+    bool broken_ = false;
     Window window_ = 0;
     ClipboardAtoms atoms_{};
     std::size_t chunk_ = 0;
