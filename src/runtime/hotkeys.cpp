@@ -25,12 +25,6 @@ constexpr MouseFunctionRow mouse_functions[] = {
 
 bool down(int scancode) { return ::key[scancode] != 0; }
 
-int modifiers_held()
-{
-    return (down(KEY_LCONTROL) || down(KEY_RCONTROL) ? key_control : 0) |
-           (down(KEY_ALT) || down(KEY_ALTGR) ? key_alt : 0) | (down(KEY_LSHIFT) || down(KEY_RSHIFT) ? key_shift : 0);
-}
-
 bool button_down(std::size_t button)
 {
     switch (button) {
@@ -48,6 +42,12 @@ bool button_down(std::size_t button)
 }
 
 } // namespace
+
+int modifiers_held()
+{
+    return (down(KEY_LCONTROL) || down(KEY_RCONTROL) ? key_control : 0) |
+           (down(KEY_ALT) || down(KEY_ALTGR) ? key_alt : 0) | (down(KEY_LSHIFT) || down(KEY_RSHIFT) ? key_shift : 0);
+}
 
 int mouse_function_of(int action)
 {

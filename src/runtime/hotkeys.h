@@ -90,6 +90,8 @@ struct Hotkeys {
 };
 inline Hotkeys hotkeys;
 
+/// The modifier bits of the keys that are held.
+int modifiers_held();
 /// The mouse function that stands for an action, -1 for an action that no button can take.
 int mouse_function_of(int action);
 /// True while a mouse button with the action's function is down.

@@ -35,6 +35,7 @@
 #include "workspace/frame_store.h"
 #include "workspace/notice.h"
 #include "workspace/resources.h"
+#include "workspace/settings.h"
 #include "workspace/state.h"
 #include <cstdlib>
 #include <ctime>
@@ -157,7 +158,7 @@ void prepare()
     start_machine();
     initialize_display();
     log_line("[ INIT ] : Framework initialized");
-    preferences.mouse_swap = 0;
+    read_user_settings();
     log_line("[ INIT ] : User settings loaded from file");
     load_resources();
     std::srand(static_cast<unsigned>(std::time(nullptr)));
@@ -221,6 +222,7 @@ void shutdown_program()
     log_line("[ END ] : Writing workspace to file.");
     write_workspace_state(state_file, false);
     log_line("[ END ] : Writing user settings to file.");
+    write_user_settings();
     log_line("[ END ] : Closing font renderer hooks.");
     log_line("[ END ] : Closing log.");
     log_close();

@@ -13,9 +13,11 @@
 #include "runtime/store.h"
 #include "runtime/view.h"
 #include "screens/cel_commands.h"
+#include "screens/cel_transform.h"
 #include "screens/commands.h"
 #include "screens/favorites_menu.h"
 #include "screens/quick_slider.h"
+#include "screens/tint_menu.h"
 #include "screens/tip_menu.h"
 #include <allegro.h>
 #include <array>
@@ -34,11 +36,11 @@ constexpr ActionRow actions[] = {
     {ACTION_CEL_1_COLOR, 0, 0, IN_DRAW_MENU, CHANGES_FRAME, convert_cel},
     {ACTION_CEL_TURN, 0, 0, IN_DRAW_MENU, CHANGES_FRAME, over_draw_menu<cel_turn>},
     {ACTION_CEL_STRETCH, 0, 0, IN_DRAW_MENU, CHANGES_FRAME, over_draw_menu<cel_stretch>},
-    {ACTION_CEL_XFORM, KEY_TILDE + key_shift, 0, IN_DRAW_MENU, CHANGES_FRAME, nullptr},
+    {ACTION_CEL_XFORM, KEY_TILDE + key_shift, 0, IN_DRAW_MENU, CHANGES_FRAME, over_draw_menu<cel_transform>},
     {ACTION_PIC_CLEAR, KEY_X, 0, IN_DRAW_MENU, ONCE | CHANGES_FRAME, clear_picture},
     {ACTION_PIC_RESTORE, KEY_R, 0, IN_DRAW_MENU, ONCE | IN_FIELD | CHANGES_FRAME, restore_picture},
     {ACTION_PIC_SHEET, 0, 0, IN_DRAW_MENU, CHANGES_FRAME, nullptr},
-    {ACTION_PIC_TINT, 0, 0, IN_DRAW_MENU, CHANGES_FRAME, nullptr},
+    {ACTION_PIC_TINT, 0, 0, IN_DRAW_MENU, CHANGES_FRAME, over_draw_menu<tint_menu>},
     {ACTION_PIC_GRID, KEY_G, 0, IN_DRAW_MENU, 0, nullptr},
     {ACTION_PIC_SAVE, KEY_F5, 0, IN_DRAW_MENU, IN_FIELD | CHANGES_FRAME, nullptr},
     {ACTION_PIC_LOAD, KEY_F9, 0, IN_DRAW_MENU, IN_FIELD | CHANGES_FRAME, nullptr},

@@ -9,9 +9,13 @@
 #include "runtime/view.h"
 #include "screens/actions.h"
 #include "screens/cel_commands.h"
+#include "screens/cel_transform.h"
 #include "screens/commands.h"
 #include "screens/draw_menu.h"
 #include "screens/freeze.h"
+#include "screens/hotkey_menu.h"
+#include "screens/mouse_menu.h"
+#include "screens/tint_menu.h"
 #include <array>
 #include <span>
 
@@ -32,7 +36,7 @@ constexpr std::array frame_entries{
 };
 constexpr std::array pic_entries{
     Entry{TEXT_CLEAR, TIP_CLEAR, clear_picture}, Entry{TEXT_RESTORE, TIP_RESTORE, restore_picture},
-    Entry{TEXT_SHEET, TIP_SHEET, nullptr},       Entry{TEXT_TINT, TIP_TINT, nullptr},
+    Entry{TEXT_SHEET, TIP_SHEET, nullptr},       Entry{TEXT_TINT, TIP_TINT, tint_menu},
     Entry{TEXT_GRID, TIP_GRID, nullptr},         Entry{TEXT_SAVE, TIP_SAVE_FRAME, nullptr},
     Entry{TEXT_LOAD, TIP_LOAD_FRAME, nullptr},
 };
@@ -44,13 +48,17 @@ constexpr std::array cel_entries{
     Entry{TEXT_ONE_COLOR, TIP_CEL_ONE_COLOR, convert_cel},
     Entry{TEXT_TURN, TIP_CEL_TURN, cel_turn},
     Entry{TEXT_STRETCH, TIP_CEL_STRETCH, cel_stretch},
-    Entry{TEXT_XFORM, TIP_CEL_XFORM, nullptr},
+    Entry{TEXT_XFORM, TIP_CEL_XFORM, cel_transform},
 };
 constexpr std::array user_entries{
-    Entry{TEXT_OPTIONS, TIP_OPTIONS, nullptr}, Entry{TEXT_KEYS, TIP_KEYS, nullptr},
-    Entry{TEXT_BUTTONS, TIP_BUTTONS, nullptr}, Entry{TEXT_SCHEME, TIP_SCHEME, nullptr},
-    Entry{TEXT_HELP, TIP_HELP, nullptr},       Entry{TEXT_WORKSPC, TIP_WORKSPACE, nullptr},
-    Entry{TEXT_ABOUT, TIP_ABOUT, nullptr},     Entry{TEXT_QUIT, TIP_QUIT, ask_exit},
+    Entry{TEXT_OPTIONS, TIP_OPTIONS, nullptr},
+    Entry{TEXT_KEYS, TIP_KEYS, hotkey_menu},
+    Entry{TEXT_BUTTONS, TIP_BUTTONS, mouse_button_menu},
+    Entry{TEXT_SCHEME, TIP_SCHEME, nullptr},
+    Entry{TEXT_HELP, TIP_HELP, nullptr},
+    Entry{TEXT_WORKSPC, TIP_WORKSPACE, nullptr},
+    Entry{TEXT_ABOUT, TIP_ABOUT, nullptr},
+    Entry{TEXT_QUIT, TIP_QUIT, ask_exit},
 };
 
 /// One column. It opens `left` pixels left of its button: downward, 2 above the button, when that lies above

@@ -1,0 +1,172 @@
+// Buttons, their functions, and the list that a function is chosen from.
+#include "screens/mouse_menu.h"
+
+#include "draw/tool_loop.h"
+#include "gui/build.h"
+#include "runtime/frame.h"
+#include "runtime/hotkeys.h"
+#include "runtime/input.h"
+#include "runtime/run_state.h"
+#include "screens/dialogs.h"
+#include "screens/freeze.h"
+#include <algorithm>
+#include <array>
+
+namespace kelu {
+namespace {
+
+enum {
+    SLOT_BUTTON_1 = 3,
+    SLOT_NAME_1 = 8,
+    SLOT_OKAY = 13,
+    SLOT_DEFAULTS = 14,
+    SLOT_CANCEL = 15,
+    SLOT_FUNCTION_1 = 16,
+    menu_slots = 21
+};
+
+constexpr int buttons = 5;
+constexpr int message_ticks = 130;
+constexpr int accept_function = 1, cancel_function = 2; ///< functions that some button must have
+constexpr int list_slot = 2, list_w = 112, list_h = 65;
+constexpr int functions = 28;
+constexpr int no_choice = -1;
+
+constexpr std::array layout_rows{
+    title_row(2, 2, 81, TEXT_MOUSE),
+    push_row(SLOT_OKAY, 2, 64, 64, TEXT_OKAY),
+    push_row(SLOT_DEFAULTS, 128, 64, 64, TEXT_DEFAULTS),
+    push_row(SLOT_CANCEL, 254, 64, 64, TEXT_CANCEL),
+    SlotRow{SLOT_FUNCTION_1, 84, 12, 234, KIND_PLAIN_LABEL, TEXT_CANT_REMAP},
+};
+constexpr MenuLayout layout{.menu_id = MENU_MOUSE,
+                            .row = WINDOW_MOUSE,
+                            .x = 0,
+                            .y = 165,
+                            .w = 319,
+                            .h = 74,
+                            .slot_count = menu_slots,
+                            .slots = layout_rows};
+
+Shared<int>& function_of(int button) { return hotkeys.mouse_button_map[static_cast<std::size_t>(button)]; }
+
+void build_mouse_menu()
+{
+    const Origin at = build_screen(layout);
+    for (int i = 0; i < buttons; ++i) {
+        build_slot({SLOT_BUTTON_1 + i, 84 + 47 * i, 2, 46, KIND_BUTTON, TEXT_BUTTON_1 + i, ACT_NONE, ACT_NONE,
+                    TIP_BUTTON_1 + i},
+                   at.x, at.y);
+        build_slot({SLOT_NAME_1 + i, 2, 12 + 10 * i, 81, KIND_BUTTON, TEXT_B1 + i}, at.x, at.y);
+    }
+    for (int i = 1; i < buttons; ++i) {
+        build_slot({SLOT_FUNCTION_1 + i, 84, 12 + 10 * i, 234, KIND_MENU_ENTRY, first_mouse_function + function_of(i),
+                    ACT_CLICK},
+                   at.x, at.y);
+    }
+}
+
+/// A button's label is lit while the button is down.
+void show_buttons()
+{
+    poll_mouse_buttons();
+    const std::array<bool, buttons> down{pointer.mouse_left != 0, pointer.mouse_right != 0, pointer.mouse_middle != 0,
+                                         pointer.mouse_button_4 != 0, pointer.mouse_button_5 != 0};
+    for (int i = 0; i < buttons; ++i)
+        gui.kind[SLOT_BUTTON_1 + i] = down[static_cast<std::size_t>(i)] ? KIND_BUTTON_LIT : KIND_BUTTON;
+}
+
+/// A list of all functions at (x, y). The chosen one, or `no_choice` after a right click.
+int mouse_function_list(int x, int y)
+{
+    freeze_menu();
+    gui_clear_window();
+    const int list_x = std::clamp(x + 20 - list_w / 2, 0, logical_w - 1 - list_w);
+    const int list_y = std::min(y, logical_h - list_h);
+    build_slot(
+        SlotRow{list_slot, 0, 0, list_w, KIND_LIST}
+            .high(list_h)
+            .with(ListRows{
+                .first_text = first_mouse_function, .items = functions, .rows = 9, .pitch = 7, .font = 5, .width = 99})
+            .with(ScrollBar{.steps = 20, .wheel = 2, .dx = 102}),
+        list_x, list_y);
+    int chosen = no_choice;
+    for (bool open = true; open;) {
+        run_frame(0);
+        if (left_down() && gui.hover_row[list_slot] >= 0) {
+            chosen = gui.hover_row[list_slot] + gui.scroll_value[list_slot];
+            wait_left_release();
+            open = false;
+        } else if (right_down()) {
+            wait_right_release();
+            open = false;
+        }
+    }
+    gui_reset_slot(list_slot);
+    clear_ghost();
+    return chosen;
+}
+
+void read_functions()
+{
+    for (int i = 1; i < buttons; ++i) {
+        const int slot = SLOT_FUNCTION_1 + i;
+        if (gui.event[slot].take() == 0) continue;
+        const int chosen = mouse_function_list(gui.x[slot] + 36, gui.y[slot]);
+        if (chosen != no_choice) function_of(i) = chosen;
+        build_mouse_menu();
+    }
+}
+
+bool accept_and_cancel_mapped()
+{
+    const auto mapped = [](int function) {
+        return std::ranges::any_of(hotkeys.mouse_button_map, [function](int held) { return held == function; });
+    };
+    return mapped(accept_function) && mapped(cancel_function);
+}
+
+/// True when the buttons may stay as they are; otherwise says what is missing.
+bool buttons_accepted()
+{
+    if (accept_and_cancel_mapped()) return true;
+    freeze_menu();
+    gui_clear_window();
+    confirm_dialog(TEXT_ACCEPT_AND_CANCEL, TEXT_MUST_BE_MAPPED, DialogSlots::LOW, DialogButtons::OKAY);
+    clear_ghost();
+    gui_clear_window();
+    build_mouse_menu();
+    return false;
+}
+
+void set_default_buttons()
+{
+    for (int i = 0; i < buttons; ++i)
+        function_of(i) = i + 1;
+    build_mouse_menu();
+    flash_status_message(TIP_DEFAULTS_RESTORED, message_ticks);
+}
+
+} // namespace
+
+void mouse_button_menu()
+{
+    const auto backup = hotkeys.mouse_button_map;
+    gui_clear_window();
+    build_mouse_menu();
+    for (bool open = true; open;) {
+        show_buttons();
+        run_frame(0);
+        read_functions();
+        if (gui.event[SLOT_DEFAULTS].take() != 0) set_default_buttons();
+        if (gui.event[SLOT_CANCEL].take() != 0) {
+            hotkeys.mouse_button_map = backup;
+            open = false;
+        } else if (gui.event[SLOT_OKAY].take() != 0) {
+            open = !buttons_accepted();
+        }
+    }
+    close_screen();
+}
+
+} // namespace kelu

@@ -1,0 +1,137 @@
+// The hotkey screen, its remap dialog, and the mouse button screen, by mouse and keys.
+#include "gui/menus.h"
+#include "gui/scheme.h"
+#include "gui/slots.h"
+#include "gui/tooltips.h"
+#include "runtime/hotkeys.h"
+#include "runtime/toolbox.h"
+#include "screens/draw_menu.h"
+#include "support/golden.h"
+#include "support/session.h"
+#include <gtest/gtest.h>
+
+namespace kelu {
+
+using test::RIGHT_BUTTON;
+using test::Session;
+
+namespace {
+
+enum { USER = 18, KEYS_ENTRY = 3, BUTTONS_ENTRY = 4 };
+enum { CELL_0 = 6, KEYS_OKAY = 25, KEYS_DEFAULTS = 26, KEYS_CANCEL = 27 };
+enum { MOUSE_OKAY = 13, MOUSE_DEFAULTS = 14, MOUSE_CANCEL = 15, FUNCTION_1 = 16, FUNCTION_LIST = 2 };
+enum { DIALOG_OKAY = 2, DIALOG_CANCEL = 3 };
+
+int primary(int action) { return hotkeys.hotkey_table[static_cast<std::size_t>(action)].primary; }
+int alternate(int action) { return hotkeys.hotkey_table[static_cast<std::size_t>(action)].alternate; }
+
+void open_keys(Session& session)
+{
+    session.click(USER);
+    session.click(KEYS_ENTRY);
+    ASSERT_EQ(menus.menu_id, MENU_HOTKEYS);
+}
+
+void open_buttons(Session& session)
+{
+    session.click(USER);
+    session.click(BUTTONS_ENTRY);
+    ASSERT_EQ(menus.menu_id, MENU_MOUSE);
+}
+
+/// The strip's random colours don't show in these screens, but the brush colour does in the cursor.
+void plain_menu() { draw_menu(); }
+
+} // namespace
+
+TEST(HotkeyMenu, RemapsAndClearsKeys)
+{
+    Session session(plain_menu);
+    open_keys(session);
+    EXPECT_EQ(menus.status_message, TIP_REMAP);
+    session.move(5, 60);
+    session.frame(200);
+    EXPECT_TRUE(test::matches_golden(session.picture(), "hotkey_menu"));
+    session.click(CELL_0 + 1);
+    EXPECT_EQ(menus.menu_id, MENU_DIALOG);
+    session.key(KEY_PAUSE);
+    session.key(KEY_K, {KEY_LCONTROL, KEY_LSHIFT});
+    session.click(DIALOG_OKAY);
+    EXPECT_EQ(alternate(ACTION_CEL_GET), KEY_K + key_control + key_shift);
+    session.click(CELL_0 + 1);
+    session.key(KEY_J);
+    session.click(DIALOG_CANCEL);
+    EXPECT_EQ(alternate(ACTION_CEL_GET), KEY_K + key_control + key_shift) << "a cancelled dialog changes nothing";
+    session.click(CELL_0 + 2, RIGHT_BUTTON);
+    EXPECT_EQ(primary(ACTION_CEL_CLIP), 0);
+    session.click(KEYS_DEFAULTS);
+    EXPECT_EQ(primary(ACTION_CEL_CLIP), KEY_TAB);
+    EXPECT_EQ(alternate(ACTION_CEL_GET), 0);
+    session.click(KEYS_OKAY);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+    EXPECT_EQ(menus.status_message, TIP_NONE);
+}
+
+TEST(HotkeyMenu, DoublesAreRedAndAskedFor)
+{
+    Session session(plain_menu);
+    open_keys(session);
+    session.click(CELL_0 + 1);
+    session.key(KEY_TAB);
+    session.click(DIALOG_OKAY);
+    session.move(5, 60);
+    EXPECT_EQ(gui.colour[CELL_0 + 1], warning_red);
+    EXPECT_EQ(gui.colour[CELL_0 + 2], warning_red) << "both of a pair";
+    EXPECT_EQ(gui.colour[CELL_0], menu_scheme.scheme_background);
+    session.click(KEYS_OKAY);
+    EXPECT_EQ(menus.menu_id, MENU_DIALOG);
+    session.click(DIALOG_CANCEL);
+    EXPECT_EQ(menus.menu_id, MENU_HOTKEYS);
+    session.click(KEYS_OKAY);
+    session.click(DIALOG_OKAY);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+    EXPECT_EQ(alternate(ACTION_CEL_GET), KEY_TAB) << "doubles are allowed after the question";
+}
+
+TEST(HotkeyMenu, CancelAndRightClickBringTheOldKeysBack)
+{
+    Session session(plain_menu);
+    open_keys(session);
+    session.click(CELL_0, RIGHT_BUTTON);
+    session.click(KEYS_CANCEL);
+    EXPECT_EQ(primary(ACTION_CEL_GET), KEY_ESC);
+    open_keys(session);
+    session.click(CELL_0, RIGHT_BUTTON);
+    session.click_at(100, 50, RIGHT_BUTTON);
+    EXPECT_EQ(primary(ACTION_CEL_GET), KEY_ESC);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+}
+
+TEST(MouseMenu, MapsButtonsAndInsistsOnAcceptAndCancel)
+{
+    Session session(plain_menu);
+    open_buttons(session);
+    session.click(MOUSE_OKAY);
+    session.move(5, 60);
+    session.frame(200);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW) << "the first map holds accept and cancel";
+    open_buttons(session);
+    session.click(MOUSE_DEFAULTS);
+    EXPECT_EQ(hotkeys.mouse_button_map[0], 1);
+    EXPECT_EQ(hotkeys.mouse_button_map[4], 5);
+    EXPECT_EQ(menus.status_message, TIP_DEFAULTS_RESTORED);
+    session.move(5, 60);
+    session.frame(400);
+    EXPECT_TRUE(test::matches_golden(session.picture(), "mouse_menu"));
+    session.click(FUNCTION_1 + 1);
+    session.click_at(gui.x[FUNCTION_LIST] + 10, gui.y[FUNCTION_LIST] + 4);
+    EXPECT_EQ(hotkeys.mouse_button_map[1], 0) << "the list's first row is unmapped";
+    session.click(MOUSE_OKAY);
+    EXPECT_EQ(menus.menu_id, MENU_DIALOG) << "nothing cancels any more";
+    session.click(DIALOG_OKAY);
+    EXPECT_EQ(menus.menu_id, MENU_MOUSE);
+    session.click(MOUSE_CANCEL);
+    EXPECT_EQ(hotkeys.mouse_button_map[1], 1) << "back to the map from before";
+}
+
+} // namespace kelu
