@@ -5,6 +5,7 @@
 #include "draw/tool_hooks.h"
 #include "draw/tools.h"
 #include "framework/framework_jobs.h"
+#include "framework/resource_files.h"
 #include "framework/script.h"
 #include "framework/tint.h"
 #include "gui/drag.h"
@@ -90,8 +91,7 @@ void load_resources()
     load_framework_video();
     log_line("[ INIT ] : Loaded framework video resources");
     const platform::DirectoryVisit folder("resource");
-    for (const char* leftover : {"prat", "prat.def", "prat_2.def"})
-        platform::remove_file(leftover);
+    sweep_old_resources();
 }
 
 /// Reductions to 256 colours look colours up here.
@@ -198,6 +198,8 @@ void enter_running()
     tint.tint_opacity = tint_start;
     FW_tint_screen(0, 0, 0, 0, 0, tint_step);
     wear_scheme();
+    recolor_gui_sheet(menu_scheme.scheme_background, menu_scheme.scheme_border, menu_scheme.scheme_shadow,
+                      menu_scheme.scheme_highlight_fore);
     rebuild_tip_cursor();
 }
 

@@ -139,7 +139,7 @@ void load_object_library()
 
 void copy_object_record(int slot, int row)
 {
-    if (slot < 0 || slot >= actor_outline_count || row < 0 || row >= object_library_rows) {
+    if (slot < 0 || slot >= max_actors || row < 0 || row >= object_library_rows) {
         log_line("[ ERROR ] : OOB in call to copy_object_record. slot = %d, row = %d", slot, row);
         return;
     }

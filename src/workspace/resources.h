@@ -2,14 +2,14 @@
 // bitmaps stand in `sheets`, the tips in `store`, the fonts in `font_table`. Main thread, before the timers.
 #pragma once
 
+#include "runtime/actors.h"
 #include <array>
 
 namespace kelu {
 
 constexpr int object_library_rows = 200;
-constexpr int object_row_words = 512;   ///< 4 values, the count, then the pairs
-constexpr int object_row_pairs = 253;   ///< most pairs that a row keeps
-constexpr int actor_outline_count = 50; ///< one for each actor
+constexpr int object_row_words = 512; ///< 4 values, the count, then the pairs
+constexpr int object_row_pairs = 253; ///< most pairs that a row keeps
 
 /// Outline records of obj_lib.def. Owner and only writer: `load_object_library`.
 struct ObjectLibrary {
@@ -19,8 +19,8 @@ inline ObjectLibrary object_library;
 
 /// Outlines of polygon actors, in the actor's own pixels. Owner and only writer: `copy_object_record`.
 struct ActorOutlines {
-    std::array<int, actor_outline_count> pair_count{};                              ///< 0 to `object_row_pairs`
-    std::array<std::array<int, 2 * object_row_pairs>, actor_outline_count> pairs{}; ///< x, y, x, y ...
+    std::array<int, max_actors> pair_count{};                              ///< 0 to `object_row_pairs`
+    std::array<std::array<int, 2 * object_row_pairs>, max_actors> pairs{}; ///< x, y, x, y ...
 };
 inline ActorOutlines actor_outlines;
 
