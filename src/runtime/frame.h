@@ -1,6 +1,7 @@
 // One frame of the program: compose the picture, present it, run the jobs that are due.
 #pragma once
 
+#include "runtime/words.h"
 #include <cstdint>
 
 namespace kelu {
@@ -13,8 +14,8 @@ void run_frame_plain();
 
 /// Flags that loops set for the next frames.
 struct FrameFlags {
-    uint8_t vsync_once = 0;   ///< 1: the next present waits for the display; the tool dispatcher
-    uint8_t clean_render = 0; ///< 1: only the picture, unpresented; the colour dropper
+    Shared<uint8_t> vsync_once = 0; ///< 1: the next present waits for the display; the tools, and pans on the timer
+    uint8_t clean_render = 0;       ///< 1: only the picture, unpresented; the colour dropper
 };
 inline FrameFlags frame_flags;
 

@@ -45,7 +45,8 @@ struct Run {
     std::thread program, ticker;
     std::binary_semaphore go{0}, ready{0}; // the program may run a frame; it has run one
     std::atomic<bool> done = false, stop_ticker = false;
-    std::mutex ticking; // only with a real ticker: input and timer table change outside its passes
+    std::atomic<long> ticked = 0; // units that the real ticker has run
+    std::mutex ticking;           // only with a real ticker: input and timer table change outside its passes
     std::array<TimerSlot, 16> timers{};
     Bitmap shown{320, 240};
     int exit_code = 0;
@@ -105,8 +106,17 @@ void tick_freely()
             const std::lock_guard lock(run->ticking);
             advance_clock(frame_units / 10);
         }
+        run->ticked += frame_units / 10;
         std::this_thread::yield();
     }
+}
+
+/// Lets the real ticker run for a frame's time, so that however slow the machine is no frame goes without ticks.
+void wait_for_ticks()
+{
+    const long due = run->ticked + frame_units;
+    while (run->ticked < due)
+        std::this_thread::yield();
 }
 
 bool start_machine()
@@ -231,7 +241,11 @@ Session::~Session()
 void Session::frame(int n)
 {
     while (n-- > 0 && !run->done) {
-        if (!run->ticker.joinable()) advance_clock(frame_units);
+        if (run->ticker.joinable()) {
+            wait_for_ticks();
+        } else {
+            advance_clock(frame_units);
+        }
         run->go.release();
         run->ready.acquire();
         if (++run->frames > frame_limit) {
