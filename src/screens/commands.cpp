@@ -20,7 +20,6 @@
 #include "workspace/frame_cache.h"
 #include "workspace/frame_order.h"
 #include "workspace/frame_store.h"
-#include "workspace/merged.h"
 #include "workspace/restore.h"
 #include "workspace/state.h"
 #include "workspace/thumbnails.h"
@@ -144,14 +143,7 @@ void flip_grid()
     flash_status_message(grid.grid_on != 0 ? TIP_GRID_ACTIVE : TIP_GRID_DISABLED, message_ticks);
 }
 
-void flip_alpha()
-{
-    toggle_alpha_edit();
-    store.onion_bitmap.reset();
-    if (view.onion_on == 0) return;
-    view.onion_on = 0;
-    show_onion_skin();
-}
+void flip_alpha() { switch_alpha_mode(); }
 
 void flip_onion()
 {

@@ -1,0 +1,135 @@
+// The brush tool, ink and tip menus and the option keys, by mouse and keys.
+#include "gui/kinds.h"
+#include "gui/menus.h"
+#include "gui/slots.h"
+#include "gui/strings.h"
+#include "gui/tooltips.h"
+#include "runtime/store.h"
+#include "runtime/toolbox.h"
+#include "support/golden.h"
+#include "support/session.h"
+#include <gtest/gtest.h>
+#include <string>
+
+namespace kelu {
+
+using test::RIGHT_BUTTON;
+using test::Session;
+
+namespace {
+
+enum { TOOL_0 = 4, INK_0 = 10, TIP_BUTTON = 21 };
+enum { LIST = 2, CHOICE_0 = 3, DESCRIPTION = 10, OPTION_0 = 13 };
+enum { CUSTOM = 2, FIRST_TIP = 3 };
+
+/// The left part of a list's row, counted from the first one that shows.
+void click_row(Session& session, int row) { session.click_at(gui.x[LIST] + 10, gui.y[LIST] + 5 + 7 * row); }
+
+/// The screen once the pointer has left it and the tooltip has gone.
+testing::AssertionResult looks_like(Session& session, const std::string& name)
+{
+    session.move(5, 60);
+    session.frame(200);
+    return test::matches_golden(session.picture(), name);
+}
+
+int tip_pixel(int x, int y) { return row(store.tip_sheet, y)[x]; }
+
+} // namespace
+
+TEST(ChoiceMenu, PicksAToolIntoTheEditedSlot)
+{
+    Session session;
+    session.click(TOOL_0 + 3, RIGHT_BUTTON);
+    ASSERT_EQ(menus.menu_id, MENU_TOOL);
+    EXPECT_EQ(gui.kind[CHOICE_0 + 3], KIND_BUTTON_LIT);
+    click_row(session, 3);
+    EXPECT_EQ(toolbox.tool_slots[3], TOOL_DRIZ);
+    EXPECT_TRUE(looks_like(session, "tool_menu"));
+    EXPECT_EQ(toolbox.tool_slot, 3) << "the edited slot is the selected one";
+    EXPECT_EQ(gui.text_id[DESCRIPTION], TOOL_DRIZ);
+    const int slider = OPTION_0 + 1;
+    session.click_at(gui.x[slider] + gui.w[slider] - 4, gui.y[slider] + 4);
+    EXPECT_EQ(toolbox.tool_table[TOOL_DRIZ][0], int(gui.scroll_value[slider])) << "the slider writes its option";
+    session.click(CHOICE_0);
+    EXPECT_EQ(toolbox.tool_slot, 0);
+    session.click_at(160, 40, RIGHT_BUTTON);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+    EXPECT_EQ(gui.text_id[TOOL_0 + 3], first_tool_name + TOOL_DRIZ);
+    EXPECT_EQ(gui.hidden[0], 0) << "the click that leaves hides nothing";
+}
+
+TEST(ChoiceMenu, SetsTheOptionsOfAnInk)
+{
+    Session session;
+    session.click(INK_0 + 1, RIGHT_BUTTON);
+    ASSERT_EQ(menus.menu_id, MENU_INK);
+    session.move(gui.x[LIST] + 10, gui.y[LIST] + 10);
+    session.wheel(-1);
+    session.wheel(-1);
+    EXPECT_EQ(gui.scroll_value[LIST], 4) << "two rows a step";
+    click_row(session, 5);
+    EXPECT_EQ(toolbox.ink_slots[1], INK_H_GRAD);
+    EXPECT_TRUE(looks_like(session, "ink_menu"));
+    toolbox.ink_table[INK_H_GRAD][0] = 0;
+    session.click(OPTION_0);
+    EXPECT_EQ(toolbox.ink_table[INK_H_GRAD][0], 1);
+    EXPECT_EQ(gui.kind[OPTION_0], KIND_BUTTON_LIT);
+    session.key(KEY_I);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW) << "the key that opens the menu leaves it";
+}
+
+TEST(TipMenu, ReturnsTheClickedTipOrNone)
+{
+    Session session;
+    session.click(TIP_BUTTON);
+    ASSERT_EQ(menus.menu_id, MENU_TIP);
+    session.click(FIRST_TIP + 7);
+    EXPECT_TRUE(looks_like(session, "tip_menu"));
+    EXPECT_EQ(toolbox.brush_tip, 0) << "the choice counts once the menu is left";
+    session.click_at(160, 40, RIGHT_BUTTON);
+    EXPECT_EQ(toolbox.brush_tip, 7);
+    session.key(KEY_T);
+    session.key(KEY_T);
+    EXPECT_EQ(toolbox.brush_tip, 7);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+}
+
+TEST(TipMenu, TakesACustomTipFromTheFrame)
+{
+    Session session;
+    rectfill(store.frame_bitmap, 100, 80, 103, 83, 0x300000);
+    session.click(TIP_BUTTON);
+    session.click(CUSTOM, RIGHT_BUTTON);
+    session.click_at(104, 84);
+    EXPECT_EQ(tip_pixel(4, 45 + 3), 0x101010) << "the mean of the channels";
+    EXPECT_EQ(tip_pixel(12, 45 + 10), 0);
+    session.click(CUSTOM);
+    session.click_at(160, 40, RIGHT_BUTTON);
+    EXPECT_EQ(toolbox.brush_tip, custom_tip);
+}
+
+TEST(OptionKeys, FlipSlideAndTellWhatTheyDo)
+{
+    Session session;
+    toolbox.tool_slots[0] = TOOL_BOX;
+    toolbox.tool_table[TOOL_BOX][0] = 0;
+    session.key(KEY_INSERT);
+    EXPECT_EQ(toolbox.tool_table[TOOL_BOX][0], 1);
+    EXPECT_EQ(menus.status_message, TIP_NOW_FILLED);
+    toolbox.tool_slots[0] = TOOL_FILL;
+    toolbox.tool_table[TOOL_FILL][0] = 10;
+    session.move(160, 100);
+    session.hold_key(KEY_INSERT);
+    EXPECT_EQ(menus.menu_id, MENU_DIALOG);
+    EXPECT_EQ(gui.scroll_value[2], 10);
+    session.wheel(1);
+    session.release_key(KEY_INSERT);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+    EXPECT_NE(toolbox.tool_table[TOOL_FILL][0], 10);
+    toolbox.tool_slots[0] = TOOL_LINE;
+    session.key(KEY_INSERT);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW) << "a line has no option";
+}
+
+} // namespace kelu
