@@ -12,8 +12,9 @@ Bitmap::Bitmap(int w, int h, int color)
 
 void Bitmap::reset()
 {
-    // A global owner may outlive Allegro, which has then freed nothing but can no longer destroy.
-    if (bitmap_ && system_driver) destroy_bitmap(bitmap_);
+    // A global owner outlives Allegro, which can then no longer destroy: the process's end takes the memory back.
+    if (!system_driver) return;
+    if (bitmap_) destroy_bitmap(bitmap_);
     bitmap_ = nullptr;
 }
 
