@@ -1,0 +1,17 @@
+// One exchange for everything that gives the frame a new size.
+#include "workspace/live_bitmaps.h"
+
+#include "runtime/store.h"
+#include "runtime/view.h"
+
+namespace kelu {
+
+void LiveBitmaps::install() &&
+{
+    store.frame_bitmap = std::move(frame);
+    store.alpha_bitmap = std::move(alpha);
+    store.coverage_bitmap = std::move(coverage);
+    note_frame_size();
+}
+
+} // namespace kelu
