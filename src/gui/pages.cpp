@@ -18,6 +18,7 @@ constexpr int lines_without_bar = 31;
 constexpr int lines_past_bar = 30; // a bar's range is the lines less these
 constexpr int backdrop_opacity = 38;
 constexpr int logo_w = 173, logo_h = 33;
+constexpr int title_rows = 12; // of a window, above what it holds
 
 void draw_line(int slot, int x, int y, int colour_set, const char* text)
 {
@@ -76,7 +77,9 @@ void draw_about(int slot, const Look&)
 {
     const int x = gui.x[slot];
     const int y = gui.y[slot];
-    draw_panel(slot, menu_scheme.scheme_background, menu_scheme.scheme_border, solid_opacity);
+    // The title of the box stands above: the slot covers the window, and leaves those rows alone.
+    fill_area(x + 1, y + title_rows, x + gui.w[slot] - 2, y + gui.h[slot] - 2, menu_scheme.scheme_background);
+    draw_border(slot, menu_scheme.scheme_border);
     // The logo stands on a band of the slot's colour.
     fill_area(x + 1, y + 13, x + gui.w[slot] - 2, y + 14 + logo_h + 1, gui.colour[slot]);
     if (sheets.app_sheet) masked_blit(sheets.app_sheet, gui_canvas, 0, 0, x + 4, y + 15, logo_w, logo_h);

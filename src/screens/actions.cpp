@@ -16,6 +16,7 @@
 #include "screens/cel_transform.h"
 #include "screens/commands.h"
 #include "screens/favorites_menu.h"
+#include "screens/macro_menu.h"
 #include "screens/quick_slider.h"
 #include "screens/tint_menu.h"
 #include "screens/tip_menu.h"
@@ -79,15 +80,15 @@ constexpr ActionRow actions[] = {
     {ACTION_ZOOM_IN, KEY_PLUS_PAD, 0, IN_DRAW_MENU, ONCE, zoom_in},
     {ACTION_ZOOM_OUT, KEY_MINUS_PAD, 0, IN_DRAW_MENU, ONCE, zoom_out},
     {ACTION_FAVORITES, KEY_P, 0, IN_DRAW_MENU, ONCE, favorites_menu},
-    {ACTION_MACRO_MENU, KEY_M, 0, IN_DRAW_MENU, ONCE, nullptr},
-    {ACTION_MACRO_1, KEY_1, 0, IN_DRAW_MENU, ONCE, nullptr},
-    {ACTION_MACRO_1 + 1, KEY_2, 0, IN_DRAW_MENU, ONCE, nullptr},
-    {ACTION_MACRO_1 + 2, KEY_3, 0, IN_DRAW_MENU, ONCE, nullptr},
-    {ACTION_MACRO_1 + 3, KEY_4, 0, IN_DRAW_MENU, ONCE, nullptr},
-    {ACTION_MACRO_1 + 4, KEY_5, 0, IN_DRAW_MENU, ONCE, nullptr},
-    {ACTION_MACRO_1 + 5, KEY_6, 0, IN_DRAW_MENU, ONCE, nullptr},
-    {ACTION_MACRO_1 + 6, KEY_7, 0, IN_DRAW_MENU, ONCE, nullptr},
-    {ACTION_MACRO_8, KEY_8, 0, IN_DRAW_MENU, ONCE, nullptr},
+    {ACTION_MACRO_MENU, KEY_M, 0, IN_DRAW_MENU, ONCE, macro_menu},
+    {ACTION_MACRO_1, KEY_1, 0, IN_DRAW_MENU, ONCE, run_macro<0>},
+    {ACTION_MACRO_1 + 1, KEY_2, 0, IN_DRAW_MENU, ONCE, run_macro<1>},
+    {ACTION_MACRO_1 + 2, KEY_3, 0, IN_DRAW_MENU, ONCE, run_macro<2>},
+    {ACTION_MACRO_1 + 3, KEY_4, 0, IN_DRAW_MENU, ONCE, run_macro<3>},
+    {ACTION_MACRO_1 + 4, KEY_5, 0, IN_DRAW_MENU, ONCE, run_macro<4>},
+    {ACTION_MACRO_1 + 5, KEY_6, 0, IN_DRAW_MENU, ONCE, run_macro<5>},
+    {ACTION_MACRO_1 + 6, KEY_7, 0, IN_DRAW_MENU, ONCE, run_macro<6>},
+    {ACTION_MACRO_8, KEY_8, 0, IN_DRAW_MENU, ONCE, run_macro<7>},
     {ACTION_ALPHA_TOGGLE, KEY_SPACE, 0, IN_DRAW_MENU, ONCE | CHANGES_FRAME, flip_alpha},
     {ACTION_ALPHA_PREVIEW, KEY_SLASH, 0, IN_DRAW_MENU, ONCE | CHANGES_FRAME, nullptr},
     {ACTION_ONION_TOGGLE, KEY_O, 0, IN_DRAW_MENU, ONCE, flip_onion},

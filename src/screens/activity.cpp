@@ -13,6 +13,7 @@
 #include "screens/commands.h"
 #include "screens/draw_menu.h"
 #include "screens/freeze.h"
+#include "screens/help_menu.h"
 #include "screens/hotkey_menu.h"
 #include "screens/mouse_menu.h"
 #include "screens/tint_menu.h"
@@ -55,9 +56,9 @@ constexpr std::array user_entries{
     Entry{TEXT_KEYS, TIP_KEYS, hotkey_menu},
     Entry{TEXT_BUTTONS, TIP_BUTTONS, mouse_button_menu},
     Entry{TEXT_SCHEME, TIP_SCHEME, nullptr},
-    Entry{TEXT_HELP, TIP_HELP, nullptr},
+    Entry{TEXT_HELP, TIP_HELP, help_menu},
     Entry{TEXT_WORKSPC, TIP_WORKSPACE, nullptr},
-    Entry{TEXT_ABOUT, TIP_ABOUT, nullptr},
+    Entry{TEXT_ABOUT, TIP_ABOUT, about_menu},
     Entry{TEXT_QUIT, TIP_QUIT, ask_exit},
 };
 

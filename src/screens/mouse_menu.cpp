@@ -1,7 +1,6 @@
-// Buttons, their functions, and the list that a function is chosen from.
+// Buttons and their functions.
 #include "screens/mouse_menu.h"
 
-#include "draw/tool_loop.h"
 #include "gui/build.h"
 #include "runtime/frame.h"
 #include "runtime/hotkeys.h"
@@ -9,6 +8,7 @@
 #include "runtime/run_state.h"
 #include "screens/dialogs.h"
 #include "screens/freeze.h"
+#include "screens/list_popup.h"
 #include <algorithm>
 #include <array>
 
@@ -28,9 +28,7 @@ enum {
 constexpr int buttons = 5;
 constexpr int message_ticks = 130;
 constexpr int accept_function = 1, cancel_function = 2; ///< functions that some button must have
-constexpr int list_slot = 2, list_w = 112, list_h = 65;
-constexpr int functions = 28;
-constexpr int no_choice = -1;
+constexpr ListPopup function_list{.first_text = first_mouse_function, .items = 28, .positions = 20, .w = 112};
 
 constexpr std::array layout_rows{
     title_row(2, 2, 81, TEXT_MOUSE),
@@ -76,43 +74,12 @@ void show_buttons()
         gui.kind[SLOT_BUTTON_1 + i] = down[static_cast<std::size_t>(i)] ? KIND_BUTTON_LIT : KIND_BUTTON;
 }
 
-/// A list of all functions at (x, y). The chosen one, or `no_choice` after a right click.
-int mouse_function_list(int x, int y)
-{
-    freeze_menu();
-    gui_clear_window();
-    const int list_x = std::clamp(x + 20 - list_w / 2, 0, logical_w - 1 - list_w);
-    const int list_y = std::min(y, logical_h - list_h);
-    build_slot(
-        SlotRow{list_slot, 0, 0, list_w, KIND_LIST}
-            .high(list_h)
-            .with(ListRows{
-                .first_text = first_mouse_function, .items = functions, .rows = 9, .pitch = 7, .font = 5, .width = 99})
-            .with(ScrollBar{.steps = 20, .wheel = 2, .dx = 102}),
-        list_x, list_y);
-    int chosen = no_choice;
-    for (bool open = true; open;) {
-        run_frame(0);
-        if (left_down() && gui.hover_row[list_slot] >= 0) {
-            chosen = gui.hover_row[list_slot] + gui.scroll_value[list_slot];
-            wait_left_release();
-            open = false;
-        } else if (right_down()) {
-            wait_right_release();
-            open = false;
-        }
-    }
-    gui_reset_slot(list_slot);
-    clear_ghost();
-    return chosen;
-}
-
 void read_functions()
 {
     for (int i = 1; i < buttons; ++i) {
         const int slot = SLOT_FUNCTION_1 + i;
         if (gui.event[slot].take() == 0) continue;
-        const int chosen = mouse_function_list(gui.x[slot] + 36, gui.y[slot]);
+        const int chosen = choose_from_list(function_list, gui.x[slot] + 36, gui.y[slot]);
         if (chosen != no_choice) function_of(i) = chosen;
         build_mouse_menu();
     }

@@ -1,0 +1,139 @@
+// Macros: the screen by mouse and keys, and what running one changes.
+#include "gui/kinds.h"
+#include "gui/menus.h"
+#include "gui/slots.h"
+#include "runtime/grid.h"
+#include "runtime/macros.h"
+#include "runtime/toolbox.h"
+#include "screens/draw_menu.h"
+#include "screens/macro_menu.h"
+#include "support/golden.h"
+#include "support/session.h"
+#include <gtest/gtest.h>
+
+namespace kelu {
+
+using test::RIGHT_BUTTON;
+using test::Session;
+
+namespace {
+
+enum { NUMBER_1 = 2, TOOL_0 = 10, INK_0 = 16, GRID_ON = 25, GRID_OFF = 27, WIDTH = 29, X_OFF = 33 };
+enum { OPACITY = 37, TIP = 39, OKAY = 40, CANCEL = 41, LIST = 2 };
+enum { TIP_5 = 3 + 5 }; // of the tip menu
+
+void open_macros(Session& session)
+{
+    session.key(KEY_M);
+    ASSERT_EQ(menus.menu_id, MENU_MACRO);
+}
+
+void retype(Session& session, int field, const char* text)
+{
+    session.click(field);
+    for (int i = 0; i < 4; ++i) {
+        session.key(KEY_BACKSPACE);
+        session.key(KEY_DEL);
+    }
+    session.type(text);
+}
+
+void pick_row(Session& session, int slot, int row)
+{
+    session.click(slot, RIGHT_BUTTON);
+    session.click_at(gui.x[LIST] + 10, gui.y[LIST] + 4 + 7 * row);
+}
+
+} // namespace
+
+TEST(MacroMenu, EditsStoresAndRunsAMacro)
+{
+    Session session(draw_menu);
+    open_macros(session);
+    pick_row(session, TOOL_0 + 1, 7);
+    pick_row(session, INK_0 + 2, 1);
+    session.click(TOOL_0 + 4);
+    session.click(INK_0);
+    session.click(INK_0);
+    session.click(GRID_ON);
+    retype(session, WIDTH, "16");
+    retype(session, WIDTH + 2, "8");
+    retype(session, X_OFF, "15");
+    gui.scroll_value[OPACITY] = 90;
+    session.click(TIP);
+    session.click(TIP_5);
+    session.click_at(160, 20, RIGHT_BUTTON);
+    EXPECT_EQ(menus.menu_id, MENU_MACRO);
+    session.move(300, 20);
+    session.frame(200);
+    EXPECT_TRUE(test::matches_golden(session.picture(), "macro_menu"));
+    session.click(OKAY);
+    const Macro& record = macros.macro_table[0];
+    EXPECT_EQ(record.tools, (std::array<int, 6>{0, TOOL_LINE, 0, 0, 0, 0}));
+    EXPECT_EQ(record.inks, (std::array<int, 6>{0, 0, INK_ADD + 1, 0, 0, 0}));
+    EXPECT_EQ(record.ink_slot, -1) << "a click on the selected slot takes the selection away";
+    session.key(KEY_BACKSPACE);
+    EXPECT_EQ(gui.hidden[0], 1);
+    session.key(KEY_1);
+    EXPECT_EQ(gui.hidden[0], 0) << "the drawing menu comes back";
+    EXPECT_EQ(toolbox.tool_slots[1], TOOL_LINE);
+    EXPECT_EQ(toolbox.ink_slots[2], INK_ADD);
+    EXPECT_EQ(toolbox.tool_slot, 4);
+    EXPECT_EQ(toolbox.brush_tip, 5);
+    EXPECT_EQ(grid.grid_w, 16);
+    EXPECT_EQ(grid.grid_off_x, 15);
+    EXPECT_EQ(grid.grid_opacity, 90);
+    EXPECT_EQ(grid.grid_on, 1);
+    session.key(KEY_2);
+    EXPECT_EQ(grid.grid_on, 1) << "an untouched macro leaves all as it is";
+    EXPECT_EQ(toolbox.tool_slot, 4);
+}
+
+TEST(MacroMenu, RefusesABadGridAndForgetsOnCancel)
+{
+    Session session(draw_menu);
+    open_macros(session);
+    session.click(GRID_ON);
+    retype(session, WIDTH, "1");
+    session.click(OKAY);
+    EXPECT_EQ(macros.macro_table[0].grid_mode, MACRO_GRID_IGNORE);
+    EXPECT_EQ(macros.macro_table[0].grid_w, 0);
+    open_macros(session);
+    session.click(NUMBER_1 + 2);
+    session.click(GRID_OFF);
+    session.click(TIP, RIGHT_BUTTON);
+    session.click(OKAY);
+    EXPECT_EQ(macros.macro_table[2].grid_mode, MACRO_GRID_OFF);
+    EXPECT_EQ(macros.macro_current, 2);
+    open_macros(session);
+    EXPECT_EQ(gui.kind[NUMBER_1 + 2], KIND_BUTTON_LIT);
+    session.click(TOOL_0);
+    session.click(CANCEL);
+    open_macros(session);
+    pick_row(session, TOOL_0, 3);
+    session.key(KEY_M);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+    EXPECT_EQ(macros.macro_table[2].tool_slot, -1);
+    EXPECT_EQ(macros.macro_table[2].tools[0], 0) << "the key leaves as CANCEL does";
+    exec_macro(8);
+    EXPECT_NE(session.log().find("Slot value OOB in call to exec_macro. Slot = 8"), std::string::npos);
+    grid.grid_on = 1;
+    session.key(KEY_3);
+    EXPECT_EQ(grid.grid_on, 0);
+    EXPECT_EQ(grid.grid_w, 4) << "switching off keeps the values";
+}
+
+TEST(MacroMenu, KeepsOnlyWhatTheGridModeUses)
+{
+    const Macro good{.grid_mode = MACRO_GRID_ON, .grid_w = 2, .grid_h = 999, .grid_off_x = 1, .grid_off_y = 998};
+    EXPECT_EQ(valid_macro(good).grid_h, 999);
+    for (auto [word, value] :
+         {std::pair{&Macro::grid_w, 1}, {&Macro::grid_h, 1000}, {&Macro::grid_off_x, 2}, {&Macro::grid_off_y, -1}}) {
+        Macro bad = good;
+        bad.*word = value;
+        EXPECT_EQ(valid_macro(bad).grid_mode, MACRO_GRID_IGNORE) << value;
+        EXPECT_EQ(valid_macro(bad).grid_w, 0);
+    }
+}
+
+} // namespace kelu
