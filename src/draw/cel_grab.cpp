@@ -3,7 +3,7 @@
 
 #include "draw/cel_loop.h"
 #include "draw/dashes.h"
-#include "draw/preview.h"
+#include "draw/grab_marker.h"
 #include "draw/tool_hooks.h"
 #include "draw/tool_loop.h"
 #include "runtime/clock.h"
@@ -38,30 +38,6 @@ public:
 
 private:
     bool hidden_;
-};
-
-/// The marker of a grab, from its first frame to its end.
-class GrabMarker {
-public:
-    GrabMarker(int x, int y)
-    {
-        preview = {1, no_preview};
-        set(x, y);
-    }
-    ~GrabMarker()
-    {
-        set(no_grab, no_grab);
-        preview = {};
-        menus.status_message = TIP_NONE;
-        clear_to_color(screen_state.tool_overlay, mask_magenta);
-    }
-    GrabMarker(const GrabMarker&) = delete;
-    GrabMarker& operator=(const GrabMarker&) = delete;
-    static void set(int x, int y)
-    {
-        cel_work.grab_x = x;
-        cel_work.grab_y = y;
-    }
 };
 
 CelRect rect_between(Point a, Point b)

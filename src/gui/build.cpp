@@ -214,7 +214,15 @@ FieldText field_text_of(int slot)
 int field_number(int slot)
 {
     constexpr long highest = 999999999;
-    return static_cast<int>(std::clamp(std::strtol(field_text_of(slot).data(), nullptr, 10), 0L, highest));
+    return static_cast<int>(std::clamp(std::strtol(field_text_of(slot).data(), nullptr, 10), -highest, highest));
+}
+
+void bind_slider(int slot, Shared<int>& word)
+{
+    gui.scroll_value[slot] = std::clamp<int>(word, gui.scroll_min[slot], gui.scroll_max[slot] - 1);
+    gui.scroll_show[slot] = &gui.scroll_value[slot];
+    gui.scroll_bind[slot] = &word;
+    gui.scroll_bind_on[slot] = 1;
 }
 
 int fill_colour(int role)

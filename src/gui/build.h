@@ -190,8 +190,11 @@ void set_field_text(int slot, const char* text);
 /// The text of a field, in a buffer of `field_bytes`.
 using FieldText = std::array<char, field_bytes>;
 FieldText field_text_of(int slot);
-/// The number that a field holds, 0 when it begins with none; held to 0 to 999999999.
+/// The number that a field holds, 0 when it begins with none; held to 9 digits.
 int field_number(int slot);
+/// Ties a slider to a word: it starts at the word's value, held to its range, shows the number at the knob, and the
+/// logic writes it through at every pass.
+void bind_slider(int slot, Shared<int>& word);
 /// Colour of a role in the live scheme.
 int fill_colour(int role);
 

@@ -16,8 +16,11 @@
 #include "screens/cel_transform.h"
 #include "screens/commands.h"
 #include "screens/favorites_menu.h"
+#include "screens/grid_menu.h"
 #include "screens/macro_menu.h"
 #include "screens/quick_slider.h"
+#include "screens/resize_menu.h"
+#include "screens/sprite_sheet_menu.h"
 #include "screens/tint_menu.h"
 #include "screens/tip_menu.h"
 #include <allegro.h>
@@ -40,14 +43,14 @@ constexpr ActionRow actions[] = {
     {ACTION_CEL_XFORM, KEY_TILDE + key_shift, 0, IN_DRAW_MENU, CHANGES_FRAME, over_draw_menu<cel_transform>},
     {ACTION_PIC_CLEAR, KEY_X, 0, IN_DRAW_MENU, ONCE | CHANGES_FRAME, clear_picture},
     {ACTION_PIC_RESTORE, KEY_R, 0, IN_DRAW_MENU, ONCE | IN_FIELD | CHANGES_FRAME, restore_picture},
-    {ACTION_PIC_SHEET, 0, 0, IN_DRAW_MENU, CHANGES_FRAME, nullptr},
+    {ACTION_PIC_SHEET, 0, 0, IN_DRAW_MENU, CHANGES_FRAME, over_draw_menu<sprite_sheet_menu>},
     {ACTION_PIC_TINT, 0, 0, IN_DRAW_MENU, CHANGES_FRAME, over_draw_menu<tint_menu>},
-    {ACTION_PIC_GRID, KEY_G, 0, IN_DRAW_MENU, 0, nullptr},
+    {ACTION_PIC_GRID, KEY_G, 0, IN_DRAW_MENU, 0, over_draw_menu<grid_menu>},
     {ACTION_PIC_SAVE, KEY_F5, 0, IN_DRAW_MENU, IN_FIELD | CHANGES_FRAME, nullptr},
     {ACTION_PIC_LOAD, KEY_F9, 0, IN_DRAW_MENU, IN_FIELD | CHANGES_FRAME, nullptr},
     {ACTION_FRAME_CLONE, 0, 0, IN_DRAW_MENU, ONCE | CHANGES_FRAME, clone_frame},
     {ACTION_FRAME_INSERT, 0, 0, IN_DRAW_MENU, ONCE | CHANGES_FRAME, insert_blank_frame},
-    {ACTION_FRAME_RESIZE, 0, 0, IN_DRAW_MENU, CHANGES_FRAME, nullptr},
+    {ACTION_FRAME_RESIZE, 0, 0, IN_DRAW_MENU, CHANGES_FRAME, over_draw_menu<resize_menu>},
     {ACTION_FRAME_DELETE, 0, 0, IN_DRAW_MENU, CHANGES_FRAME, delete_current_frame},
     {ACTION_PAN_UP, KEY_UP, KEY_W, ON_TIMER, 0, pan_up},
     {ACTION_PAN_DOWN, KEY_DOWN, KEY_S, ON_TIMER, 0, pan_down},

@@ -13,9 +13,12 @@
 #include "screens/commands.h"
 #include "screens/draw_menu.h"
 #include "screens/freeze.h"
+#include "screens/grid_menu.h"
 #include "screens/help_menu.h"
 #include "screens/hotkey_menu.h"
 #include "screens/mouse_menu.h"
+#include "screens/resize_menu.h"
+#include "screens/sprite_sheet_menu.h"
 #include "screens/tint_menu.h"
 #include <array>
 #include <span>
@@ -31,14 +34,14 @@ struct Entry {
 
 constexpr std::array frame_entries{
     Entry{TEXT_CLONE, TIP_CLONE, clone_frame},   Entry{TEXT_INSERT, TIP_INSERT, insert_blank_frame},
-    Entry{TEXT_RESIZE, TIP_RESIZE, nullptr},     Entry{TEXT_DELETE, TIP_DELETE, delete_current_frame},
+    Entry{TEXT_RESIZE, TIP_RESIZE, resize_menu}, Entry{TEXT_DELETE, TIP_DELETE, delete_current_frame},
     Entry{TEXT_CENTER, TIP_CENTER, center_view}, Entry{TEXT_ANIMATE, TIP_ANIMATE, nullptr},
     Entry{TEXT_PLAYBACK, TIP_PLAYBACK, nullptr},
 };
 constexpr std::array pic_entries{
-    Entry{TEXT_CLEAR, TIP_CLEAR, clear_picture}, Entry{TEXT_RESTORE, TIP_RESTORE, restore_picture},
-    Entry{TEXT_SHEET, TIP_SHEET, nullptr},       Entry{TEXT_TINT, TIP_TINT, tint_menu},
-    Entry{TEXT_GRID, TIP_GRID, nullptr},         Entry{TEXT_SAVE, TIP_SAVE_FRAME, nullptr},
+    Entry{TEXT_CLEAR, TIP_CLEAR, clear_picture},     Entry{TEXT_RESTORE, TIP_RESTORE, restore_picture},
+    Entry{TEXT_SHEET, TIP_SHEET, sprite_sheet_menu}, Entry{TEXT_TINT, TIP_TINT, tint_menu},
+    Entry{TEXT_GRID, TIP_GRID, grid_menu},           Entry{TEXT_SAVE, TIP_SAVE_FRAME, nullptr},
     Entry{TEXT_LOAD, TIP_LOAD_FRAME, nullptr},
 };
 constexpr std::array cel_entries{

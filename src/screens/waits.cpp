@@ -1,11 +1,26 @@
-// The way out of many screens: buttons are read raw.
+// What the loops of many screens do with keys and raw buttons.
 #include "screens/waits.h"
 
+#include "draw/tool_hooks.h"
 #include "draw/tool_loop.h"
+#include "gui/slots.h"
+#include "runtime/hotkeys.h"
 #include "runtime/input.h"
 
 namespace kelu {
 
 bool right_press_on_bare_frame() { return right_down() && pointer.gui_hover_slot < 0; }
+
+void hide_on_right_press()
+{
+    if (!right_press_on_bare_frame()) return;
+    wait_right_release();
+    menu_toggle_hidden(0);
+}
+
+void run_quick_pan()
+{
+    if (hotkey_test(ACTION_QUICK_PAN)) call_hook(tool_hooks.quick_pan);
+}
 
 } // namespace kelu

@@ -92,7 +92,7 @@ TEST_F(Build, FieldsTakeTextUpToTheirLimit)
     EXPECT_EQ(gui.field_caret[SLOT_NAME], 4);
     EXPECT_EQ(field_number(SLOT_NAME), 1234);
     set_field_text(SLOT_NAME, "-5");
-    EXPECT_EQ(field_number(SLOT_NAME), 0);
+    EXPECT_EQ(field_number(SLOT_NAME), -5);
     set_field_text(SLOT_NAME, "ABC");
     EXPECT_EQ(field_number(SLOT_NAME), 0);
 }
