@@ -22,7 +22,8 @@ int file_set(int entry, bool pointed)
 {
     const auto index = static_cast<std::size_t>(entry);
     if (pointed) return SET_TOOLTIP;
-    if (browser_state.browser_file == browser_listing.browser_list[index].data()) return SET_SELECTED;
+    const bool selectable = browser_listing.selected_row < 0 || browser_listing.selected_row == entry;
+    if (selectable && browser_state.browser_file == browser_listing.browser_list[index].data()) return SET_SELECTED;
     return browser_listing.browser_isdir[index] ? SET_FOLDER : SET_BUTTON;
 }
 

@@ -76,6 +76,11 @@ std::string resolve_path(const std::string& path)
 
 bool change_directory(const std::string& path) { return chdir(resolve_path(path).c_str()) == 0; }
 
+bool change_back(const std::string& kept, const std::string& known)
+{
+    return change_directory(same_name(kept, known) ? known : kept);
+}
+
 std::vector<Entry> list_folder(const std::string& folder)
 {
     std::vector<Entry> entries;

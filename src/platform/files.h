@@ -29,6 +29,9 @@ bool rename_file(const std::string& from, const std::string& to);
 std::string working_directory();
 /// Changes the working directory; the exact name before a case-blind one. False when there is none such.
 bool change_directory(const std::string& path);
+/// Changes to a folder whose name was kept in upper case. Where it is `known`, a true name, but for the case, that
+/// folder is meant, whatever others there are. False when there is none such.
+bool change_back(const std::string& kept, const std::string& known);
 /// The entry of a folder that matches the name exactly, else case-blind (of several the first in byte order); the name
 /// itself when there is neither.
 std::string resolve_name(const std::string& folder, const std::string& name);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 
 namespace kelu {
 
@@ -11,8 +12,10 @@ constexpr int browser_name_bytes = 128;
 /// Names are upper case and zero-terminated; a folder's begins with a backslash. Owner: the file browser.
 struct BrowserList {
     std::array<std::array<char, browser_name_bytes>, browser_list_rows> browser_list{};
-    std::array<int, browser_list_rows> browser_isdir{}; ///< 1: a folder
-    int browser_count = 0;                              ///< rows in use
+    std::array<int, browser_list_rows> browser_isdir{};     ///< 1: a folder
+    std::array<std::string, browser_list_rows> true_name{}; ///< the entry on disk that the row stands for
+    int browser_count = 0;                                  ///< rows in use
+    int selected_row = -1; ///< row of `browser_file`, which several rows may look like; -1: any of them
 };
 inline BrowserList browser_listing;
 

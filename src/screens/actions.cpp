@@ -6,6 +6,7 @@
 #include "draw/undo.h"
 #include "gui/kinds.h"
 #include "gui/slots.h"
+#include "imagefile/frame_clipboard.h"
 #include "runtime/frame.h"
 #include "runtime/hotkeys.h"
 #include "runtime/log.h"
@@ -16,6 +17,7 @@
 #include "screens/cel_transform.h"
 #include "screens/commands.h"
 #include "screens/favorites_menu.h"
+#include "screens/file_commands.h"
 #include "screens/grid_menu.h"
 #include "screens/macro_menu.h"
 #include "screens/quick_slider.h"
@@ -46,8 +48,8 @@ constexpr ActionRow actions[] = {
     {ACTION_PIC_SHEET, 0, 0, IN_DRAW_MENU, CHANGES_FRAME, over_draw_menu<sprite_sheet_menu>},
     {ACTION_PIC_TINT, 0, 0, IN_DRAW_MENU, CHANGES_FRAME, over_draw_menu<tint_menu>},
     {ACTION_PIC_GRID, KEY_G, 0, IN_DRAW_MENU, 0, over_draw_menu<grid_menu>},
-    {ACTION_PIC_SAVE, KEY_F5, 0, IN_DRAW_MENU, IN_FIELD | CHANGES_FRAME, nullptr},
-    {ACTION_PIC_LOAD, KEY_F9, 0, IN_DRAW_MENU, IN_FIELD | CHANGES_FRAME, nullptr},
+    {ACTION_PIC_SAVE, KEY_F5, 0, IN_DRAW_MENU, IN_FIELD | CHANGES_FRAME, over_draw_menu<save_frame_picture>},
+    {ACTION_PIC_LOAD, KEY_F9, 0, IN_DRAW_MENU, IN_FIELD | CHANGES_FRAME, over_draw_menu<load_frame_picture>},
     {ACTION_FRAME_CLONE, 0, 0, IN_DRAW_MENU, ONCE | CHANGES_FRAME, clone_frame},
     {ACTION_FRAME_INSERT, 0, 0, IN_DRAW_MENU, ONCE | CHANGES_FRAME, insert_blank_frame},
     {ACTION_FRAME_RESIZE, 0, 0, IN_DRAW_MENU, CHANGES_FRAME, over_draw_menu<resize_menu>},
@@ -76,8 +78,8 @@ constexpr ActionRow actions[] = {
     {ACTION_BRUSH_OPTION, KEY_INSERT, 0, IN_DRAW_MENU, ONCE, brush_option_hotkey},
     {ACTION_INK_OPTION, KEY_PGUP, 0, IN_DRAW_MENU, ONCE, ink_option_hotkey},
     {ACTION_GRID_TOGGLE, KEY_ASTERISK, 0, IN_DRAW_MENU, ONCE, flip_grid},
-    {ACTION_COPY, KEY_C + key_control, 0, IN_DRAW_MENU, 0, nullptr},
-    {ACTION_PASTE, KEY_V + key_control, 0, IN_DRAW_MENU, CHANGES_FRAME, nullptr},
+    {ACTION_COPY, KEY_C + key_control, 0, IN_DRAW_MENU, ONCE, copy_frame_to_clipboard},
+    {ACTION_PASTE, KEY_V + key_control, 0, IN_DRAW_MENU, ONCE | CHANGES_FRAME, paste_by_key},
     {ACTION_UNDO, KEY_U, 0, IN_DRAW_MENU, ONCE | CHANGES_FRAME, undo_step},
     {ACTION_REDO, KEY_U + key_shift, 0, IN_DRAW_MENU, ONCE | CHANGES_FRAME, redo_step},
     {ACTION_ZOOM_IN, KEY_PLUS_PAD, 0, IN_DRAW_MENU, ONCE, zoom_in},

@@ -12,6 +12,7 @@
 #include "screens/cel_transform.h"
 #include "screens/commands.h"
 #include "screens/draw_menu.h"
+#include "screens/file_commands.h"
 #include "screens/freeze.h"
 #include "screens/grid_menu.h"
 #include "screens/help_menu.h"
@@ -39,10 +40,13 @@ constexpr std::array frame_entries{
     Entry{TEXT_PLAYBACK, TIP_PLAYBACK, nullptr},
 };
 constexpr std::array pic_entries{
-    Entry{TEXT_CLEAR, TIP_CLEAR, clear_picture},     Entry{TEXT_RESTORE, TIP_RESTORE, restore_picture},
-    Entry{TEXT_SHEET, TIP_SHEET, sprite_sheet_menu}, Entry{TEXT_TINT, TIP_TINT, tint_menu},
-    Entry{TEXT_GRID, TIP_GRID, grid_menu},           Entry{TEXT_SAVE, TIP_SAVE_FRAME, nullptr},
-    Entry{TEXT_LOAD, TIP_LOAD_FRAME, nullptr},
+    Entry{TEXT_CLEAR, TIP_CLEAR, clear_picture},
+    Entry{TEXT_RESTORE, TIP_RESTORE, restore_picture},
+    Entry{TEXT_SHEET, TIP_SHEET, sprite_sheet_menu},
+    Entry{TEXT_TINT, TIP_TINT, tint_menu},
+    Entry{TEXT_GRID, TIP_GRID, grid_menu},
+    Entry{TEXT_SAVE, TIP_SAVE_FRAME, save_frame_picture},
+    Entry{TEXT_LOAD, TIP_LOAD_FRAME, load_frame_picture},
 };
 constexpr std::array cel_entries{
     Entry{TEXT_GET, TIP_CEL_GET, get_cel},

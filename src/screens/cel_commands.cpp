@@ -11,9 +11,7 @@
 #include "screens/freeze.h"
 
 namespace kelu {
-namespace {
-
-void run_by_key(void (*operation)())
+void run_cel_by_key(void (*operation)())
 {
     const bool hidden = gui.hidden[0] != 0;
     if (!hidden) freeze_menu();
@@ -24,8 +22,6 @@ void run_by_key(void (*operation)())
     build_draw_menu();
     if (hidden) menu_hide(0);
 }
-
-} // namespace
 
 void get_cel() { cel_get(no_corner_yet, no_corner_yet, true); }
 
@@ -42,8 +38,8 @@ void convert_cel()
     restore_cel_copy();
 }
 
-void paste_cel_by_key() { run_by_key(paste_cel); }
+void paste_cel_by_key() { run_cel_by_key(paste_cel); }
 
-void paste_cel_below_by_key() { run_by_key(paste_cel_below); }
+void paste_cel_below_by_key() { run_cel_by_key(paste_cel_below); }
 
 } // namespace kelu

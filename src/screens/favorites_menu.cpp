@@ -1,7 +1,8 @@
-// The palette, its scrolling and its clearing; the rest is the colour editor's.
+// The palette, its scrolling, its files and its clearing; the rest is the colour editor's.
 #include "screens/favorites_menu.h"
 
 #include "gui/scheme.h"
+#include "imagefile/dispatch.h"
 #include "runtime/color_settings.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
@@ -10,6 +11,7 @@
 #include "screens/color_editor.h"
 #include "screens/dialogs.h"
 #include "screens/draw_menu.h"
+#include "screens/file_browser.h"
 #include "screens/freeze.h"
 
 namespace kelu {
@@ -111,6 +113,13 @@ void clear_palette(ColorEditor& editor)
     build_favorites_menu(editor);
 }
 
+/// Keeps the palette in a file, or takes one from it.
+void use_file(ColorEditor& editor, int task)
+{
+    file_browser(task, BROWSE_FAVORITES);
+    build_favorites_menu(editor);
+}
+
 } // namespace
 
 void favorites_menu()
@@ -122,6 +131,8 @@ void favorites_menu()
         color_settings.favorites_scroll = gui.scroll_value[SLOT_PANEL];
         for (int slot = SLOT_CELL_0; slot < SLOT_CELL_END; ++slot)
             editor.read_palette_cell(slot, palette_entry(slot));
+        if (gui.event[SLOT_SAVE].take() != 0) use_file(editor, BROWSER_SAVE);
+        if (gui.event[SLOT_LOAD].take() != 0) use_file(editor, BROWSER_LOAD);
         if (gui.event[SLOT_NUKE].take() != 0) clear_palette(editor);
         show_palette();
         show_number();

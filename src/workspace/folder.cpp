@@ -32,7 +32,7 @@ WorkspaceVisit::WorkspaceVisit(std::string leave_to)
 
 WorkspaceVisit::~WorkspaceVisit()
 {
-    if (!platform::change_directory(leave_to_)) platform::change_directory(before_);
+    if (!platform::change_back(leave_to_, before_)) platform::change_directory(before_);
 }
 
 void report_unwritten(const std::string& name, int message)

@@ -1,0 +1,32 @@
+// How the file browser goes from place to place: path field, drives, fonts, home.
+#pragma once
+
+#include <string>
+
+namespace kelu {
+
+/// The folder in which the browser opens for a task; empty: none is set.
+std::string& home_dir(int task);
+
+/// Reads the path field and the buttons of places. A folder that can't be entered changes nothing, and the field shows
+/// the present one again. True when the listing has to be renewed.
+bool read_places(int task);
+
+/// Reads HOME or FLOAT: the present folder becomes the home, or there is none any more.
+void read_home(int task);
+
+/// The folder and the file of the font browser in the place of the picture browser's, for the time of a block.
+class FontPlace {
+public:
+    FontPlace();
+    ~FontPlace();
+    FontPlace(const FontPlace&) = delete;
+    FontPlace& operator=(const FontPlace&) = delete;
+    /// The present place is where the font is.
+    static void keep();
+
+private:
+    std::string folder_, browser_dir_, browser_file_;
+};
+
+} // namespace kelu

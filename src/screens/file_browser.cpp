@@ -1,0 +1,202 @@
+// The browser's loop: clicks on the list, fields and buttons, and what OKAY does.
+#include "screens/file_browser.h"
+
+#include "draw/tool_loop.h"
+#include "gui/build.h"
+#include "gui/field.h"
+#include "gui/scheme.h"
+#include "imagefile/dispatch.h"
+#include "imagefile/formats.h"
+#include "imagefile/preview.h"
+#include "platform/files.h"
+#include "runtime/browser_list.h"
+#include "runtime/browser_state.h"
+#include "runtime/clock.h"
+#include "runtime/frame.h"
+#include "runtime/run_state.h"
+#include "screens/browser_listing.h"
+#include "screens/browser_places.h"
+#include "screens/dialogs.h"
+#include "screens/freeze.h"
+#include "screens/waits.h"
+#include "workspace/thumbnails.h"
+#include <optional>
+#include <utility>
+
+namespace kelu {
+namespace {
+
+constexpr int double_click = 250; ///< counts of 1/500 s
+constexpr int dialog_first_slot = 120;
+
+/// One opening of the screen.
+class Browser {
+public:
+    Browser(int task, int file_kind) : task_(task), file_kind_(file_kind) {}
+    void open();
+    /// One pass; false when the screen is to be left.
+    bool run_pass();
+    bool cancelled() const { return cancelled_; }
+
+private:
+    void show_preview();
+    void read_list();
+    void choose_file(int row);
+    void read_filters();
+    bool chosen();
+    bool okay();
+    bool may_replace() const;
+    void reload();
+
+    int task_, file_kind_;
+    PickedFile picked_;
+    bool preview_pending_ = false, reload_ = false, confirmed_ = false, cancelled_ = false;
+    int clicked_field_ = -1; ///< field that shows what was clicked in this pass
+};
+
+std::string field_text(int slot) { return field_text_of(slot).data(); }
+
+void Browser::open()
+{
+    scan_directory(every_file, -1, -1);
+    build_file_browser(task_);
+    show_current_drive();
+    show_home_button(!home_dir(task_).empty());
+    show_in_field(BROWSER_PATH, browser_state.browser_dir);
+    show_preview_message(PREVIEW_UNAVAILABLE);
+    gui_set_key_focus(BROWSER_FILE, true);
+}
+
+void Browser::show_preview()
+{
+    const bool forced = gui.event[BROWSER_PREVIEW].take() != 0;
+    if (!std::exchange(preview_pending_, false) && !forced) return;
+    update_preview(file_named(field_text(BROWSER_FILE), picked_), forced);
+}
+
+/// A file takes the place of the one selected before; a second click on it confirms.
+void Browser::choose_file(int row)
+{
+    const auto index = static_cast<std::size_t>(row);
+    confirmed_ = browser_listing.selected_row == row && clock_state.idle_counter < double_click;
+    browser_listing.selected_row = row;
+    picked_ = {browser_listing.browser_list[index].data(), browser_listing.true_name[index],
+               platform::working_directory()};
+    browser_state.browser_file = picked_.shown;
+    show_in_field(BROWSER_FILE, picked_.shown);
+    clicked_field_ = BROWSER_FILE;
+    preview_pending_ = format_from_extension(picked_.name, task_ == BROWSER_FONT) != FORMAT_NONE;
+    if (!preview_pending_) show_preview_message(PREVIEW_UNAVAILABLE);
+    clock_state.idle_counter = 0;
+}
+
+void Browser::read_list()
+{
+    if (!left_down()) return;
+    wait_left_release();
+    const int row = pointed_row(BROWSER_LIST);
+    if (row < 0) return;
+    const auto index = static_cast<std::size_t>(row);
+    if (browser_listing.browser_isdir[index] == 0) {
+        choose_file(row);
+        return;
+    }
+    enter_folder("./" + browser_listing.true_name[index]);
+    reload_ = true;
+    clicked_field_ = BROWSER_PATH;
+}
+
+void Browser::read_filters()
+{
+    for (int slot = BROWSER_FILTER_0; slot < BROWSER_FILTER_0 + browser_filters; ++slot) {
+        if (gui.event[slot].take() == 0) continue;
+        keep_filter(slot);
+        reload_ = true;
+    }
+}
+
+/// True when OKAY was clicked, Enter was pressed in the field, or a file was clicked twice.
+bool Browser::chosen()
+{
+    const bool by_button = gui.event[BROWSER_OKAY].take() != 0;
+    const bool by_key = gui.event[BROWSER_FILE].take() != 0;
+    const bool by_clicks = std::exchange(confirmed_, false);
+    return by_button || by_key || by_clicks;
+}
+
+/// Asks over the browser, which keeps its slots. Keys typed meanwhile are not the fields'.
+bool Browser::may_replace() const
+{
+    const int focus = std::exchange(gui_logic.gui_key_focus, -1);
+    freeze_menu();
+    menu_hide(0);
+    const int answer = confirm_dialog(TEXT_FILE_EXISTS, TEXT_NONE, DialogSlots::HIGH, DialogButtons::OKAY_AND_CANCEL);
+    for (int slot = dialog_first_slot; slot < gui_slots; ++slot)
+        gui_reset_slot(slot);
+    clear_ghost();
+    menu_show(0);
+    gui_logic.gui_key_focus = focus;
+    return answer != 0;
+}
+
+/// True when the file of the field has been loaded or saved, or that was tried.
+bool Browser::okay()
+{
+    const std::string name = file_named(field_text(BROWSER_FILE), picked_);
+    if (task_ == BROWSER_SAVE) {
+        if (platform::file_exists(name) && !may_replace()) return false;
+        save_picture_file(name, file_kind_);
+    } else if (load_picture_file(name, file_kind_)) {
+        update_frame_nail(0);
+    }
+    return true;
+}
+
+void Browser::reload()
+{
+    picked_.name = field_text(BROWSER_FILE) == picked_.shown ? picked_.name : std::string();
+    if (std::exchange(reload_, false)) {
+        scan_directory(lit_pattern(), BROWSER_LIST, BROWSER_PATH);
+        show_current_drive();
+    }
+    const int clicked = std::exchange(clicked_field_, -1);
+    if (clicked >= 0 && gui_logic.gui_key_focus == clicked) gui_set_key_focus(clicked, true);
+}
+
+bool Browser::run_pass()
+{
+    run_frame(0);
+    show_preview();
+    cancelled_ = leaving() || right_press_on_bare_frame();
+    if (cancelled_) {
+        wait_right_release();
+        return false;
+    }
+    read_list();
+    reload_ |= read_places(task_);
+    read_home(task_);
+    if (chosen() && okay()) return false;
+    cancelled_ = gui.event[BROWSER_CANCEL].take() != 0;
+    if (cancelled_) return false;
+    read_filters();
+    reload();
+    return true;
+}
+
+} // namespace
+
+void file_browser(int task, int file_kind)
+{
+    std::optional<FontPlace> font_place;
+    if (task == BROWSER_FONT) font_place.emplace();
+    if (const std::string& home = home_dir(task); !home.empty()) enter_folder(home);
+    Browser browser(task, file_kind);
+    browser.open();
+    while (browser.run_pass()) {}
+    clear_to_color(screen_state.preview_bitmap, menu_scheme.scheme_background);
+    gui_logic.gui_key_focus = -1;
+    close_screen();
+    if (font_place && !browser.cancelled()) FontPlace::keep();
+}
+
+} // namespace kelu

@@ -1,0 +1,36 @@
+// What the frame's files and the clipboard need around them.
+#include "screens/file_commands.h"
+
+#include "gui/strings.h"
+#include "imagefile/dispatch.h"
+#include "imagefile/frame_clipboard.h"
+#include "runtime/store.h"
+#include "screens/cel_commands.h"
+#include "screens/dialogs.h"
+#include "screens/file_browser.h"
+#include "workspace/frame_resize.h"
+#include <algorithm>
+
+namespace kelu {
+namespace {
+
+/// Asks whether the frame should become as large as a picture that is wider or higher.
+void offer_larger_frame(int w, int h)
+{
+    if (ask(TEXT_CLIPBOARD_LARGER, TEXT_RESIZE_TO_MATCH) == 0) return;
+    const Bitmap& frame = store.frame_bitmap;
+    resize_frame(store.current_frame, std::max(w, frame.width()), std::max(h, frame.height()), 0, 0);
+}
+
+} // namespace
+
+void save_frame_picture() { file_browser(BROWSER_SAVE, BROWSE_PICTURE); }
+
+void load_frame_picture() { file_browser(BROWSER_LOAD, BROWSE_PICTURE); }
+
+void paste_by_key()
+{
+    run_cel_by_key([] { paste_from_clipboard(offer_larger_frame); });
+}
+
+} // namespace kelu

@@ -1,0 +1,235 @@
+// The file browser by mouse and keys: what a click, a name and a place stand for, and what is asked before a file goes.
+#include "gui/build.h"
+#include "gui/menus.h"
+#include "gui/slots.h"
+#include "gui/strings.h"
+#include "gui/tooltips.h"
+#include "imagefile/png.h"
+#include "platform/files.h"
+#include "platform/places.h"
+#include "runtime/browser_list.h"
+#include "runtime/browser_state.h"
+#include "runtime/hotkeys.h"
+#include "runtime/pixels.h"
+#include "runtime/run_state.h"
+#include "runtime/store.h"
+#include "runtime/toolbox.h"
+#include "screens/browser_listing.h"
+#include "screens/browser_slots.h"
+#include "screens/draw_menu.h"
+#include "support/golden.h"
+#include "support/session.h"
+#include <allegro.h>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+
+namespace kelu {
+
+using test::RIGHT_BUTTON;
+using test::Session;
+namespace fs = std::filesystem;
+
+namespace {
+
+enum { PIC = 16, PIC_SAVE = 7, FAVORITES_SAVE = 2, FAVORITES_LOAD = 3 };
+enum { DIALOG_OKAY = 122, DIALOG_CANCEL = 123 };
+constexpr int red = 0xc02020, blue = 0x2040c0, green = 0x20a040;
+
+/// A session that stands in a folder of pictures.
+class Browser : public testing::Test {
+protected:
+    Browser() : folder_(session_.folder() + "/pictures")
+    {
+        fs::create_directories(folder_ + "/Sub");
+        fs::current_path(folder_);
+        save_png("Hero.png", Bitmap(8, 6, red));
+        save_png("HERO.PNG", Bitmap(9, 6, blue));
+        save_png("Sky.png", Bitmap(10, 6, green));
+        std::ofstream("damaged.gif") << "no picture";
+        std::ofstream("f\xc3\xbc\n.txt") << "text";
+        platform::places = {};
+        platform::places.drive_root['C' - 'A'] = "/";
+        platform::places.drive_root['H' - 'A'] = folder_;
+    }
+    ~Browser() override { fs::current_path(session_.folder()); }
+
+    void open(int key) { session_.key(key); }
+    void click_row(const std::string& name)
+    {
+        for (int row = 0; row < browser_listing.browser_count; ++row) {
+            if (browser_listing.true_name[static_cast<std::size_t>(row)] != name) continue;
+            session_.click_at(gui.x[BROWSER_LIST] + 20, gui.y[BROWSER_LIST] + 4 + 6 * row);
+            return;
+        }
+        FAIL() << name << " is not listed";
+    }
+    /// Types letters, digits, blanks and points over the text of a field.
+    void enter(int field, const std::string& name)
+    {
+        session_.click(field);
+        session_.key(KEY_END);
+        while (!text(field).empty())
+            session_.key(KEY_BACKSPACE);
+        for (const char letter : name) {
+            if (letter == '.' || letter == '/') {
+                session_.key(letter == '.' ? KEY_STOP : KEY_SLASH);
+            } else {
+                session_.type({letter});
+            }
+        }
+    }
+    static std::string text(int field) { return field_text_of(field).data(); }
+    static std::string rows()
+    {
+        std::string all;
+        for (int row = 0; row < browser_listing.browser_count; ++row)
+            all += std::string(browser_listing.browser_list[static_cast<std::size_t>(row)].data()) + " ";
+        return all;
+    }
+    static int color_of(const std::string& name)
+    {
+        const Bitmap picture = load_png(name.c_str());
+        return picture ? row(picture, 1)[1] & 0xffffff : -1;
+    }
+    static int frame_color() { return row(store.frame_bitmap, 1)[1]; }
+
+    Session session_;
+    std::string folder_;
+};
+
+} // namespace
+
+TEST_F(Browser, ListsFiltersAndGoesPlaces)
+{
+    open(KEY_F9);
+    ASSERT_EQ(menus.menu_id, MENU_BROWSER);
+    EXPECT_EQ(rows(), "\\.. \\SUB DAMAGED.GIF F??.TXT HERO.PNG HERO.PNG SKY.PNG ");
+    EXPECT_EQ(gui.scroll_on[BROWSER_LIST], 0);
+    EXPECT_EQ(gui.kind[BROWSER_DRIVE_0 + 1], KIND_BUTTON_LIT) << "the longest root that holds the folder";
+    session_.click(BROWSER_FILTER_0 + 3);
+    EXPECT_EQ(rows(), "\\.. \\SUB HERO.PNG HERO.PNG SKY.PNG ");
+    click_row("Sky.png");
+    show_in_field(BROWSER_PATH, "/HOME/ME/PICTURES");
+    session_.move(5, 60);
+    session_.frame(200);
+    EXPECT_TRUE(test::matches_golden(session_.picture(), "file_browser"));
+    session_.click(BROWSER_FILTER_0);
+    EXPECT_EQ(gui.kind[BROWSER_FILTER_0 + 3], KIND_BUTTON);
+    EXPECT_EQ(rows(), "\\.. \\SUB DAMAGED.GIF ");
+    session_.click(BROWSER_FILTER_0);
+    click_row("Sub");
+    EXPECT_EQ(rows(), "\\.. ");
+    EXPECT_EQ(browser_state.browser_dir, platform::upper_case(folder_ + "/Sub"));
+    for (int i = 0; i < 13; ++i)
+        std::ofstream("file" + std::to_string(i)) << "x";
+    enter(BROWSER_PATH, "no such folder");
+    session_.key(KEY_ENTER);
+    EXPECT_EQ(text(BROWSER_PATH), browser_state.browser_dir) << "snaps back";
+    EXPECT_EQ(menus.status_message, TIP_FOLDER_NOT_OPENED);
+    session_.key(KEY_ENTER);
+    EXPECT_EQ(gui.scroll_on[BROWSER_LIST], 1);
+    EXPECT_EQ(gui.scroll_max[BROWSER_LIST], 2);
+    session_.click(BROWSER_HOME);
+    EXPECT_EQ(browser_state.home_image_dir, folder_ + "/Sub");
+    EXPECT_EQ(gui.text_id[BROWSER_HOME], TEXT_FLOAT);
+    click_row("..");
+    session_.click_at(100, 50, RIGHT_BUTTON);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+    EXPECT_EQ(platform::working_directory(), folder_);
+    open(KEY_F5);
+    EXPECT_EQ(platform::working_directory(), folder_ + "/Sub") << "opens at home";
+    session_.click(BROWSER_HOME);
+    EXPECT_EQ(browser_state.home_image_dir, "");
+    session_.click(BROWSER_DRIVE_0);
+    EXPECT_EQ(platform::working_directory(), "/");
+    EXPECT_FALSE(rows().starts_with("\\.. "));
+    session_.click(BROWSER_CANCEL);
+}
+
+TEST_F(Browser, LoadsTheFileThatWasClickedOrTyped)
+{
+    for (const auto& [name, color] : {std::pair{"Hero.png", red}, {"HERO.PNG", blue}}) {
+        open(KEY_F9);
+        click_row(name);
+        EXPECT_EQ(text(BROWSER_FILE), "HERO.PNG");
+        EXPECT_EQ(row(screen_state.preview_bitmap, 40)[40], color) << name;
+        session_.click(BROWSER_FILTER_0 + 3); // the list comes anew, the field stands
+        session_.click(BROWSER_OKAY);
+        EXPECT_EQ(frame_color(), color) << name;
+    }
+    open(KEY_F9);
+    click_row("Sky.png");
+    session_.frame(60);
+    click_row("Sky.png");
+    EXPECT_EQ(menus.menu_id, MENU_BROWSER) << "too slow for a double click";
+    click_row("Sky.png");
+    EXPECT_EQ(frame_color(), green);
+    for (const auto& [typed, color] : {std::pair{"sub/../hero.png", blue}, {"SKY.PNG", green}}) {
+        open(KEY_F9);
+        enter(BROWSER_FILE, typed);
+        session_.key(KEY_ENTER);
+        EXPECT_EQ(frame_color(), color) << typed;
+    }
+    open(KEY_F9);
+    click_row("damaged.gif");
+    session_.click(BROWSER_OKAY);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+    EXPECT_EQ(menus.status_message, TIP_LOAD_FAILED);
+    EXPECT_EQ(frame_color(), green);
+}
+
+TEST_F(Browser, AsksBeforeTheFileThatWouldGo)
+{
+    test::replace_frame(7, 5, 0x123456);
+    session_.click(PIC);
+    session_.click(PIC_SAVE);
+    ASSERT_EQ(menus.menu_id, MENU_BROWSER);
+    enter(BROWSER_FILE, "sky.png");
+    session_.key(KEY_ENTER);
+    ASSERT_EQ(menus.menu_id, MENU_DIALOG);
+    session_.move(5, 60);
+    session_.key(KEY_X);
+    session_.click(DIALOG_CANCEL);
+    EXPECT_EQ(menus.menu_id, MENU_BROWSER);
+    EXPECT_EQ(text(BROWSER_FILE), "sky.png") << "keys in the dialog are not the field's";
+    EXPECT_EQ(color_of("Sky.png"), green);
+    session_.click(BROWSER_OKAY);
+    session_.click(DIALOG_OKAY);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+    EXPECT_EQ(color_of("Sky.png"), 0x123456);
+    EXPECT_FALSE(fs::exists("sky.png")) << "no second file beside the one that was asked about";
+    open(KEY_F5);
+    click_row("Hero.png");
+    session_.click(BROWSER_OKAY);
+    session_.click(DIALOG_OKAY);
+    EXPECT_EQ(color_of("Hero.png"), 0x123456);
+    EXPECT_EQ(color_of("HERO.PNG"), blue);
+    open(KEY_F5);
+    enter(BROWSER_FILE, "new.png");
+    session_.key(KEY_ENTER);
+    EXPECT_EQ(color_of("new.png"), 0x123456) << "a new name as it was typed";
+    open(KEY_F5);
+    session_.click(BROWSER_OKAY);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+    EXPECT_EQ(menus.status_message, TIP_SAVE_FAILED) << "no name at all";
+}
+
+TEST_F(Browser, KeepsFavorites)
+{
+    toolbox.extended_favorites[5] = green;
+    session_.key(KEY_P);
+    session_.click(FAVORITES_SAVE);
+    enter(BROWSER_FILE, "mine");
+    session_.key(KEY_ENTER);
+    EXPECT_EQ(menus.menu_id, MENU_FAVORITES);
+    toolbox.extended_favorites[5] = red;
+    session_.click(FAVORITES_LOAD);
+    click_row("mine");
+    session_.click(BROWSER_OKAY);
+    EXPECT_EQ(menus.menu_id, MENU_FAVORITES);
+    EXPECT_EQ(int(toolbox.extended_favorites[5]), green);
+    session_.click_at(100, 50, RIGHT_BUTTON);
+}
+
+} // namespace kelu
