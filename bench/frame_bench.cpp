@@ -14,7 +14,8 @@ namespace kelu {
 namespace {
 
 /// Runs `body` in the place of the drawing menu's loop, over the strip, in a whole program.
-template <class Body> void in_program(Body body)
+template <class Body>
+void in_program(Body body)
 {
     static Body* kept = nullptr;
     kept = &body;
@@ -39,6 +40,20 @@ void frame_at_zoom(benchmark::State& state)
     });
 }
 BENCHMARK(frame_at_zoom)->DenseRange(1, 6);
+
+/// What a wholly changed picture costs before it goes to the display: scaled, then copied into the window's bitmap.
+void present_at_scale(benchmark::State& state)
+{
+    const int scale = static_cast<int>(state.range(0));
+    const Bitmap picture(320, 240, 0x345678);
+    const Bitmap scaled(320 * scale, 240 * scale);
+    const Bitmap window(320 * scale, 240 * scale);
+    for (auto turn : state) {
+        platform::scale_rows(picture, scaled, scale, 0, 239, platform::ChannelOrder::PLAIN);
+        blit(scaled, window, 0, 0, 0, 0, 320 * scale, 240 * scale);
+    }
+}
+BENCHMARK(present_at_scale)->DenseRange(2, 4);
 
 void stroke_of_1000_stamps(benchmark::State& state)
 {

@@ -2,6 +2,7 @@
 //
 // Beside the main thread Allegro runs two of its own: one for events (keys, mouse, the close button) and one for the
 // timers. Both are its affair; our callbacks on them only write shared words.
+#include "platform/desktop_rest.h"
 #include "platform/desktop_window.h"
 #include "platform/ending.h"
 #include "platform/host.h"
@@ -61,8 +62,7 @@ void set_title(const char* title) { set_window_title(title); }
 
 void rest_briefly(int milliseconds)
 {
-    ::rest(static_cast<unsigned>(std::max(milliseconds, 0)));
-    deliver_input();
+    rest_until_input(std::max(milliseconds, 0));
     end_when_overdue();
 }
 

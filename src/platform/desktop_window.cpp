@@ -8,10 +8,14 @@
 #include "platform/layout.h"
 #include "platform/scaler.h"
 #include "runtime/run_state.h"
+#include <algorithm>
 #include <cstring>
 
 namespace kelu::platform {
 namespace {
+
+/// Half a second at the usual rate: a caret that blinks or a pointer that moves keeps the full rate.
+constexpr int still_enough = 50;
 
 /// Main thread only.
 struct Presenter {
@@ -19,6 +23,7 @@ struct Presenter {
     ChannelOrder order = ChannelOrder::PLAIN; ///< of the screen's words
     Bitmap shown;                             ///< the last picture pushed, logical size
     bool shown_valid = false;                 ///< false: the screen holds something else
+    int still = 0;                            ///< presents in a row that changed nothing, up to `still_enough`
     Bitmap scaled;                            ///< physical size: `shown` as the screen has it
 };
 Presenter presenter;
@@ -80,7 +85,9 @@ void present_on_desktop(BITMAP* picture)
 {
     if (presenter.scale == 0 || display_lost()) return;
     const RowSpan rows = changed_rows(picture);
-    if (rows.first > rows.last) return;
+    const bool still = rows.first > rows.last;
+    presenter.still = still ? std::min(presenter.still + 1, still_enough) : 0;
+    if (still) return;
     scale_rows(picture, presenter.scaled, presenter.scale, rows.first, rows.last, presenter.order);
     const int top = rows.first * presenter.scale;
     const int height = (rows.last - rows.first + 1) * presenter.scale;
@@ -91,6 +98,8 @@ void present_on_desktop(BITMAP* picture)
     blit(picture, presenter.shown, 0, rows.first, 0, rows.first, logical_w, rows.last - rows.first + 1);
     presenter.shown_valid = true;
 }
+
+bool picture_stands_still() { return presenter.still == still_enough; }
 
 void close_desktop_window()
 {

@@ -17,6 +17,10 @@ void present_on_desktop(BITMAP* picture);
 void set_desktop_icon(BITMAP* picture);
 /// Takes the keys, the mouse and the window's events that have come since, without waiting for Allegro's event thread.
 void deliver_input();
+/// Sleeps until something comes from the display, `milliseconds` at most.
+void await_input(int milliseconds);
+/// True when the picture has not changed for the last 50 presents.
+bool picture_stands_still();
 /// Leaves the mode, if there is one, and forgets the last picture.
 void close_desktop_window();
 

@@ -19,7 +19,7 @@ struct Host {
     void (*set_title)(const char* title);
     void (*set_icon)(BITMAP* picture); ///< the window's icon, in the mode; magenta is transparent
     void (*present)(BITMAP* picture);  ///< shows a logical picture; pushes nothing when nothing has changed
-    void (*rest)(int milliseconds);    ///< sleeps, then delivers the input that has come meanwhile
+    void (*rest)(int milliseconds);    ///< sleeps, longer while nothing moves, then delivers the input come meanwhile
     void (*wait_vertical_blank)();     ///< the same, until the display's next picture
     bool (*install_timer)(void (*tick)(), int period); ///< period in 1/1193181 s; again: changes the period
     void (*remove_timer)(void (*tick)());

@@ -38,6 +38,13 @@ void deliver_input()
     }
 }
 
+void await_input(int milliseconds)
+{
+    if (display_lost()) return;
+    pollfd connection = {ConnectionNumber(_xwin.display), POLLIN, 0};
+    poll(&connection, 1, milliseconds);
+}
+
 void set_desktop_icon(BITMAP* picture)
 {
     if (!picture || picture->w > 256 || picture->h > 256 || _xwin.wm_window == None) return;

@@ -45,14 +45,6 @@ void paint_pointer(BITMAP* target, bool scaled, bool waiting)
     }
 }
 
-/// The writers of the overlay. Each clears it first, so that the last to run is what shows.
-void draw_previews()
-{
-    if (cel_work.cel_place.mode != CEL_NONE) draw_cel_preview();
-    if (preview.preview_kind != no_preview) draw_tool_preview();
-    if (cel_work.grab_x != no_grab) draw_grab_marker();
-}
-
 /// What the running operation shows on the overlay. Each writer clears it, so that the last one is what shows.
 void draw_tool_overlay()
 {
@@ -88,7 +80,6 @@ void run_frame(uint8_t no_tool_preview)
     const bool waiting = no_tool_preview != 0;
     update_actor_shadow();
     take_frame_snapshot();
-    if (!waiting) draw_previews();
     paint_background(picture);
     if (!waiting) draw_tool_overlay();
     paint_frame(picture, !waiting && !clean && preview.preview_active != 0);
