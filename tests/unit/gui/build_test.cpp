@@ -4,7 +4,7 @@
 #include "gui/help_layout.h"
 #include "gui/scheme.h"
 #include "gui/text_blocks.h"
-#include <cctype>
+#include <algorithm>
 #include <cstring>
 #include <gtest/gtest.h>
 #include <string>
@@ -35,6 +35,14 @@ protected:
         menu_scheme = {};
     }
 };
+
+/// A text without its colour codes.
+std::string bare(std::string text)
+{
+    for (std::size_t code = text.find("|c"); code != std::string::npos; code = text.find("|c"))
+        text.erase(code, 4);
+    return text;
+}
 
 } // namespace
 
@@ -121,23 +129,27 @@ TEST_F(Build, DescriptionsFitTheirPanelAndMessagesTheStatusBar)
     for (const char* line : description_rows)
         EXPECT_LE(line ? std::strlen(line) : 0, 20U) << line;
     for (int row = 0; row < TIP_COUNT; ++row) {
-        std::string text = tooltip_text(row);
-        for (std::size_t code = text.find("|c"); code != std::string::npos; code = text.find("|c"))
-            text.erase(code, 4);
+        const std::string text = bare(tooltip_text(row));
         EXPECT_LE(text.size(), 53U) << text;
         EXPECT_FALSE(text.empty()) << row;
     }
 }
 
-TEST_F(Build, EveryTopicHasAPageInCapitals)
+TEST_F(Build, EveryTopicHasAPageThatKeepsTheRules)
 {
-    for (const char* page : help_pages) {
-        ASSERT_NE(page, nullptr);
-        EXPECT_GE(help_line_count(page), 2) << page;
-        EXPECT_LE(help_line_count(page), 60) << page;
-        for (const char* at = page; *at != 0; ++at) {
-            const bool code = at != page && at[-1] == '|' && *at == 'c';
-            EXPECT_TRUE(code || std::islower(static_cast<unsigned char>(*at)) == 0) << page;
+    for (int topic = 0; topic < help_page_count - 1; ++topic) {
+        const std::string page = help_pages[static_cast<std::size_t>(topic) + 1];
+        EXPECT_EQ(page.rfind("|c38" + std::string(ui_strings[first_help_topic + topic]) + "|c40 | | ", 0), 0U) << page;
+        EXPECT_NE(page.find(" | | HINT: "), std::string::npos) << page;
+        EXPECT_GE(help_line_count(page), 8) << page;
+        EXPECT_LE(help_line_count(page), 45) << page;
+        EXPECT_EQ(page.rfind("|c"), page.rfind("|c40")) << "the last colour is the text's: " << page;
+        HelpWalk walk(page);
+        for (HelpWord word; walk.next(word);) {
+            const std::string shown = bare(std::string(word.text));
+            EXPECT_LE(word.column + static_cast<int>(shown.size()), help_columns) << shown;
+            EXPECT_TRUE(std::ranges::all_of(shown, [](char c) { return c > ' ' && c <= '_' && c != '|' && c != '`'; }))
+                << shown;
         }
     }
 }
