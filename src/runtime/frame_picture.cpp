@@ -85,17 +85,31 @@ void paint_plain(BITMAP* target, const Visible& part, bool overlay)
     if (overlay) masked_blit(screen_state.tool_overlay, target, 0, 0, 0, 0, logical_w, logical_h);
 }
 
+/// Writes each of `count` pixels `factor` times.
+template <int factor>
+void widen(const int* from, int* to, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        for (int k = 0; k < factor; ++k)
+            to[i * factor + k] = from[i];
+    }
+}
+
+/// By zoom level, 2 first.
+constexpr std::array<void (*)(const int*, int*, int), max_zoom - 1> widen_by_zoom{widen<2>, widen<4>, widen<8>,
+                                                                                  widen<16>, widen<32>};
+
 void paint_zoomed(BITMAP* target, const Visible& part, bool overlay)
 {
     const int factor = frame_snapshot.factor;
     std::array<int, logical_w> line{};
     const int left = part.x0 * factor;
-    const int right = std::min(part.x1 * factor, logical_w);
+    const int right = part.x1 * factor; // every factor divides the width of the view
+    const auto widen_line = widen_by_zoom[static_cast<std::size_t>(frame_snapshot.zoom - 2)];
     for (int j = part.y0; j < part.y1; ++j) {
         compose_line(line.data(), j, part, overlay);
         int* first = row(target, j * factor);
-        for (int i = part.x0, x = left; x < right; ++i, x += factor)
-            std::fill_n(first + x, std::min(factor, right - x), line[static_cast<std::size_t>(i)]);
+        widen_line(line.data() + part.x0, first + left, part.x1 - part.x0);
         const int bottom = std::min((j + 1) * factor, logical_h);
         const std::size_t bytes = sizeof(int) * static_cast<std::size_t>(right - left);
         for (int y = j * factor + 1; y < bottom; ++y)
