@@ -120,7 +120,6 @@ void place_nodes(const NodeColumns& columns)
     wait_hotkey_release();
     while (!leaving()) {
         run_frame(0);
-        if (hotkey_test(ACTION_QUICK_PAN)) call_hook(tool_hooks.quick_pan);
         call_hook(tool_hooks.hotkey_dispatch, context_node_move);
         if (buttons.left_pressed()) {
             press_nodes(columns, frame_mouse());

@@ -7,7 +7,6 @@
 #include "draw/tool_loop.h"
 #include "draw/tools.h"
 #include "runtime/frame.h"
-#include "runtime/hotkeys.h"
 #include "runtime/input.h"
 #include "runtime/log.h"
 #include "runtime/maths.h"
@@ -142,7 +141,6 @@ void reposition_spline_node(int slot)
     do {
         user_node(slot) = snapped_mouse();
         run_frame(0);
-        if (hotkey_test(ACTION_QUICK_PAN)) call_hook(tool_hooks.quick_pan);
         call_hook(tool_hooks.hotkey_dispatch, context_node);
     } while (!buttons.left_pressed() && !leaving());
     sample_press();

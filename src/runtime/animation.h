@@ -8,6 +8,12 @@
 
 namespace kelu {
 
+/// Values of `anim_state`; the negative of a running one is the same, paused.
+enum AnimState : int { ANIM_STOPPED = 0, ANIM_FORWARD = 1, ANIM_BACKWARD = 2 };
+
+constexpr int max_anim_delay = 100;                      ///< longest delay of a frame
+constexpr int min_anim_speed = -10, max_anim_speed = 10; ///< range of the speed
+
 /// Owner: the animation screens. Tags, delays and speed are also written by the frame store and the state file;
 /// position and timer by the mouse tick.
 struct Animation {
@@ -16,11 +22,18 @@ struct Animation {
     Shared<int> anim_speed = 1;                         ///< -10 to 10
     std::array<Shared<int>, max_frames> anim_list{};    ///< tagged frames in order, -1 behind the last; build_anim_list
     Shared<int> anim_count = 0;                         ///< tagged frames
-    Shared<int> anim_state = 0;   ///< 0 stopped, 1 forward, 2 backward; negative: the same, paused
-    Shared<int> anim_pos = 0;     ///< index into the list
-    Shared<int> anim_timer = 0;   ///< counts towards the delay
-    Shared<int> anim_subtick = 0; ///< counts ticks at low speeds
+    Shared<int> anim_state = 0;                         ///< an AnimState, or the negative of one
+    Shared<int> anim_pos = 0;                           ///< index into the list
+    Shared<int> anim_timer = 0;                         ///< counts towards the delay
+    Shared<int> anim_subtick = 0;                       ///< counts ticks at low speeds
 };
 inline Animation animation;
+
+/// Timer callback, 120 Hz, by way of the mouse tick: counts towards the delay of the frame that shows, and steps. A
+/// frame with delay d stays for d + 1 counts; both ends of the list lead to the other one. A speed of 1 to 10 counts
+/// that much a tick, 0 and -1 count 1, and -n counts 1 in every n ticks.
+void animation_tick();
+/// Stopped, at the first frame of the list.
+void stop_animation();
 
 } // namespace kelu

@@ -15,11 +15,15 @@
 #include "runtime/frame_snapshot.h"
 #include "runtime/input.h"
 #include "runtime/jobs.h"
+#include "runtime/measure.h"
 #include "runtime/pixels.h"
 #include "runtime/preferences.h"
 #include "runtime/present.h"
 #include "runtime/run_state.h"
 #include "runtime/view.h"
+#include "screens/inspector.h"
+#include "screens/measurement.h"
+#include "screens/zoom_preview.h"
 
 namespace kelu {
 namespace {
@@ -45,12 +49,26 @@ void paint_pointer(BITMAP* target, bool scaled, bool waiting)
     }
 }
 
-/// What the running operation shows on the overlay. Each writer clears it, so that the last one is what shows.
+bool measuring() { return measure.measure_x >= 0; }
+
+/// A tool's size has no lines.
+int measured_lines() { return measure.measure_is_distance + measure.measure_state; }
+
+/// What the running operation shows on the overlay. Each writer clears it, so that the last one is what shows; the
+/// measurement adds to what is there.
 void draw_tool_overlay()
 {
     if (cel_work.cel_place.mode != CEL_NONE) draw_cel_preview();
     if (preview.preview_kind != no_preview) draw_tool_preview();
     if (cel_work.grab_x != no_grab) draw_grab_marker();
+    if (measuring()) draw_measurement(measured_lines(), 0);
+}
+
+/// Figures at the pointer, above everything but the status bar.
+void draw_readings(BITMAP* picture)
+{
+    if (measuring()) draw_measurement(measured_lines(), 1);
+    if (inspector.inspector_on != 0) draw_inspector(picture);
 }
 
 } // namespace
@@ -82,13 +100,15 @@ void run_frame(uint8_t no_tool_preview)
     take_frame_snapshot();
     paint_background(picture);
     if (!waiting) draw_tool_overlay();
-    paint_frame(picture, !waiting && !clean && preview.preview_active != 0);
+    paint_frame(picture, !waiting && !clean && (preview.preview_active != 0 || measuring()));
     if (!clean && !waiting) paint_crosshairs(picture);
     const bool below_menus = preferences.cursor_scaling_off == 0 && frame_snapshot.hover_slot < 0;
     if (below_menus && !clean) paint_pointer(picture, true, waiting);
     paint_ghost(picture);
     gui_render();
+    update_zoom_preview();
     if (!below_menus && !clean) paint_pointer(picture, false, waiting);
+    if (!clean && !waiting) draw_readings(picture);
     draw_status_bar();
     draw_screen_tint(picture);
     if (!clean) present_back_buffer();

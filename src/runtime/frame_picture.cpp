@@ -126,13 +126,21 @@ void paint_background(BITMAP* target)
     const bool covered = shot.pan_x >= 0 && shot.pan_y >= 0 &&
                          ((logical_w - 1) >> shift) + shot.pan_x < store.frame_bitmap.width() &&
                          ((logical_h - 1) >> shift) + shot.pan_y < store.frame_bitmap.height();
-    if (covered) return;
+    if (!covered) paint_backdrop(target, shot.backdrop, 0, 0, target->w, target->h);
+}
+
+void paint_backdrop(BITMAP* target, int tile, int x0, int y0, int x1, int y1)
+{
     if (!sheets.backdrop_tiles) return;
-    const int left = std::clamp(shot.backdrop, 0, sheets.backdrop_tiles.width() / tile_side - 1) * tile_side;
-    for (int y = 0; y < target->h; ++y) {
-        const int* tile = row(sheets.backdrop_tiles, y % tile_side) + left;
-        for (int x = 0; x < target->w; x += tile_side)
-            std::copy_n(tile, std::min(tile_side, target->w - x), row(target, y) + x);
+    const int left = std::clamp(tile, 0, sheets.backdrop_tiles.width() / tile_side - 1) * tile_side;
+    for (int y = y0; y < y1; ++y) {
+        const int* line = row(sheets.backdrop_tiles, y % tile_side) + left;
+        for (int x = x0; x < x1;) {
+            const int within = x % tile_side;
+            const int count = std::min(tile_side - within, x1 - x);
+            std::copy_n(line + within, count, row(target, y) + x);
+            x += count;
+        }
     }
 }
 

@@ -1,6 +1,7 @@
 // Polling of pointer and buttons.
 #include "runtime/input.h"
 
+#include "runtime/animation.h"
 #include "runtime/preferences.h"
 #include "runtime/run_state.h"
 #include "runtime/view.h"
@@ -77,6 +78,7 @@ void mouse_tick()
         pointer.stable_mouse_x = x;
         pointer.stable_mouse_y = y;
     }
+    animation_tick();
 }
 
 } // namespace kelu

@@ -30,7 +30,7 @@ int gui_button_state();
 void sample_press();
 /// Where the wheel stands; a rise is a turn away from the user.
 int wheel_position();
-/// Timer callback: pointer position and its stable position.
+/// Timer callback: pointer position and its stable position, then the animation's.
 void mouse_tick();
 
 } // namespace kelu

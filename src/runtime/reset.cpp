@@ -23,6 +23,7 @@
 #include "runtime/input.h"
 #include "runtime/jobs.h"
 #include "runtime/macros.h"
+#include "runtime/measure.h"
 #include "runtime/pixels.h"
 #include "runtime/preferences.h"
 #include "runtime/random.h"
@@ -32,6 +33,7 @@
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
 #include "screens/actions.h"
+#include "screens/inspector.h"
 
 namespace kelu {
 void FW_initialize_variables()
@@ -50,6 +52,9 @@ void FW_initialize_variables()
         gui_reset_slot(slot);
     gui_logic = {};
     menus = {};
+    measure = {};
+    inspector = {};
+    action_state = {};
     clock_state = {};
     pointer = {};
     preferences = {};

@@ -31,7 +31,9 @@
 #include "screens/color_menu.h"
 #include "screens/dialogs.h"
 #include "screens/draw_menu.h"
+#include "screens/frame_loan.h"
 #include "screens/freeze.h"
+#include "screens/quick_pan.h"
 #include "workspace/blank_workspace.h"
 #include "workspace/frame_store.h"
 #include "workspace/notice.h"
@@ -141,7 +143,10 @@ void connect_levels()
     };
     logic_hooks.wheel_zoom = zoom_step;
     logic_hooks.colour_tab = request_colour_tab;
-    tool_hooks = {.hotkey_dispatch = hotkey_dispatch, .build_draw_menu = build_draw_menu, .freeze_menu = freeze_menu};
+    tool_hooks = {.hotkey_dispatch = hotkey_dispatch,
+                  .quick_pan = quick_pan,
+                  .build_draw_menu = build_draw_menu,
+                  .freeze_menu = freeze_menu};
     show_notice = [](int first, int second) { ask(first, second, DialogButtons::OKAY); };
     install_drag_job();
     register_framework_jobs();
@@ -222,6 +227,7 @@ void shutdown_program()
     run_state.gui_clicks_enabled = 0;
     run_state.gui_active = 0;
     log_line("[ END ] : Writing workspace to file.");
+    end_frame_loan();
     write_workspace_state(state_file, false);
     log_line("[ END ] : Writing user settings to file.");
     write_user_settings();

@@ -13,13 +13,20 @@
 #include "runtime/run_state.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
+#include "screens/alpha_preview.h"
+#include "screens/animation_menu.h"
 #include "screens/cel_commands.h"
 #include "screens/cel_transform.h"
 #include "screens/commands.h"
 #include "screens/favorites_menu.h"
 #include "screens/file_commands.h"
+#include "screens/frame_jump.h"
 #include "screens/grid_menu.h"
+#include "screens/inspector.h"
 #include "screens/macro_menu.h"
+#include "screens/measurement.h"
+#include "screens/playback_menu.h"
+#include "screens/quick_pan.h"
 #include "screens/quick_slider.h"
 #include "screens/resize_menu.h"
 #include "screens/sprite_sheet_menu.h"
@@ -58,13 +65,13 @@ constexpr ActionRow actions[] = {
     {ACTION_PAN_DOWN, KEY_DOWN, KEY_S, ON_TIMER, 0, pan_down},
     {ACTION_PAN_LEFT, KEY_LEFT, KEY_A, ON_TIMER, 0, pan_left},
     {ACTION_PAN_RIGHT, KEY_RIGHT, KEY_D, ON_TIMER, 0, pan_right},
-    {ACTION_QUICK_PAN, KEY_0_PAD, 0, IN_DRAW_MENU | WHILE_MOVING, 0, nullptr},
+    {ACTION_QUICK_PAN, KEY_0_PAD, 0, IN_DRAW_MENU | WHILE_MOVING, 0, quick_pan},
     {ACTION_NEXT, KEY_PGDN, 0, IN_ANY_MENU, TWO_FRAMES | CHANGES_FRAME, next_frame},
     {ACTION_PREVIOUS, KEY_DEL, 0, IN_ANY_MENU, TWO_FRAMES | CHANGES_FRAME, previous_frame},
     {ACTION_FIRST, KEY_HOME, 0, IN_ANY_MENU, ONCE | TWO_FRAMES | CHANGES_FRAME, first_frame},
     {ACTION_LAST, KEY_END, 0, IN_ANY_MENU, ONCE | TWO_FRAMES | CHANGES_FRAME, last_frame},
     {ACTION_CENTER, KEY_5_PAD, 0, IN_DRAW_MENU, 0, center_view},
-    {ACTION_ANIMATE, KEY_Z + key_shift, 0, IN_DRAW_MENU, CHANGES_FRAME, nullptr},
+    {ACTION_ANIMATE, KEY_Z + key_shift, 0, IN_DRAW_MENU, CHANGES_FRAME, over_draw_menu<animation_menu>},
     {ACTION_BRUSH_DROPPER, KEY_F1, 0, IN_DRAW_MENU, ONCE | IN_FIELD, pick_brush_color},
     {ACTION_MASK_DROPPER, KEY_F2, 0, IN_DRAW_MENU, ONCE | IN_FIELD, pick_mask_color},
     {ACTION_COLOR_MENU, KEY_C, 0, IN_DRAW_MENU, 0, choose_brush_color},
@@ -72,9 +79,9 @@ constexpr ActionRow actions[] = {
     {ACTION_TOOL_SELECT, KEY_B, 0, IN_DRAW_MENU, 0, choose_tool},
     {ACTION_INK_SELECT, KEY_I, 0, IN_DRAW_MENU, 0, choose_ink},
     {ACTION_HIDE_MENU, KEY_BACKSPACE, 0, IN_DRAW_MENU, ONCE | IN_FIELD, flip_menu},
-    {ACTION_MEASURE, KEY_F12, 0, IN_DRAW_MENU, IN_FIELD, nullptr},
-    {ACTION_INSPECT, KEY_F11, 0, IN_DRAW_MENU, ONCE | IN_FIELD, nullptr},
-    {ACTION_FRAME_JUMP, KEY_BACKSLASH, 0, IN_DRAW_MENU, CHANGES_FRAME, nullptr},
+    {ACTION_MEASURE, KEY_F12, 0, IN_DRAW_MENU, IN_FIELD, start_measurement},
+    {ACTION_INSPECT, KEY_F11, 0, IN_DRAW_MENU, ONCE | IN_FIELD, flip_inspector},
+    {ACTION_FRAME_JUMP, KEY_BACKSLASH, 0, IN_DRAW_MENU, CHANGES_FRAME, frame_jump},
     {ACTION_BRUSH_OPTION, KEY_INSERT, 0, IN_DRAW_MENU, ONCE, brush_option_hotkey},
     {ACTION_INK_OPTION, KEY_PGUP, 0, IN_DRAW_MENU, ONCE, ink_option_hotkey},
     {ACTION_GRID_TOGGLE, KEY_ASTERISK, 0, IN_DRAW_MENU, ONCE, flip_grid},
@@ -95,9 +102,9 @@ constexpr ActionRow actions[] = {
     {ACTION_MACRO_1 + 6, KEY_7, 0, IN_DRAW_MENU, ONCE, run_macro<6>},
     {ACTION_MACRO_8, KEY_8, 0, IN_DRAW_MENU, ONCE, run_macro<7>},
     {ACTION_ALPHA_TOGGLE, KEY_SPACE, 0, IN_DRAW_MENU, ONCE | CHANGES_FRAME, flip_alpha},
-    {ACTION_ALPHA_PREVIEW, KEY_SLASH, 0, IN_DRAW_MENU, ONCE | CHANGES_FRAME, nullptr},
+    {ACTION_ALPHA_PREVIEW, KEY_SLASH, 0, IN_DRAW_MENU, ONCE | CHANGES_FRAME, preview_alpha},
     {ACTION_ONION_TOGGLE, KEY_O, 0, IN_DRAW_MENU, ONCE, flip_onion},
-    {ACTION_PLAY, KEY_Z, 0, IN_DRAW_MENU, CHANGES_FRAME, nullptr},
+    {ACTION_PLAY, KEY_Z, 0, IN_DRAW_MENU, CHANGES_FRAME, over_draw_menu<playback_menu>},
     {ACTION_EXIT, KEY_Q, 0, IN_DRAW_MENU, IN_FIELD | CHANGES_FRAME, ask_exit},
     {ACTION_RAPID_EXIT, KEY_Q + key_shift, 0, IN_ANY_MENU, ONCE | IN_FIELD, exit_at_once},
     {ACTION_LIST_END, 0, 0, 0, 0, nullptr},

@@ -8,6 +8,7 @@
 #include "runtime/hotkeys.h"
 #include "runtime/view.h"
 #include "screens/actions.h"
+#include "screens/animation_menu.h"
 #include "screens/cel_commands.h"
 #include "screens/cel_transform.h"
 #include "screens/commands.h"
@@ -18,6 +19,8 @@
 #include "screens/help_menu.h"
 #include "screens/hotkey_menu.h"
 #include "screens/mouse_menu.h"
+#include "screens/playback_menu.h"
+#include "screens/quick_pan.h"
 #include "screens/resize_menu.h"
 #include "screens/sprite_sheet_menu.h"
 #include "screens/tint_menu.h"
@@ -34,10 +37,10 @@ struct Entry {
 };
 
 constexpr std::array frame_entries{
-    Entry{TEXT_CLONE, TIP_CLONE, clone_frame},   Entry{TEXT_INSERT, TIP_INSERT, insert_blank_frame},
-    Entry{TEXT_RESIZE, TIP_RESIZE, resize_menu}, Entry{TEXT_DELETE, TIP_DELETE, delete_current_frame},
-    Entry{TEXT_CENTER, TIP_CENTER, center_view}, Entry{TEXT_ANIMATE, TIP_ANIMATE, nullptr},
-    Entry{TEXT_PLAYBACK, TIP_PLAYBACK, nullptr},
+    Entry{TEXT_CLONE, TIP_CLONE, clone_frame},         Entry{TEXT_INSERT, TIP_INSERT, insert_blank_frame},
+    Entry{TEXT_RESIZE, TIP_RESIZE, resize_menu},       Entry{TEXT_DELETE, TIP_DELETE, delete_current_frame},
+    Entry{TEXT_CENTER, TIP_CENTER, center_view},       Entry{TEXT_ANIMATE, TIP_ANIMATE, animation_menu},
+    Entry{TEXT_PLAYBACK, TIP_PLAYBACK, playback_menu},
 };
 constexpr std::array pic_entries{
     Entry{TEXT_CLEAR, TIP_CLEAR, clear_picture},
@@ -113,6 +116,7 @@ int clicked_slot(const ColumnRow& column)
     for (;;) {
         run_frame(0);
         hotkey_dispatch(1);
+        if (hotkey_test(ACTION_QUICK_PAN)) quick_pan();
         for (int slot = first_entry_slot; slot <= back_slot(column); ++slot) {
             if (gui.event[slot].take() != 0) return slot;
         }

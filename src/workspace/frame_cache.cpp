@@ -32,12 +32,13 @@ int first_free_slot()
 
 int build_anim_list()
 {
-    int count = 0;
-    for (Shared<int>& entry : animation.anim_list)
-        entry = -1;
+    // The tick may read along: no entry that stays is emptied meanwhile.
+    std::size_t count = 0;
     for (int frame = 0; frame < max_frames; ++frame)
-        if (tagged(frame)) animation.anim_list[static_cast<std::size_t>(count++)] = frame;
-    return count;
+        if (tagged(frame)) animation.anim_list[count++] = frame;
+    for (std::size_t pos = count; pos < animation.anim_list.size(); ++pos)
+        animation.anim_list[pos] = -1;
+    return static_cast<int>(count);
 }
 
 BITMAP* cached_frame(int frame)

@@ -1,0 +1,9 @@
+// The animation's frames, their delays and its speed.
+#pragma once
+
+namespace kelu {
+
+/// Runs the selection screen until OKAY, or CANCEL, which gives everything back.
+void animation_menu();
+
+} // namespace kelu
