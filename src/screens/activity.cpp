@@ -22,8 +22,10 @@
 #include "screens/playback_menu.h"
 #include "screens/quick_pan.h"
 #include "screens/resize_menu.h"
+#include "screens/scheme_menu.h"
 #include "screens/sprite_sheet_menu.h"
 #include "screens/tint_menu.h"
+#include "screens/workspace_menu.h"
 #include <array>
 #include <span>
 
@@ -65,9 +67,9 @@ constexpr std::array user_entries{
     Entry{TEXT_OPTIONS, TIP_OPTIONS, nullptr},
     Entry{TEXT_KEYS, TIP_KEYS, hotkey_menu},
     Entry{TEXT_BUTTONS, TIP_BUTTONS, mouse_button_menu},
-    Entry{TEXT_SCHEME, TIP_SCHEME, nullptr},
+    Entry{TEXT_SCHEME, TIP_SCHEME, scheme_menu},
     Entry{TEXT_HELP, TIP_HELP, help_menu},
-    Entry{TEXT_WORKSPC, TIP_WORKSPACE, nullptr},
+    Entry{TEXT_WORKSPC, TIP_WORKSPACE, workspace_menu},
     Entry{TEXT_ABOUT, TIP_ABOUT, about_menu},
     Entry{TEXT_QUIT, TIP_QUIT, ask_exit},
 };

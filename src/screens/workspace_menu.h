@@ -1,0 +1,9 @@
+// Workspace management: title and notes, and the workspace as a whole into a file, out of one, or anew.
+#pragma once
+
+namespace kelu {
+
+/// Runs the screen; the drawing menu stands at the end.
+void workspace_menu();
+
+} // namespace kelu
