@@ -6,6 +6,7 @@
 #include "gui/menus.h"
 #include "gui/scroll_bar.h"
 #include "gui/slots.h"
+#include "platform/host.h"
 #include "runtime/clock.h"
 #include "runtime/input.h"
 #include "runtime/preferences.h"
@@ -96,6 +97,13 @@ bool in_row(int slot, int r)
            pointer.mouse_y < top + gui.row_height[slot] + 1;
 }
 
+/// True when a row in view shows an entry that has a text.
+bool row_filled(int slot, int r)
+{
+    const int entry = r + gui.scroll_value[slot];
+    return entry >= 0 && entry < max_list_items && gui.list_items[slot][static_cast<std::size_t>(entry)] != 0;
+}
+
 /// Two rows meet in a line of pixels that belongs to both: there it is the row that the renderer highlights.
 void find_hover_row()
 {
@@ -103,8 +111,8 @@ void find_hover_row()
     if (slot == -1 || gui.active[slot] == 0 || gui.list_rows[slot] == 0) return;
     const int pitch = gui.row_height[slot];
     const int highlighted = pitch > 0 ? (pointer.mouse_y - 1 - gui.y[slot]) / pitch : 0;
-    for (int r = 0; r < gui.list_rows[slot] && r < max_list_items; ++r) {
-        if (gui.list_items[slot][static_cast<std::size_t>(r)] == 0 || !in_row(slot, r)) continue;
+    for (int r = 0; r < gui.list_rows[slot]; ++r) {
+        if (!row_filled(slot, r) || !in_row(slot, r)) continue;
         gui.hover_row[slot] = r;
         if (r >= highlighted) return;
     }
@@ -161,6 +169,12 @@ void gui_logic_tick()
     repeat_held_arrow();
     slot_passes(wheel);
     pointer.last_mouse_z = wheel_now;
+}
+
+void install_logic_timer()
+{
+    const bool fast = preferences.frame_limiter == 0 && preferences.power_save != 0;
+    platform::host->install_timer(gui_logic_tick, fast ? logic_period_fast : logic_period_slow);
 }
 
 } // namespace kelu

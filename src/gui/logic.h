@@ -18,5 +18,7 @@ inline LogicHooks logic_hooks;
 /// The timer callback. Does nothing while `gui_logic_paused` is set, nor, when presents wait for the display, before
 /// the next present.
 void gui_logic_tick();
+/// Gives the tick the period that the frame limiter asks for. To be called again when the option has changed.
+void install_logic_timer();
 
 } // namespace kelu

@@ -25,8 +25,6 @@ void initialize_display();
 void install_interrupts();
 /// Removes them, so that nothing ticks while Allegro goes.
 void remove_interrupts();
-/// Gives the logic tick the period that the frame limiter asks for.
-void install_logic_timer();
 
 /// Writes the workspace and the user's settings, and closes what start-up opened.
 void shutdown_program();

@@ -1,7 +1,6 @@
 // The table of the nine timers.
 #include "runtime/clock.h"
 #include "runtime/input.h"
-#include "runtime/preferences.h"
 #include "runtime/startup.h"
 
 #include "framework/behaviors.h"
@@ -39,12 +38,6 @@ void remove_interrupts()
 {
     for (const TimerRow& timer : timers)
         platform::host->remove_timer(timer.tick);
-}
-
-void install_logic_timer()
-{
-    const bool fast = preferences.frame_limiter == 0 && preferences.power_save != 0;
-    platform::host->install_timer(gui_logic_tick, fast ? logic_period_fast : logic_period_slow);
 }
 
 } // namespace kelu

@@ -19,6 +19,7 @@
 #include "screens/help_menu.h"
 #include "screens/hotkey_menu.h"
 #include "screens/mouse_menu.h"
+#include "screens/options_menu.h"
 #include "screens/playback_menu.h"
 #include "screens/quick_pan.h"
 #include "screens/resize_menu.h"
@@ -64,7 +65,7 @@ constexpr std::array cel_entries{
     Entry{TEXT_XFORM, TIP_CEL_XFORM, cel_transform},
 };
 constexpr std::array user_entries{
-    Entry{TEXT_OPTIONS, TIP_OPTIONS, nullptr},
+    Entry{TEXT_OPTIONS, TIP_OPTIONS, options_menu},
     Entry{TEXT_KEYS, TIP_KEYS, hotkey_menu},
     Entry{TEXT_BUTTONS, TIP_BUTTONS, mouse_button_menu},
     Entry{TEXT_SCHEME, TIP_SCHEME, scheme_menu},

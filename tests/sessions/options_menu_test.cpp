@@ -1,0 +1,136 @@
+// The options screen: its rows as they scroll, what acts at once, DEFAULTS, CANCEL, and what its end brings about.
+#include "draw/undo.h"
+#include "gui/kinds.h"
+#include "gui/menus.h"
+#include "gui/slots.h"
+#include "runtime/preferences.h"
+#include "runtime/store.h"
+#include "runtime/view.h"
+#include "screens/options_table.h"
+#include "support/golden.h"
+#include "support/session.h"
+#include <gtest/gtest.h>
+
+namespace kelu {
+
+using test::RIGHT_BUTTON;
+using test::Session;
+
+namespace {
+
+enum { USER = 18, OPTIONS = 2 };
+enum { LIST = 2, OKAY = 5, DEFAULTS = 6, CANCEL = 7, WIDGET_0 = 8 };
+enum { CURSOR_TIP = 4, CROSSHAIR_COLOR = 7, LIMITER = 16, REDUCTION = 17, DEPTH = 18, ONION = 34, LAST_ROW = 41 };
+
+void open_options(Session& session)
+{
+    session.click(USER);
+    session.click(OPTIONS);
+    ASSERT_EQ(menus.menu_id, MENU_OPTIONS);
+}
+
+/// Scrolls so that an option is in view; returns the first slot of its widgets.
+int scroll_to(Session& session, int option)
+{
+    gui.scroll_value[LIST] = std::min(option, 33);
+    session.frame(3);
+    return WIDGET_0 + 3 * (option - gui.scroll_value[LIST]);
+}
+
+BITMAP* still_picture(Session& session)
+{
+    session.move(150, 60);
+    session.frame(200);
+    return session.picture();
+}
+
+std::vector<int> option_values()
+{
+    std::vector<int> values;
+    for (const OptionRow& row : options_table())
+        if (row.word) values.push_back(*row.word);
+    return values;
+}
+
+} // namespace
+
+TEST(OptionsMenu, RowsScrollAndActAtOnce)
+{
+    Session session;
+    open_options(session);
+    session.click(WIDGET_0 + 3 * CROSSHAIR_COLOR + 2);
+    EXPECT_EQ(preferences.crosshair_color, 2);
+    EXPECT_TRUE(test::matches_golden(still_picture(session), "options_menu"));
+    session.move(gui.x[WIDGET_0 + 3] + 5, gui.y[WIDGET_0 + 3] + 4);
+    session.wheel(-1);
+    EXPECT_EQ(gui.scroll_value[LIST], 2) << "the wheel goes through a radio to the list";
+    const int depth = scroll_to(session, DEPTH);
+    session.move(gui.x[depth] + 70, gui.y[depth] + 4);
+    for (int i = 0; i < 5; ++i)
+        session.wheel(-1);
+    EXPECT_EQ(preferences.undo_depth, 1) << "the lowest";
+    session.wheel(1);
+    EXPECT_TRUE(test::matches_golden(still_picture(session), "options_menu_middle"));
+    scroll_to(session, LAST_ROW);
+    EXPECT_EQ(gui.scroll_value[LIST], 33);
+    EXPECT_TRUE(test::matches_golden(still_picture(session), "options_menu_end"));
+    EXPECT_EQ(gui.kind[scroll_to(session, CROSSHAIR_COLOR) + 2], KIND_RADIO_ON) << "the live value comes back";
+    preferences.color_reduction = 7;
+    const int reduction = scroll_to(session, REDUCTION);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(gui.kind[reduction + i], KIND_RADIO_OFF) << "no radio stands for a value out of range";
+}
+
+TEST(OptionsMenu, DefaultsAndCancelWriteEveryOption)
+{
+    Session session;
+    preferences.mouse_speed = 9;
+    const std::vector<int> before = option_values();
+    open_options(session);
+    session.click(DEFAULTS);
+    session.frame(10);
+    EXPECT_EQ(option_values(),
+              (std::vector{0, 1, 1, 1, 1, 0, 60, 1, 3, 1, 2, 6, 1, 1, 160, 1, 1, 1, 2, 0, 94, 1, 0, 1, 225}));
+    EXPECT_EQ(preferences.mouse_speed, 4);
+    EXPECT_EQ(gui.kind[WIDGET_0 + 3 * CURSOR_TIP + 1], KIND_RADIO_ON) << "the rows are built anew";
+    scroll_to(session, DEPTH); // sliders must not write after the end
+    session.click(CANCEL);
+    EXPECT_EQ(option_values(), before);
+    EXPECT_EQ(preferences.mouse_speed, 9);
+    open_options(session);
+    session.click(DEFAULTS);
+    session.click_at(20, 60, RIGHT_BUTTON);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+    EXPECT_EQ(option_values(), before);
+}
+
+TEST(OptionsMenu, TheEndOfTheScreenSetsWhatHangsOnTheOptions)
+{
+    Session session;
+    push_undo(false);
+    open_options(session);
+    preferences.undo_depth = 9;
+    session.click(CANCEL);
+    EXPECT_EQ(undo.undo_age[0], undo_slot_newest) << "a depth that was taken back costs no undo step";
+    open_options(session);
+    session.click(scroll_to(session, ONION));
+    EXPECT_EQ(options_state.onion_staged, 1);
+    const int limiter = scroll_to(session, LIMITER);
+    session.click(limiter);
+    EXPECT_EQ(preferences.frame_limiter, 0);
+    session.move(gui.x[limiter + 6] + 70, gui.y[limiter + 6] + 4);
+    session.wheel(1);
+    session.click(OKAY);
+    EXPECT_EQ(undo.undo_age[0], undo_slot_free) << "another depth, another queue";
+    EXPECT_EQ(view.onion_on, 0) << "there is one frame only";
+    flash_status_message(1, 120);
+    session.frame(20);
+    EXPECT_LT(menus.status_message_ticks, 102) << "the logic ticks with every present";
+    store.frame_count = 2;
+    open_options(session);
+    session.click(scroll_to(session, ONION));
+    session.click(OKAY);
+    EXPECT_EQ(view.onion_on, 1);
+}
+
+} // namespace kelu
