@@ -1,7 +1,6 @@
 // The scheme editor. Only the GUI sheet follows the swatches: the screens keep their colours until OKAY.
 #include "screens/scheme_menu.h"
 
-#include "draw/tool_loop.h"
 #include "gui/build.h"
 #include "gui/scheme.h"
 #include "imagefile/dispatch.h"
@@ -179,10 +178,7 @@ void scheme_menu()
         apply_scheme(SWATCHES_TO_SCHEME);
         run_frame(0);
         hotkey_dispatch(1);
-        if (right_press_on_bare_frame()) {
-            wait_right_release();
-            menu_toggle_hidden(0);
-        }
+        hide_on_right_press();
         read_swatches(worn);
         read_files(worn);
         if (gui.event[SLOT_CANCEL].take() != 0) {

@@ -1,7 +1,6 @@
 // The workspace menu.
 #include "screens/workspace_menu.h"
 
-#include "draw/tool_loop.h"
 #include "gui/build.h"
 #include "imagefile/dispatch.h"
 #include "runtime/frame.h"
@@ -92,10 +91,8 @@ void workspace_menu()
         hotkey_dispatch(1);
         take_text(SLOT_TITLE, store.workspace_title);
         take_text(SLOT_NOTES, store.workspace_notes);
-        if (right_press_on_bare_frame()) {
-            wait_right_release();
-            menu_toggle_hidden(0);
-        }
+        hide_on_right_press();
+        run_quick_pan();
     } while (!read_buttons());
     close_screen();
     build_draw_menu();
