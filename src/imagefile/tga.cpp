@@ -7,11 +7,14 @@
 #include "imagefile/reader.h"
 #include "platform/files.h"
 #include "runtime/pixels.h"
+#include <bit>
 #include <cstring>
 #include <vector>
 
 namespace kelu {
 namespace {
+
+static_assert(std::endian::native == std::endian::little, "rows are copied as the file has them");
 
 constexpr std::size_t header_size = 18;
 constexpr int type_plain = 2, type_runs = 10;        // true colour; the colour-mapped and grey types are not read
@@ -50,6 +53,25 @@ private:
     int pixel_ = 0;        // of a packet that repeats it
 };
 
+/// Rows of plain words as the file has them: the form in which the frames themselves are kept, so it must be fast.
+void read_words(ByteReader& in, BITMAP* picture, bool from_top)
+{
+    const std::size_t row_bytes = static_cast<std::size_t>(picture->w) * sizeof(int);
+    for (int y = 0; y < picture->h; ++y) {
+        const auto run = in.take(row_bytes);
+        std::memcpy(row(picture, from_top ? y : picture->h - 1 - y), run.data(), run.size());
+    }
+}
+
+void read_pixels(PixelStream pixels, BITMAP* picture, const ByteReader& in, int descriptor)
+{
+    for (int y = 0; y < picture->h && !in.ended(); ++y) {
+        int* line = row(picture, descriptor & top_down ? y : picture->h - 1 - y);
+        for (int x = 0; x < picture->w; ++x)
+            line[descriptor & right_to_left ? picture->w - 1 - x : x] = pixels.next();
+    }
+}
+
 } // namespace
 
 Bitmap decode_tga(std::span<const uint8_t> bytes)
@@ -72,11 +94,11 @@ Bitmap decode_tga(std::span<const uint8_t> bytes)
     if (in.ended() || in.left() < least) return {};
 
     Bitmap picture(w, h);
-    PixelStream pixels(in, bits / 8, type == type_runs);
-    for (int y = 0; picture && y < h && !in.ended(); ++y) {
-        int* line = row(picture, descriptor & top_down ? y : h - 1 - y);
-        for (int x = 0; x < w; ++x)
-            line[descriptor & right_to_left ? w - 1 - x : x] = pixels.next();
+    if (!picture) return {};
+    if (type == type_plain && bits == 32 && (descriptor & right_to_left) == 0) {
+        read_words(in, picture, (descriptor & top_down) != 0);
+    } else {
+        read_pixels(PixelStream(in, bits / 8, type == type_runs), picture, in, descriptor);
     }
     return in.ended() ? Bitmap() : std::move(picture);
 }
@@ -107,9 +129,7 @@ bool write_tga(const std::string& name, int w, int h, const RowSource& rows)
     Bytes bytes(line.size() * 4);
     for (int y = h - 1; good && y >= 0; --y) {
         rows(y, line.data());
-        for (std::size_t x = 0; x < line.size(); ++x)
-            for (std::size_t i = 0; i < 4; ++i)
-                bytes[4 * x + i] = static_cast<uint8_t>(static_cast<uint32_t>(line[x]) >> (8 * i));
+        std::memcpy(bytes.data(), line.data(), bytes.size());
         good = file.write(bytes);
     }
     return good && file.commit();
