@@ -1,9 +1,15 @@
 // Timed status messages and the ghost of a menu.
 #include "gui/menus.h"
 
+#include "platform/files.h"
 #include "runtime/log.h"
 
 namespace kelu {
+namespace {
+
+constexpr int failure_ticks = 240; // twice as long as other messages: there is more to read
+
+} // namespace
 
 void flash_status_message(int id, int ticks)
 {
@@ -14,6 +20,13 @@ void flash_status_message(int id, int ticks)
     // The tick that would count an old message down sees the new count before the new message.
     menus.status_message_ticks = ticks;
     menus.status_message = id;
+}
+
+void flash_failure(int id, std::string_view reason)
+{
+    menus.status_reason = platform::upper_case(std::string(reason));
+    menus.reasoned_message = id;
+    flash_status_message(id, failure_ticks);
 }
 
 void count_status_message()

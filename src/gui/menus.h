@@ -3,6 +3,8 @@
 
 #include "runtime/words.h"
 #include <array>
+#include <string>
+#include <string_view>
 
 namespace kelu {
 
@@ -90,6 +92,8 @@ struct Menus {
     std::array<WindowPos, WINDOW_ROWS> window_pos{}; ///< main thread
     GhostRect ghost_rect{};               ///< frozen picture of a menu, drawn dim behind a pop-up; freeze_menu
     Shared<int> status_message = 0;       ///< tooltip row that the status bar shows; 0 none, -1 the readout in any case
+    int reasoned_message = 0;             ///< row of `status_message` that has a reason, 0 none; main thread
+    std::string status_reason;            ///< that reason, upper case; main thread
     Shared<int> status_message_ticks = 0; ///< logic ticks that a timed message still has, 0: it is held
 };
 inline Menus menus;
@@ -97,6 +101,9 @@ inline Menus menus;
 /// Shows row `id` of the tooltip table in the status bar for `ticks` logic ticks. A negative id is refused with a line
 /// in the log.
 void flash_status_message(int id, int ticks);
+/// The same for a failure and its reason, which stands behind the row's text, or in its place where both are too wide.
+/// Main thread.
+void flash_failure(int id, std::string_view reason);
 /// Counts a timed message down and takes it away at its end. Called by the logic tick.
 void count_status_message();
 /// No menu stands frozen behind a pop-up any more.

@@ -1,6 +1,7 @@
 // Place and contents of the status bar.
 #include "gui/status_bar.h"
 
+#include "gui/menus.h"
 #include "gui/slots.h"
 #include "gui/text.h"
 #include "gui/tooltips.h"
@@ -13,6 +14,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <string>
 
 namespace kelu {
 namespace {
@@ -35,6 +37,16 @@ void draw_in_the_middle(int y, int colour_set, const char* text)
 {
     set_outlined_text(FONT_WIDE, colour_set);
     draw_text(screen_state.back_buffer, logical_w / 2 - text_width(text) / 2, y + 1, text);
+}
+
+/// The text of a message, with its reason when it has one.
+std::string message_text(int message)
+{
+    const std::string text = tooltip_text(message);
+    if (message != menus.reasoned_message) return text;
+    set_outlined_text(FONT_WIDE, SET_MESSAGE);
+    const std::string both = text + " " + menus.status_reason;
+    return text_width(both.c_str()) < logical_w ? both : menus.status_reason;
 }
 
 const char* frame_label()
@@ -71,7 +83,7 @@ void draw_status_bar()
                std::min(int(preferences.status_opacity), darkest));
     const int tooltip_slot = gui_logic.tooltip_active;
     if (message > 0) {
-        draw_in_the_middle(y, SET_MESSAGE, tooltip_text(message));
+        draw_in_the_middle(y, SET_MESSAGE, message_text(message).c_str());
     } else if (message == 0 && tooltip_slot != -1 && preferences.tooltips_on != 0) {
         draw_in_the_middle(y, SET_TOOLTIP, tooltip_text(gui.tooltip[tooltip_slot]));
     } else {

@@ -7,6 +7,7 @@
 #include "imagefile/bmp.h"
 
 #include "imagefile/reader.h"
+#include "imagefile/refusal.h"
 #include "platform/files.h"
 #include "runtime/pixels.h"
 #include <array>
@@ -162,13 +163,14 @@ Bitmap decode_bmp(std::span<const uint8_t> bytes)
 {
     ByteReader in(bytes);
     Head head;
-    if (!read_heads(in, head)) return {};
+    if (!read_heads(in, head)) return refuse("Not a known BMP file!");
     const Palette palette = read_palette(in, head);
-    if (!in.seek(head.pixels_at)) return {};
+    if (!in.seek(head.pixels_at)) return refuse(refusal::ends_early);
     // Plain rows have to be there before memory is asked for.
-    if (!head.by_runs() && in.left() / head.row_bytes() < static_cast<std::size_t>(head.height)) return {};
+    if (!head.by_runs() && in.left() / head.row_bytes() < static_cast<std::size_t>(head.height))
+        return refuse(refusal::ends_early);
     Bitmap bitmap(head.width, head.height, palette[0]);
-    if (!bitmap) return {};
+    if (!bitmap) return refuse(refusal::no_memory);
     if (head.by_runs())
         decode_runs(in, head, palette, bitmap);
     else

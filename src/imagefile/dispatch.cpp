@@ -7,6 +7,8 @@
 #include "imagefile/formats.h"
 #include "imagefile/ico.h"
 #include "imagefile/picture_files.h"
+#include "imagefile/refusal.h"
+#include "platform/files.h"
 #include "runtime/browser_state.h"
 #include "runtime/preferences.h"
 #include "runtime/store.h"
@@ -40,11 +42,18 @@ int format_in_mode(int told, int browser_mode)
 /// Kinds of `load_frame_file`.
 int frame_file_kind(int format) { return format == FORMAT_JPG ? 1 : format == FORMAT_ICO ? 2 : 0; }
 
+/// Loads a picture, or says why it can't be.
 bool load_into_frame(const std::string& name, int format)
 {
-    if (format == FORMAT_NONE || !format_row(format).decode) return false;
-    refresh_frame_cache();
-    return load_frame_file(name, LOAD_PICTURE, frame_file_kind(format));
+    const bool is_picture = format != FORMAT_NONE && format_row(format).decode;
+    const char* reason = is_picture ? refusal::no_memory : "No kind of picture!";
+    picture_refusal = platform::file_exists(name) ? reason : "No such file!"; // until a decoder says something else
+    if (is_picture) {
+        refresh_frame_cache();
+        if (load_frame_file(name, LOAD_PICTURE, frame_file_kind(format))) return true;
+    }
+    flash_failure(TIP_LOAD_FAILED, picture_refusal);
+    return false;
 }
 
 /// Asks for the quality of a JPEG while the browser's window, which begins at slot 0, is hidden; -1: cancelled.
@@ -69,6 +78,18 @@ bool write_frame_picture(const std::string& name, int format, const SaveOptions&
     return row.save(name.c_str(), merged, options);
 }
 
+/// Says so when a file of colours could not be loaded, or saved.
+bool loaded(bool good, const std::string& reason)
+{
+    if (!good) flash_failure(TIP_LOAD_FAILED, reason);
+    return good;
+}
+bool saved(bool good)
+{
+    if (!good) flash_status_message(TIP_SAVE_FAILED, message_ticks);
+    return good;
+}
+
 bool too_large_for(int format)
 {
     return format == FORMAT_ICO &&
@@ -86,16 +107,7 @@ bool save_frame(const std::string& name, int format)
         options.jpg_quality = ask_quality();
         if (options.jpg_quality < 0) return false;
     }
-    const bool saved = write_frame_picture(name, format, options);
-    if (!saved) flash_status_message(TIP_SAVE_FAILED, message_ticks);
-    return saved;
-}
-
-/// Says so when a file of colours could not be saved or loaded.
-bool told(bool good, int message)
-{
-    if (!good) flash_status_message(message, message_ticks);
-    return good;
+    return saved(write_frame_picture(name, format, options));
 }
 
 } // namespace
@@ -114,11 +126,11 @@ bool load_picture_file(const std::string& name, int browser_mode)
     case FORMAT_WSP:
         return load_workspace_archive(name) == 0; // which tells of its failures itself
     case FORMAT_FAVORITES:
-        return told(load_favorites_file(name) == 1, TIP_LOAD_FAILED);
+        return loaded(load_favorites_file(name) == 1, "No file of colors!");
     case FORMAT_SCHEME:
-        return told(load_scheme_file(name) == 1, TIP_LOAD_FAILED);
+        return loaded(load_scheme_file(name) == 1, "No color scheme!");
     default:
-        return told(load_into_frame(name, format), TIP_LOAD_FAILED);
+        return load_into_frame(name, format);
     }
 }
 
@@ -129,9 +141,9 @@ bool save_picture_file(const std::string& name, int browser_mode)
     case FORMAT_WSP:
         return save_workspace_archive(name) == 0;
     case FORMAT_FAVORITES:
-        return told(save_favorites_file(name), TIP_SAVE_FAILED);
+        return saved(save_favorites_file(name));
     case FORMAT_SCHEME:
-        return told(save_scheme_file(name), TIP_SAVE_FAILED);
+        return saved(save_scheme_file(name));
     default:
         return save_frame(name, format);
     }

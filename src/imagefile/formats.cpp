@@ -10,6 +10,7 @@
 #include "imagefile/picture_files.h"
 #include "imagefile/png.h"
 #include "imagefile/reduce.h"
+#include "imagefile/refusal.h"
 #include "platform/files.h"
 #include "runtime/log.h"
 #include <new>
@@ -134,14 +135,16 @@ int format_of_file(const std::string& name)
 
 Bitmap load_picture(const std::string& name, int format)
 {
-    if (format < 0 || format >= FORMAT_COUNT || !formats[format].decode) return {};
+    if (format < 0 || format >= FORMAT_COUNT || !formats[format].decode)
+        return refuse("No kind of picture that is known!");
     try {
         Bytes bytes;
-        if (platform::read_file(name, max_picture_file, bytes)) return formats[format].decode(bytes);
+        if (!platform::read_file(name, max_picture_file, bytes)) return refuse("Cannot open file!");
+        return formats[format].decode(bytes);
     } catch (const std::bad_alloc&) {
         log_line("[ ERROR ] : Memory is too short for the picture %s", name);
     }
-    return {};
+    return refuse(refusal::no_memory);
 }
 
 } // namespace kelu

@@ -3,6 +3,7 @@
 
 #include "imagefile/indexed.h"
 #include "imagefile/lzw.h"
+#include "imagefile/refusal.h"
 #include "runtime/log.h"
 
 namespace kelu {
@@ -110,7 +111,7 @@ Bitmap build_bitmap(const Image& image, const Bytes& pixels, const RGB* palette)
     auto colors = palette_colors(palette);
     if (image.transparent >= 0) colors[0] = mask_magenta;
     Bitmap bitmap(image.width, image.height, colors[0]);
-    if (!bitmap) return {};
+    if (!bitmap) return refuse(refusal::no_memory);
     const auto w = static_cast<std::size_t>(image.width);
     std::span<const uint8_t> left = pixels;
     for (const int y : row_order(image)) {
@@ -129,19 +130,19 @@ Bitmap decode_gif(std::span<const uint8_t> bytes, RGB* palette)
     if (!palette) palette = own;
     std::fill_n(palette, PAL_SIZE, RGB{});
     ByteReader in(bytes);
-    if (!in.match("GIF") || !in.skip(3 + 4)) return {}; // version, size of the logical screen
+    if (!in.match("GIF") || !in.skip(3 + 4)) return refuse("Not a GIF file!"); // version, size of the logical screen
     const int packed = in.byte();
     in.skip(2); // background, aspect
     read_table(in, packed, palette);
 
     Image image;
-    if (!find_image(in, image) || !read_descriptor(in, image, palette)) return {};
+    if (!find_image(in, image) || !read_descriptor(in, image, palette)) return refuse(refusal::no_picture);
     const int minimum_size = in.byte();
-    if (minimum_size < 1 || minimum_size > 8) return {};
+    if (minimum_size < 1 || minimum_size > 8) return refuse("Bad code size!");
     const auto wanted = static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height);
     Bytes pixels;
     lzw_decode(in, minimum_size, wanted, pixels);
-    if (pixels.empty()) return {};
+    if (pixels.empty()) return refuse(refusal::no_picture);
     if (pixels.size() < wanted)
         log_line("[ WARNING ] : GIF image ends early. Pixels = %d of %d", pixels.size(), wanted);
     move_transparency(image, pixels, palette);

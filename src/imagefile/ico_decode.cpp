@@ -2,6 +2,7 @@
 #include "imagefile/ico.h"
 
 #include "imagefile/png.h"
+#include "imagefile/refusal.h"
 #include "runtime/log.h"
 #include "runtime/pixels.h"
 #include <array>
@@ -104,17 +105,17 @@ void read_mask(ByteReader& in, const Image& image, Bitmap& picture)
 
 Bitmap read_image(ByteReader in, Image image)
 {
-    if (!read_info_header(in, image)) return {};
+    if (!read_info_header(in, image)) return refuse("Bad or unsupported size!");
     std::array<int, 256> palette{};
     if (image.known() && image.bits <= 8) {
         const int entries = palette_entries(image);
-        if (entries < 0) return {};
+        if (entries < 0) return refuse("Bad number of colors!");
         for (std::size_t i = 0; i < static_cast<std::size_t>(entries); ++i)
             palette[i] = static_cast<int>(in.little32() & 0xffffff);
     }
     // All rows have to be there before memory is asked for.
     const std::size_t rows = image.row_bytes(image.bits) * static_cast<std::size_t>(image.height);
-    if (in.ended() || (image.known() && in.left() < rows)) return {};
+    if (in.ended() || (image.known() && in.left() < rows)) return refuse(refusal::ends_early);
     Bitmap picture(image.width, image.height, static_cast<int>(opaque));
     if (!picture || !image.known()) return picture;
     read_colors(in, image, palette, picture);
@@ -132,11 +133,11 @@ Bitmap decode_ico(std::span<const uint8_t> bytes)
     const int count = in.little16();
     if (count < 1) {
         log_line("[ WARNING ] : ICO file is reporting zero stored bitmaps. WTF mang?");
-        return {};
+        return refuse(refusal::no_picture);
     }
     if (type != 1) {
         log_line("[ WARNING ] : ICO file is reporting itself as being non-iconic. Value = %d", type);
-        return {};
+        return refuse("Not an icon!");
     }
     Image image;
     in.skip(2); // the sides stand in the image as well, without the limit of a byte
@@ -144,7 +145,7 @@ Bitmap decode_ico(std::span<const uint8_t> bytes)
     in.skip(3);
     image.bits = in.little16();
     const std::size_t size = in.little32();
-    if (!in.seek(in.little32())) return {};
+    if (!in.seek(in.little32())) return refuse(refusal::ends_early);
     ByteReader magic = in;
     magic.skip(1);
     if (magic.starts_with("PNG")) return read_embedded_png(in.take(std::min(size, in.left())));

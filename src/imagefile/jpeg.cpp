@@ -5,6 +5,7 @@
 #include "imagefile/jpeg.h"
 
 #include "imagefile/picture_files.h"
+#include "imagefile/refusal.h"
 #include "platform/files.h"
 #include "runtime/log.h"
 #include "runtime/pixels.h"
@@ -29,6 +30,7 @@ struct ErrorManager {
     char text[JMSG_LENGTH_MAX];
     info->err->format_message(info, text);
     log_line("[ ERROR ] : JPEG: %s", static_cast<const char*>(text));
+    picture_refusal = static_cast<const char*>(text);
     std::longjmp(reinterpret_cast<ErrorManager*>(info->err)->way_back, 1);
 }
 
@@ -120,12 +122,13 @@ bool run_encoder(jpeg_compress_struct& info, ErrorManager& errors, BITMAP* bitma
 
 Bitmap decode_jpeg(std::span<const uint8_t> bytes)
 {
-    if (bytes.empty()) return {};
+    if (bytes.empty()) return refuse(refusal::ends_early);
     jpeg_decompress_struct info = {};
     ErrorManager errors;
     set_errors(errors, info.err);
     Bitmap bitmap;
     Bytes line;
+    picture_refusal = "Bad or unsupported size!"; // unless the library says something else
     jpeg_progress_mgr progress = {};
     progress.progress_monitor = watch_scans;
     if (!run_decoder(info, errors, bytes, progress, bitmap, line)) bitmap.reset();

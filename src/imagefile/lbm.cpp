@@ -2,6 +2,7 @@
 #include "imagefile/lbm.h"
 
 #include "imagefile/indexed.h"
+#include "imagefile/refusal.h"
 #include "runtime/pixels.h"
 
 namespace kelu {
@@ -98,13 +99,13 @@ Bitmap read_body(ByteReader body, const Form& form, const RGB* palette)
     if (!form.packed && !form.bitplanes && body.left() == tight) plane = static_cast<std::size_t>(form.width);
     // A packed byte stands for 128 at most, so a short body can't ask for a large picture.
     const std::size_t least = form.packed ? size * height / 128 : std::min(size * height, tight);
-    if (body.left() < least) return {};
+    if (body.left() < least) return refuse(refusal::ends_early);
 
     const auto colors = palette_colors(palette);
     Bitmap bitmap(form.width, form.height);
     for (int y = 0; bitmap && y < form.height; ++y) {
         const Bytes line = read_row(body, form, plane);
-        if (line.size() < plane * form.stored_planes()) return {};
+        if (line.size() < plane * form.stored_planes()) return refuse(refusal::ends_early);
         int* out = row(bitmap, y);
         for (int x = 0; x < form.width; ++x) {
             const int value =
@@ -125,22 +126,22 @@ Bitmap decode_lbm(std::span<const uint8_t> bytes, RGB* palette)
     if (!palette) palette = own;
     std::fill_n(palette, PAL_SIZE, RGB{});
     ByteReader in(bytes);
-    if (!in.match("FORM")) return {};
+    if (!in.match("FORM")) return refuse("Not an LBM file!");
     in.skip(4); // size of the form, which writers get wrong
     Form form;
     form.bitplanes = in.starts_with("ILBM");
-    if (!in.match("ILBM") && !in.match("PBM ")) return {};
+    if (!in.match("ILBM") && !in.match("PBM ")) return refuse(refusal::no_picture);
     while (in.left() > 8) {
         const bool header = in.starts_with("BMHD"), colors = in.starts_with("CMAP"), body = in.starts_with("BODY");
         in.skip(4);
         const std::size_t size = in.big32();
         const ByteReader chunk(in.take(size));
-        if (header && !read_header(chunk, form)) return {};
+        if (header && !read_header(chunk, form)) return refuse("Bad or unsupported size!");
         if (colors) read_colors(chunk, palette);
-        if (body) return form.planes > 0 ? read_body(chunk, form, palette) : Bitmap();
+        if (body) return form.planes > 0 ? read_body(chunk, form, palette) : refuse("The head is missing!");
         if (size % 2 != 0) in.skip(1);
     }
-    return {};
+    return refuse(refusal::no_picture);
 }
 
 int encode_lbm(BITMAP* bitmap, const RGB* palette, Bytes& out)

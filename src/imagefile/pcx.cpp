@@ -2,6 +2,7 @@
 #include "imagefile/pcx.h"
 
 #include "imagefile/indexed.h"
+#include "imagefile/refusal.h"
 #include "runtime/pixels.h"
 
 namespace kelu {
@@ -134,9 +135,9 @@ Bitmap decode_pcx(std::span<const uint8_t> bytes, RGB* palette)
     std::fill_n(palette, PAL_SIZE, RGB{});
     ByteReader in(bytes);
     Head head;
-    if (!read_head(in, head, palette)) return {};
+    if (!read_head(in, head, palette)) return refuse("Not a known PCX file!");
     // Two bytes stand for 63 at most, so a short file can't ask for a large picture.
-    if (head.row_bytes() * static_cast<std::size_t>(head.height) / 32 > in.left()) return {};
+    if (head.row_bytes() * static_cast<std::size_t>(head.height) / 32 > in.left()) return refuse(refusal::ends_early);
     complete_palette(bytes, head, palette);
 
     const auto colors = palette_colors(palette);
@@ -145,7 +146,7 @@ Bitmap decode_pcx(std::span<const uint8_t> bytes, RGB* palette)
     Bytes line(head.row_bytes());
     for (int y = 0; bitmap && y < head.height; ++y) {
         runs.fill(line);
-        if (in.ended()) return {};
+        if (in.ended()) return refuse(refusal::ends_early);
         int* out = row(bitmap, y);
         for (int x = 0; x < head.width; ++x) {
             const int value = pixel_value(head, line, x);

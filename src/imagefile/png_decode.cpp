@@ -6,6 +6,7 @@
 
 #include "imagefile/indexed.h"
 #include "imagefile/png_filters.h"
+#include "imagefile/refusal.h"
 #include "runtime/pixels.h"
 #include <array>
 #include <bit>
@@ -298,11 +299,11 @@ Bitmap decode(std::span<const uint8_t> bytes, RGB* palette)
 Bitmap decode_png(std::span<const uint8_t> bytes, RGB* palette)
 {
     try {
-        return decode(bytes, palette);
+        if (Bitmap picture = decode(bytes, palette)) return picture;
     } catch (const std::bad_alloc&) {
         png_error = "Cannot allocate memory!";
-        return {};
     }
+    return refuse(png_error);
 }
 
 } // namespace kelu

@@ -174,21 +174,24 @@ bool write_archive(platform::FileReplacement& archive, ArchiveProgress& progress
     return archive.commit();
 }
 
-/// Opens an archive and tests the whole of it; empty, and a line in the log, when it is no good.
+/// Opens an archive and tests the whole of it; empty, with a line in the log and the status bar, when it is no good.
 File open_archive(const std::string& name, ArchiveHead& head)
 {
     if (!platform::file_exists(name)) {
         log_line("[ ERROR ] : Workspace archive is missing or corrupt! Aborting load!");
+        flash_failure(TIP_LOAD_FAILED, "No such file!");
         return {};
     }
     const long size = platform::file_size(name);
     File file(size < 0 ? nullptr : std::fopen(name.c_str(), "rb"));
     if (!file) {
         log_line("[ ERROR ] : Failure to read file at OS level! Aborting load!");
+        flash_failure(TIP_LOAD_FAILED, "Cannot open file!");
         return {};
     }
     if (!walk_archive(file.get(), size, head)) {
         log_line("[ ERROR ] : Workspace packfile appears to be corrupt. Aborting load!");
+        flash_failure(TIP_LOAD_FAILED, "Not a whole archive!");
         return {};
     }
     return file;
@@ -258,14 +261,12 @@ int load_workspace_archive(const std::string& file_name)
 {
     ArchiveHead head;
     const File archive = open_archive(file_name, head);
-    if (!archive) {
-        flash_status_message(TIP_LOAD_FAILED, message_ticks);
-        return -1;
-    }
+    if (!archive) return -1;
     const TimersLock lock;
     const WorkspaceVisit visit({});
     if (!visit.found_program() || !visit.entered()) {
         log_line("[ ERROR ] : WORKSPACE directory unavailable. Aborting load!");
+        flash_failure(TIP_LOAD_FAILED, "No workspace folder!");
         return -1;
     }
     {
@@ -279,7 +280,7 @@ int load_workspace_archive(const std::string& file_name)
         if (whole)
             remove_old_frames(head.frames);
         else
-            flash_status_message(TIP_LOAD_FAILED, message_ticks);
+            flash_failure(TIP_LOAD_FAILED, "It broke off half-way!");
         read_workspace_state("current.spa");
     }
     if (store.alpha_edit_mode) toggle_alpha_edit();

@@ -97,10 +97,17 @@ TEST_F(Dispatch, WhatCannotBeLoadedLeavesTheFrame)
     folder_.put("text.png", "no picture");
     folder_.put("tiny", "BM");
     std::filesystem::copy_file(data_folder() + "/gif/plain.gif", "gif.png");
-    for (const char* name : {"text.png", "tiny", "gif.png", "missing.png", "IMAGE.JPEG"}) {
-        menus.status_message = 0;
+    std::filesystem::copy_file("gif.png", "not.jpg");
+    for (const auto& [name, reason] : {std::pair{"text.png", "FILE SIGNATURE MISMATCH!"},
+                                       {"tiny", "NO KIND OF PICTURE!"},
+                                       {"gif.png", "FILE SIGNATURE MISMATCH!"},
+                                       {"not.jpg", "NOT A JPEG FILE: STARTS WITH 0X47 0X49"},
+                                       {"missing.png", "NO SUCH FILE!"},
+                                       {"IMAGE.JPEG", "NO SUCH FILE!"}}) {
+        menus = {};
         EXPECT_FALSE(load_picture_file(name, BROWSE_PICTURE)) << name;
         EXPECT_EQ(menus.status_message, TIP_LOAD_FAILED) << name;
+        EXPECT_EQ(menus.status_reason, reason) << name;
         EXPECT_EQ(difference(store.frame_bitmap, colors_), "") << name;
         EXPECT_EQ(difference(store.alpha_bitmap, alpha_), "") << name;
     }
