@@ -5,7 +5,6 @@
 #include "draw/cel_turn.h"
 #include "gui/build.h"
 #include "runtime/frame.h"
-#include "runtime/hotkeys.h"
 #include "runtime/view.h"
 #include "screens/actions.h"
 #include "screens/animation_menu.h"
@@ -21,11 +20,11 @@
 #include "screens/mouse_menu.h"
 #include "screens/options_menu.h"
 #include "screens/playback_menu.h"
-#include "screens/quick_pan.h"
 #include "screens/resize_menu.h"
 #include "screens/scheme_menu.h"
 #include "screens/sprite_sheet_menu.h"
 #include "screens/tint_menu.h"
+#include "screens/waits.h"
 #include "screens/workspace_menu.h"
 #include <array>
 #include <span>
@@ -119,7 +118,7 @@ int clicked_slot(const ColumnRow& column)
     for (;;) {
         run_frame(0);
         hotkey_dispatch(1);
-        if (hotkey_test(ACTION_QUICK_PAN)) quick_pan();
+        run_quick_pan();
         for (int slot = first_entry_slot; slot <= back_slot(column); ++slot) {
             if (gui.event[slot].take() != 0) return slot;
         }

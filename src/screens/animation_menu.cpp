@@ -198,13 +198,6 @@ void read_tags()
     if (gui.event[SLOT_NONE].take() != 0) tag_all(false);
 }
 
-void hide_on_right_press()
-{
-    if (!right_press_on_bare_frame()) return;
-    wait_right_release();
-    menu_toggle_hidden(0);
-}
-
 /// Runs the loop; true after OKAY.
 bool choose_frames()
 {

@@ -3,7 +3,6 @@
 
 #include "colour/band.h"
 #include "colour/spaces.h"
-#include "draw/tool_hooks.h"
 #include "gui/planes.h"
 #include "gui/scheme.h"
 #include "gui/scroll_bar.h"
@@ -15,6 +14,7 @@
 #include "screens/actions.h"
 #include "screens/freeze.h"
 #include "screens/screen_pick.h"
+#include "screens/waits.h"
 #include <algorithm>
 #include <utility>
 
@@ -113,7 +113,7 @@ bool ColorEditor::run_pass(int action)
     show_swatches();
     run_frame(0);
     hotkey_dispatch(1);
-    if (hotkey_test(ACTION_QUICK_PAN)) call_hook(tool_hooks.quick_pan);
+    run_quick_pan();
     read_spectrum();
     read_canvas();
     for (int slot = EDITOR_FAVORITE_0; slot <= EDITOR_FAVORITE_9; ++slot)

@@ -8,7 +8,6 @@
 #include "runtime/pixels.h"
 #include "runtime/store.h"
 #include "runtime/toolbox.h"
-#include "runtime/view.h"
 #include "workspace/frame_store.h"
 #include "workspace/live_bitmaps.h"
 #include "workspace/merged.h"
@@ -81,7 +80,6 @@ bool crop_frame(int x, int y, int w, int h)
     if (!fresh) return false;
     place(fresh, x, y, toolbox.mask_color);
     std::move(fresh).install();
-    clamp_pan();
     return true;
 }
 

@@ -12,6 +12,7 @@ void LiveBitmaps::install() &&
     store.alpha_bitmap = std::move(alpha);
     store.coverage_bitmap = std::move(coverage);
     note_frame_size();
+    clamp_pan();
 }
 
 } // namespace kelu

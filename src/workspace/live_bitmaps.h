@@ -11,7 +11,7 @@ struct LiveBitmaps {
 
     LiveBitmaps(int w, int h) : frame(w, h), alpha(w, h), coverage(w, h) {}
     explicit operator bool() const { return frame && alpha && coverage; }
-    /// They become the live bitmaps, and the timers learn the frame's size.
+    /// They become the live bitmaps; the timers learn the frame's size, and the pan stays in its range.
     void install() &&;
 };
 

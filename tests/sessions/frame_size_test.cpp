@@ -92,6 +92,18 @@ TEST(FrameSize, ResizeScreenScalesAndPlacesTheFrame)
     session.click(RESIZE_OKAY);
     expect_frame(40, 23);
     EXPECT_EQ(frame_pixel(0, 22), 0) << "anchored at the top left";
+
+    open_screen(session, FRAME, RESIZE, MENU_RESIZE);
+    gui.scroll_value[PERCENT] = 0;
+    session.frame(2);
+    EXPECT_EQ(field_number(WIDTH), 0);
+    test::replace_frame(3000, 200, 0);
+    session.frame(2);
+    EXPECT_EQ(gui.scroll_value[PERCENT], 100) << "another frame starts anew";
+    gui.scroll_value[PERCENT] = 400;
+    session.frame(2);
+    EXPECT_EQ(field_number(WIDTH), 9999) << "what the field holds";
+    EXPECT_EQ(field_number(HEIGHT), 800);
 }
 
 TEST(FrameSize, QuickCropKeepsBothPixelsThatWereClicked)
