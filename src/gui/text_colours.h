@@ -13,6 +13,7 @@ constexpr int marker_stays = -1;   ///< entry of a set that leaves its marker as
 /// Sets that screens name. 37 to 41 and 43 follow the colour scheme, 47 to 53 the scheme being edited.
 enum TextSet : int {
     SET_GLYPH = 0,           ///< the glyph's own colours
+    SET_BLACK = 5,           ///< on grounds that no scheme changes
     SET_TOOLTIP = 21,        ///< greys: tooltips, the readout's words
     SET_MESSAGE = 24,        ///< orange: flashed messages, the readout's numbers
     SET_FRAME = 32,          ///< green: frame numbers

@@ -63,7 +63,7 @@ Bitmap load_preview_bitmap(const std::string& name)
 void show_preview_message(int which)
 {
     clear_to_color(screen_state.preview_bitmap, fixed_colours.menu_grey);
-    set_plain_text(FONT_WIDE, SET_BUTTON);
+    set_plain_text(FONT_WIDE, SET_BLACK);
     for (const Line& line : messages[which]) {
         if (line.text) draw_text(screen_state.preview_bitmap, line.x, line.y, line.text);
     }
