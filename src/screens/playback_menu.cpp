@@ -7,6 +7,7 @@
 #include "runtime/hotkeys.h"
 #include "runtime/log.h"
 #include "runtime/store.h"
+#include "runtime/view.h"
 #include "screens/actions.h"
 #include "screens/frame_loan.h"
 #include "screens/speed_slider.h"
@@ -64,6 +65,7 @@ constexpr MenuLayout layout{.menu_id = MENU_PLAYBACK,
 struct Playback {
     bool cached = false;    ///< the cache has been filled for this run
     int shown = none_shown; ///< position that shows
+    bool resized = false;   ///< a frame of another size has shown, at whose edges the view was held
 };
 
 int frame_at(int pos) { return animation.anim_list[static_cast<std::size_t>(pos % max_frames)]; }
@@ -123,6 +125,7 @@ void show_position(Playback& run)
         Bitmap sized(picture->w, picture->h);
         if (!sized) return;
         store.frame_bitmap = std::move(sized);
+        run.resized = true;
     }
     blit(picture, store.frame_bitmap, 0, 0, 0, 0, picture->w, picture->h);
     run.shown = pos;
@@ -147,6 +150,19 @@ void run_playback(Playback& run)
     }
 }
 
+/// The screen from its opening to its closing, with `picture` in the frame's place.
+void show_playback(Playback& run, Bitmap picture)
+{
+    const FrameLoan loan(std::move(picture));
+    build_screen(layout);
+    bind_speed_slider(SLOT_SPEED);
+    show_number();
+    wait_for_release(ACTION_PLAY);
+    run_playback(run);
+    gui_reset_slot(SLOT_SHOW);
+    close_screen();
+}
+
 } // namespace
 
 void playback_menu()
@@ -167,14 +183,13 @@ void playback_menu()
                  int(animation.anim_pos));
         animation.anim_pos = 0;
     }
-    const FrameLoan loan(std::move(copy));
-    build_screen(layout);
-    bind_speed_slider(SLOT_SPEED);
-    show_number();
-    wait_for_release(ACTION_PLAY);
-    run_playback(run);
-    gui_reset_slot(SLOT_SHOW);
-    close_screen();
+    const int zoom = view.zoom, pan_x = view.pan_x, pan_y = view.pan_y;
+    show_playback(run, std::move(copy));
+    if (!run.resized) return;
+    view.zoom = zoom;
+    view.pan_x = pan_x;
+    view.pan_y = pan_y;
+    update_mouse_position();
 }
 
 } // namespace kelu
