@@ -94,6 +94,7 @@ struct Menus {
     Shared<int> status_message = 0;       ///< tooltip row that the status bar shows; 0 none, -1 the readout in any case
     int reasoned_message = 0;             ///< row of `status_message` that has a reason, 0 none; main thread
     std::string status_reason;            ///< that reason, upper case; main thread
+    int status_bar_away = 0;              ///< 1: the help screen is open, and the bar would lie on its page
     Shared<int> status_message_ticks = 0; ///< logic ticks that a timed message still has, 0: it is held
 };
 inline Menus menus;

@@ -76,7 +76,7 @@ void draw_readout(int y)
 void draw_status_bar()
 {
     const int message = frame_snapshot.status_message;
-    const bool shown = preferences.status_bar_on != 0 && gui.hidden[0] == 0;
+    const bool shown = preferences.status_bar_on != 0 && menus.status_bar_away == 0 && gui.hidden[0] == 0;
     if (!shown && message != readout_in_any_case) return;
     const int y = bar_y();
     blend_rect(screen_state.back_buffer, 0, y, logical_w, status_bar_h, fixed_colours.black,

@@ -4,7 +4,6 @@
 #include "draw/tool_loop.h"
 #include "gui/build.h"
 #include "runtime/frame.h"
-#include "runtime/preferences.h"
 #include "screens/draw_menu.h"
 #include <array>
 
@@ -76,8 +75,7 @@ void read_topics()
 
 void help_menu()
 {
-    const int bar_before = preferences.status_bar_on;
-    preferences.status_bar_on = 0; // it would lie on the page
+    menus.status_bar_away = 1; // not by the option: a system that goes down meanwhile would store it
     build_screen(help_layout);
     show_page(0);
     while (gui.event[SLOT_EXIT].take() == 0) {
@@ -86,7 +84,7 @@ void help_menu()
     }
     close_screen();
     build_draw_menu();
-    preferences.status_bar_on = bar_before;
+    menus.status_bar_away = 0;
 }
 
 void about_menu()

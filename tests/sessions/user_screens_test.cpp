@@ -3,7 +3,6 @@
 #include "gui/scheme.h"
 #include "gui/slots.h"
 #include "gui/text_colours.h"
-#include "runtime/preferences.h"
 #include "runtime/sheets.h"
 #include "runtime/store.h"
 #include "screens/draw_menu.h"
@@ -101,7 +100,6 @@ TEST(HelpMenu, ShowsPagesFromTheirFirstLine)
 {
     Session session(draw_menu);
     open_entry(session, HELP_ENTRY, MENU_DIALOG);
-    EXPECT_EQ(preferences.status_bar_on, 0);
     EXPECT_TRUE(looks_like(session, "help_menu"));
     gui.scroll_value[PAGE] = 5;
     session.click_at(gui.x[TOPICS] + 20, gui.y[TOPICS] + 16);
@@ -114,7 +112,7 @@ TEST(HelpMenu, ShowsPagesFromTheirFirstLine)
     EXPECT_EQ(gui.text_id[PAGE], 51) << "the last topic";
     session.click(HELP_EXIT);
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
-    EXPECT_EQ(preferences.status_bar_on, 1);
+    EXPECT_EQ(menus.status_bar_away, 0);
 }
 
 TEST(AboutBox, ShowsItsTitleAndMoves)
