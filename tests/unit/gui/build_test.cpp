@@ -2,12 +2,16 @@
 #include "gui/build.h"
 
 #include "gui/help_layout.h"
+#include "gui/key_labels.h"
 #include "gui/scheme.h"
 #include "gui/text_blocks.h"
+#include "runtime/hotkeys.h"
+#include "screens/actions.h"
 #include <algorithm>
 #include <cstring>
 #include <gtest/gtest.h>
 #include <string>
+#include <utility>
 
 namespace kelu {
 namespace {
@@ -151,6 +155,29 @@ TEST_F(Build, EveryTopicHasAPageThatKeepsTheRules)
             EXPECT_TRUE(std::ranges::all_of(shown, [](char c) { return c > ' ' && c <= '_' && c != '|' && c != '`'; }))
                 << shown;
         }
+    }
+}
+
+TEST_F(Build, PagesNameTheKeysThatTheProgramHas)
+{
+    constexpr std::pair<int, int> page_actions[] = {
+        {1, ACTION_EXIT},          {1, ACTION_RAPID_EXIT},    {2, ACTION_ALPHA_TOGGLE},  {2, ACTION_ALPHA_PREVIEW},
+        {5, ACTION_COLOR_MENU},    {5, ACTION_BRUSH_DROPPER}, {6, ACTION_TIP_SELECT},    {7, ACTION_TOOL_SELECT},
+        {7, ACTION_BRUSH_OPTION},  {8, ACTION_CEL_GET},       {8, ACTION_CEL_CLIP},      {8, ACTION_CEL_PASTE},
+        {8, ACTION_CEL_XFORM},     {9, ACTION_COPY},          {9, ACTION_PASTE},         {13, ACTION_MEASURE},
+        {14, ACTION_MASK_DROPPER}, {15, ACTION_FAVORITES},    {20, ACTION_FRAME_JUMP},   {21, ACTION_NEXT},
+        {21, ACTION_PREVIOUS},     {21, ACTION_FIRST},        {21, ACTION_LAST},         {21, ACTION_ANIMATE},
+        {21, ACTION_PLAY},         {23, ACTION_PIC_GRID},     {24, ACTION_HIDE_MENU},    {26, ACTION_INK_SELECT},
+        {26, ACTION_INK_OPTION},   {27, ACTION_INSPECT},      {30, ACTION_PIC_LOAD},     {31, ACTION_MACRO_MENU},
+        {31, ACTION_MACRO_1},      {31, ACTION_MACRO_8},      {34, ACTION_ONION_TOGGLE}, {36, ACTION_REDO},
+        {38, ACTION_PIC_RESTORE},  {39, ACTION_PIC_SAVE},     {49, ACTION_UNDO},
+    };
+    set_default_hotkeys();
+    for (const auto& [page, action] : page_actions) {
+        const std::string key = key_label(hotkeys.hotkey_table[static_cast<std::size_t>(action)].primary);
+        const std::string text = help_pages[static_cast<std::size_t>(page)];
+        const bool named = text.find("|c39" + key + "|c40") != std::string::npos;
+        EXPECT_TRUE(named) << key << " on the page " << text;
     }
 }
 
