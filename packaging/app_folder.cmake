@@ -1,4 +1,4 @@
-# Fills the program's own folder with what is not built: cmake -DFOLDER=... -DFONT=... -DDEFAULTS=... -P app_folder.cmake
+# Fills the program's own folder with what is not built: cmake -DFOLDER=... -DDEFAULTS=... -P app_folder.cmake
 #
 # What belongs to the user is made once and never touched again: config.def, user.def and all of WORKSPACE.
 file(MAKE_DIRECTORY ${FOLDER}/resource ${FOLDER}/WORKSPACE ${FOLDER}/fonts)
@@ -15,11 +15,4 @@ endif()
 file(GLOB work ${FOLDER}/WORKSPACE/*)
 if(NOT work)
   file(COPY ${DEFAULTS}/WORKSPACE DESTINATION ${FOLDER})
-endif()
-
-# The font that stands in when the user's is gone. Its licence goes where it goes.
-file(COPY_FILE ${FONT} ${FOLDER}/fonts/system.ttf ONLY_IF_DIFFERENT)
-set(licence /usr/share/doc/fonts-dejavu-core/copyright)
-if(EXISTS ${licence})
-  file(COPY_FILE ${licence} ${FOLDER}/fonts/system.txt ONLY_IF_DIFFERENT)
 endif()

@@ -2,7 +2,7 @@
 
 # To build and to run. xmessage of x11-utils shows the message boxes.
 build_packages=(g++ cmake ninja-build pkg-config liballegro4-dev libx11-dev libjpeg62-turbo-dev zlib1g-dev
-                libfreetype-dev fonts-dejavu-core x11-utils)
+                libfreetype-dev x11-utils)
 # To run without a display, with real mouse events and a screenshot.
 display_packages=(xvfb xauth xdotool x11-xkb-utils x11-apps imagemagick)
 # To pass the tests.

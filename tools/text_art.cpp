@@ -3,10 +3,7 @@
 
 #include "runtime/pixels.h"
 #include "runtime/sheets.h"
-#include <cstdio>
-#include <cstdlib>
-#include <fstream>
-#include <optional>
+#include "text_lines.h"
 #include <set>
 #include <sstream>
 
@@ -14,43 +11,6 @@ namespace kelu::tools {
 namespace {
 
 constexpr std::size_t tip_count = 36;
-
-/// The lines of a file that say something, one at a time, and the complaint about the line in hand.
-class Lines {
-public:
-    explicit Lines(const std::string& file) : name_(file), in_(file)
-    {
-        if (!in_) fail("can't be read");
-    }
-    /// The next line without its comment and without blanks at its end.
-    std::optional<std::string> next()
-    {
-        for (std::string line; std::getline(in_, line);) {
-            ++number_;
-            line.erase(std::min(line.find(';'), line.size()));
-            line.erase(line.find_last_not_of(" \t\r") + 1);
-            if (!line.empty()) return line;
-        }
-        return std::nullopt;
-    }
-    /// The next line, which has to be there.
-    std::string need()
-    {
-        auto line = next();
-        if (!line) fail("ends too early");
-        return *line;
-    }
-    [[noreturn]] void fail(const std::string& what) const
-    {
-        std::fprintf(stderr, "%s:%d: %s\n", name_.c_str(), number_, what.c_str());
-        std::exit(1);
-    }
-
-private:
-    std::string name_;
-    std::ifstream in_;
-    int number_ = 0;
-};
 
 int hex_color(const Lines& lines, const std::string& text)
 {
@@ -78,15 +38,6 @@ std::string need_row(Lines& lines, std::size_t w, const std::string& letters)
     if (const auto bad = row.find_first_not_of(letters); bad != std::string::npos)
         lines.fail(std::string("the letter '") + row[bad] + "' is not declared");
     return row;
-}
-
-/// A glyph's name: the character itself, or '#' and its code.
-int glyph_code(const Lines& lines, const std::string& name)
-{
-    int code = static_cast<unsigned char>(name[0]);
-    if (name.size() > 1) code = name[0] == '#' ? std::atoi(name.c_str() + 1) : -1;
-    if (code < 1 || code > 126) lines.fail("'" + name + "' is no character");
-    return code;
 }
 
 } // namespace
