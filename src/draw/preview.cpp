@@ -4,6 +4,7 @@
 #include "draw/dashes.h"
 #include "draw/gradient_nodes.h"
 #include "draw/grid.h"
+#include "draw/placed_text.h"
 #include "draw/polygon.h"
 #include "draw/spline.h"
 #include "draw/supershape.h"
@@ -84,6 +85,16 @@ void draw_spline(const Sheet& sheet)
     sheet.list();
 }
 
+void draw_text_line(const Sheet& sheet)
+{
+    if (placed_text.shown == 0) return;
+    draw_placed_text(screen_state.tool_overlay, sheet.origin);
+    const Bounds& box = placed_text.text_box;
+    if (tool_input.show_bounds == 0 || box.left > box.right) return;
+    const Point corner = sheet.at(tool_input.tool_nodes[0]);
+    sheet.pen.rectangle({corner.x + box.left, corner.y + box.top}, {corner.x + box.right, corner.y + box.bottom});
+}
+
 template <InkId Ink>
 void draw_gradient(const Sheet& sheet)
 {
@@ -105,6 +116,7 @@ constexpr PreviewRow previews[] = {
     {TOOL_SSHAPE, draw_supershape},
     {TOOL_SPIRAL, draw_spiral},
     {TOOL_SPLINE, draw_spline},
+    {TOOL_TEXT, draw_text_line},
     {preview_of_ink + INK_H_GRAD, draw_gradient<INK_H_GRAD>},
     {preview_of_ink + INK_L_GRAD, draw_gradient<INK_L_GRAD>},
     {preview_of_ink + INK_R_GRAD, draw_gradient<INK_R_GRAD>},

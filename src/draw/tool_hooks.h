@@ -9,6 +9,7 @@ struct ToolHooks {
     void (*quick_pan)() = nullptr;                  ///< runs while its key is held
     void (*build_draw_menu)() = nullptr;            ///< the drawing menu's slots come back
     void (*freeze_menu)() = nullptr;                ///< takes the picture that stands dim behind a pop-up
+    void (*text_tool)() = nullptr;                  ///< the tool TEXT from its first node on
 };
 inline ToolHooks tool_hooks;
 

@@ -15,6 +15,7 @@
 #include "draw/spline.h"
 #include "draw/stroke.h"
 #include "draw/supershape.h"
+#include "draw/tool_hooks.h"
 #include "draw/tool_input.h"
 #include "draw/tool_loop.h"
 #include "draw/two_point.h"
@@ -53,6 +54,9 @@ int gather_node()
     return 1;
 }
 
+/// The text tool is a screen, above this level.
+void open_text_tool() { call_hook(tool_hooks.text_tool); }
+
 constexpr ToolRow no_gather(int id) { return {id, nullptr, nullptr, {}}; }
 
 constexpr std::array<int, 3> hollow{};
@@ -81,7 +85,7 @@ constexpr std::array<ToolRow, TOOL_COUNT> rows{{
     {TOOL_SPIRAL, gather_node<spiral_tool>, render_point_list, {}},
     {TOOL_SPLINE, gather_spline, render_point_list, smooth},
     {TOOL_SPRAY, gather_snapped_press, render_spray, drops},
-    {TOOL_TEXT, nullptr, nullptr, antialiased},
+    {TOOL_TEXT, gather_node<open_text_tool>, nullptr, antialiased},
 }};
 
 constexpr bool rows_in_order()

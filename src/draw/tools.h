@@ -14,6 +14,7 @@ enum ToolOption : int {
     OPTION_BRUSH_COLOR = 0, ///< MOVE: 1 leaves the brush colour behind, 0 the mask colour
     OPTION_CLOSED = 1,      ///< SPLINE: 1 joins the last node to the first
     OPTION_CURVE = 2,       ///< SPLINE, 0 straight to 100
+    OPTION_ANTIALIAS = 0,   ///< TEXT: 1 draws it with soft edges
 };
 
 struct ToolRow {

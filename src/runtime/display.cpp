@@ -7,6 +7,7 @@
 #include "runtime/startup.h"
 
 #include "imagefile/picture_files.h"
+#include "imagefile/vector_font.h"
 #include "platform/places.h"
 #include <algorithm>
 #include <cstdio>
@@ -18,6 +19,7 @@ namespace {
 constexpr const char* config_name = "config.def";
 constexpr int smallest_window = 2; ///< digit of the smallest window; 1 is full screen
 constexpr int largest_window = 9;
+constexpr int font_library_exit = 1; ///< exit code when there is no font library
 
 /// The digit of config.def: 1 full screen, 2 to 9 a window at that scale. -1 when there is no file.
 int read_config()
@@ -82,6 +84,7 @@ void initialize_display()
     note_start_day();
     enter_video_mode();
     register_picture_formats();
+    if (font_system_init() != 0) fatal_stop(fatal_text::font_library, font_library_exit);
     screen_state.back_buffer = Bitmap(logical_w, logical_h);
     FW_initialize_variables();
     log_line("[ INIT ] : Internal assets initialized");

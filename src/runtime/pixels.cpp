@@ -121,6 +121,31 @@ void downscale_bitmap(BITMAP* source, BITMAP* target, int x, int y, int w, int h
     }
 }
 
+UsedBox used_box(BITMAP* bitmap, int background)
+{
+    const auto differs = [background](int pixel) { return pixel != background; };
+    int left = bitmap->w;
+    int right = -1;
+    int top = -1;
+    int bottom = -1;
+    for (int y = 0; y < bitmap->h; ++y) {
+        const int* line = row(bitmap, y);
+        const int* end = line + bitmap->w;
+        const int* first = std::find_if(line, end, differs);
+        if (first == end) continue;
+        if (top < 0) top = y;
+        bottom = y;
+        left = std::min(left, static_cast<int>(first - line));
+        // Only what lies beyond the box so far can widen it.
+        const int* last = end;
+        while (last - line > right + 1 && !differs(last[-1]))
+            --last;
+        right = std::max(right, static_cast<int>(last - line) - 1);
+    }
+    if (top < 0) return {};
+    return {left, top, right - left + 1, bottom - top + 1};
+}
+
 void mask_black(BITMAP* bitmap)
 {
     for (int line = 0; line < bitmap->h; ++line) {

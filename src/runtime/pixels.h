@@ -48,6 +48,13 @@ void blend_sprite(BITMAP* source, BITMAP* target, int x, int y, int opacity);
 /// up. The source must be at least as wide and as high as the target rectangle.
 void downscale_bitmap(BITMAP* source, BITMAP* target, int x, int y, int w, int h);
 
+/// The smallest rectangle that holds all pixels of a bitmap but those of a background; w and h are 0 when there are
+/// none.
+struct UsedBox {
+    int x = 0, y = 0, w = 0, h = 0;
+};
+UsedBox used_box(BITMAP* bitmap, int background);
+
 /// Every black pixel becomes magenta.
 void mask_black(BITMAP* bitmap);
 

@@ -12,6 +12,7 @@
 #include "gui/logic.h"
 #include "gui/scheme.h"
 #include "imagefile/dispatch.h"
+#include "imagefile/vector_font.h"
 #include "platform/clipboard.h"
 #include "platform/ending.h"
 #include "platform/files.h"
@@ -31,9 +32,11 @@
 #include "screens/color_menu.h"
 #include "screens/dialogs.h"
 #include "screens/draw_menu.h"
+#include "screens/failure_panel.h"
 #include "screens/frame_loan.h"
 #include "screens/freeze.h"
 #include "screens/quick_pan.h"
+#include "screens/text_tool.h"
 #include "workspace/blank_workspace.h"
 #include "workspace/frame_store.h"
 #include "workspace/notice.h"
@@ -146,8 +149,10 @@ void connect_levels()
     tool_hooks = {.hotkey_dispatch = hotkey_dispatch,
                   .quick_pan = quick_pan,
                   .build_draw_menu = build_draw_menu,
-                  .freeze_menu = freeze_menu};
+                  .freeze_menu = freeze_menu,
+                  .text_tool = text_tool};
     show_notice = [](int first, int second) { ask(first, second, DialogButtons::OKAY); };
+    show_failure_panel = show_failure;
     install_drag_job();
     register_framework_jobs();
     connect_picture_files();
@@ -232,6 +237,7 @@ void shutdown_program()
     log_line("[ END ] : Writing user settings to file.");
     write_user_settings();
     log_line("[ END ] : Closing font renderer hooks.");
+    font_system_exit();
     log_line("[ END ] : Closing log.");
     log_close();
     remove_interrupts();

@@ -31,11 +31,14 @@ void build_failure_panel(int code)
 void show_failure(int code)
 {
     build_failure_panel(code);
+    // What was to be read may be half there, and no key may change frames before it is whole.
+    ++action_state.frame_locked;
     do {
         run_frame(0);
         hotkey_dispatch(1);
-    } while (!left_down());
+    } while (!left_down() && !leaving());
     wait_left_release();
+    --action_state.frame_locked;
     for (const int slot : {SLOT_PANEL, SLOT_FIRST_LINE, SLOT_SECOND_LINE})
         gui_reset_slot(slot);
     gui_clear_window();

@@ -6,6 +6,7 @@
 #include "gui/field.h"
 #include "gui/scheme.h"
 #include "imagefile/dispatch.h"
+#include "imagefile/font_preview.h"
 #include "imagefile/formats.h"
 #include "imagefile/preview.h"
 #include "platform/files.h"
@@ -19,6 +20,7 @@
 #include "screens/dialogs.h"
 #include "screens/freeze.h"
 #include "screens/waits.h"
+#include "workspace/text_font.h"
 #include "workspace/thumbnails.h"
 #include <optional>
 #include <utility>
@@ -45,6 +47,7 @@ private:
     void read_filters();
     bool chosen();
     bool okay();
+    bool choose_font(const std::string& name);
     bool may_replace() const;
     void reload();
 
@@ -71,7 +74,12 @@ void Browser::show_preview()
 {
     const bool forced = gui.event[BROWSER_PREVIEW].take() != 0;
     if (!std::exchange(preview_pending_, false) && !forced) return;
-    update_preview(file_named(field_text(BROWSER_FILE), picked_), forced);
+    const std::string name = file_named(field_text(BROWSER_FILE), picked_);
+    if (task_ == BROWSER_FONT) {
+        update_font_preview(name);
+    } else {
+        update_preview(name, forced);
+    }
 }
 
 /// A file takes the place of the one selected before; a second click on it confirms.
@@ -139,11 +147,21 @@ bool Browser::may_replace() const
     return answer != 0;
 }
 
+/// True when the font is the text tool's now; otherwise that keeps the one it has.
+bool Browser::choose_font(const std::string& name)
+{
+    if (load_vector_font(name) != 1) return false;
+    browser_state.browser_file = field_text(BROWSER_FILE);
+    return true;
+}
+
 /// True when the file of the field has been loaded or saved, or that was tried.
 bool Browser::okay()
 {
     const std::string name = file_named(field_text(BROWSER_FILE), picked_);
-    if (task_ == BROWSER_SAVE) {
+    if (task_ == BROWSER_FONT) {
+        cancelled_ = !choose_font(name);
+    } else if (task_ == BROWSER_SAVE) {
         if (platform::file_exists(name) && !may_replace()) return false;
         save_picture_file(name, file_kind_);
     } else if (load_picture_file(name, file_kind_)) {

@@ -19,6 +19,7 @@
 #include "workspace/frame_store.h"
 #include "workspace/repair.h"
 #include "workspace/state.h"
+#include "workspace/text_font.h"
 #include "workspace/timers_lock.h"
 #include <algorithm>
 
@@ -107,6 +108,8 @@ void clear_workspace()
 
 void begin_workspace()
 {
+    prefer_system_font();
+    restore_text_font();
     if (count_workspace_frames() == 0) {
         make_blank_workspace();
         return;

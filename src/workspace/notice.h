@@ -7,4 +7,11 @@ namespace kelu {
 /// it has been answered. The dialogs of the screens set it; without it nothing shows.
 inline void (*show_notice)(int first_text, int second_text) = nullptr;
 
+/// Failures that have a panel.
+constexpr int failure_font = 1; ///< a font's file can't be read
+
+/// Shows the failure panel and returns when it has been dismissed. It leaves the table of slots without the open menu.
+/// Set by the screens; without it nothing shows.
+inline void (*show_failure_panel)(int code) = nullptr;
+
 } // namespace kelu

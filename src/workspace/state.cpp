@@ -24,6 +24,7 @@
 #include "workspace/frame_store.h"
 #include "workspace/repair.h"
 #include "workspace/tag_files.h"
+#include "workspace/text_font.h"
 #include "workspace/thumbnails.h"
 #include <algorithm>
 
@@ -170,6 +171,7 @@ int read_workspace_state(const std::string& file_name)
     load_current_frame();
     load_containers();
     remove_alternate_files();
+    restore_text_font();
     refresh_derived_state();
     return 1;
 }

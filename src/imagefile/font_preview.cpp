@@ -1,0 +1,41 @@
+// The sample is drawn with room on all sides, and what it uses is cut out.
+#include "imagefile/font_preview.h"
+
+#include "imagefile/vector_font.h"
+#include "platform/files.h"
+#include "runtime/pixels.h"
+#include "runtime/run_state.h"
+
+namespace kelu {
+namespace {
+
+constexpr const char* sample = "A";
+constexpr int sample_y = 20;
+constexpr int sample_size = 75, sample_spacing = 5;
+constexpr int hidden_rows = 10; ///< at the preview's foot, below the font browser's buttons
+
+/// Draws a font's sample into the preview.
+void draw_sample(BITMAP* preview, VectorFont& font)
+{
+    const int ground = fixed_colours.menu_grey;
+    clear_to_color(preview, ground);
+    const Bitmap room(2 * preview->w, 2 * preview->h);
+    if (!room) return;
+    font_draw_sample(room, font, sample, preview->w / 2, sample_y, fixed_colours.black, ground);
+    const UsedBox box = used_box(room, ground);
+    blit(room, preview, box.x, box.y, (preview->w - box.w) / 2, (preview->h - hidden_rows - box.h) / 2, box.w, box.h);
+}
+
+} // namespace
+
+void update_font_preview(const std::string& name)
+{
+    open_fonts.preview_font.reset();
+    FontOwner font = font_load(platform::resolve_path(name));
+    if (!font) return;
+    font_set_up(*font, sample_spacing, sample_size);
+    draw_sample(screen_state.preview_bitmap, *font);
+    open_fonts.preview_font = std::move(font);
+}
+
+} // namespace kelu

@@ -1,0 +1,12 @@
+// A font in the file browser: its letter A in the place of a picture's preview.
+#pragma once
+
+#include <string>
+
+namespace kelu {
+
+/// Loads a font of the working directory as `preview_font` and draws its sample letter into `preview_bitmap`, in the
+/// middle of what the font browser shows of it. A file that can't be loaded leaves the preview as it was.
+void update_font_preview(const std::string& name);
+
+} // namespace kelu
