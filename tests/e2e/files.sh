@@ -1,0 +1,82 @@
+#!/usr/bin/env bash
+# Pictures in and out by real mouse and keys: saved and loaded in the browser, copied and pasted with another program.
+. "$(dirname "${BASH_SOURCE[0]}")/story.sh"
+start_display 1300x1000
+cd "$scratch"
+convert -size 61x43 gradient:red-blue -depth 8 PNG24:small.png
+convert -size 900x700 -seed 1 plasma: -depth 8 PNG24:large.png
+mkdir "$app/shelf"
+cp small.png "$app/shelf/Ramp.png"
+cp large.png "$app/shelf/zoo.png"
+start_program "$app"
+
+type_name() {
+    local i
+    for ((i = 0; i < ${#1}; i++)); do
+        case ${1:i:1} in
+        .) press period ;;
+        /) press slash ;;
+        *) press "${1:i:1}" ;;
+        esac
+    done
+}
+click() {
+    move_to "$1" "$2"
+    xdotool mousedown "${3:-1}" sleep "$hold" mouseup "${3:-1}" sleep "$hold"
+}
+same() { [ -s "$1" ] && [ "$(convert "$1" rgb:- | cksum)" = "$(convert "$2" rgb:- | cksum)" ]; }
+# frame_is PICTURE: copies the frame, and another program takes it. A copy is renewed once a try.
+frame_is() {
+    press ctrl c
+    timeout 5 xclip -selection clipboard -o -t image/png >taken.png && same taken.png "$1"
+}
+# shown_row N: the list's row N of the browser at its first place.
+shown_row() { click 20 $((115 + 32 + 5 + 6 * $1)); }
+
+stroke 90 40 170 60
+press F5
+type_name shelf/art.png
+screenshot "$scratch/save.png"
+press Return
+wait_for 'the saved file' test -s "$app/shelf/art.png"
+wait_for 'the same picture on the clipboard' frame_is "$app/shelf/art.png"
+expect 'the stroke is in it' test "$(pixel "$app/shelf/art.png" 130 50)" != "$(pixel "$app/shelf/art.png" 10 200)"
+
+press F9
+wait_for 'the open browser' differs "$scratch/save.png"
+shown_row 3 # ".." FONTS RESOURCE SHELF
+shown_row 2 # ".." ART.PNG RAMP.PNG ZOO.PNG
+sleep 0.2
+screenshot "$scratch/load.png"
+click 30 $((115 + 118)) # OKAY
+wait_for 'the loaded picture' frame_is small.png
+
+# The other way: a larger picture, in pieces, with the question whether the frame should grow.
+xclip -selection clipboard -i -t image/png <large.png
+press ctrl v
+sleep 0.3
+screenshot "$scratch/larger.png"
+click 90 135 # OKAY
+wait_for 'the larger frame' frame_is large.png
+
+# A smaller one floats until a right click anchors it at the corner.
+xclip -selection clipboard -i -t image/png <small.png
+press ctrl v
+sleep 0.2
+click 300 20 3
+composite -geometry +0+0 small.png large.png PNG24:both.png
+wait_for 'the anchored picture' frame_is both.png
+
+# A program that offers a picture and never answers.
+xclip -selection clipboard -i -t image/png -quiet <large.png 2>/dev/null &
+owner=$!
+sleep 0.3
+kill -STOP $owner
+press ctrl v
+wait_for 'an editor that goes on' frame_is both.png
+kill -CONT $owner
+kill $owner 2>/dev/null || true
+
+kill -TERM "$program"
+end_program || fail "result $? at the end"
+[ -z "${KEEP_SHOTS:-}" ] || cp "$scratch"/{save,load,larger}.png "$KEEP_SHOTS"
