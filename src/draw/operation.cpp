@@ -44,10 +44,13 @@ bool is_step(int last, int now) { return last == -1 || std::abs(now - last) <= 1
 void draw_to_frame(int x, int y, int brush, int ink, int style)
 {
     if (!arguments_valid(brush, ink, style) || !in_bitmap(store.frame_bitmap, x, y)) return;
+    const int pointer_x = view.frame_mouse_x;
+    const int pointer_y = view.frame_mouse_y;
     push_undo(false);
     clear_to_color(store.coverage_bitmap, 0);
     if (brush >= TOOL_COUNT) return;
-    if (const StrokeRender render = tools[static_cast<std::size_t>(brush)].render) render({x, y, brush, ink, style});
+    const StrokeRender render = tools[static_cast<std::size_t>(brush)].render;
+    if (render) render({x, y, brush, ink, style, pointer_x, pointer_y});
 }
 
 void stamp_tip(int x, int y, int brush, int ink, int style)
@@ -74,9 +77,9 @@ void keep_picture_alive(int pending)
 void render_draw(const Stroke& stroke)
 {
     StrokePosition& last = stroke_position;
+    int mouse_x = stroke.pointer_x;
+    int mouse_y = stroke.pointer_y;
     do {
-        const int mouse_x = view.frame_mouse_x;
-        const int mouse_y = view.frame_mouse_y;
         const int x = snap_to_grid(mouse_x, mouse_y, 0);
         const int y = snap_to_grid(mouse_x, mouse_y, 1);
         if (x != last.stroke_last_x || y != last.stroke_last_y) {
@@ -89,6 +92,8 @@ void render_draw(const Stroke& stroke)
         }
         last = {x, y};
         run_frame(0);
+        mouse_x = view.frame_mouse_x;
+        mouse_y = view.frame_mouse_y;
         poll_mouse_buttons();
     } while (pointer.mouse_left != 0);
 }

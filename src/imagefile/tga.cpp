@@ -93,7 +93,7 @@ Bitmap decode_tga(std::span<const uint8_t> bytes)
     const auto least = type == type_plain ? pixel_count * static_cast<std::size_t>(bits / 8) : pixel_count / 128;
     if (in.ended() || in.left() < least) return {};
 
-    Bitmap picture(w, h);
+    Bitmap picture = Bitmap::unfilled(w, h); // where the data ends early, nothing is given out
     if (!picture) return {};
     if (type == type_plain && bits == 32 && (descriptor & right_to_left) == 0) {
         read_words(in, picture, (descriptor & top_down) != 0);

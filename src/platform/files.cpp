@@ -1,6 +1,8 @@
 // Single files: tests, bounded reading, and replacement by writing beside and renaming.
 #include "platform/files.h"
 
+#include "platform/memory.h"
+
 #include <fcntl.h>
 #include <filesystem>
 #include <memory>
@@ -75,6 +77,8 @@ bool read_file(const std::string& name, std::size_t limit, std::vector<uint8_t>&
     struct stat status = {};
     if (!file || fstat(handle, &status) != 0 || !S_ISREG(status.st_mode)) return false;
     if (status.st_size < 0 || static_cast<std::size_t>(status.st_size) > limit) return false;
+    bytes.reserve(static_cast<std::size_t>(status.st_size));
+    prefer_large_pages(bytes.data(), bytes.capacity());
     bytes.resize(static_cast<std::size_t>(status.st_size));
     bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file.get()));
     return std::ferror(file.get()) == 0;

@@ -1,14 +1,30 @@
 // Making, copying and destroying bitmaps.
 #include "runtime/bitmap.h"
 
+#include "platform/memory.h"
+
 namespace kelu {
+namespace {
+
+/// Pixels of any value, in one block as Allegro makes it; null when memory is short.
+BITMAP* allocate(int w, int h)
+{
+    BITMAP* bitmap = create_bitmap_ex(32, w, h);
+    const std::size_t pixels = static_cast<std::size_t>(w) * static_cast<std::size_t>(h);
+    if (bitmap) platform::prefer_large_pages(bitmap->dat, pixels * sizeof(int));
+    return bitmap;
+}
+
+} // namespace
 
 Bitmap::Bitmap(int w, int h, int color)
 {
     if (!bitmap_size_valid(w, h)) return;
-    bitmap_ = create_bitmap_ex(32, w, h);
+    bitmap_ = allocate(w, h);
     if (bitmap_) clear_to_color(bitmap_, color);
 }
+
+Bitmap Bitmap::unfilled(int w, int h) { return bitmap_size_valid(w, h) ? Bitmap(allocate(w, h)) : Bitmap(); }
 
 void Bitmap::reset()
 {
@@ -21,7 +37,7 @@ void Bitmap::reset()
 Bitmap Bitmap::copy() const
 {
     if (!bitmap_) return {};
-    Bitmap twin(create_bitmap_ex(32, bitmap_->w, bitmap_->h));
+    Bitmap twin = unfilled(bitmap_->w, bitmap_->h);
     if (twin) blit(bitmap_, twin, 0, 0, 0, 0, bitmap_->w, bitmap_->h);
     return twin;
 }

@@ -34,6 +34,8 @@ public:
     constexpr Bitmap() = default;
     /// A new bitmap of w x h pixels, cleared to `color`; empty when the size is not valid or memory is short.
     Bitmap(int w, int h, int color = 0);
+    /// A new bitmap whose pixels may be anything, for who writes them all at once; empty as above.
+    static Bitmap unfilled(int w, int h);
     /// Takes over a bitmap that Allegro made; null makes an empty owner.
     explicit Bitmap(BITMAP* made) : bitmap_(made) {}
     Bitmap(Bitmap&& other) noexcept : bitmap_(std::exchange(other.bitmap_, nullptr)) {}

@@ -48,7 +48,7 @@ bool load_onion(const std::string& name)
     Bitmap merged = read_stored_frame(name);
     if (merged && store.alpha_edit_mode) {
         // The skin takes the role of the frame: in alpha editing it shows the alpha picture.
-        Bitmap color(merged.width(), merged.height());
+        Bitmap color = Bitmap::unfilled(merged.width(), merged.height());
         if (!color) return false;
         alpha_strip(merged, merged, color);
     }
@@ -97,8 +97,8 @@ bool adopt_picture(Bitmap merged, bool becomes_restoration)
 {
     if (!merged) return false;
     const int w = merged.width(), h = merged.height();
-    Bitmap alpha(w, h), coverage(w, h), frame;
-    if (becomes_restoration) frame = Bitmap(w, h);
+    Bitmap alpha = Bitmap::unfilled(w, h), coverage(w, h), frame;
+    if (becomes_restoration) frame = Bitmap::unfilled(w, h);
     if (!alpha || !coverage || (becomes_restoration && !frame)) return false;
     if (becomes_restoration) {
         alpha_strip(merged, frame, alpha);
