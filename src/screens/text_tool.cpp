@@ -27,18 +27,17 @@ namespace {
 
 constexpr int window_w = 319, window_h = 32;
 constexpr int window_slots = 12;
-constexpr int visible_characters = 40, max_characters = 120;
-constexpr int largest_size = 350, largest_gap = 32;
+constexpr int visible_characters = 40;
 constexpr int first_size = 28; ///< while none is set
 
 constexpr std::array text_slots{
     title_row(2, 2, 33, TEXT_TEXT),
     caption_row(2, 36, 2, 33, TEXT_SIZE),
     caption_row(3, 2, 12, 67, TEXT_INPUT),
-    field_row(TEXT_SLOT_FIELD, 70, 12, 248, visible_characters, max_characters),
-    panel_slider_row(TEXT_SLOT_SIZE, 70, 2, 150, 0, largest_size, largest_size + 1, 3),
+    field_row(TEXT_SLOT_FIELD, 70, 12, 248, visible_characters, text_limits::characters),
+    panel_slider_row(TEXT_SLOT_SIZE, 70, 2, 150, 0, text_limits::size, text_limits::size + 1, 3),
     caption_row(6, 221, 2, 27, TEXT_GAP),
-    panel_slider_row(TEXT_SLOT_GAP, 249, 2, 69, 0, largest_gap, largest_gap + 1, 3),
+    panel_slider_row(TEXT_SLOT_GAP, 249, 2, 69, 0, text_limits::gap, text_limits::gap + 1, 3),
     push_row(TEXT_SLOT_OKAY, 2, 22, 59, TEXT_OKAY),
     push_row(TEXT_SLOT_CANCEL, 259, 22, 59, TEXT_CANCEL),
     SlotRow{TEXT_SLOT_FONT, 70, 22, 180, KIND_FONT_NAME, TEXT_NONE, ACT_CLICK},
