@@ -150,6 +150,7 @@ bool Browser::may_replace() const
 /// True when the font is the text tool's now; otherwise that keeps the one it has.
 bool Browser::choose_font(const std::string& name)
 {
+    if (!platform::file_exists(name)) flash_failure(TIP_LOAD_FAILED, "No such file!");
     if (load_vector_font(name) != 1) return false;
     browser_state.browser_file = field_text(BROWSER_FILE);
     return true;

@@ -1,9 +1,11 @@
 // The file browser by mouse and keys: what a click, a name and a place stand for, and what is asked before a file goes.
+#include "draw/tool_loop.h"
 #include "gui/build.h"
 #include "gui/menus.h"
 #include "gui/slots.h"
 #include "gui/strings.h"
 #include "gui/tooltips.h"
+#include "imagefile/dispatch.h"
 #include "imagefile/png.h"
 #include "platform/files.h"
 #include "platform/places.h"
@@ -13,10 +15,11 @@
 #include "runtime/pixels.h"
 #include "runtime/run_state.h"
 #include "runtime/store.h"
+#include "runtime/text_settings.h"
 #include "runtime/toolbox.h"
 #include "screens/browser_listing.h"
 #include "screens/browser_slots.h"
-#include "screens/draw_menu.h"
+#include "screens/file_browser.h"
 #include "support/golden.h"
 #include "support/session.h"
 #include <allegro.h>
@@ -230,6 +233,51 @@ TEST_F(Browser, KeepsFavorites)
     EXPECT_EQ(menus.menu_id, MENU_FAVORITES);
     EXPECT_EQ(int(toolbox.extended_favorites[5]), green);
     session_.click_at(100, 50, RIGHT_BUTTON);
+}
+
+namespace {
+
+/// The font browser again and again, as the text tool's button opens it.
+void browse_fonts()
+{
+    while (!leaving())
+        file_browser(BROWSER_FONT, BROWSE_FONT);
+}
+
+} // namespace
+
+TEST(FontBrowser, HasPlacesOfItsOwn)
+{
+    Session session(browse_fonts);
+    const std::string fonts = session.folder() + "/fonts";
+    platform::places = {};
+    platform::places.drive_root['C' - 'A'] = "/";
+    browser_state.home_image_dir = "/";
+    session.click(BROWSER_CANCEL); // the next one has the drives of the test
+    session.click(BROWSER_LOCAL);
+    EXPECT_EQ(platform::working_directory(), fonts);
+    session.click(BROWSER_HOME);
+    EXPECT_EQ(browser_state.home_font_dir, fonts);
+    EXPECT_EQ(browser_state.home_image_dir, "/");
+    session.click(BROWSER_FILTER_0 + 6);
+    session.click_at(gui.x[BROWSER_LIST] + 20, gui.y[BROWSER_LIST] + 10);
+    EXPECT_EQ(browser_state.browser_file, "SYSTEM.TTF");
+    show_in_field(BROWSER_PATH, "/HOME/ME/KELU/FONTS");
+    session.move(5, 60);
+    session.frame(200);
+    EXPECT_TRUE(test::matches_golden(session.picture(), "font_browser"));
+    session.click(BROWSER_OKAY);
+    EXPECT_EQ(text_settings.font_dir, platform::upper_case(fonts));
+    EXPECT_EQ(text_settings.font_file, "SYSTEM.TTF");
+    EXPECT_EQ(browser_state.browser_dir, text_settings.font_dir) << "and opens where it was";
+    session.click(BROWSER_OS);
+    EXPECT_EQ(platform::working_directory(), platform::system_font_folder());
+    session.click(BROWSER_CANCEL);
+    EXPECT_EQ(text_settings.font_dir, platform::upper_case(fonts));
+    show_in_field(BROWSER_FILE, "no such font");
+    session.click(BROWSER_OKAY);
+    EXPECT_EQ(menus.status_reason, "NO SUCH FILE!");
+    EXPECT_EQ(text_settings.font_file, "SYSTEM.TTF");
 }
 
 } // namespace kelu
