@@ -39,6 +39,14 @@ expect 'the smallest window' test "$scale" = 2
 kill -TERM "$program"
 end_program || fail "result $? after TERM"
 
+# Without the program's own font, and without another, there is nothing to write with.
+mv "$app/fonts/system.ttf" "$scratch"
+: >"$scratch/boxes"
+expect 'a missing font ends with 255' test "$(run_to_end)" = 255
+expect 'a line about both fonts' log_says '[ ERROR ] : Preferred font AND system font are missing. Reinstall program!'
+expect 'the box of the font' box_says 'System font file is missing. Please reinstall the application.'
+mv "$scratch/system.ttf" "$app/fonts"
+
 # Nothing fits.
 kill "$display_server"
 wait "$display_server" 2>/dev/null || true
