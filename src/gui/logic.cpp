@@ -38,15 +38,11 @@ void application_pass(int wheel)
     if (wheel != 0 && pointer.gui_hover_slot == -1 && logic_hooks.wheel_zoom) logic_hooks.wheel_zoom(wheel > 0 ? 1 : 0);
 }
 
-/// The highest slot under the pointer is the one that was drawn last.
 void find_hover_slot()
 {
-    int found = -1;
-    for (int slot = 0; slot < gui_slots; ++slot) {
+    for (int slot = 0; slot < gui_slots; ++slot)
         gui.hover_row[slot] = -1;
-        if (slot_live(slot) && gui.hover_target[slot] != 0 && slot_hovered(slot)) found = slot;
-    }
-    pointer.gui_hover_slot = static_cast<int16_t>(found);
+    pointer.gui_hover_slot = static_cast<int16_t>(slot_under_pointer());
 }
 
 void time_tooltip()
@@ -158,6 +154,7 @@ void slot_passes(int wheel)
 void gui_logic_tick()
 {
     if (held_by_the_display() || gui_logic.gui_logic_paused != 0) return;
+    poll_mouse_buttons();
     const int wheel_now = wheel_position();
     const int wheel = wheel_now - pointer.last_mouse_z;
     application_pass(wheel);

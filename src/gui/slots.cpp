@@ -104,6 +104,14 @@ bool slot_hovered(int slot)
     return x >= left && x < left + gui.w[slot] - 1 && y >= top && y < top + gui.h[slot] - 1;
 }
 
+int slot_under_pointer()
+{
+    for (int slot = gui_slots - 1; slot >= 0; --slot) {
+        if (slot_live(slot) && gui.hover_target[slot] != 0 && slot_hovered(slot)) return slot;
+    }
+    return -1;
+}
+
 void menu_hide(int first)
 {
     change_hidden(first, [](int) { return 1; });

@@ -191,6 +191,8 @@ bool slot_holds(int slot, int x, int y);
 bool slot_live(int slot);
 /// True when the pointer is on the slot, whose last column and row don't count.
 bool slot_hovered(int slot);
+/// Highest slot in view under the pointer that doesn't let it through, -1 none; it was drawn last.
+int slot_under_pointer();
 
 /// Hide, show or flip the menu that starts at slot `first`.
 void menu_hide(int first);

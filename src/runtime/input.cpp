@@ -17,6 +17,14 @@ struct Stillness {
 };
 Stillness stillness;
 
+/// To be called after a look at the buttons: the position is then never older than the press, as a finger or a pen
+/// brings both at once.
+void read_position()
+{
+    pointer.mouse_x = static_cast<int16_t>(::mouse_x / screen_state.screen_scale);
+    pointer.mouse_y = static_cast<int16_t>(::mouse_y / screen_state.screen_scale);
+}
+
 bool button_down(int state, int bit) { return (state >> bit & 1) != 0; }
 
 } // namespace
@@ -29,6 +37,7 @@ void poll_mouse_buttons()
     pointer.mouse_middle = button_down(state, 2);
     pointer.mouse_button_4 = button_down(state, 3);
     pointer.mouse_button_5 = button_down(state, 4);
+    read_position();
 }
 
 int gui_button_state()
@@ -67,10 +76,9 @@ int wheel_position() { return ::mouse_z; }
 
 void mouse_tick()
 {
-    const int x = ::mouse_x / screen_state.screen_scale;
-    const int y = ::mouse_y / screen_state.screen_scale;
-    pointer.mouse_x = static_cast<int16_t>(x);
-    pointer.mouse_y = static_cast<int16_t>(y);
+    read_position();
+    const int x = pointer.mouse_x;
+    const int y = pointer.mouse_y;
     if (x != stillness.x || y != stillness.y) {
         stillness = {x, y, 0};
     } else if (++stillness.passes > 3) {

@@ -21,7 +21,7 @@ struct Pointer {
 };
 inline Pointer pointer;
 
-/// Copies the five buttons to the raw bytes.
+/// Copies the five buttons to the raw bytes, and takes the pointer's position with them.
 void poll_mouse_buttons();
 /// The GUI's view of the buttons: 0 none, 1 primary, 2 secondary. Notes the position of the press.
 int gui_button_state();

@@ -10,6 +10,7 @@
 #include "runtime/input.h"
 #include "runtime/run_state.h"
 #include "runtime/toolbox.h"
+#include "runtime/view.h"
 #include "screens/actions.h"
 #include "screens/activity.h"
 #include "screens/choice_menu.h"
@@ -108,7 +109,9 @@ bool over_bare_frame() { return pointer.gui_hover_slot < 0; }
 void draw_on_press()
 {
     poll_mouse_buttons();
-    if (pointer.mouse_left == 0 || !over_bare_frame()) return;
+    // The press can be newer than the last logic pass, which knows where the pointer was then.
+    if (pointer.mouse_left == 0 || slot_under_pointer() >= 0) return;
+    update_mouse_position();
     tool_dispatch();
     while (pointer.mouse_left != 0) {
         run_frame(0);

@@ -38,6 +38,7 @@ protected:
         run_state.gui_active = 1;
         run_state.gui_clicks_enabled = 1;
         ::mouse_b = 0;
+        point(0, 0);
         ::mouse_z = 0;
         ::key_shifts = 0;
         for (int code = 0; code < KEY_MAX; ++code)
@@ -56,8 +57,9 @@ protected:
     }
     static void point(int x, int y)
     {
-        pointer.mouse_x = static_cast<int16_t>(x);
-        pointer.mouse_y = static_cast<int16_t>(y);
+        ::mouse_x = x * screen_state.screen_scale;
+        ::mouse_y = y * screen_state.screen_scale;
+        poll_mouse_buttons();
     }
     static void passes(int n)
     {
