@@ -4,7 +4,9 @@
 #include "gui/strings.h"
 #include "imagefile/dispatch.h"
 #include "imagefile/frame_clipboard.h"
+#include "runtime/hotkeys.h"
 #include "runtime/store.h"
+#include "screens/actions.h"
 #include "screens/cel_commands.h"
 #include "screens/dialogs.h"
 #include "screens/file_browser.h"
@@ -24,9 +26,17 @@ void offer_larger_frame(int w, int h)
 
 } // namespace
 
-void save_frame_picture() { file_browser(BROWSER_SAVE, BROWSE_PICTURE); }
+void save_frame_picture()
+{
+    wait_for_release(ACTION_PIC_SAVE); // or the key would be the first letter of the name
+    file_browser(BROWSER_SAVE, BROWSE_PICTURE);
+}
 
-void load_frame_picture() { file_browser(BROWSER_LOAD, BROWSE_PICTURE); }
+void load_frame_picture()
+{
+    wait_for_release(ACTION_PIC_LOAD);
+    file_browser(BROWSER_LOAD, BROWSE_PICTURE);
+}
 
 void paste_by_key()
 {

@@ -33,36 +33,43 @@ frame_is() {
 # shown_row N: the list's row N of the browser at its first place.
 shown_row() { click 20 $((115 + 32 + 5 + 6 * $1)); }
 
+# The browser is open when its captions PATH and FILE are there, a dialog when its grey ground is.
+captions() { convert "$1" -crop 87x57+6+381 +repage rgb:- | cksum; }
+browsing() { screenshot now.png && [ "$(captions now.png)" = "$(captions save.png)" ]; }
+asking() { screenshot now.png && [ "$(pixel now.png 210 285)" = '#9E9E9E' ]; }
+
 stroke 90 40 170 60
+screenshot bare.png
 press F5
+wait_for 'the browser' differs bare.png
 type_name shelf/art.png
-screenshot "$scratch/save.png"
+screenshot save.png
 press Return
 wait_for 'the saved file' test -s "$app/shelf/art.png"
 wait_for 'the same picture on the clipboard' frame_is "$app/shelf/art.png"
 expect 'the stroke is in it' test "$(pixel "$app/shelf/art.png" 130 50)" != "$(pixel "$app/shelf/art.png" 10 200)"
 
 press F9
-wait_for 'the open browser' differs "$scratch/save.png"
+wait_for 'the open browser' browsing
 shown_row 3 # ".." FONTS RESOURCE SHELF
 shown_row 2 # ".." ART.PNG RAMP.PNG ZOO.PNG
-sleep 0.2
-screenshot "$scratch/load.png"
 click 30 $((115 + 118)) # OKAY
 wait_for 'the loaded picture' frame_is small.png
 
 # The other way: a larger picture, in pieces, with the question whether the frame should grow.
 xclip -selection clipboard -i -t image/png <large.png
 press ctrl v
-sleep 0.3
-screenshot "$scratch/larger.png"
+wait_for 'the question' asking
 click 90 135 # OKAY
 wait_for 'the larger frame' frame_is large.png
 
 # A smaller one floats until a right click anchors it at the corner.
 xclip -selection clipboard -i -t image/png <small.png
+move_to 300 20
+sleep 2.5 # until the message about the copy has gone
+screenshot before.png
 press ctrl v
-sleep 0.2
+wait_for 'the floating picture' differs before.png
 click 300 20 3
 composite -geometry +0+0 small.png large.png PNG24:both.png
 wait_for 'the anchored picture' frame_is both.png
@@ -79,4 +86,3 @@ kill $owner 2>/dev/null || true
 
 kill -TERM "$program"
 end_program || fail "result $? at the end"
-[ -z "${KEEP_SHOTS:-}" ] || cp "$scratch"/{save,load,larger}.png "$KEEP_SHOTS"
