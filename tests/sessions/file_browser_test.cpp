@@ -23,6 +23,7 @@
 #include "support/golden.h"
 #include "support/session.h"
 #include <allegro.h>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -179,6 +180,11 @@ TEST_F(Browser, LoadsTheFileThatWasClickedOrTyped)
     session_.click(BROWSER_OKAY);
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
     EXPECT_EQ(menus.status_message, TIP_LOAD_FAILED);
+    EXPECT_EQ(frame_color(), green);
+    unsetenv("DISPLAY"); // the tester's own clipboard stays out of this
+    session_.key(KEY_V, {KEY_LCONTROL});
+    EXPECT_EQ(menus.status_message, TIP_CLIPBOARD_EMPTY);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
     EXPECT_EQ(frame_color(), green);
 }
 
