@@ -60,7 +60,10 @@ bool load_into_frame(const std::string& name, int format)
 int ask_quality()
 {
     menu_hide(0);
+    gui.active[0] = 0; // not hidden as the others are, for with slot 0 the status bar would hide its message
+    gui.hidden[0] = 0;
     const int quality = jpeg_quality_dialog();
+    gui.active[0] = 1;
     menu_show(0);
     return quality;
 }

@@ -11,8 +11,8 @@
 namespace kelu {
 namespace {
 
-/// High slots: the window that asked is hidden, but keeps its own.
-enum QualitySlot : int { SLOT_WINDOW = 112, SLOT_TITLE, SLOT_QUALITY, SLOT_OKAY, SLOT_VIEW, SLOT_CANCEL, SLOT_END };
+/// Above the slots of the window that asked, which is hidden but keeps them, and below those of the zoom preview.
+enum QualitySlot : int { SLOT_WINDOW = 100, SLOT_TITLE, SLOT_QUALITY, SLOT_OKAY, SLOT_VIEW, SLOT_CANCEL, SLOT_END };
 
 constexpr int most_quality = 100;
 constexpr int window_w = 142, window_h = 36;
@@ -27,7 +27,7 @@ constexpr SlotRow quality_title()
 constexpr std::array quality_slots{
     SlotRow{SLOT_WINDOW, 0, 0, window_w, KIND_WINDOW}.high(window_h).filled(FILL_BACKGROUND),
     quality_title(),
-    panel_slider_row(SLOT_QUALITY, 2, 13, window_w - 3, 0, most_quality, most_quality),
+    panel_slider_row(SLOT_QUALITY, 2, 13, window_w - 3, 0, most_quality, most_quality + 1),
     push_row(SLOT_OKAY, 2, 25, 44, TEXT_OKAY),
     push_row(SLOT_VIEW, 49, 25, 43, TEXT_VIEW),
     push_row(SLOT_CANCEL, 95, 25, 45, TEXT_CANCEL),

@@ -17,7 +17,7 @@ using test::Session;
 
 namespace {
 
-constexpr int slot_quality = 114, slot_okay = 115, slot_view = 116, slot_cancel = 117;
+constexpr int slot_quality = 102, slot_okay = 103, slot_view = 104, slot_cancel = 105;
 constexpr int none_yet = -2;
 int answer = none_yet;
 
@@ -49,12 +49,6 @@ long loss()
     return sum;
 }
 
-void report_click(Session& session, int slot)
-{
-    gui.event[slot] = 1;
-    session.frame(4);
-}
-
 bool opened(Session& session)
 {
     answer = none_yet;
@@ -75,9 +69,9 @@ TEST(JpegQuality, PreviewsOnTheFrameAndOkayKeepsTheQuality)
     gui.scroll_value[slot_quality] = 5;
     session.frame(2);
     EXPECT_EQ(loss(), at_90); // only VIEW shows the new one
-    report_click(session, slot_view);
+    session.click(slot_view);
     EXPECT_GT(loss(), 2 * at_90);
-    report_click(session, slot_okay);
+    session.click(slot_okay);
     EXPECT_EQ(answer, 5);
     EXPECT_EQ(browser_state.jpg_quality, 5);
     EXPECT_EQ(loss(), 0);
@@ -90,8 +84,8 @@ TEST(JpegQuality, CancelKeepsFrameAndQuality)
     Session session(ask_for_quality);
     ASSERT_TRUE(opened(session));
     gui.scroll_value[slot_quality] = 0;
-    report_click(session, slot_view);
-    report_click(session, slot_cancel);
+    session.click(slot_view);
+    session.click(slot_cancel);
     EXPECT_EQ(answer, -1);
     EXPECT_EQ(browser_state.jpg_quality, 90);
     EXPECT_EQ(loss(), 0);
