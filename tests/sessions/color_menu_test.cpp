@@ -239,18 +239,6 @@ TEST(ColorMenu, PicksFromTheFrameAndIntoAFavorite)
     EXPECT_EQ(toolbox.mask_color, 0x11aa22) << "and aren't clicked by that";
 }
 
-TEST(ColorMenu, KeyOpensAndLeavesIt)
-{
-    Session session(start_at_home);
-    set_default_hotkeys();
-    session.key(KEY_C);
-    EXPECT_EQ(menus.menu_id, MENU_COLOR);
-    session.key(KEY_C);
-    EXPECT_EQ(menus.menu_id, MENU_DRAW);
-    EXPECT_EQ(gui.kind[HOME_BRUSH], KIND_BRUSH_SWATCH);
-    EXPECT_EQ(toolbox.brush_color, violet);
-}
-
 TEST(ColorMenu, GivesAnotherScreenItsColor)
 {
     static int result;
@@ -321,21 +309,6 @@ TEST(FavoritesMenu, NukeAsksBeforeItClears)
         EXPECT_EQ(entry, menu_scheme.scheme_background);
     EXPECT_EQ(toolbox.brush_color, violet);
     EXPECT_EQ(menus.ghost_rect.x, -1);
-}
-
-TEST(SpectrumPick, WorksFromTheDrawingMenuWithoutDrawing)
-{
-    Session session(start_at_home);
-    paint_patch(40, 40, 0x11aa22);
-    session.click(HOME_SPECTRUM, RIGHT_BUTTON);
-    session.click_at(40, 40);
-    session.click(HOME_BRUSH);
-    EXPECT_EQ(spectrum.spectrum_start, 0x11aa22);
-    EXPECT_EQ(spectrum.spectrum_end, violet) << "menus can be picked from";
-    EXPECT_EQ(menus.menu_id, MENU_DRAW);
-    EXPECT_EQ(row(store.frame_bitmap, 40)[40], 0x11aa22);
-    session.click(HOME_FAVORITE_0 + 1);
-    EXPECT_EQ(toolbox.brush_color, toolbox.favorites[1]) << "buttons work again";
 }
 
 } // namespace kelu

@@ -231,16 +231,4 @@ TEST(Actions, GridZoomPansAndDroppers)
     EXPECT_EQ(toolbox.mask_color, 0xabcdef);
 }
 
-TEST(Actions, DuplicatesAreFoundInBothColumns)
-{
-    set_default_hotkeys();
-    EXPECT_EQ(dupe_hotkey_check(ACTION_UNDO, 0), 0);
-    hotkeys.hotkey_table[ACTION_COPY].alternate = KEY_U;
-    EXPECT_EQ(dupe_hotkey_check(ACTION_UNDO, 0), 1);
-    EXPECT_EQ(dupe_hotkey_check(ACTION_COPY, 1), 1);
-    EXPECT_EQ(dupe_hotkey_check(ACTION_CEL_BELOW, 0), 0) << "no key is nobody's double";
-    EXPECT_EQ(dupe_hotkey_check(66, 0), 0);
-    EXPECT_EQ(dupe_hotkey_check(3, 2), 0);
-}
-
 } // namespace kelu

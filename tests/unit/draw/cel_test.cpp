@@ -133,20 +133,6 @@ TEST_F(CelTest, TurnsOfTheTransformWindow)
     EXPECT_EQ(wide[1].front(), 'b');
 }
 
-TEST_F(CelTest, KeptCelComesBack)
-{
-    set_cel({"ab"});
-    cel.cel_origin_x = 7;
-    {
-        const KeptCel kept;
-        set_cel({"c", "d"});
-        cel.cel_origin_x = 1;
-    }
-    EXPECT_EQ(shown(store.cel_source_bitmap), (Lines{"ab"}));
-    EXPECT_EQ(shown(store.cel_bitmap), (Lines{"ab"}));
-    EXPECT_EQ(cel.cel_origin_x, 7);
-}
-
 TEST_F(CelTest, PlainAndBelowGoThroughTheInk)
 {
     set_cel({"at", "cd"});
@@ -190,15 +176,6 @@ TEST_F(CelTest, StretchTurnsOverAndIsTheSameWhereTheFrameCutsIt)
     }
 }
 
-TEST_F(CelTest, RotationTurnsAboutTheMiddle)
-{
-    set_cel({"ab", "cd"});
-    set_frame({"....", "....", "....", "...."});
-    cel_work.cel_place = {.x = 2, .y = 2, .x2 = 64, .mode = CEL_ROTATION};
-    commit_cel(CEL_ROTATION);
-    EXPECT_EQ(frame(), (Lines{"....", ".ca.", ".db.", "...."}));
-}
-
 TEST_F(CelTest, PreviewStandsInViewCoordinatesAndNotesItsBox)
 {
     set_cel({"ab", "cd"});
@@ -221,19 +198,6 @@ TEST_F(CelTest, PreviewStandsInViewCoordinatesAndNotesItsBox)
         draw_cel_preview();
         EXPECT_EQ(cel_work.cel_in_view, in_view) << x << ' ' << y;
     }
-}
-
-TEST_F(CelTest, SizeLabelLeansAwayFromTheCornerAndStaysOnTheScreen)
-{
-    const auto place = [](int mouse_x, int mouse_y) {
-        const LabelPlace at = stretch_label_place(100, 100, mouse_x, mouse_y, 40);
-        return std::pair(at.x, at.y);
-    };
-    EXPECT_EQ(place(150, 150), std::pair(157, 157));
-    EXPECT_EQ(place(272, 227), std::pair(279, 234));
-    EXPECT_EQ(place(273, 228), std::pair(226, 216)); // 273 + 7 + 40 reaches the edge
-    EXPECT_EQ(place(50, 50), std::pair(3, 38));
-    EXPECT_EQ(place(47, 12), std::pair(54, 19)); // no room on the left and above
 }
 
 } // namespace

@@ -6,7 +6,6 @@
 #include "runtime/random.h"
 #include "support/pixel_text.h"
 #include "support/point_print.h"
-#include <functional>
 #include <gtest/gtest.h>
 
 namespace kelu {
@@ -138,64 +137,16 @@ TEST(FloodFill, TakesTheConnectedAreaByItsSides)
     EXPECT_EQ(filled_area({" ghh"}, 0, 0, 4, colors), (Lines{"#..."}));
 }
 
-/// The runs of an area by a plain list of records, swept from its head until nothing new comes up.
-std::vector<std::array<int, 3>> swept_runs(BITMAP* source, int x, int y)
+/// Marks the area of a pixel one by one.
+void mark_area(BITMAP* source, BITMAP* marks, int x, int y, int seed)
 {
-    struct Record {
-        bool used = false, above = false, below = false;
-        int left = 0, right = 0, y = 0;
-    };
-    const int seed = row(source, y)[x];
-    std::vector<Record> list(static_cast<std::size_t>(source->h));
-    std::vector<std::array<int, 3>> runs;
-    const auto fill_run = [&](int at, int line) {
-        const int* p = row(source, line);
-        if (p[at] != seed) return at + 1;
-        Record run{true, line > 0, line + 1 < source->h, at, at, line};
-        while (run.left > 0 && p[run.left - 1] == seed)
-            --run.left;
-        while (run.right + 1 < source->w && p[run.right + 1] == seed)
-            ++run.right;
-        runs.push_back({run.left, run.right, line});
-        Record& head = list[static_cast<std::size_t>(line)];
-        if (head.used) {
-            list.push_back(run);
-        } else {
-            head = run;
-        }
-        return run.right + 2;
-    };
-    const auto check_row = [&](int line, int left, int right) {
-        bool found = false;
-        for (int at = left; at <= right;) {
-            const auto known = std::find_if(list.begin(), list.end(), [&](const Record& r) {
-                return r.used && r.y == line && at >= r.left && at <= r.right;
-            });
-            if (known != list.end()) {
-                at = known->right + 2;
-            } else {
-                const std::size_t before = runs.size();
-                at = fill_run(at, line);
-                found = found || runs.size() > before;
-            }
-        }
-        return found;
-    };
-    fill_run(x, y);
-    for (std::size_t before = 0; before != runs.size();) {
-        before = runs.size();
-        for (int i = 0; i < static_cast<int>(list.size()); ++i) {
-            const Record r = list[static_cast<std::size_t>(i)];
-            list[static_cast<std::size_t>(i)].below = false;
-            if (r.below) check_row(r.y + 1, r.left, r.right);
-            list[static_cast<std::size_t>(i)].above = false;
-            if (r.above && check_row(r.y - 1, r.left, r.right) && i > 0 && i < source->h) i -= 2;
-        }
-    }
-    return runs;
+    if (!in_bitmap(source, x, y) || row(source, y)[x] != seed || row(marks, y)[x] != 0) return;
+    row(marks, y)[x] = 1;
+    for (const auto& [dx, dy] : {std::pair{1, 0}, {-1, 0}, {0, 1}, {0, -1}})
+        mark_area(source, marks, x + dx, y + dy, seed);
 }
 
-TEST(FloodFill, RunsComeInTheOrderOfTheSweptList)
+TEST(FloodFill, TakesEachPixelOfAnyAreaOnce)
 {
     seed_random(11);
     for (int round = 0; round < 60; ++round) {
@@ -203,17 +154,44 @@ TEST(FloodFill, RunsComeInTheOrderOfTheSweptList)
         for (int y = 0; y < picture->h; ++y)
             for (int x = 0; x < picture->w; ++x)
                 row(picture, y)[x] = rnd(10) < 3 ? 0xffffff : 0;
-        const int x = rnd(picture->w);
-        const int y = rnd(picture->h);
-        std::vector<std::array<int, 3>> runs;
+        const int x = rnd(picture->w), y = rnd(picture->h);
+        Canvas filled(picture->w, picture->h), marked(picture->w, picture->h);
         walk_area(
             picture, x, y, 1,
             [&](int left, int right, int line) {
-                runs.push_back({left, right, line});
+                for (int i = left; i <= right; ++i)
+                    filled.count(i, line);
             },
             nothing);
-        ASSERT_EQ(runs, swept_runs(picture, x, y)) << "round " << round;
+        mark_area(picture, marked.bitmap, x, y, row(picture, y)[x]);
+        ASSERT_EQ(filled.text(), marked.text()) << "round " << round;
     }
+}
+
+TEST(FloodFill, RunsComeInTheirOrder)
+{
+    // Letters in the order of the runs: from the seed down and up, then what opens beside them.
+    const Lines picture{"#.#.#..#", //
+                        "........", //
+                        ".##.##.#", //
+                        ".#...#..", //
+                        "...#...#"};
+    Bitmap source = test::from_text(picture, {{'.', 0}, {'#', 0xffffff}});
+    Lines order = picture;
+    char run = 'a';
+    walk_area(
+        source, 3, 2, 1,
+        [&](int left, int right, int y) {
+            for (int x = left; x <= right; ++x)
+                order[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)] = run;
+            ++run;
+        },
+        nothing);
+    EXPECT_EQ(order, (Lines{"#f#g#hh#", //
+                            "cccccccc", //
+                            "d##a##e#", //
+                            "k#bbb#ll", //
+                            "iii#jjj#"}));
 }
 
 TEST(Replace, TakesAColorAnywhereAndStrictly)

@@ -57,50 +57,6 @@ TEST_F(ActorsTest, RefusesToTouchTheProtectedRowsAndNumbersOutside)
     EXPECT_EQ(log.take(), Lines{});
 }
 
-TEST_F(ActorsTest, DestroyGivesARowItsStartValuesButLeavesItsLinks)
-{
-    Actor& actor = actor_at(5);
-    actor.Type = ACTOR_ELEMENT;
-    actor.Health = 3;
-    actor.Self_Destruct = 20;
-    actor.BEHAVIOR[3] = 25;
-    actor.behavior_params[3][9] = 77;
-    actor.move_queue[255].z = 4;
-    actor.Suicide_buddy = 7;
-    actor.actor_follow = 8;
-    bubble_at(3).bubble_actor = 5;
-    bubble_at(4).bubble_actor = 6;
-    FW_destroy_actor(5, "test");
-    EXPECT_EQ(actor.Type, ACTOR_FREE);
-    EXPECT_EQ(actor.Health, 100);
-    EXPECT_EQ(actor.Rank, 1);
-    EXPECT_EQ(actor.Self_Destruct, -1);
-    EXPECT_EQ(actor.Profession, -1);
-    EXPECT_EQ(actor.BEHAVIOR[3], 0);
-    EXPECT_EQ(actor.behavior_params[3][9], 0);
-    EXPECT_EQ(actor.move_queue[255].z, -1);
-    EXPECT_EQ(actor.Suicide_buddy, 7);
-    EXPECT_EQ(actor.actor_follow, 8);
-    EXPECT_EQ(bubble_at(3).bubble_actor, -1);
-    EXPECT_EQ(bubble_at(4).bubble_actor, 6);
-    release_bubble(4);
-    reset_actors();
-    EXPECT_EQ(actor.Suicide_buddy, -1);
-    EXPECT_EQ(actor.actor_follow, -1);
-}
-
-TEST_F(ActorsTest, DestroysByTypeAndProfession)
-{
-    for (int i = 0; i < 4; ++i)
-        FW_spawn_blank_element(i, i);
-    actor_at(2).Profession = 300;
-    actor_at(3).Type = ACTOR_DUST;
-    EXPECT_EQ(FW_destroy_actor_type(ACTOR_ELEMENT, PROFESSION_ELEMENT), 2);
-    EXPECT_EQ(FW_destroy_actor_type(ACTOR_DUST, 300), 0);
-    EXPECT_EQ(FW_destroy_actor_type(-1, -1), 2);
-    EXPECT_EQ(count_actors(), 0);
-}
-
 TEST_F(ActorsTest, HandsOutBehaviorSlotsAndTheFourthWhenAllAreTaken)
 {
     for (int slot = 0; slot < 3; ++slot) {

@@ -45,19 +45,6 @@ TEST_F(BehaviorTest, AnimationsWaitAndReplaceOthers)
     EXPECT_FALSE(runs(1)) << "and then itself";
 }
 
-TEST_F(BehaviorTest, TheStandingAnimationGivesWay)
-{
-    FW_store_anim(1, ANIM_STANDING, 1, {{20, 0, 1}, {21, 0, 1}});
-    start(BEHAVIOR_STANDING_ANIMATION, {});
-    tick();
-    EXPECT_EQ(actor.actor_cel, 21);
-    start(BEHAVIOR_LINEAR_MOVE_KILL_ANIM, {1, 0, 3}, 1);
-    tick(2);
-    EXPECT_EQ(actor.actor_cel, 21);
-    tick(2);
-    EXPECT_EQ(actor.actor_cel, 20);
-}
-
 TEST_F(BehaviorTest, TablesTakeWhatFitsAndKeepSkippedEntries)
 {
     FW_store_anim(1, ANIM_STANDING, 1, {{1, 1, 1}, {2, 2, 2}, {3, 3, 3}});
@@ -79,22 +66,6 @@ TEST_F(BehaviorTest, TablesTakeWhatFitsAndKeepSkippedEntries)
     EXPECT_EQ(log.take(), (Lines{"[ WARNING] : Too many animation cels passed to store_anim!",
                                  "[ ERROR ] : Invalid actor # passed to FW_store_anim()",
                                  "[ ERROR ] : Invalid actor # passed to FW_randomize_anim()"}));
-}
-
-TEST_F(BehaviorTest, AnimationsStartAtARandomEntry)
-{
-    FW_store_anim(1, ANIM_MOVING, 1, {{1, 0, 9}, {2, 0, 9}, {3, 0, 9}});
-    FW_randomize_anim(1, ANIM_MOVING); // nothing plays: nothing to set
-    start(BEHAVIOR_ANIMATE, {}, 1);
-    bool reached[3] = {};
-    for (int i = 0; i < 60; ++i) {
-        FW_randomize_anim(1, ANIM_MOVING);
-        const int entry = actor.behavior_params[1][2];
-        ASSERT_TRUE(entry >= 0 && entry < 3);
-        reached[entry] = true;
-    }
-    EXPECT_TRUE(reached[0] && reached[1] && reached[2]);
-    EXPECT_EQ(actor.behavior_params[0][2], 0);
 }
 
 } // namespace kelu

@@ -6,7 +6,7 @@
 #include "runtime/run_state.h"
 #include "support/log_lines.h"
 #include <gtest/gtest.h>
-#include <initializer_list>
+#include <vector>
 
 namespace kelu {
 
@@ -25,7 +25,7 @@ protected:
     }
 
     /// Puts a behaviour into a slot of actor 1, which is taken.
-    void start(int id, std::initializer_list<int> params, int slot = 0)
+    void start(int id, const std::vector<int>& params, int slot = 0)
     {
         actor.Type = ACTOR_ELEMENT;
         const auto s = static_cast<std::size_t>(slot);

@@ -9,8 +9,8 @@
 #include "runtime/sheets.h"
 #include "support/log_lines.h"
 #include <chrono>
-#include <gtest/gtest.h>
 #include <filesystem>
+#include <gtest/gtest.h>
 
 namespace kelu {
 namespace {

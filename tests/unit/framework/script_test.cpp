@@ -133,29 +133,6 @@ TEST_F(ScriptTest, AScriptSleepsSpeaksMovesTheViewAndEnds)
     EXPECT_TRUE(contains(lines, ">> found quote mark at offset = 29"));
 }
 
-TEST_F(ScriptTest, AScriptWaitsForTheBehaviourThatAnEventNames)
-{
-    start("0001\n [10] 0 11 12 13 14 [03] [02] 0 [99]");
-    actor_at(6).BEHAVIOR[1] = BEHAVIOR_FORCE_PAUSE;
-    actor_layer.event_actor = 6;
-    actor_layer.event_slot = 1;
-    tick(2);
-    EXPECT_EQ(script_at(0).script_pending, 1) << "the job has not run yet";
-    EXPECT_EQ(job_queue[0].type, JOB_SCRIPT_EVENT);
-    EXPECT_EQ(job_queue[0].arguments[3], 14);
-    EXPECT_EQ(job_queue[0].arguments[7], 0);
-    run_jobs();
-    tick(3);
-    EXPECT_EQ(script_at(0).script_pending, 0);
-    EXPECT_EQ(script_at(0).script_waiting, 1);
-    BE_clear_behavior(6, 1);
-    tick();
-    EXPECT_EQ(script_at(0).script_waiting, 0);
-    EXPECT_EQ(script_at(0).script_wait_actor, -1);
-    tick(3);
-    EXPECT_EQ(script_at(0).script_active, 0);
-}
-
 TEST_F(ScriptTest, AScriptFadesActorsAndKeepsJobNumbers)
 {
     start("0001\n [60] -1 0 5 [70] 0 0 0 0 2 [71] 0 0 0 0 0 0 3 [60] 2 1 5 [99]");

@@ -79,16 +79,6 @@ TEST_F(TintTest, IsSentElsewhereWithoutASecondActorAndHeldByAStepOfZero)
     EXPECT_EQ(count_actors(), 0);
 }
 
-TEST_F(TintTest, WithoutAFreeActorNothingChanges)
-{
-    LogLines log;
-    for (int who = 1; who <= 48; ++who)
-        actor_at(who).Type = ACTOR_ELEMENT;
-    FW_tint_screen(0, 0, 0, 0, 0, 8);
-    EXPECT_EQ(log.take().back(), "[ ERROR ] : Couldn't assign object for screen tint");
-    reset_actors();
-}
-
 TEST_F(TintTest, IsLaidOverTheWholePicture)
 {
     Bitmap picture(3, 2, 0xffffff);

@@ -16,14 +16,8 @@
 namespace kelu {
 namespace {
 
-enum { SLOT_NAME = 3, SLOT_LIST = 4, SLOT_SLIDE = 5, SLOT_DONE = 6 };
-constexpr SlotRow plain_slots[] = {
-    title_row(2, 2, 87, TEXT_GRID_SETTINGS),
-    SlotRow{SLOT_LIST, 2, 12, 72, KIND_LIST}.high(65).with(
-        ListRows{.first_text = first_ink_name, .items = 25, .rows = 9, .pitch = 7, .font = 5, .width = 59}),
-    slider_row(SLOT_SLIDE, 2, 80, 87, 256),
-    push_row(SLOT_DONE, 2, 90, 39, TEXT_OKAY),
-};
+enum { SLOT_NAME = 3, SLOT_DONE = 6 };
+constexpr SlotRow plain_slots[] = {title_row(2, 2, 87, TEXT_GRID_SETTINGS), push_row(SLOT_DONE, 2, 90, 39, TEXT_OKAY)};
 constexpr SlotRow field_slots[] = {field_row(SLOT_NAME, 2, 12, 41, 4, 4)};
 constexpr MenuLayout plain = {MENU_TOOL, WINDOW_TOOL_AND_INK, 70, 80, 90, 100, 7, plain_slots};
 constexpr MenuLayout tall = {MENU_MACRO, WINDOW_MACRO, 0, 207, 122, 189, 7, field_slots};
@@ -50,26 +44,6 @@ std::string bare(std::string text)
 
 } // namespace
 
-TEST_F(Build, RowsCountFromTheWindowsCorner)
-{
-    build_screen(plain);
-    EXPECT_EQ(menus.menu_id, MENU_TOOL);
-    EXPECT_EQ(gui.kind[0], KIND_WINDOW);
-    EXPECT_EQ(gui.slot_count[0], 7);
-    EXPECT_EQ(gui.x[1], 72);
-    EXPECT_EQ(gui.y[1], 82);
-    EXPECT_EQ(gui.h[1], 9);
-    EXPECT_EQ(gui.colour[1], menu_scheme.scheme_shadow);
-    EXPECT_EQ(gui.left_action[1], ACT_DRAG);
-    EXPECT_EQ(gui.label_row[1], WINDOW_TOOL_AND_INK); // the id is another than the row
-    EXPECT_EQ(gui.list_items[SLOT_LIST][24], 224);
-    EXPECT_EQ(gui.list_items[SLOT_LIST][25], 0);
-    EXPECT_EQ(gui.scroll_max[SLOT_SLIDE], 256);
-    EXPECT_NE(gui.knob_pos[SLOT_SLIDE][knob_cross], 0);
-    EXPECT_EQ(gui.active[SLOT_DONE], 1);
-    EXPECT_EQ(gui.active[SLOT_NAME], 0);
-}
-
 TEST_F(Build, ANewScreenLeavesNothingOfTheOldOne)
 {
     build_screen(plain);
@@ -94,38 +68,6 @@ TEST_F(Build, AWindowOpensWhereItWasPutOrJustFits)
     menus.window_pos[WINDOW_MACRO] = {10, 230}; // used as it stands
     EXPECT_EQ(build_screen(tall).y, 230);
     EXPECT_EQ(gui.y[SLOT_NAME], 242);
-}
-
-TEST_F(Build, FieldsTakeTextUpToTheirLimit)
-{
-    build_screen(tall);
-    set_field_text(SLOT_NAME, "123456");
-    EXPECT_STREQ(field_text_of(SLOT_NAME).data(), "1234");
-    EXPECT_EQ(gui.field_caret[SLOT_NAME], 4);
-    EXPECT_EQ(field_number(SLOT_NAME), 1234);
-    set_field_text(SLOT_NAME, "-5");
-    EXPECT_EQ(field_number(SLOT_NAME), -5);
-    set_field_text(SLOT_NAME, "ABC");
-    EXPECT_EQ(field_number(SLOT_NAME), 0);
-}
-
-TEST_F(Build, TextsStandAtTheirNumbers)
-{
-    EXPECT_STREQ(ui_strings[TEXT_NONE], "");
-    EXPECT_STREQ(ui_strings[18], "TEXT");
-    EXPECT_STREQ(ui_strings[200], "ADD");
-    EXPECT_STREQ(ui_strings[224], "XOR");
-    EXPECT_STREQ(ui_strings[225], "");
-    EXPECT_STREQ(ui_strings[250 + 1], "GURU MEDITATION #00000644.65031147");
-    EXPECT_STREQ(ui_strings[361], "QUICK PAN - OPACITY");
-    EXPECT_STREQ(ui_strings[464], "RAPID EXIT (NO DIALOG)");
-    EXPECT_STREQ(ui_strings[530], "ZOOM PREVIEW");
-    EXPECT_STREQ(ui_strings[647], "ONION SKIN");
-    EXPECT_STREQ(ui_strings[736 + 10 * 35], "THIS INK IS SEMI-");
-    EXPECT_STREQ(ui_strings[-1], "");
-    EXPECT_STREQ(ui_strings[text_rows], "");
-    EXPECT_STREQ(tooltip_text(153), "TURN THE CEL 90 DEGREES CLOCKWISE");
-    EXPECT_STREQ(tooltip_text(TIP_COUNT), "");
 }
 
 TEST_F(Build, DescriptionsFitTheirPanelAndMessagesTheStatusBar)

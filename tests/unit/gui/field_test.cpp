@@ -4,6 +4,7 @@
 #include "gui/build.h"
 #include "gui_fixture.h"
 #include "runtime/fonts.h"
+#include <map>
 #include <string>
 
 namespace kelu::test {
@@ -28,11 +29,6 @@ protected:
         ::key[code] = 0;
         ::key[KEY_LSHIFT] = 0;
         passes(1);
-    }
-    static void type_letters(int count)
-    {
-        for (int i = 0; i < count; ++i)
-            type(KEY_A + i);
     }
 };
 
@@ -69,47 +65,31 @@ TEST_F(FieldTest, AHeldKeyRepeatsAfter28PassesAndThenEvery5)
     EXPECT_EQ(text(), "aaaa");
 }
 
-TEST_F(FieldTest, TheViewFollowsTheCaret)
+TEST_F(FieldTest, KeysEditTheTextAndMoveCaretAndView)
 {
-    type_letters(6); // 4 characters show
-    EXPECT_EQ(gui.field_scroll[4], 2);
-    type(KEY_HOME);
-    EXPECT_EQ(gui.field_caret[4], 0);
-    EXPECT_EQ(gui.field_scroll[4], 0);
-    type(KEY_LEFT);
-    EXPECT_EQ(gui.field_caret[4], 0);
-    type(KEY_END);
-    EXPECT_EQ(gui.field_caret[4], 6);
-    EXPECT_EQ(gui.field_scroll[4], 2);
-    for (int i = 0; i < 5; ++i)
-        type(KEY_LEFT);
-    EXPECT_EQ(gui.field_caret[4], 1);
-    EXPECT_EQ(gui.field_scroll[4], 1);
-    type(KEY_RIGHT);
-    EXPECT_EQ(gui.field_caret[4], 2);
-    set_field_text(4, "AB");
-    type(KEY_END);
-    EXPECT_EQ(gui.field_scroll[4], 0);
-    type(KEY_RIGHT);
-    EXPECT_EQ(gui.field_caret[4], 2); // nothing stands there
-}
-
-TEST_F(FieldTest, BothDeletesTakeOneCharacter)
-{
-    type_letters(4);
-    type(KEY_LEFT);
-    type(KEY_BACKSPACE);
-    EXPECT_EQ(text(), "abd");
-    EXPECT_EQ(gui.field_caret[4], 2);
-    type(KEY_DEL);
-    EXPECT_EQ(text(), "ab");
-    type(KEY_DEL);
-    EXPECT_EQ(text(), "ab");
-    type(KEY_HOME);
-    type(KEY_BACKSPACE);
-    EXPECT_EQ(text(), "ab");
-    type(KEY_Z);
-    EXPECT_EQ(text(), "zab");
+    const std::map<char, int> editing{{'<', KEY_LEFT}, {'>', KEY_RIGHT},     {'^', KEY_HOME},
+                                      {'$', KEY_END},  {'-', KEY_BACKSPACE}, {'+', KEY_DEL}};
+    struct Case {
+        const char *keys, *text;
+        int caret, scroll; ///< four characters show
+    };
+    for (const Case& test : {Case{"abcdef", "abcdef", 6, 2},
+                             {"abcdef^", "abcdef", 0, 0},
+                             {"abcdef^<", "abcdef", 0, 0},
+                             {"abcdef^$", "abcdef", 6, 2},
+                             {"abcdef<<<<<", "abcdef", 1, 1},
+                             {"abcdef<<<<<>", "abcdef", 2, 1},
+                             {"ab$>", "ab", 2, 0}, // nothing stands there
+                             {"abcd<-", "abd", 2, 0},
+                             {"abcd<-++", "ab", 2, 0},
+                             {"ab^-z", "zab", 1, 0}}) {
+        set_field_text(4, "");
+        for (const char* key = test.keys; *key; ++key)
+            type(editing.contains(*key) ? editing.at(*key) : KEY_A + *key - 'a');
+        EXPECT_EQ(text(), test.text) << test.keys;
+        EXPECT_EQ(gui.field_caret[4], test.caret) << test.keys;
+        EXPECT_EQ(gui.field_scroll[4], test.scroll) << test.keys;
+    }
 }
 
 TEST_F(FieldTest, EditsOutsideTheFieldAreRefused)
@@ -131,13 +111,6 @@ TEST_F(FieldTest, EditsOutsideTheFieldAreRefused)
     EXPECT_EQ(text().size(), 255U);
 }
 
-TEST_F(FieldTest, EnterRaisesTheEventAndKeepsTheFocus)
-{
-    type(KEY_ENTER_PAD);
-    EXPECT_EQ(gui.event[4].take(), 1);
-    EXPECT_EQ(gui_logic.gui_key_focus, 4);
-}
-
 TEST_F(FieldTest, TabGoesRoundTheFieldsAndToTheirEnds)
 {
     build_slot(field_row(9, 20, 60, 40, 4, 8), 0, 0);
@@ -152,16 +125,11 @@ TEST_F(FieldTest, TabGoesRoundTheFieldsAndToTheirEnds)
 
 TEST_F(FieldTest, AClickPutsTheCaretBehindTheCharacter)
 {
-    set_field_text(4, "ABCD");
-    click(20 + 5 + 1, 24);
-    EXPECT_EQ(gui.field_caret[4], 1);
-    click(20 + 5, 24);
-    EXPECT_EQ(gui.field_caret[4], 0);
-    click(20 + 5 + 13, 24);
-    EXPECT_EQ(gui.field_caret[4], 3);
-    set_field_text(4, "A");
-    click(20 + 5 + 25, 24);
-    EXPECT_EQ(gui.field_caret[4], 1);
+    for (const auto& [text, x, caret] : {std::tuple{"ABCD", 1, 1}, {"ABCD", 0, 0}, {"ABCD", 13, 3}, {"A", 25, 1}}) {
+        set_field_text(4, text);
+        click(20 + 5 + x, 24);
+        EXPECT_EQ(gui.field_caret[4], caret) << text << ' ' << x;
+    }
 }
 
 TEST_F(FieldTest, AFontWithoutWidthCostsOnlyTheCaret)

@@ -1,11 +1,77 @@
-// From pointer and buttons to hover, capture, events and rows.
+// The table's slots: found, hidden, cleared; and the way from pointer and buttons to hover, capture, events and rows.
 #include "gui_fixture.h"
 #include <string>
 #include <vector>
 
 namespace kelu::test {
 
-class Logic : public GuiTest {};
+class Logic : public GuiTest {
+protected:
+    /// Slot 4, a button at (20, 20) with both of its clicks.
+    static void place_button()
+    {
+        place(4, KIND_BUTTON, 20, 20, 39, 9);
+        gui.left_action[4] = ACT_CLICK;
+        gui.right_action[4] = ACT_RIGHT_CLICK;
+    }
+};
+
+TEST_F(Logic, FreeSlotsAreSoughtFromBothEndsPastReservedOnes)
+{
+    gui.active[1] = 1;
+    gui.reserved[2] = 1;
+    gui.active[121] = 1;
+    EXPECT_EQ(gui_find_free_slot(0), 3);
+    EXPECT_EQ(gui_find_free_slot(1), 120);
+    for (int slot = 0; slot < gui_slots; ++slot)
+        gui.active[slot] = 1;
+    gui.active[0] = 0;
+    EXPECT_EQ(gui_find_free_slot(0), -1);
+    gui.active[127] = 0;
+    EXPECT_EQ(gui_find_free_slot(0), 127);
+    EXPECT_EQ(gui_find_free_slot(1), -1);
+    for (int slot = 0; slot < gui_slots; ++slot)
+        gui.reserved[slot] = 0;
+}
+
+TEST_F(Logic, ClearingTakesTheWholeWindowAndNothingElse)
+{
+    for (int slot = 0; slot < 8; ++slot)
+        place(slot, KIND_PANEL, 0, 0, 10, 10);
+    gui_clear_window();
+    EXPECT_EQ(gui.active[0], 1); // a count of 0 clears nothing
+    gui.slot_count[0] = 5;
+    gui_clear_window();
+    EXPECT_EQ(gui.active[4], 0);
+    EXPECT_EQ(gui.active[5], 1);
+}
+
+TEST_F(Logic, PressFindsTheHighestSlotThatShowsWithItsLastPixels)
+{
+    place(0, KIND_WINDOW, 10, 10, 100, 50);
+    place(1, KIND_BUTTON, 20, 20, 10, 9);
+    place(2, KIND_BUTTON, 20, 20, 10, 9);
+    gui.hidden[2] = 1;
+    pointer.mouse_press_y = 28;
+    for (const auto& [x, slot] : {std::pair<short, int>{29, 1}, {30, 0}, {110, -1}}) {
+        pointer.mouse_press_x = x;
+        EXPECT_EQ(gui_slot_at_press(), slot) << x;
+    }
+}
+
+TEST_F(Logic, ATimedMessageEndsAndAHeldOneStays)
+{
+    flash_status_message(63, 2);
+    count_status_message();
+    EXPECT_EQ(menus.status_message, 63);
+    count_status_message();
+    EXPECT_EQ(menus.status_message, 0);
+    menus.status_message = 5;
+    count_status_message();
+    EXPECT_EQ(menus.status_message, 5);
+    flash_status_message(-3, 120);
+    EXPECT_EQ(menus.status_message, 5);
+}
 
 TEST_F(Logic, HoverTakesTheHighestSlotWithoutItsLastColumnAndRow)
 {
@@ -30,9 +96,7 @@ TEST_F(Logic, HoverTakesTheHighestSlotWithoutItsLastColumnAndRow)
 
 TEST_F(Logic, AClickIsAnEventAtTheRelease)
 {
-    place(4, KIND_BUTTON, 20, 20, 39, 9);
-    gui.left_action[4] = ACT_CLICK;
-    gui.right_action[4] = ACT_RIGHT_CLICK;
+    place_button();
     point(25, 25);
     press(1);
     EXPECT_EQ(gui_logic.gui_capture, 1);
@@ -49,9 +113,7 @@ TEST_F(Logic, AClickIsAnEventAtTheRelease)
 
 TEST_F(Logic, OnlyTheSecondaryButtonMustStayOnTheSlot)
 {
-    place(4, KIND_BUTTON, 20, 20, 39, 9);
-    gui.left_action[4] = ACT_CLICK;
-    gui.right_action[4] = ACT_RIGHT_CLICK;
+    place_button();
     point(25, 25);
     press(1);
     point(200, 200);
@@ -86,8 +148,7 @@ TEST_F(Logic, ThePressReachesTheFirstSlotFromAboveThatHasAnAction)
 
 TEST_F(Logic, APressOnAMenuThatClosesIsTestedAgainstTheNewSlot)
 {
-    place(4, KIND_BUTTON, 20, 20, 39, 9);
-    gui.left_action[4] = ACT_CLICK;
+    place_button();
     point(25, 25);
     press(1);
     gui_reset_slot(4);
@@ -99,8 +160,7 @@ TEST_F(Logic, APressOnAMenuThatClosesIsTestedAgainstTheNewSlot)
 
 TEST_F(Logic, NothingIsDispatchedWhileTheGuiSleeps)
 {
-    place(4, KIND_BUTTON, 20, 20, 39, 9);
-    gui.left_action[4] = ACT_CLICK;
+    place_button();
     gui_logic.gui_logic_paused = 1;
     click(25, 25);
     EXPECT_EQ(gui_logic.gui_capture, 0);
@@ -170,26 +230,6 @@ TEST_F(Logic, ARadioWritesItsValueAndPutsItsPartnersOut)
     EXPECT_EQ(gui.kind[5], KIND_RADIO_OFF);
 }
 
-TEST_F(Logic, ATitleAsksForTheDragOfItsWindow)
-{
-    place(0, KIND_WINDOW, 10, 10, 100, 50);
-    place(1, KIND_TITLE, 12, 12, 39, 9);
-    gui.left_action[1] = ACT_DRAG;
-    menus.menu_id = MENU_GRID;
-    click(20, 15);
-    const int job = job_find(JOB_DRAG_WINDOW);
-    ASSERT_GE(job, 0);
-    const auto& arguments = job_queue[static_cast<std::size_t>(job)].arguments;
-    EXPECT_EQ(arguments[0], MENU_GRID);
-    EXPECT_EQ(arguments[1], 10);
-    EXPECT_EQ(arguments[2], 5);
-    EXPECT_EQ(arguments[3], 0);
-    clear_jobs();
-    gui.label_row[1] = WINDOW_ZOOM_PREVIEW;
-    click(20, 15);
-    EXPECT_EQ(job_queue[static_cast<std::size_t>(job_find(JOB_DRAG_WINDOW))].arguments[0], WINDOW_ZOOM_PREVIEW);
-}
-
 TEST_F(Logic, TheRowUnderThePointerIsTheHighlightedOne)
 {
     place(2, KIND_LIST, 100, 50, 72, 65);
@@ -256,39 +296,6 @@ TEST_F(Logic, ATooltipTakesItsTime)
     point(105, 25); // a slot without a tooltip hides it at once
     passes(1);
     EXPECT_EQ(gui_logic.tooltip_active, -1);
-}
-
-TEST_F(Logic, TheWheelOverTheBareFrameZooms)
-{
-    static std::vector<int> turns;
-    turns.clear();
-    logic_hooks.wheel_zoom = [](int direction) { turns.push_back(direction); };
-    place(2, KIND_BUTTON, 20, 20, 39, 9);
-    point(200, 200);
-    passes(1);
-    ::mouse_z = 3;
-    passes(2);
-    ::mouse_z = 2;
-    passes(1);
-    point(25, 25);
-    passes(1);
-    ::mouse_z = 5;
-    passes(1);
-    EXPECT_EQ(turns, (std::vector{1, 0}));
-}
-
-TEST_F(Logic, ThePulseSwings)
-{
-    passes(30);
-    EXPECT_EQ(gui_logic.pulse_value, 0);
-    passes(49);
-    EXPECT_EQ(gui_logic.pulse_value, 98);
-    passes(1);
-    EXPECT_EQ(gui_logic.pulse_value, 96);
-    passes(48);
-    EXPECT_EQ(gui_logic.pulse_value, 0);
-    passes(1);
-    EXPECT_EQ(gui_logic.pulse_value, 2);
 }
 
 } // namespace kelu::test

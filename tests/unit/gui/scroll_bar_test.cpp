@@ -23,25 +23,6 @@ protected:
     static int knob(int slot, int step) { return gui.knob_pos[slot][static_cast<std::size_t>(step)]; }
 };
 
-TEST_F(ScrollBarTest, TheKnobTravelsBetweenTheArrows)
-{
-    const int s = slider(256);
-    EXPECT_EQ(gui.arrow_box[s][0], 102); // one free pixel at each end
-    EXPECT_EQ(gui.arrow_box[s][2], 232);
-    EXPECT_EQ(gui.arrow_box[s][1], 51);
-    EXPECT_EQ(knob(s, 0), 110);
-    EXPECT_EQ(knob(s, 255), 232 - 1 - 5);
-    EXPECT_EQ(knob(s, knob_cross), 50);
-    const int v = list_bar();
-    EXPECT_EQ(gui.arrow_box[v][0], 82);
-    EXPECT_EQ(gui.arrow_box[v][1], 42);
-    EXPECT_EQ(gui.arrow_box[v][3], 96);
-    EXPECT_EQ(knob(v, 0), 49);
-    EXPECT_EQ(knob(v, 9), 96 + 1 - 7);
-    EXPECT_EQ(knob(v, knob_cross), 80);
-    EXPECT_EQ(knob(slider(1), 0), 110); // one step stays at the start
-}
-
 TEST_F(ScrollBarTest, TheWheelMovesAListUpAndASliderOn)
 {
     const int s = slider(256);
@@ -126,28 +107,6 @@ TEST_F(ScrollBarTest, ABarThatIsNotBuiltIsNotDragged)
     passes(1);
     press(1);
     EXPECT_EQ(gui_logic.slider_grab, 0);
-}
-
-TEST_F(ScrollBarTest, TheSecondaryButtonDoesNotDrag)
-{
-    slider(101);
-    point(150, 54);
-    passes(1);
-    press(2);
-    EXPECT_EQ(gui_logic.slider_grab, 0);
-}
-
-TEST_F(ScrollBarTest, ABoundOptionFollowsAtEveryPass)
-{
-    Shared<int> option = 77;
-    const int s = slider(256);
-    gui.scroll_bind[s] = &option;
-    gui.scroll_value[s] = 12;
-    passes(1);
-    EXPECT_EQ(option, 77);
-    gui.scroll_bind_on[s] = 1;
-    passes(1);
-    EXPECT_EQ(option, 12);
 }
 
 TEST_F(ScrollBarTest, RangesThatDoNotStartAtZero)

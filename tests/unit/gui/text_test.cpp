@@ -49,35 +49,6 @@ protected:
     }
 };
 
-TEST_F(Text, TheFontTakesItsNumbersFromColours)
-{
-    const Font& loaded = font_table[font];
-    EXPECT_EQ(loaded.cell_w, 3);
-    EXPECT_EQ(loaded.cell_h, 4);
-    EXPECT_EQ(loaded.shadow_dx, 1);
-    EXPECT_EQ(loaded.shadow_dy, 2);
-    EXPECT_EQ(loaded.ramp[7], first_marker + 7);
-    EXPECT_EQ(loaded.advance['A'], 4);
-    EXPECT_EQ(loaded.glyph_y['g'], 1);
-    EXPECT_EQ(loaded.glyph_x['Z'], 0);
-    EXPECT_EQ(loaded.advance['Z'], 8); // no cell names it
-    EXPECT_EQ(palette_index(0x123456), 0);
-}
-
-TEST_F(Text, GlyphsWearTheColourSet)
-{
-    set_plain_text(font, SET_MESSAGE);
-    EXPECT_EQ(drawn(9, 5, 1, 0, "AI"), (std::vector<std::string>{
-                                           ".###..#..",
-                                           ".#.#..#..",
-                                           ".+++..+..",
-                                           ".+.+..+..",
-                                           ".........",
-                                       }));
-    set_plain_text(font, SET_GLYPH); // the glyph's own colours
-    EXPECT_EQ(drawn(3, 1, 0, 0, "A")[0], "111");
-}
-
 TEST_F(Text, ACodeChangesTheColourForGood)
 {
     set_plain_text(font, SET_MESSAGE);
@@ -114,53 +85,6 @@ TEST_F(Text, OnlyWhatLiesOnTheBitmapIsDrawn)
     EXPECT_EQ(draw_text(target, 0, 241, "AAA"), 12);
     EXPECT_EQ(row(target, 0)[0], ground);
     EXPECT_EQ(draw_text(target, 0, 0, ""), 0);
-}
-
-TEST_F(Text, TheOutlineGoesRoundTheGlyphAndBeyondItsCell)
-{
-    set_outlined_text(font, SET_MESSAGE);
-    EXPECT_EQ(drawn(5, 6, 1, 1, "I"), (std::vector<std::string>{
-                                          "..o..",
-                                          ".o#o.",
-                                          ".o#o.",
-                                          ".o+o.",
-                                          ".o+o.",
-                                          "..o..",
-                                      }));
-    EXPECT_EQ(drawn(5, 7, 1, 1, "g")[2], ".o##o"); // hangs a line lower
-}
-
-TEST_F(Text, ShadowsFallBesideTheGlyph)
-{
-    set_text(font, SET_MESSAGE, 1, 9, 0, 0, 0, 0);
-    EXPECT_EQ(drawn(5, 6, 0, 0, "I"), (std::vector<std::string>{
-                                          ".#...",
-                                          ".#...",
-                                          ".+s..",
-                                          ".+s..",
-                                          "..s..",
-                                          "..s..",
-                                      }));
-    const Bitmap target(5, 6, ground);
-    set_text(font, SET_MESSAGE, 2, 128, 0, 0, 0, 0);
-    draw_text(target, 0, 0, "I");
-    EXPECT_EQ(row(target, 4)[2], pack_rgb(0xce * 128 / 256, 0x9d * 128 / 256, 0)); // half way to black
-    set_text(font, SET_MESSAGE, 3, 9, 0, 0, 0, 0);
-    draw_text(target, 0, 0, "I");
-    const int first = 0xce * 10 / 256;
-    EXPECT_EQ(red_of(row(target, 4)[2]), first * 30 / 256 + red_of(palette_color[9]) * 226 / 256);
-}
-
-TEST_F(Text, ModesBlendOrTint)
-{
-    const Bitmap target(3, 4, ground);
-    set_text(font, SET_MESSAGE, 0, 0, 0, 0, 1, 128);
-    draw_text(target, 0, 0, "A");
-    EXPECT_EQ(row(target, 0)[0], 0x85690e); // the exact mean
-    EXPECT_EQ(row(target, 1)[1], ground);
-    set_text(font, SET_MESSAGE, 0, 0, 0, 0, -2, 64); // -1 would keep the old mode
-    draw_text(target, 0, 0, "A");
-    EXPECT_EQ(red_of(row(target, 0)[0]), 0xfa * 64 / 256 + 254 * 192 / 256);
 }
 
 TEST_F(Text, ThePenKeepsWhatIsNotNamed)

@@ -71,39 +71,5 @@ TEST(formats, only_rgba_png_and_icons_bring_alpha)
     EXPECT_EQ(loaded_alpha("no such file", FORMAT_PNG), -1);
 }
 
-TEST(formats, every_writer_s_file_is_read_again)
-{
-    const TemporaryFolder folder;
-    // Few colours, which differ in the five bits of the colour table.
-    const Bitmap picture = paint(31, 17, [](int x, int y) {
-        return six_bit(pack_rgb(x / 8 * 64, y / 8 * 96, 128)) | static_cast<int>(0x80000000);
-    });
-    for (const auto& [format, name] : {std::pair{FORMAT_GIF, "a.gif"},
-                                       {FORMAT_PCX, "a.pcx"},
-                                       {FORMAT_BMP, "a.bmp"},
-                                       {FORMAT_PNG, "a.png"},
-                                       {FORMAT_LBM, "a.lbm"},
-                                       {FORMAT_ICO, "a.ico"}}) {
-        const FormatRow& writer = format_row(format);
-        ASSERT_TRUE(writer.save(name, picture, {.color_reduction = 2})) << name;
-        const int alpha = writer.keeps_alpha ? 0x80 : 0xff;
-        const Bitmap expected = paint(31, 17, [&](int x, int y) {
-            return (row(picture, y)[x] & 0xffffff) | static_cast<int>(static_cast<uint32_t>(alpha) << 24);
-        });
-        EXPECT_EQ(difference(load_picture(name, format), expected), "") << name;
-        EXPECT_FALSE(writer.save("no/such/folder", picture, {})) << name;
-    }
-}
-
-TEST(bmp, is_the_same_in_memory_and_on_disk)
-{
-    const TemporaryFolder folder;
-    const Bitmap picture = colorful(7, 5);
-    std::vector<uint8_t> bytes;
-    encode_bmp(picture, bytes);
-    ASSERT_TRUE(write_bmp("a.bmp", picture));
-    EXPECT_EQ(folder.text("a.bmp"), std::string(bytes.begin(), bytes.end()));
-}
-
 } // namespace
 } // namespace kelu

@@ -79,19 +79,4 @@ TEST_F(MergedTest, ChangeIsSeenInColourAlphaAndSizeButNotInTheToggle)
     EXPECT_TRUE(frame_changed());
 }
 
-TEST_F(MergedTest, MissingBitmapsAreRefused)
-{
-    const Bitmap picture(2, 1, 0x010101);
-    Bitmap untouched(2, 1, 7);
-    alpha_strip(picture, untouched, nullptr);
-    EXPECT_EQ(pixel(untouched), 7);
-    EXPECT_TRUE(logged("Source, frame, or swap bitmap is missing in alpha strip. Baborting."));
-    store.alpha_bitmap.reset();
-    alpha_merge(untouched);
-    EXPECT_EQ(pixel(untouched), 7);
-    EXPECT_TRUE(logged("Dest, frame, or swap bitmap is missing in alpha merge. Baborting."));
-    toggle_alpha_edit();
-    EXPECT_EQ(store.alpha_edit_mode, 0);
-}
-
 } // namespace kelu
