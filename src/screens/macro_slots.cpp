@@ -93,6 +93,7 @@ void build_macro_menu(int shown, const Macro& record)
     for (std::size_t i = 0; i < grid_words.size(); ++i)
         set_field_text(MACRO_SLOT_FIELD_0 + 2 * static_cast<int>(i), std::to_string(record.*grid_words[i]).c_str());
     gui.scroll_value[MACRO_SLOT_OPACITY] = record.grid_opacity;
+    gui.scroll_show[MACRO_SLOT_OPACITY] = &gui.scroll_value[MACRO_SLOT_OPACITY];
     show_macro_grid_mode(record);
     show_macro_tip(record);
 }

@@ -2,7 +2,6 @@
 #include "screens/option_widgets.h"
 
 #include "gui/build.h"
-#include <algorithm>
 #include <array>
 
 namespace kelu {
@@ -85,10 +84,7 @@ void build_slider(const OptionWidget& widget, Shared<int>& cell, int slot, int x
         SlotRow{slot + 1, widget.x, widget.y, widget.w, KIND_PANEL, TEXT_NONE, ACT_NONE, ACT_NONE, widget.tooltip}.with(
             bar),
         x, y);
-    const int value = std::clamp(int(cell), widget.lowest, widget.lowest + widget.steps - 1);
-    gui.scroll_value[body] = value;
-    gui.scroll_bind[body] = &cell;
-    gui.scroll_bind_on[body] = 1;
+    bind_slider(body, cell);
 }
 
 void build_button(const OptionWidget& widget, const Shared<int>& cell, int slot, int id, int toggle_action, int x,

@@ -67,10 +67,7 @@ void build_quick_slider(const QuickRow& row, Shared<int>& cell)
     gui_window(0, y, 319, 22, window_slots);
     build_slot(title_row(2, 2, 316, row.title), 0, y);
     build_slot(slider_row(slider_slot, 2, 12, 316, row.steps, 3), 0, y);
-    gui.scroll_value[slider_slot] = std::clamp(int(cell), 0, row.steps - 1);
-    gui.scroll_show[slider_slot] = &gui.scroll_value[slider_slot];
-    gui.scroll_bind[slider_slot] = &cell;
-    gui.scroll_bind_on[slider_slot] = 1;
+    bind_slider(slider_slot, cell);
 }
 
 void quick_slider(const QuickRow& row, Shared<int>& cell, int action)
