@@ -186,7 +186,7 @@ bool Browser::run_pass()
 {
     run_frame(0);
     show_preview();
-    cancelled_ = leaving() || right_press_on_bare_frame();
+    cancelled_ = right_press_on_bare_frame();
     if (cancelled_) {
         wait_right_release();
         return false;

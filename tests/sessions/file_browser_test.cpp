@@ -284,6 +284,10 @@ TEST(FontBrowser, HasPlacesOfItsOwn)
     session.click(BROWSER_OKAY);
     EXPECT_EQ(menus.status_reason, "NO SUCH FILE!");
     EXPECT_EQ(text_settings.font_file, "SYSTEM.TTF");
+    run_state.exit_requested = 1;
+    session.frame(4);
+    EXPECT_EQ(menus.menu_id, MENU_BROWSER) << "stays until its user leaves it";
+    session.click(BROWSER_CANCEL);
 }
 
 } // namespace kelu
