@@ -1,21 +1,14 @@
 // The animation's two screens: tags, delays and speed, and the playback that nothing of reaches the frame.
-#include "gui/menus.h"
-#include "gui/slots.h"
-#include "gui/tooltips.h"
 #include "runtime/animation.h"
-#include "runtime/view.h"
 #include "screens/animation_slots.h"
 #include "support/frames.h"
-#include "support/golden.h"
+#include "support/screen_session.h"
 #include "workspace/frame_cache.h"
-#include <gtest/gtest.h>
 #include <set>
 
 namespace kelu {
 
-using test::frame_color;
-using test::RIGHT_BUTTON;
-using test::Session;
+using namespace test;
 
 namespace {
 
@@ -52,15 +45,15 @@ void turn_wheel(Session& session, int slot, int steps)
 
 TEST(AnimationMenu, TagsFramesAndSetsTheirTiming)
 {
-    Session session(test::plain_home);
-    test::make_frames(12);
+    Session session(plain_home);
+    make_frames(12);
     session.key(KEY_Z, {KEY_LSHIFT});
     session.click(SLOT_NAIL_0 + 1);
     EXPECT_NE(gui.active[SLOT_HINT], 0) << "one frame is no animation";
     EXPECT_EQ(gui.active[SLOT_TIMED_0 + 1], 0);
     session.move(160, 30);
     session.frame(100);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "animation_menu_empty"));
+    EXPECT_TRUE(matches_golden(session.picture(), "animation_menu_empty"));
     session.click(SLOT_NAIL_0 + 4);
     turn_wheel(session, SLOT_STRIP, 1); // one frame to the right: the same cell is frame 5
     session.click(SLOT_NAIL_0 + 4);
@@ -78,7 +71,7 @@ TEST(AnimationMenu, TagsFramesAndSetsTheirTiming)
     EXPECT_EQ(animation.anim_speed, 0);
     session.move(160, 30);
     session.frame(100);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "animation_menu"));
+    EXPECT_TRUE(matches_golden(session.picture(), "animation_menu"));
     session.click(SLOT_OKAY);
     session.key(KEY_Z, {KEY_LSHIFT});
     session.click(SLOT_ALL);
@@ -96,10 +89,10 @@ TEST(AnimationMenu, TagsFramesAndSetsTheirTiming)
 
 TEST(Playback, ShowsTheTaggedFramesAndGivesTheFrameBack)
 {
-    Session session(test::plain_home);
-    test::make_frames(5);
+    Session session(plain_home);
+    make_frames(5);
     fetch_frame(0, 4, 0);
-    test::replace_frame(60, 400, frame_color(4));
+    replace_frame(60, 400, frame_color(4));
     fetch_frame(4, 0, 0);
     session.key(KEY_Z);
     EXPECT_EQ(menus.status_message, TIP_TAG_MORE_FRAMES);
@@ -110,7 +103,7 @@ TEST(Playback, ShowsTheTaggedFramesAndGivesTheFrameBack)
     session.key(KEY_Z);
     session.move(200, 100);
     session.frame(230); // the message has gone
-    EXPECT_TRUE(test::matches_golden(session.picture(), "playback_menu"));
+    EXPECT_TRUE(matches_golden(session.picture(), "playback_menu"));
     const std::set<int> tagged{0x654321, frame_color(2), frame_color(4)};
     session.click(FORWARD);
     EXPECT_EQ(colors_shown(session), tagged);
@@ -123,7 +116,7 @@ TEST(Playback, ShowsTheTaggedFramesAndGivesTheFrameBack)
     session.click(STOP);
     EXPECT_EQ(animation.anim_pos, 0);
     session.click(HIDE);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "playback_hidden"));
+    EXPECT_TRUE(matches_golden(session.picture(), "playback_hidden"));
     session.click(SHOW);
     EXPECT_EQ(gui.hidden[0], 0);
     EXPECT_EQ(gui.active[SHOW], 0);
@@ -144,21 +137,21 @@ TEST(Playback, ShowsTheTaggedFramesAndGivesTheFrameBack)
 TEST(Playback, LetsNoKeyNearTheFiles)
 {
     Session session;
-    test::make_frames(5);
+    make_frames(5);
     tag({1, 2, 3});
-    const auto files = test::frame_files(session);
+    const auto files = frame_files(session);
     ASSERT_EQ(files.size(), 5U);
     session.key(KEY_Z);
     session.click(FORWARD);
-    test::tap_every_key(session, {KEY_Z});
-    test::tap_every_key(session, {KEY_Q}, {KEY_LSHIFT});
-    test::tap_every_key(session, {}, {KEY_LCONTROL});
+    tap_every_key(session, {KEY_Z});
+    tap_every_key(session, {KEY_Q}, {KEY_LSHIFT});
+    tap_every_key(session, {}, {KEY_LCONTROL});
     EXPECT_EQ(menus.menu_id, MENU_PLAYBACK);
     EXPECT_EQ(store.current_frame, 0);
-    EXPECT_TRUE(files == test::frame_files(session));
+    EXPECT_TRUE(files == frame_files(session));
     session.keep_folder();
     EXPECT_TRUE(session.finish()) << "the program ends out of the screen";
-    EXPECT_TRUE(files == test::frame_files(session)) << "what is written is the frame";
+    EXPECT_TRUE(files == frame_files(session)) << "what is written is the frame";
     test::remove_program_folder(session.folder());
 }
 

@@ -4,29 +4,15 @@
 #include "draw/cel_stretch.h"
 #include "draw/cel_turn.h"
 #include "draw/shape_panel.h"
-#include "draw/tool_loop.h"
 #include "draw/undo.h"
-#include "gui/menus.h"
-#include "gui/tooltips.h"
-#include "runtime/frame.h"
-#include "runtime/pixels.h"
-#include "runtime/preferences.h"
-#include "runtime/run_state.h"
-#include "runtime/store.h"
-#include "runtime/toolbox.h"
-#include "runtime/view.h"
 #include "screens/cel_transform.h"
-#include "support/session.h"
-#include <gtest/gtest.h>
+#include "support/screen_session.h"
 
 namespace kelu {
 
-using test::RIGHT_BUTTON;
-using test::Session;
+using namespace test;
 
 namespace {
-
-int frame_pixel(int x, int y) { return row(store.frame_bitmap, y)[x]; }
 
 void paint_block(int left, int top, int right, int bottom, int color)
 {
@@ -38,13 +24,6 @@ void give_cel(int w, int h, int color)
 {
     store.cel_source_bitmap = Bitmap(w, h, color);
     store.cel_bitmap = Bitmap(w, h, color);
-}
-
-/// What a home loop does after its operation: nothing, until the program ends.
-void idle()
-{
-    while (!leaving())
-        run_frame(0);
 }
 
 /// Runs frames until the operation waits for its first click.
@@ -106,24 +85,6 @@ TEST(Cels, RightClickCancelsAGrab)
     EXPECT_EQ(store.cel_bitmap.width(), 3);
     EXPECT_EQ(cel_work.grab_x, no_grab);
     EXPECT_EQ(menus.status_message, TIP_NONE);
-}
-
-TEST(Cels, BelowFillsTheMaskColourAndKeepsTheOrigin)
-{
-    Session session([] {
-        give_cel(4, 1, 0x20c040);
-        cel.cel_origin_x = cel.cel_origin_y = 40;
-        cel_below();
-        idle();
-    });
-    toolbox.ink_slots[0] = INK_OPAQUE;
-    paint_block(41, 40, 41, 40, 0x050000);
-    ASSERT_TRUE(waits_with(session, TIP_CEL_REPOSITION));
-    session.click_at(200, 100, RIGHT_BUTTON);
-    session.frame(3);
-    EXPECT_EQ(frame_pixel(40, 40), 0x20c040);
-    EXPECT_EQ(frame_pixel(41, 40), 0x050000);
-    EXPECT_EQ(frame_pixel(43, 40), 0x20c040);
 }
 
 TEST(Cels, OffscreenWindowBringsTheCelOrGoesToIt)

@@ -1,37 +1,18 @@
 // The brush tool, ink and tip menus and the option keys, by mouse and keys.
-#include "gui/kinds.h"
-#include "gui/menus.h"
-#include "gui/slots.h"
-#include "gui/strings.h"
-#include "gui/tooltips.h"
-#include "runtime/store.h"
-#include "runtime/toolbox.h"
-#include "support/golden.h"
-#include "support/session.h"
-#include <gtest/gtest.h>
+#include "support/screen_session.h"
 #include <string>
 
 namespace kelu {
 
-using test::RIGHT_BUTTON;
-using test::Session;
+using namespace test;
 
 namespace {
 
-enum { TOOL_0 = 4, INK_0 = 10, TIP_BUTTON = 21 };
 enum { LIST = 2, CHOICE_0 = 3, DESCRIPTION = 10, OPTION_0 = 13 };
 enum { CUSTOM = 2, FIRST_TIP = 3 };
 
 /// The left part of a list's row, counted from the first one that shows.
 void click_row(Session& session, int row) { session.click_at(gui.x[LIST] + 10, gui.y[LIST] + 5 + 7 * row); }
-
-/// The screen once the pointer has left it and the tooltip has gone.
-testing::AssertionResult looks_like(Session& session, const std::string& name)
-{
-    session.move(5, 60);
-    session.frame(200);
-    return test::matches_golden(session.picture(), name);
-}
 
 int tip_pixel(int x, int y) { return row(store.tip_sheet, y)[x]; }
 
@@ -40,7 +21,7 @@ int tip_pixel(int x, int y) { return row(store.tip_sheet, y)[x]; }
 TEST(ChoiceMenu, PicksAToolIntoTheEditedSlot)
 {
     Session session;
-    session.click(TOOL_0 + 3, RIGHT_BUTTON);
+    session.click(HOME_TOOL_0 + 3, RIGHT_BUTTON);
     ASSERT_EQ(menus.menu_id, MENU_TOOL);
     EXPECT_EQ(gui.kind[CHOICE_0 + 3], KIND_BUTTON_LIT);
     click_row(session, 3);
@@ -55,14 +36,14 @@ TEST(ChoiceMenu, PicksAToolIntoTheEditedSlot)
     EXPECT_EQ(toolbox.tool_slot, 0);
     session.click_at(160, 40, RIGHT_BUTTON);
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
-    EXPECT_EQ(gui.text_id[TOOL_0 + 3], first_tool_name + TOOL_DRIZ);
+    EXPECT_EQ(gui.text_id[HOME_TOOL_0 + 3], first_tool_name + TOOL_DRIZ);
     EXPECT_EQ(gui.hidden[0], 0) << "the click that leaves hides nothing";
 }
 
 TEST(ChoiceMenu, SetsTheOptionsOfAnInk)
 {
     Session session;
-    session.click(INK_0 + 1, RIGHT_BUTTON);
+    session.click(HOME_INK_0 + 1, RIGHT_BUTTON);
     ASSERT_EQ(menus.menu_id, MENU_INK);
     session.move(gui.x[LIST] + 10, gui.y[LIST] + 10);
     session.wheel(-1);
@@ -82,7 +63,7 @@ TEST(ChoiceMenu, SetsTheOptionsOfAnInk)
 TEST(TipMenu, ReturnsTheClickedTipOrNone)
 {
     Session session;
-    session.click(TIP_BUTTON);
+    session.click(HOME_TIP);
     ASSERT_EQ(menus.menu_id, MENU_TIP);
     session.click(FIRST_TIP + 7);
     EXPECT_TRUE(looks_like(session, "tip_menu"));
@@ -99,7 +80,7 @@ TEST(TipMenu, TakesACustomTipFromTheFrame)
 {
     Session session;
     rectfill(store.frame_bitmap, 100, 80, 103, 83, 0x300000);
-    session.click(TIP_BUTTON);
+    session.click(HOME_TIP);
     session.click(CUSTOM, RIGHT_BUTTON);
     session.click_at(104, 84);
     EXPECT_EQ(tip_pixel(4, 45 + 3), 0x101010) << "the mean of the channels";

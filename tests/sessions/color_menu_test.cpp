@@ -1,34 +1,16 @@
 // The colour screens by mouse: the colour menu in its four spaces, the favourites, and picks from the screen.
 #include "colour/band.h"
 #include "colour/spaces.h"
-#include "draw/tool_loop.h"
-#include "gui/kinds.h"
-#include "gui/menus.h"
-#include "gui/scheme.h"
-#include "gui/slots.h"
-#include "gui/strings.h"
-#include "gui/tooltips.h"
-#include "runtime/frame.h"
-#include "runtime/hotkeys.h"
-#include "runtime/pixels.h"
-#include "runtime/store.h"
-#include "runtime/toolbox.h"
 #include "screens/actions.h"
 #include "screens/color_menu.h"
-#include "screens/draw_menu.h"
-#include "support/golden.h"
-#include "support/session.h"
-#include <gtest/gtest.h>
+#include "support/screen_session.h"
 
 namespace kelu {
 
-using test::RIGHT_BUTTON;
-using test::Session;
+using namespace test;
 
 namespace {
 
-/// Slots of the drawing menu.
-enum { HOME_MASK = 19, HOME_BRUSH = 20, HOME_SPECTRUM = 22, HOME_FAVORITE_0 = 23 };
 /// Slots of the two menus.
 enum {
     TAB_VGA = 2,
@@ -49,7 +31,6 @@ enum {
     PALETTE_0 = 28,
     PALETTE_MAP = 106
 };
-enum { DIALOG_OKAY = 2, DIALOG_CANCEL = 3 };
 
 constexpr int violet = 0x6a3fb2;
 
@@ -94,9 +75,7 @@ TEST(ColorMenu, ShowsAndEditsTheBrushColor)
     open_brush_menu(session);
     ASSERT_EQ(menus.menu_id, MENU_COLOR);
     EXPECT_EQ(sliders(), (std::array{0x6a, 0x3f, 0xb2}));
-    session.move(10, 60);
-    session.frame(200);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "color_menu"));
+    EXPECT_TRUE(looks_like(session, "color_menu", 10, 60));
 
     const int red_y = gui.y[SLIDER_0] + 4;
     session.drag(gui.knob_pos[SLIDER_0][0x6a] + 3, red_y, gui.knob_pos[SLIDER_0][200] + 3, red_y);
@@ -158,9 +137,7 @@ TEST(ColorMenu, MapReadsThePlaceOfTheClick)
     session.click_at(left + 156, top + 56);
     EXPECT_EQ(sliders(), (std::array{63, 63, 62}));
     EXPECT_EQ(toolbox.brush_color, 0xfcfcf8);
-    session.move(10, 60);
-    session.frame(200);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "color_menu_vga"));
+    EXPECT_TRUE(looks_like(session, "color_menu_vga", 10, 60));
 }
 
 TEST(ColorMenu, VarianceStepsAwayFromTheColor)
@@ -239,26 +216,6 @@ TEST(ColorMenu, PicksFromTheFrameAndIntoAFavorite)
     EXPECT_EQ(toolbox.mask_color, 0x11aa22) << "and aren't clicked by that";
 }
 
-TEST(ColorMenu, GivesAnotherScreenItsColor)
-{
-    static int result;
-    result = -1;
-    Session session([] {
-        fix_colors();
-        result = color_menu(ColorTarget::VALUE, 0x445566);
-        while (!leaving())
-            run_frame(0);
-    });
-    ASSERT_TRUE(session.frames_until([] { return menus.menu_id == MENU_COLOR; }));
-    session.frame(2);
-    EXPECT_EQ(sliders(), (std::array{0x44, 0x55, 0x66}));
-    session.click(FAVORITE_0 + 2);
-    session.click_at(10, 60, RIGHT_BUTTON);
-    EXPECT_EQ(result, toolbox.favorites[2]);
-    EXPECT_EQ(toolbox.brush_color, violet);
-    EXPECT_EQ(toolbox.mask_color, 0x204060);
-}
-
 TEST(FavoritesMenu, ScrollsNumbersAndFillsItsPalette)
 {
     Session session(start_at_home);
@@ -268,7 +225,7 @@ TEST(FavoritesMenu, ScrollsNumbersAndFillsItsPalette)
     session.move(gui.x[PALETTE_0 + 14] + 4, gui.y[PALETTE_0 + 14] + 4);
     EXPECT_EQ(gui.list_items[NUMBER][0], 14);
     session.frame(200);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "favorites_menu"));
+    EXPECT_TRUE(matches_golden(session.picture(), "favorites_menu"));
     session.move(10, 60);
     EXPECT_EQ(gui.list_items[NUMBER][0], 1000);
 

@@ -1,14 +1,10 @@
 // The failure panel over an open menu.
-#include "gui/kinds.h"
-#include "gui/slots.h"
-#include "runtime/preferences.h"
-#include "screens/draw_menu.h"
 #include "screens/failure_panel.h"
-#include "support/golden.h"
-#include "support/session.h"
-#include <gtest/gtest.h>
+#include "support/screen_session.h"
 
 namespace kelu {
+
+using namespace test;
 
 TEST(FailurePanel, WaitsForTheLeftButtonAndLeavesNoSlots)
 {
@@ -25,9 +21,7 @@ TEST(FailurePanel, WaitsForTheLeftButtonAndLeavesNoSlots)
     EXPECT_FALSE(dismissed);
     EXPECT_EQ(gui.kind[124], KIND_FAILURE_PANEL);
     gui_clear_window(); // the strip's colours are random
-    session.move(300, 20);
-    session.frame(200);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "failure_panel"));
+    EXPECT_TRUE(looks_like(session, "failure_panel", 300, 20));
     session.press();
     EXPECT_FALSE(dismissed) << "it waits for the release";
     session.release();

@@ -1,43 +1,31 @@
 // The file browser by mouse and keys: what a click, a name and a place stand for, and what is asked before a file goes.
-#include "draw/tool_loop.h"
 #include "gui/build.h"
-#include "gui/menus.h"
-#include "gui/slots.h"
-#include "gui/strings.h"
-#include "gui/tooltips.h"
 #include "imagefile/dispatch.h"
 #include "imagefile/png.h"
 #include "platform/files.h"
 #include "platform/places.h"
 #include "runtime/browser_list.h"
 #include "runtime/browser_state.h"
-#include "runtime/hotkeys.h"
-#include "runtime/pixels.h"
-#include "runtime/run_state.h"
-#include "runtime/store.h"
 #include "runtime/text_settings.h"
-#include "runtime/toolbox.h"
 #include "screens/browser_listing.h"
 #include "screens/browser_slots.h"
 #include "screens/file_browser.h"
-#include "support/golden.h"
-#include "support/session.h"
+#include "support/screen_session.h"
 #include <allegro.h>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
 
 namespace kelu {
 
-using test::RIGHT_BUTTON;
-using test::Session;
+using namespace test;
+
 namespace fs = std::filesystem;
 
 namespace {
 
-enum { PIC = 16, PIC_SAVE = 7, FAVORITES_SAVE = 2, FAVORITES_LOAD = 3 };
-enum { DIALOG_OKAY = 122, DIALOG_CANCEL = 123 };
+enum { PIC_SAVE = 7, FAVORITES_SAVE = 2, FAVORITES_LOAD = 3 };
+enum { ASK_OKAY = 122, ASK_CANCEL = 123 };
 constexpr int red = 0xc02020, blue = 0x2040c0, green = 0x20a040;
 
 /// A session that stands in a folder of pictures.
@@ -117,7 +105,7 @@ TEST_F(Browser, ListsFiltersAndGoesPlaces)
     show_in_field(BROWSER_PATH, "/HOME/ME/PICTURES");
     session_.move(5, 60);
     session_.frame(200);
-    EXPECT_TRUE(test::matches_golden(session_.picture(), "file_browser"));
+    EXPECT_TRUE(matches_golden(session_.picture(), "file_browser"));
     session_.click(BROWSER_FILTER_0);
     EXPECT_EQ(gui.kind[BROWSER_FILTER_0 + 3], KIND_BUTTON);
     EXPECT_EQ(rows(), "\\.. \\SUB DAMAGED.GIF ");
@@ -190,8 +178,8 @@ TEST_F(Browser, LoadsTheFileThatWasClickedOrTyped)
 
 TEST_F(Browser, AsksBeforeTheFileThatWouldGo)
 {
-    test::replace_frame(7, 5, 0x123456);
-    session_.click(PIC);
+    replace_frame(7, 5, 0x123456);
+    session_.click(HOME_PIC);
     session_.click(PIC_SAVE);
     ASSERT_EQ(menus.menu_id, MENU_BROWSER);
     enter(BROWSER_FILE, "sky.png");
@@ -199,19 +187,19 @@ TEST_F(Browser, AsksBeforeTheFileThatWouldGo)
     ASSERT_EQ(menus.menu_id, MENU_DIALOG);
     session_.move(5, 60);
     session_.key(KEY_X);
-    session_.click(DIALOG_CANCEL);
+    session_.click(ASK_CANCEL);
     EXPECT_EQ(menus.menu_id, MENU_BROWSER);
     EXPECT_EQ(text(BROWSER_FILE), "sky.png") << "keys in the dialog are not the field's";
     EXPECT_EQ(color_of("Sky.png"), green);
     session_.click(BROWSER_OKAY);
-    session_.click(DIALOG_OKAY);
+    session_.click(ASK_OKAY);
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
     EXPECT_EQ(color_of("Sky.png"), 0x123456);
     EXPECT_FALSE(fs::exists("sky.png")) << "no second file beside the one that was asked about";
     open(KEY_F5);
     click_row("Hero.png");
     session_.click(BROWSER_OKAY);
-    session_.click(DIALOG_OKAY);
+    session_.click(ASK_OKAY);
     EXPECT_EQ(color_of("Hero.png"), 0x123456);
     EXPECT_EQ(color_of("HERO.PNG"), blue);
     open(KEY_F5);
@@ -269,9 +257,7 @@ TEST(FontBrowser, HasPlacesOfItsOwn)
     session.click_at(gui.x[BROWSER_LIST] + 20, gui.y[BROWSER_LIST] + 10);
     EXPECT_EQ(browser_state.browser_file, "SYSTEM.TTF");
     show_in_field(BROWSER_PATH, "/HOME/ME/KELU/FONTS");
-    session.move(5, 60);
-    session.frame(200);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "font_browser"));
+    EXPECT_TRUE(looks_like(session, "font_browser"));
     session.click(BROWSER_OKAY);
     EXPECT_EQ(text_settings.font_dir, platform::upper_case(fonts));
     EXPECT_EQ(text_settings.font_file, "SYSTEM.TTF");

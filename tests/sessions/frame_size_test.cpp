@@ -1,54 +1,18 @@
 // The screens that change the frame's geometry, walked by mouse and keys: resize and crop, sprite sheet, grid.
 #include "draw/undo.h"
 #include "gui/build.h"
-#include "gui/menus.h"
-#include "gui/scheme.h"
-#include "gui/slots.h"
-#include "runtime/grid.h"
-#include "runtime/store.h"
-#include "runtime/toolbox.h"
-#include "support/golden.h"
-#include "support/session.h"
-#include <gtest/gtest.h>
+#include "support/screen_session.h"
 
 namespace kelu {
 
-using test::RIGHT_BUTTON;
-using test::Session;
+using namespace test;
 
 namespace {
 
-enum { FRAME = 2, RESIZE = 4, PIC = 16, SHEET = 4, GRID = 6 };
+enum { RESIZE = 4, SHEET = 4, GRID = 6 };
 enum { ANCHOR_0 = 3, SCALE = 12, CROP = 13, WIDTH = 15, HEIGHT = 16, RESIZE_OKAY = 19, PERCENT = 21 };
 enum { SPRITE_W = 76, COLUMNS = 86, SPRITE_COLOR = 88, SHEET_OKAY = 93, SHEET_CANCEL = 94 };
 enum { GRID_W = 4, GRID_H = 6, X_OFF = 8, OPACITY = 12, GRID_OKAY = 15, GRID_CANCEL = 16, ACTIVE = 17 };
-
-void open_screen(Session& session, int column, int entry, int menu)
-{
-    session.click(column);
-    session.click(entry);
-    ASSERT_EQ(menus.menu_id, menu);
-}
-
-/// Puts a number in the place of what a field holds.
-void retype(Session& session, int slot, const std::string& number)
-{
-    session.click(slot);
-    session.key(KEY_END);
-    for (int i = 0; i < 4; ++i)
-        session.key(KEY_BACKSPACE);
-    session.type(number);
-}
-
-/// The picture without what moves: the pointer beside the window, the message of the start gone.
-BITMAP* still_picture(Session& session)
-{
-    session.move(20, 20);
-    session.frame(200);
-    return session.picture();
-}
-
-int frame_pixel(int x, int y) { return row(store.frame_bitmap, y)[x]; }
 
 void expect_frame(int w, int h)
 {
@@ -63,15 +27,15 @@ void expect_frame(int w, int h)
 TEST(FrameSize, ResizeScreenScalesAndPlacesTheFrame)
 {
     Session session;
-    test::replace_frame(300, 200, 0x123456);
-    open_screen(session, FRAME, RESIZE, MENU_RESIZE);
+    replace_frame(300, 200, 0x123456);
+    open_entry(session, HOME_FRAME, RESIZE, MENU_RESIZE);
     session.click(ANCHOR_0 + 7);
     session.click(SCALE);
     session.move(gui.x[PERCENT] + 60, gui.y[PERCENT] + 4);
     session.wheel(-1);
     EXPECT_EQ(field_number(WIDTH), 285) << "95 per cent";
     EXPECT_EQ(field_number(HEIGHT), 190);
-    EXPECT_TRUE(test::matches_golden(still_picture(session), "resize_menu"));
+    EXPECT_TRUE(looks_like(session, "resize_menu", 20, 20));
     retype(session, WIDTH, "1");
     session.click(RESIZE_OKAY);
     EXPECT_EQ(menus.menu_id, MENU_RESIZE) << "a frame has two pixels a side";
@@ -84,7 +48,7 @@ TEST(FrameSize, ResizeScreenScalesAndPlacesTheFrame)
     expect_frame(40, 19);
     EXPECT_EQ(frame_pixel(39, 18), 0x123456);
 
-    open_screen(session, FRAME, RESIZE, MENU_RESIZE);
+    open_entry(session, HOME_FRAME, RESIZE, MENU_RESIZE);
     session.click_at(10, 10, RIGHT_BUTTON);
     EXPECT_EQ(gui.hidden[RESIZE_OKAY], 1) << "out of the way";
     session.click_at(10, 10, RIGHT_BUTTON);
@@ -93,11 +57,11 @@ TEST(FrameSize, ResizeScreenScalesAndPlacesTheFrame)
     expect_frame(40, 23);
     EXPECT_EQ(frame_pixel(0, 22), 0) << "anchored at the top left";
 
-    open_screen(session, FRAME, RESIZE, MENU_RESIZE);
+    open_entry(session, HOME_FRAME, RESIZE, MENU_RESIZE);
     gui.scroll_value[PERCENT] = 0;
     session.frame(2);
     EXPECT_EQ(field_number(WIDTH), 0);
-    test::replace_frame(3000, 200, 0);
+    replace_frame(3000, 200, 0);
     session.frame(2);
     EXPECT_EQ(gui.scroll_value[PERCENT], 100) << "another frame starts anew";
     gui.scroll_value[PERCENT] = 400;
@@ -109,16 +73,16 @@ TEST(FrameSize, ResizeScreenScalesAndPlacesTheFrame)
 TEST(FrameSize, QuickCropKeepsBothPixelsThatWereClicked)
 {
     Session session;
-    test::replace_frame(320, 240, 0x123456);
+    replace_frame(320, 240, 0x123456);
     row(store.frame_bitmap, 50)[60] = 0xff0000;
-    open_screen(session, FRAME, RESIZE, MENU_RESIZE);
+    open_entry(session, HOME_FRAME, RESIZE, MENU_RESIZE);
     session.click(CROP);
     session.click_at(99, 79);
     EXPECT_EQ(menus.status_message, TIP_CROP_SECOND);
     session.click_at(80, 40, RIGHT_BUTTON);
     expect_frame(320, 240);
     EXPECT_EQ(menus.status_message, TIP_NONE);
-    open_screen(session, FRAME, RESIZE, MENU_RESIZE);
+    open_entry(session, HOME_FRAME, RESIZE, MENU_RESIZE);
     session.click(CROP);
     EXPECT_EQ(menus.status_message, TIP_CROP_FIRST);
     session.click_at(99, 79);
@@ -131,12 +95,12 @@ TEST(FrameSize, QuickCropKeepsBothPixelsThatWereClicked)
 TEST(FrameSize, SheetScreenRefusesBadNumbersAndDrawsCells)
 {
     Session session;
-    open_screen(session, PIC, SHEET, MENU_SHEET);
+    open_entry(session, HOME_PIC, SHEET, MENU_SHEET);
     retype(session, COLUMNS, "300");
     session.click(SHEET_OKAY);
     EXPECT_EQ(menus.menu_id, MENU_SHEET);
     EXPECT_EQ(gui.field_error[COLUMNS], 1);
-    EXPECT_TRUE(test::matches_golden(still_picture(session), "sprite_sheet_menu"));
+    EXPECT_TRUE(looks_like(session, "sprite_sheet_menu", 20, 20));
     session.click(SPRITE_COLOR);
     EXPECT_EQ(menus.menu_id, MENU_COLOR);
     EXPECT_EQ(menus.ghost_rect.x, 70) << "the sheet's window stands dim behind it";
@@ -145,12 +109,12 @@ TEST(FrameSize, SheetScreenRefusesBadNumbersAndDrawsCells)
     EXPECT_EQ(gui.field_error[COLUMNS], 1) << "the other slots came back as they were";
     session.click(SHEET_CANCEL);
     expect_frame(320, 240);
-    open_screen(session, PIC, SHEET, MENU_SHEET);
+    open_entry(session, HOME_PIC, SHEET, MENU_SHEET);
     session.click(SHEET_OKAY);
     expect_frame(137, 137);
     for (const auto& [x, color] : {std::pair{0, 0}, {1, 0xff0000}, {16, 0xff0000}, {17, 0}, {18, 0xff0000}, {136, 0}})
         EXPECT_EQ(frame_pixel(x, 5), color) << x;
-    open_screen(session, PIC, SHEET, MENU_SHEET);
+    open_entry(session, HOME_PIC, SHEET, MENU_SHEET);
     retype(session, COLUMNS, "1");
     session.click(SHEET_OKAY);
     expect_frame(18, 137);
@@ -174,13 +138,13 @@ TEST(FrameSize, GridScreenActsAtOnceAndRefusesWhatIsRed)
     EXPECT_EQ(gui.colour[GRID_W], warning_red);
     EXPECT_EQ(gui.colour[X_OFF], warning_red) << "not below the pitch";
     EXPECT_EQ(grid.grid_off_x, 0);
-    EXPECT_TRUE(test::matches_golden(still_picture(session), "grid_menu"));
+    EXPECT_TRUE(looks_like(session, "grid_menu", 20, 20));
     session.click(GRID_OKAY);
     EXPECT_EQ(menus.menu_id, MENU_GRID);
     session.click(GRID_CANCEL);
     EXPECT_EQ(grid.grid_h, 4);
     EXPECT_EQ(grid.grid_opacity, 32);
-    open_screen(session, PIC, GRID, MENU_GRID);
+    open_entry(session, HOME_PIC, GRID, MENU_GRID);
     retype(session, GRID_W, "12");
     retype(session, X_OFF, "11");
     session.click(ACTIVE);

@@ -1,6 +1,5 @@
 // The actor layer in the running program: the fade at the start, a script that speaks, fades and waits, and waits of
 // the main thread on actors.
-#include "draw/tool_loop.h"
 #include "framework/animation.h"
 #include "framework/framework_jobs.h"
 #include "framework/script.h"
@@ -8,16 +7,12 @@
 #include "framework/tint.h"
 #include "runtime/actors.h"
 #include "runtime/bubble_table.h"
-#include "runtime/frame.h"
 #include "runtime/jobs.h"
-#include "runtime/store.h"
-#include "runtime/view.h"
-#include "support/session.h"
-#include <gtest/gtest.h>
+#include "support/screen_session.h"
 
 namespace kelu {
 
-using test::Session;
+using namespace test;
 
 namespace {
 

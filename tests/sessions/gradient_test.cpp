@@ -2,33 +2,17 @@
 #include "draw/gradient.h"
 #include "draw/gradient_nodes.h"
 #include "draw/preview.h"
-#include "draw/tool_loop.h"
-#include "gui/menus.h"
-#include "gui/slots.h"
-#include "runtime/frame.h"
-#include "runtime/hotkeys.h"
-#include "runtime/store.h"
-#include "runtime/toolbox.h"
-#include "runtime/view.h"
-#include "support/session.h"
-#include <gtest/gtest.h>
+#include "support/screen_session.h"
 
 namespace kelu {
 
-using test::RIGHT_BUTTON;
-using test::Session;
+using namespace test;
 
 namespace {
 
 int node(int ink, int column)
 {
     return toolbox.ink_table[static_cast<std::size_t>(ink)][static_cast<std::size_t>(column)];
-}
-
-void idle()
-{
-    while (!leaving())
-        run_frame(0);
 }
 
 bool placing_nodes(Session& session)
@@ -95,7 +79,7 @@ TEST(GradientNodes, LieOnOneAxisForTheGradientsAlongIt)
 TEST(GradientNodes, OffscreenNodesAreOneJumpAway)
 {
     Session session([] {
-        test::replace_frame(2000, 1000, 0);
+        replace_frame(2000, 1000, 0);
         store.coverage_bitmap = Bitmap(2000, 1000);
         auto& cells = toolbox.ink_table[INK_R_GRAD];
         cells[GRADIENT_START_X] = 1500;

@@ -1,19 +1,11 @@
 // The quality dialog of a JPEG: the preview on the frame, and what OKAY and CANCEL leave.
-#include "draw/tool_loop.h"
-#include "gui/menus.h"
-#include "gui/slots.h"
-#include "gui/tooltips.h"
 #include "runtime/browser_state.h"
-#include "runtime/frame.h"
-#include "runtime/pixels.h"
-#include "runtime/store.h"
 #include "screens/jpeg_quality.h"
-#include "support/session.h"
-#include <gtest/gtest.h>
+#include "support/screen_session.h"
 
 namespace kelu {
 
-using test::Session;
+using namespace test;
 
 namespace {
 

@@ -1,20 +1,11 @@
 // Macros: the screen by mouse and keys, and what running one changes.
-#include "gui/kinds.h"
-#include "gui/menus.h"
-#include "gui/slots.h"
-#include "runtime/grid.h"
 #include "runtime/macros.h"
-#include "runtime/toolbox.h"
-#include "screens/draw_menu.h"
 #include "screens/macro_menu.h"
-#include "support/golden.h"
-#include "support/session.h"
-#include <gtest/gtest.h>
+#include "support/screen_session.h"
 
 namespace kelu {
 
-using test::RIGHT_BUTTON;
-using test::Session;
+using namespace test;
 
 namespace {
 
@@ -26,16 +17,6 @@ void open_macros(Session& session)
 {
     session.key(KEY_M);
     ASSERT_EQ(menus.menu_id, MENU_MACRO);
-}
-
-void retype(Session& session, int field, const char* text)
-{
-    session.click(field);
-    for (int i = 0; i < 4; ++i) {
-        session.key(KEY_BACKSPACE);
-        session.key(KEY_DEL);
-    }
-    session.type(text);
 }
 
 void pick_row(Session& session, int slot, int row)
@@ -64,9 +45,7 @@ TEST(MacroMenu, EditsStoresAndRunsAMacro)
     session.click(TIP_5);
     session.click_at(160, 20, RIGHT_BUTTON);
     EXPECT_EQ(menus.menu_id, MENU_MACRO);
-    session.move(300, 20);
-    session.frame(200);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "macro_menu"));
+    EXPECT_TRUE(looks_like(session, "macro_menu", 300, 20));
     session.click(OKAY);
     const Macro& record = macros.macro_table[0];
     EXPECT_EQ(record.tools, (std::array<int, 6>{0, TOOL_LINE, 0, 0, 0, 0}));

@@ -1,33 +1,19 @@
 // The options screen: its rows as they scroll, what acts at once, DEFAULTS, CANCEL, and what its end brings about.
 #include "draw/undo.h"
-#include "gui/kinds.h"
-#include "gui/menus.h"
-#include "gui/slots.h"
-#include "runtime/preferences.h"
-#include "runtime/store.h"
-#include "runtime/view.h"
 #include "screens/options_table.h"
-#include "support/golden.h"
-#include "support/session.h"
-#include <gtest/gtest.h>
+#include "support/screen_session.h"
 
 namespace kelu {
 
-using test::RIGHT_BUTTON;
-using test::Session;
+using namespace test;
 
 namespace {
 
-enum { USER = 18, OPTIONS = 2 };
+enum { OPTIONS = 2 };
 enum { LIST = 2, OKAY = 5, DEFAULTS = 6, CANCEL = 7, WIDGET_0 = 8 };
 enum { CURSOR_TIP = 4, CROSSHAIR_COLOR = 7, LIMITER = 16, REDUCTION = 17, DEPTH = 18, ONION = 34, LAST_ROW = 41 };
 
-void open_options(Session& session)
-{
-    session.click(USER);
-    session.click(OPTIONS);
-    ASSERT_EQ(menus.menu_id, MENU_OPTIONS);
-}
+void open_options(Session& session) { open_entry(session, HOME_USER, OPTIONS, MENU_OPTIONS); }
 
 /// Scrolls so that an option is in view; returns the first slot of its widgets.
 int scroll_to(Session& session, int option)
@@ -35,13 +21,6 @@ int scroll_to(Session& session, int option)
     gui.scroll_value[LIST] = std::min(option, 33);
     session.frame(3);
     return WIDGET_0 + 3 * (option - gui.scroll_value[LIST]);
-}
-
-BITMAP* still_picture(Session& session)
-{
-    session.move(150, 60);
-    session.frame(200);
-    return session.picture();
 }
 
 std::vector<int> option_values()
@@ -60,7 +39,7 @@ TEST(OptionsMenu, RowsScrollAndActAtOnce)
     open_options(session);
     session.click(WIDGET_0 + 3 * CROSSHAIR_COLOR + 2);
     EXPECT_EQ(preferences.crosshair_color, 2);
-    EXPECT_TRUE(test::matches_golden(still_picture(session), "options_menu"));
+    EXPECT_TRUE(looks_like(session, "options_menu", 150, 60));
     session.move(gui.x[WIDGET_0 + 3] + 5, gui.y[WIDGET_0 + 3] + 4);
     session.wheel(-1);
     EXPECT_EQ(gui.scroll_value[LIST], 2) << "the wheel goes through a radio to the list";
@@ -70,10 +49,10 @@ TEST(OptionsMenu, RowsScrollAndActAtOnce)
         session.wheel(-1);
     EXPECT_EQ(preferences.undo_depth, 1) << "the lowest";
     session.wheel(1);
-    EXPECT_TRUE(test::matches_golden(still_picture(session), "options_menu_middle"));
+    EXPECT_TRUE(looks_like(session, "options_menu_middle", 150, 60));
     scroll_to(session, LAST_ROW);
     EXPECT_EQ(gui.scroll_value[LIST], 33);
-    EXPECT_TRUE(test::matches_golden(still_picture(session), "options_menu_end"));
+    EXPECT_TRUE(looks_like(session, "options_menu_end", 150, 60));
     EXPECT_EQ(gui.kind[scroll_to(session, CROSSHAIR_COLOR) + 2], KIND_RADIO_ON) << "the live value comes back";
     preferences.color_reduction = 7;
     const int reduction = scroll_to(session, REDUCTION);

@@ -1,19 +1,12 @@
 // Strokes with "DRAW" and "OPAQUE" by mouse, and the three ways back by key.
 #include "draw/operation.h"
-#include "runtime/run_state.h"
-#include "runtime/store.h"
-#include "runtime/toolbox.h"
-#include "runtime/view.h"
-#include "support/session.h"
-#include <gtest/gtest.h>
+#include "support/screen_session.h"
 
 namespace kelu {
 
-using test::Session;
+using namespace test;
 
 namespace {
-
-int frame_pixel(int x, int y) { return row(store.frame_bitmap, y)[x]; }
 
 int painted_pixels()
 {

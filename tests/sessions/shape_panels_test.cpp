@@ -5,15 +5,13 @@
 #include "draw/spiral.h"
 #include "draw/supershape.h"
 #include "draw/tool_input.h"
-#include "gui/menus.h"
-#include "gui/slots.h"
-#include "runtime/view.h"
 #include "support/point_print.h"
+#include "support/screen_session.h"
 #include "support/tool_session.h"
 
 namespace kelu {
 
-using test::RIGHT_BUTTON;
+using namespace test;
 
 namespace {
 

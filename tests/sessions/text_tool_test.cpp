@@ -3,13 +3,12 @@
 #include "draw/preview.h"
 #include "draw/tool_input.h"
 #include "gui/build.h"
-#include "gui/menus.h"
 #include "runtime/text_settings.h"
 #include "screens/browser_slots.h"
 #include "screens/text_tool.h"
-#include "support/golden.h"
 #include "support/paths.h"
 #include "support/point_print.h"
+#include "support/screen_session.h"
 #include "support/tool_session.h"
 #include <allegro.h>
 #include <filesystem>
@@ -17,7 +16,8 @@
 
 namespace kelu {
 
-using test::RIGHT_BUTTON;
+using namespace test;
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -79,7 +79,7 @@ TEST_F(TextTool, HangsOverTheFrameUntilOkay)
     session.click_at(90, 80);
     session.move(110, 70);
     EXPECT_EQ(tool_input.tool_nodes[0], Point(70, 40));
-    EXPECT_TRUE(test::matches_golden(session.picture(), "text_tool"));
+    EXPECT_TRUE(matches_golden(session.picture(), "text_tool"));
     session.click_at(100, 90);
     session.move(200, 20);
     EXPECT_EQ(tool_input.tool_nodes[0], Point(60, 60));

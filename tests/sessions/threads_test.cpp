@@ -1,15 +1,11 @@
 // The program with its ticks on a real thread: strokes, menus and the way out, for ThreadSanitizer to watch.
 #include "draw/operation.h"
-#include "gui/menus.h"
-#include "runtime/store.h"
-#include "runtime/toolbox.h"
 #include "support/frames.h"
-#include "support/session.h"
-#include <gtest/gtest.h>
+#include "support/screen_session.h"
 
 namespace kelu {
 
-using test::Session;
+using namespace test;
 
 TEST(Threads, PaintWhileTheTimersTick)
 {
@@ -35,7 +31,7 @@ TEST(Threads, PlayAndLookAroundWhileTheTimersTick)
 {
     enum { FORWARD = 6, ALL = 4, OKAY = 6, PLAY_OKAY = 8 };
     Session session(nullptr, {}, test::Ticks::real_thread);
-    test::make_frames(4);
+    make_frames(4);
     session.key(KEY_Z, {KEY_LSHIFT});
     session.click(ALL);
     session.wheel(1);
@@ -45,7 +41,7 @@ TEST(Threads, PlayAndLookAroundWhileTheTimersTick)
     session.click(FORWARD);
     session.frame(60);
     session.click(PLAY_OKAY);
-    EXPECT_EQ(row(store.frame_bitmap, 100)[100], test::frame_color(0));
+    EXPECT_EQ(row(store.frame_bitmap, 100)[100], frame_color(0));
     for (const int code : {KEY_F12, KEY_F11, KEY_SLASH, KEY_0_PAD, KEY_BACKSLASH, KEY_O, KEY_PLUS_PAD}) {
         session.move(60 + code, 90);
         session.hold_key(code);

@@ -1,22 +1,12 @@
 // The tint screen: its live preview, and what OKAY and CANCEL leave.
 #include "colour/tint.h"
-#include "draw/tool_loop.h"
-#include "gui/kinds.h"
-#include "gui/menus.h"
-#include "gui/slots.h"
 #include "runtime/color_settings.h"
-#include "runtime/frame.h"
-#include "runtime/run_state.h"
-#include "runtime/store.h"
-#include "runtime/toolbox.h"
-#include "runtime/view.h"
 #include "screens/tint_menu.h"
-#include "support/session.h"
-#include <gtest/gtest.h>
+#include "support/screen_session.h"
 
 namespace kelu {
 
-using test::Session;
+using namespace test;
 
 namespace {
 
@@ -25,7 +15,7 @@ constexpr int slot_ignore = 2, slot_hue = 6, slot_lightness = 7, slot_okay = 9, 
 /// A frame larger than the screen, all red but for one pixel, and the screen opened on it.
 void tint_red_frame()
 {
-    test::replace_frame(600, 400, 0xff0000);
+    replace_frame(600, 400, 0xff0000);
     store.coverage_bitmap = Bitmap(600, 400);
     row(store.frame_bitmap, 5)[5] = 0x123456;
     view.pan_x = view.pan_y = 0;
@@ -34,8 +24,6 @@ void tint_red_frame()
     while (!leaving())
         run_frame(0);
 }
-
-int frame_pixel(int x, int y) { return row(store.frame_bitmap, y)[x]; }
 
 bool opened(Session& session)
 {

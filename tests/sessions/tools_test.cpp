@@ -4,19 +4,19 @@
 #include "draw/spline.h"
 #include "draw/tools.h"
 #include "runtime/clock.h"
-#include "runtime/grid.h"
 #include "runtime/jobs.h"
 #include "runtime/measure.h"
-#include "runtime/view.h"
+#include "support/golden.h"
 #include "support/pictures.h"
 #include "support/point_print.h"
+#include "support/screen_session.h"
 #include "support/tool_session.h"
 
 namespace kelu {
 
+using namespace test;
+
 using test::Pixels;
-using test::RIGHT_BUTTON;
-using test::Session;
 
 namespace {
 
@@ -54,42 +54,48 @@ TEST_F(Tools, ARightClickCancelsTheSecondPoint)
     }
 }
 
-TEST_F(Tools, BoxHollowAndFilledFromAnyCorner)
+TEST_F(Tools, PaintAsTheyDid)
 {
-    use(TOOL_BOX);
-    session.click_at(60, 50);
-    session.click_at(30, 20);
-    EXPECT_EQ(painted(), outline({{30, 20}, {60, 20}, {60, 50}, {30, 50}, {30, 20}}));
-    use(TOOL_BOX, {1});
-    session.click_at(30, 50);
-    session.click_at(60, 20);
-    EXPECT_EQ(painted().size(), 31U * 31U);
-    // A corner beyond the frame cuts the box off.
-    session.key(KEY_U);
-    session.key(KEY_U);
-    view.pan_x = -100;
-    session.click_at(90, 20);
-    session.click_at(104, 22);
-    EXPECT_EQ(painted().size(), 5U * 3U);
-}
-
-TEST_F(Tools, CircleRunsThroughTheSecondPoint)
-{
-    use(TOOL_CIRCLE);
-    session.click_at(100, 100);
-    session.click_at(130, 140);
-    Pixels rim;
-    walk_circle({100, 100}, 50, [&](int x, int y) { rim.emplace(x, y); });
-    EXPECT_EQ(painted(), rim);
-    use(TOOL_CIRCLE, {1});
-    session.click_at(100, 100);
-    session.click_at(130, 140);
-    Pixels disc;
-    walk_disc({100, 100}, 50, 240, [&](int left, int right, int y) {
-        for (int x = left; x <= right; ++x)
-            disc.emplace(x, y);
-    });
-    EXPECT_EQ(painted(), disc);
+    struct Work {
+        int tool;
+        std::array<int, 3> options;
+        Points clicks;
+        bool right_click_ends = false;
+    };
+    for (const auto& [left, size] : {std::pair{20, 9}, {50, 3}, {80, 9}, {110, 9}, {140, 3}})
+        rectfill(store.frame_bitmap, left, 150, left + size, 150 + size, left < 80 ? 0x800000 : left * 0x000101);
+    rectfill(store.frame_bitmap, 170, 150, 179, 159, 110 * 0x000101);
+    for (const Work& work : {Work{TOOL_BOX, {}, {{60, 50}, {30, 20}}},
+                             {TOOL_BOX, {1}, {{70, 50}, {100, 20}}},
+                             {TOOL_CIRCLE, {}, {{140, 40}, {155, 60}}},
+                             {TOOL_CIRCLE, {1}, {{195, 40}, {204, 52}}},
+                             {TOOL_OVAL, {}, {{220, 40}, {300, 40}, {260, 60}}},
+                             {TOOL_OVAL, {1}, {{220, 90}, {300, 90}, {260, 105}}},
+                             {TOOL_POLY, {}, {{20, 80}, {60, 90}, {40, 130}}, true},
+                             {TOOL_POLY, {}, {{8, 8}}, true}, // one corner is one point
+                             {TOOL_DRIZ, {6, 10}, {{150, 100}}},
+                             {TOOL_EDGE, {5}, {{22, 152}}},
+                             {TOOL_FILL, {5}, {{82, 152}}},
+                             {TOOL_SEP, {5}, {{112, 152}}},
+                             {TOOL_SEP, {0}, {{141, 152}}}}) { // tolerance 0 takes nothing
+        use(work.tool, work.options);
+        for (const Point p : work.clicks)
+            session.click_at(p.x, p.y);
+        if (work.right_click_ends) session.click_at(310, 10, RIGHT_BUTTON);
+    }
+    use(TOOL_FSHAPE, {1});
+    session.move(80, 80);
+    session.press();
+    for (const Point corner : {Point{110, 80}, {110, 110}, {80, 110}})
+        session.move(corner.x, corner.y);
+    session.release();
+    use(TOOL_DRIZ, {6, 10});
+    session.drag(200, 180, 300, 180, 1); // 100 pixels in one sample leave a gap
+    EXPECT_TRUE(test::matches_golden(store.frame_bitmap, "tools"));
+    const int before = snapshots();
+    view.pan_x = -50;
+    session.click_at(20, 52);
+    EXPECT_EQ(snapshots(), before) << "a press beside the frame";
 }
 
 TEST_F(Tools, TheGridTakesTheNodesAndTheStrokes)
@@ -135,49 +141,6 @@ TEST_F(Tools, TheMeasurementIsAnchoredAtTheFirstPoint)
     measure = {};
 }
 
-TEST_F(Tools, FillReplaceAndEdgeGoByColor)
-{
-    rectfill(store.frame_bitmap, 50, 50, 59, 59, 0x800000);
-    rectfill(store.frame_bitmap, 80, 50, 83, 53, 0x800000);
-    use(TOOL_EDGE, {5});
-    session.click_at(52, 52);
-    EXPECT_EQ(painted().size(), 36U + 12U) << "the rims of both areas";
-    session.key(KEY_U);
-    use(TOOL_FILL, {5});
-    session.click_at(52, 52);
-    EXPECT_EQ(painted().size(), 100U);
-    session.click_at(52, 52);
-    EXPECT_EQ(painted().size(), 100U);
-    session.key(KEY_U);
-    session.key(KEY_U);
-    use(TOOL_SEP, {5});
-    session.click_at(52, 52);
-    EXPECT_EQ(painted().size(), 116U);
-    session.key(KEY_U);
-    use(TOOL_SEP, {0});
-    session.click_at(52, 52);
-    EXPECT_TRUE(painted().empty()) << "tolerance 0 takes nothing";
-    const int before = snapshots();
-    view.pan_x = -50;
-    session.click_at(20, 52);
-    EXPECT_EQ(snapshots(), before) << "a press beside the frame";
-}
-
-TEST_F(Tools, DrizIsWidestAtRestAndBreaksWhenFast)
-{
-    use(TOOL_DRIZ, {6, 10});
-    session.click_at(100, 100);
-    Pixels disc;
-    walk_disc({100, 100}, 6, 240, [&](int left, int right, int y) {
-        for (int x = left; x <= right; ++x)
-            disc.emplace(x, y);
-    });
-    EXPECT_EQ(painted(), disc);
-    session.key(KEY_U);
-    session.drag(100, 100, 200, 100, 1);
-    EXPECT_EQ(painted(), disc) << "100 pixels in one sample leave a gap";
-}
-
 TEST_F(Tools, SprayFillsItsDisc)
 {
     use(TOOL_SPRAY, {100, 10});
@@ -193,60 +156,6 @@ TEST_F(Tools, SprayFillsItsDisc)
     EXPECT_EQ(static_cast<int>(painted().size()), inside) << "13500 drops reach every pixel, and none beyond";
     for (const auto& [x, y] : painted())
         EXPECT_LT((x - 150) * (x - 150) + (y - 100) * (y - 100), 100);
-}
-
-TEST_F(Tools, OvalTakesTwoAxes)
-{
-    use(TOOL_OVAL);
-    session.click_at(60, 80);
-    session.click_at(140, 80);
-    session.move(100, 110);
-    EXPECT_EQ(preview.preview_kind, TOOL_OVAL);
-    EXPECT_GT(previewed(), 100);
-    EXPECT_EQ(snapshots(), 0);
-    session.click_at(100, 110);
-    Pixels chain;
-    for (const Point p : interpolate_ellipse(100, 80, 40, 30, 360, 360))
-        chain.emplace(p.x, p.y);
-    EXPECT_EQ(painted(), chain);
-    EXPECT_TRUE(tool_input.point_list.empty());
-
-    use(TOOL_OVAL, {1});
-    session.click_at(60, 80);
-    session.click_at(140, 80);
-    session.click_at(100, 110);
-    for (int y = 51; y < 110; ++y)
-        EXPECT_TRUE(painted().contains({100, y})) << y;
-    EXPECT_EQ(snapshots(), 2);
-}
-
-TEST_F(Tools, PolyTakesCornersUntilARightClick)
-{
-    use(TOOL_POLY);
-    session.click_at(30, 30);
-    session.click_at(90, 40);
-    session.click_at(50, 90);
-    EXPECT_EQ(tool_input.point_list, (Points{{30, 30}, {90, 40}, {50, 90}}));
-    EXPECT_EQ(snapshots(), 0);
-    session.click_at(10, 10, RIGHT_BUTTON);
-    EXPECT_EQ(painted(), outline({{30, 30}, {90, 40}, {50, 90}, {30, 30}}));
-    session.key(KEY_U);
-    use(TOOL_POLY);
-    session.click_at(30, 30);
-    session.click_at(90, 90, RIGHT_BUTTON);
-    EXPECT_EQ(painted(), (Pixels{{30, 30}})) << "one corner is one point";
-}
-
-TEST_F(Tools, FreehandShapeClosesItself)
-{
-    use(TOOL_FSHAPE, {1});
-    session.move(40, 40);
-    session.press();
-    for (const Point corner : {Point{80, 40}, {80, 80}, {40, 80}})
-        session.move(corner.x, corner.y);
-    session.release();
-    session.frame(2);
-    EXPECT_EQ(painted().size(), 41U * 41U);
 }
 
 TEST_F(Tools, SplineSetsMovesAndJoinsNodes)

@@ -1,42 +1,20 @@
 // What hangs under USER beside options, keys and buttons: scheme editor, help, about box, workspace menu.
-#include "gui/menus.h"
-#include "gui/scheme.h"
-#include "gui/slots.h"
 #include "gui/text_colours.h"
 #include "runtime/sheets.h"
-#include "runtime/store.h"
-#include "screens/draw_menu.h"
-#include "support/golden.h"
-#include "support/session.h"
-#include <gtest/gtest.h>
+#include "support/screen_session.h"
 
 namespace kelu {
 
-using test::RIGHT_BUTTON;
-using test::Session;
+using namespace test;
 
 namespace {
 
-enum { USER = 18, SCHEME_ENTRY = 5, HELP_ENTRY, WORKSPC_ENTRY, ABOUT_ENTRY };
+enum { SCHEME_ENTRY = 5, HELP_ENTRY, WORKSPC_ENTRY, ABOUT_ENTRY };
 enum { BACKGROUND = 77, BORDER = 79, TEXT_ALT = 93, SCHEME_OKAY = 107, SCHEME_SAVE, SCHEME_LOAD, SCHEME_CANCEL };
 enum { TOPICS = 2, PAGE = 3, HELP_EXIT = 4, ABOUT_OKAY = 3 };
 enum { TITLE = 6, WORKSPACE_SAVE = 8, WORKSPACE_LOAD, WORKSPACE_NEW, WORKSPACE_RETURN };
-enum { DIALOG_OKAY = 2, DIALOG_CANCEL = 3, FIRST_FAVORITE = 8 };
+enum { FIRST_FAVORITE = 8 };
 constexpr int blue = 0x203060;
-
-void open_entry(Session& session, int entry, int menu)
-{
-    session.click(USER);
-    session.click(entry);
-    ASSERT_EQ(menus.menu_id, menu);
-}
-
-testing::AssertionResult looks_like(Session& session, const char* golden)
-{
-    session.move(310, 20);
-    session.frame(200);
-    return test::matches_golden(session.picture(), golden);
-}
 
 /// Types over what the file field of the browser holds, and confirms.
 void choose_file(Session& session, const char* name)
@@ -62,8 +40,8 @@ int arrow_pixel()
 TEST(SchemeMenu, TriesColoursOutAndWearsThemAtOkay)
 {
     Session session(draw_menu);
-    open_entry(session, SCHEME_ENTRY, MENU_SCHEME);
-    EXPECT_TRUE(looks_like(session, "scheme_menu"));
+    open_entry(session, HOME_USER, SCHEME_ENTRY, MENU_SCHEME);
+    EXPECT_TRUE(looks_like(session, "scheme_menu", 310, 20));
     session.click(BACKGROUND);
     ASSERT_EQ(menus.menu_id, MENU_COLOR);
     session.click(FIRST_FAVORITE);
@@ -75,14 +53,14 @@ TEST(SchemeMenu, TriesColoursOutAndWearsThemAtOkay)
     gui.colour[BORDER] = blue;
     gui.colour[TEXT_ALT] = 0x80ff41;
     session.click(BORDER, RIGHT_BUTTON);
-    EXPECT_TRUE(looks_like(session, "scheme_menu_edited")) << "only the preview, and the border's default";
+    EXPECT_TRUE(looks_like(session, "scheme_menu_edited", 310, 20)) << "only the preview, and the border's default";
     session.click(SCHEME_SAVE);
     choose_file(session, "MINE");
     session.click(SCHEME_OKAY);
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
     EXPECT_EQ(menu_scheme.scheme_background, blue);
     EXPECT_EQ(text_colours[SET_FOLDER][0], 0x403f10) << "set 43 is darkened from set 38";
-    open_entry(session, SCHEME_ENTRY, MENU_SCHEME);
+    open_entry(session, HOME_USER, SCHEME_ENTRY, MENU_SCHEME);
     session.click(BACKGROUND, RIGHT_BUTTON);
     session.click(SCHEME_LOAD);
     choose_file(session, "NONE");
@@ -99,12 +77,12 @@ TEST(SchemeMenu, TriesColoursOutAndWearsThemAtOkay)
 TEST(HelpMenu, ShowsPagesFromTheirFirstLine)
 {
     Session session(draw_menu);
-    open_entry(session, HELP_ENTRY, MENU_DIALOG);
-    EXPECT_TRUE(looks_like(session, "help_menu"));
+    open_entry(session, HOME_USER, HELP_ENTRY, MENU_DIALOG);
+    EXPECT_TRUE(looks_like(session, "help_menu", 310, 20));
     gui.scroll_value[PAGE] = 5;
     session.click_at(gui.x[TOPICS] + 20, gui.y[TOPICS] + 16);
     EXPECT_EQ(gui.scroll_value[PAGE], 0);
-    EXPECT_TRUE(looks_like(session, "help_page"));
+    EXPECT_TRUE(looks_like(session, "help_page", 310, 20));
     session.move(gui.x[TOPICS] + 20, 60);
     for (int i = 0; i < 16; ++i)
         session.wheel(-1);
@@ -118,8 +96,8 @@ TEST(HelpMenu, ShowsPagesFromTheirFirstLine)
 TEST(AboutBox, ShowsItsTitleAndMoves)
 {
     Session session(draw_menu);
-    open_entry(session, ABOUT_ENTRY, MENU_ABOUT);
-    EXPECT_TRUE(looks_like(session, "about_box"));
+    open_entry(session, HOME_USER, ABOUT_ENTRY, MENU_ABOUT);
+    EXPECT_TRUE(looks_like(session, "about_box", 310, 20));
     session.click_at(gui.x[1] + 4, gui.y[1] + 4);
     session.click_at(gui.x[1] - 36, gui.y[1] - 16);
     EXPECT_EQ(menus.window_pos[WINDOW_ABOUT].x, 60);
@@ -131,31 +109,31 @@ TEST(WorkspaceMenu, PacksBringsBackAndWipes)
 {
     Session session(draw_menu);
     store.workspace_notes = std::string(200, 'N');
-    open_entry(session, WORKSPC_ENTRY, MENU_WORKSPACE);
+    open_entry(session, HOME_USER, WORKSPC_ENTRY, MENU_WORKSPACE);
     session.click_at(gui.x[TITLE] + 140, gui.y[TITLE] + 4); // the caret goes behind the text
     session.type(" AB");
     EXPECT_EQ(store.workspace_title, "UNNAMED WORKSPACE ab") << "at once";
-    EXPECT_TRUE(looks_like(session, "workspace_menu"));
+    EXPECT_TRUE(looks_like(session, "workspace_menu", 310, 20));
     session.click_at(10, 20, RIGHT_BUTTON);
     EXPECT_EQ(gui.hidden[TITLE], 1);
     session.click_at(10, 20, RIGHT_BUTTON);
     session.click(WORKSPACE_SAVE);
     choose_file(session, "PACK");
     EXPECT_EQ(store.workspace_notes.size(), 200U) << "what is longer than the field stays";
-    open_entry(session, WORKSPC_ENTRY, MENU_WORKSPACE);
+    open_entry(session, HOME_USER, WORKSPC_ENTRY, MENU_WORKSPACE);
     session.click(WORKSPACE_NEW);
     session.click(DIALOG_CANCEL);
     EXPECT_EQ(store.workspace_title, "UNNAMED WORKSPACE ab");
-    open_entry(session, WORKSPC_ENTRY, MENU_WORKSPACE);
+    open_entry(session, HOME_USER, WORKSPC_ENTRY, MENU_WORKSPACE);
     session.click(WORKSPACE_NEW);
     session.click(DIALOG_OKAY);
     EXPECT_EQ(store.workspace_title, "UNNAMED WORKSPACE");
-    open_entry(session, WORKSPC_ENTRY, MENU_WORKSPACE);
+    open_entry(session, HOME_USER, WORKSPC_ENTRY, MENU_WORKSPACE);
     session.click(WORKSPACE_LOAD);
     choose_file(session, "PACK");
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
     EXPECT_EQ(store.workspace_title, "UNNAMED WORKSPACE ab");
-    open_entry(session, WORKSPC_ENTRY, MENU_WORKSPACE);
+    open_entry(session, HOME_USER, WORKSPC_ENTRY, MENU_WORKSPACE);
     session.click(WORKSPACE_RETURN);
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
 }

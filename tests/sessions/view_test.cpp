@@ -1,30 +1,22 @@
 // Looking and moving: zoom, quick pan, frame jump, zoom preview, measurement, inspector and alpha preview.
-#include "gui/kinds.h"
-#include "gui/menus.h"
-#include "gui/slots.h"
-#include "gui/tooltips.h"
 #include "runtime/measure.h"
-#include "runtime/preferences.h"
-#include "runtime/run_state.h"
-#include "runtime/view.h"
 #include "support/frames.h"
-#include "support/golden.h"
+#include "support/screen_session.h"
 #include <cstdlib>
-#include <gtest/gtest.h>
 
 namespace kelu {
 
-using test::Session;
+using namespace test;
 
 namespace {
 
 constexpr int fade_in = 60; ///< frames until the picture after the start is no longer dark
-enum { FRAME_BUTTON = 2, CENTER_ENTRY = 6, PREVIEW_WINDOW = 115 };
+enum { CENTER_ENTRY = 6, PREVIEW_WINDOW = 115 };
 
 /// A frame of tiles of 10 x 10 in colours of their own, with dots that show single pixels.
 void paint_tiles(int w, int h)
 {
-    test::replace_frame(w, h, 0);
+    replace_frame(w, h, 0);
     for (int y = 0; y < h; ++y) {
         for (int x = 0; x < w; ++x) {
             const int tile = (x / 10 * 37 % 200 + 40) << 16 | (y / 10 * 53 % 200 + 40) << 8 | 0x60;
@@ -63,7 +55,7 @@ void expect_pixel_kept(Session& session, bool in, bool by_wheel)
 
 TEST(Zoom, KeepsThePixelUnderThePointer)
 {
-    Session session(test::plain_home);
+    Session session(plain_home);
     session.key(KEY_BACKSPACE);
     struct Place {
         int w, h, x, y;
@@ -90,19 +82,19 @@ TEST(Zoom, KeepsThePixelUnderThePointer)
         session.frame(3);
         EXPECT_EQ(view.frame_mouse_x, x);
         EXPECT_EQ(view.frame_mouse_y, y);
-        EXPECT_TRUE(test::matches_golden(session.picture(), name));
+        EXPECT_TRUE(matches_golden(session.picture(), name));
     }
     paint_tiles(100, 80);
     session.key(KEY_5_PAD);
     session.move(160, 118);
     session.wheel(1);
     session.frame(3);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "zoom_small_frame"));
+    EXPECT_TRUE(matches_golden(session.picture(), "zoom_small_frame"));
 }
 
 TEST(QuickPan, GoesWhereThePointerIsAtTheRelease)
 {
-    Session session(test::plain_home);
+    Session session(plain_home);
     session.hold_key(KEY_0_PAD);
     EXPECT_EQ(menus.status_message, TIP_TOO_SMALL_TO_PAN);
     session.release_key(KEY_0_PAD);
@@ -110,13 +102,13 @@ TEST(QuickPan, GoesWhereThePointerIsAtTheRelease)
     view.zoom = 2;
     session.hold_key(KEY_0_PAD);
     session.move(110, 60);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "quick_pan"));
+    EXPECT_TRUE(matches_golden(session.picture(), "quick_pan"));
     session.release_key(KEY_0_PAD);
     EXPECT_EQ(view.zoom, 2);
     EXPECT_EQ(view.pan_x, 300 - 80) << "three frame pixels for one of the picture, less half a view";
     EXPECT_EQ(view.pan_y, 150 - 60);
     paint_tiles(1000, 10);
-    session.click(FRAME_BUTTON);
+    session.click(HOME_FRAME);
     session.hold_key(KEY_0_PAD);
     session.move(310, 120);
     session.release_key(KEY_0_PAD);
@@ -128,8 +120,8 @@ TEST(QuickPan, GoesWhereThePointerIsAtTheRelease)
 
 TEST(FrameJump, GoesToTheFrameUnderThePointer)
 {
-    Session session(test::plain_home);
-    test::make_frames(30);
+    Session session(plain_home);
+    make_frames(30);
     session.move(10 + 43 * 4 + 20, 12 + 43 * 2 + 20);
     session.key(KEY_BACKSLASH);
     EXPECT_EQ(store.current_frame, 0) << "a tap goes nowhere";
@@ -141,7 +133,7 @@ TEST(FrameJump, GoesToTheFrameUnderThePointer)
     session.wheel(-1);
     session.frame(2);
     EXPECT_EQ(gui.colour[17], 8);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "frame_jump"));
+    EXPECT_TRUE(matches_golden(session.picture(), "frame_jump"));
     session.frame(30);
     session.release_key(KEY_BACKSLASH);
     EXPECT_EQ(store.current_frame, 9);
@@ -151,7 +143,7 @@ TEST(FrameJump, GoesToTheFrameUnderThePointer)
     session.frame(30);
     session.release_key(KEY_BACKSLASH);
     ASSERT_EQ(store.current_frame, 12);
-    EXPECT_EQ(row(store.onion_bitmap, 100)[100] & 0xffffff, test::frame_color(11));
+    EXPECT_EQ(row(store.onion_bitmap, 100)[100] & 0xffffff, frame_color(11));
     session.move(10 + 20, 12 + 20); // the first cell: 17 before the base, which is no frame
     session.hold_key(KEY_BACKSLASH);
     session.move(10 + 43 * 3 + 20, 12 + 43 * 4 + 20); // 14 on: frame 26
@@ -165,20 +157,20 @@ TEST(FrameJump, GoesToTheFrameUnderThePointer)
 
 TEST(ZoomPreview, StandsOnTheDrawingMenuAlone)
 {
-    Session session(test::plain_home);
+    Session session(plain_home);
     preferences.zoom_preview_on = 1;
     paint_tiles(300, 200);
     session.move(200, 90);
     session.wheel(1);
     session.wheel(1);
     session.frame(30);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "zoom_preview"));
+    EXPECT_TRUE(matches_golden(session.picture(), "zoom_preview"));
     session.click(PREVIEW_WINDOW + 1); // taken by its title, put down by the next click
     session.move(200, 60);
     session.click_at(200, 60);
     EXPECT_EQ(menus.window_pos[WINDOW_ZOOM_PREVIEW].x, gui.x[PREVIEW_WINDOW]);
     EXPECT_GT(gui.x[PREVIEW_WINDOW], 100);
-    session.click(FRAME_BUTTON);
+    session.click(HOME_FRAME);
     EXPECT_EQ(gui.active[PREVIEW_WINDOW], 0);
     session.click(CENTER_ENTRY);
     session.frame(2);
@@ -187,13 +179,13 @@ TEST(ZoomPreview, StandsOnTheDrawingMenuAlone)
 
 TEST(Reading, MeasuresFromPressToPress)
 {
-    Session session(test::plain_home);
+    Session session(plain_home);
     paint_tiles(320, 240);
     session.move(100, 80);
     session.frame(fade_in);
     session.key(KEY_F12);
     session.move(150, 60);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "measurement"));
+    EXPECT_TRUE(matches_golden(session.picture(), "measurement"));
     session.key(KEY_F12);
     EXPECT_EQ(measure.measure_x, -1);
     view.pan_x = -50;
@@ -204,22 +196,22 @@ TEST(Reading, MeasuresFromPressToPress)
     view.pan_x = 0;
     measure = {.measure_x = 40, .measure_y = 50, .measure_state = 0, .measure_is_distance = 1};
     session.move(300, 190);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "tool_distance"));
+    EXPECT_TRUE(matches_golden(session.picture(), "tool_distance"));
     measure.measure_is_distance = 0;
     session.move(42, 20);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "tool_size"));
+    EXPECT_TRUE(matches_golden(session.picture(), "tool_size"));
 }
 
 TEST(Reading, InspectsThePixelUnderThePointer)
 {
-    Session session(test::plain_home);
+    Session session(plain_home);
     paint_tiles(200, 200);
     session.key(KEY_F11);
     session.move(100, 80);
     session.frame(fade_in);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "inspector"));
+    EXPECT_TRUE(matches_golden(session.picture(), "inspector"));
     session.move(310, 190);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "inspector_outside"));
+    EXPECT_TRUE(matches_golden(session.picture(), "inspector_outside"));
     session.key(KEY_F11);
     session.move(100, 80);
     EXPECT_EQ(row(session.picture(), 84)[107], row(store.frame_bitmap, 84)[107]) << "off again";
@@ -227,22 +219,22 @@ TEST(Reading, InspectsThePixelUnderThePointer)
 
 TEST(AlphaPreview, ShowsTheAlphaAndLetsNothingNearTheFrame)
 {
-    Session session(test::plain_home);
-    test::make_frames(3);
+    Session session(plain_home);
+    make_frames(3);
     paint_tiles(200, 150);
     for (int x = 0; x < 200; ++x)
         vline(store.alpha_bitmap, x, 0, 149, x * 0x010101);
     const Bitmap frame = store.frame_bitmap.copy();
-    const auto files = test::frame_files(session);
+    const auto files = frame_files(session);
     ASSERT_EQ(files.size(), 3U);
     session.move(5, 160);
     session.hold_key(KEY_SLASH);
     session.frame(30);
-    EXPECT_TRUE(test::matches_golden(session.picture(), "alpha_preview"));
-    test::tap_every_key(session, {KEY_SLASH});
+    EXPECT_TRUE(matches_golden(session.picture(), "alpha_preview"));
+    tap_every_key(session, {KEY_SLASH});
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
     session.release_key(KEY_SLASH);
-    EXPECT_TRUE(files == test::frame_files(session));
+    EXPECT_TRUE(files == frame_files(session));
     ASSERT_EQ(store.frame_bitmap.width(), 200);
     for (int y = 0; y < 150; ++y)
         ASSERT_TRUE(std::equal(row(frame, y), row(frame, y) + 200, row(store.frame_bitmap, y)));

@@ -1,9 +1,6 @@
 // A window that is moved by its label, in the whole program.
 #include "gui/build.h"
-#include "runtime/frame.h"
-#include "runtime/run_state.h"
-#include "support/session.h"
-#include <gtest/gtest.h>
+#include "support/screen_session.h"
 
 namespace kelu::test {
 namespace {

@@ -1,5 +1,6 @@
 // The loops that carry an ink over a tip, a span and a picture: clipping, order, and that all of them are the one-pixel
 // form, for every ink.
+#include "support/golden.h"
 #include "support/ink_test.h"
 
 #include "runtime/pixels.h"
@@ -94,6 +95,23 @@ TEST_F(InkLoopTest, StampAndSpanAreTheOnePixelFormOfEveryInk)
             ink);
         EXPECT_TRUE(same(spanned, dotted));
     }
+}
+
+TEST_F(InkLoopTest, InksLookAsTheyDid)
+{
+    // Each ink at three strengths, under a tip with every value and along a row.
+    constexpr std::array strengths{1, 128, 255};
+    const Bitmap sheet(5 * 24 * 3, 5 * 20);
+    for (int ink = 0; ink < INK_COUNT; ++ink) {
+        for (int i = 0; i < 3; ++i) {
+            begin_scattered();
+            set_option(ink, 0, strengths[static_cast<std::size_t>(i)]);
+            stamp_ink(12, 10, ink, 0x40c0f0, ramp());
+            span_ink(2, 21, 18, ink, 0x40c0f0);
+            blit(store.frame_bitmap, sheet, 0, 0, (ink % 5 * 3 + i) * 24, ink / 5 * 20, 24, 20);
+        }
+    }
+    EXPECT_TRUE(test::matches_golden(sheet, "inks"));
 }
 
 TEST_F(InkLoopTest, NumbersThatAreNoInkDoNothing)

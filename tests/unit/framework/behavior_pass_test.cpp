@@ -50,35 +50,6 @@ TEST_F(BehaviorTest, ForcedPauseHoldsTheLaterSlotsOnly)
     EXPECT_EQ(z(), 5);
 }
 
-TEST_F(BehaviorTest, LivesRunOut)
-{
-    actor.Type = ACTOR_DUST;
-    actor.Self_Destruct = 3;
-    tick(2);
-    EXPECT_EQ(actor.Type, ACTOR_DUST);
-    tick();
-    EXPECT_EQ(actor.Type, ACTOR_FREE);
-    EXPECT_EQ(actor.Self_Destruct, -1);
-}
-
-TEST_F(BehaviorTest, PuppetsEndWhenTheLeadComesBackToTheirMaster)
-{
-    actor_layer.lead_actor = 4;
-    actor.Type = ACTOR_ELEMENT;
-    actor.Suicide_buddy = 4;
-    actor.actor_puppet_state = 0;
-    tick(2);
-    EXPECT_EQ(actor.actor_puppet_state, 0);
-    actor_layer.lead_actor = 6;
-    tick(2);
-    EXPECT_EQ(log.take(), (Lines{"Puppet suicide status change! obj= 1", "Puppet suicide status tracker = 4"}));
-    actor_layer.lead_actor = 4;
-    tick(3);
-    EXPECT_EQ(log.take(), Lines{"Puppet suicide activation!"});
-    EXPECT_EQ(actor.Type, ACTOR_FREE);
-    actor_layer = {};
-}
-
 TEST_F(BehaviorTest, GuardsNameTheBehaviourAndChangeNothing)
 {
     start(BEHAVIOR_RISER, {5, 1});

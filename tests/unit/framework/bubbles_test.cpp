@@ -132,29 +132,6 @@ TEST_F(BubbleTest, OpensTypesHoldsAndCloses)
     EXPECT_EQ(bubble.bubble_actor, -1) << "typed, held for its life, closed and freed";
 }
 
-TEST_F(BubbleTest, TheLastCharacterIsTypedInFullBeforeTheHold)
-{
-    bubble_say(3, -1, "AB");
-    tick(7 + 20);
-    const Bubble& bubble = bubble_at(1);
-    EXPECT_EQ(bubble.bubble_state, BUBBLE_HOLDING);
-    EXPECT_EQ(bubble.bubble_fades[1], 255);
-    EXPECT_EQ(bubble.bubble_fades[2], 31);
-    tick(1000);
-    EXPECT_EQ(bubble.bubble_state, BUBBLE_HOLDING) << "a life of -1 has no end";
-    actor_at(4).Type = ACTOR_ELEMENT;
-    bubble_say(4, -1, "");
-    EXPECT_EQ(close_bubbles(2), 0) << "only speakers are told to close";
-    EXPECT_EQ(close_bubbles(-1), 1);
-    run_state.timers_locked = 1;
-    tick(10);
-    EXPECT_EQ(bubble.bubble_actor, 3);
-    run_state.timers_locked = 0;
-    tick(7);
-    EXPECT_EQ(bubble.bubble_actor, -1);
-    EXPECT_EQ(close_bubbles(99), 0);
-}
-
 TEST_F(BubbleTest, RefusesWhenTheTableIsFullAndForActorsThatAreNone)
 {
     for (int row = 1; row < max_bubbles; ++row)

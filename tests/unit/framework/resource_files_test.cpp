@@ -37,15 +37,6 @@ Bytes bytes_of(const std::string& name)
     return bytes;
 }
 
-TEST(resource_cipher, reverses_the_bits_before_the_key)
-{
-    ScrambleTable table{};
-    table[5] = 0x0f;
-    EXPECT_EQ(scramble_byte(table, 5, 0x01), 0x8f);
-    EXPECT_EQ(scramble_byte(table, 0, 0xb0), 0x0d);
-    EXPECT_EQ(unscramble_byte(table, 5, 0x8f), 0x01);
-}
-
 // Zeros scramble to the table's own entries, so the walk shows: +1 at first, then +1 and the entry's remainder by the
 // odd numbers 3, 5 ... 31, and by 1 again after sixteen steps.
 TEST(resource_cipher, walks_the_table_by_growing_odd_divisors)

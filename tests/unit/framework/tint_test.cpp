@@ -28,22 +28,6 @@ protected:
 
 } // namespace
 
-TEST_F(TintTest, FadesInFromBlackInThirtyTwoTicks)
-{
-    tint.tint_red = tint.tint_green = tint.tint_blue = 0;
-    tint.tint_opacity = 254;
-    FW_tint_screen(0, 0, 0, 0, 0, 8);
-    EXPECT_EQ(count_actors(), 1);
-    tick(1);
-    EXPECT_EQ(tint.tint_opacity, 246);
-    tick(30);
-    EXPECT_EQ(tint.tint_opacity, 6);
-    EXPECT_EQ(count_actors(), 1);
-    tick(1);
-    EXPECT_EQ(tint.tint_opacity, 0);
-    EXPECT_EQ(count_actors(), 0) << "the end of the fade ends its actor";
-}
-
 TEST_F(TintTest, RunsAreAnIntervalApartAndHeldBackWhileTimersAreLocked)
 {
     tint.tint_opacity = 0;

@@ -1,4 +1,4 @@
-// One slot of every kind, and every use of text, as pictures that were looked at once.
+// Kinds of slots in states that the sessions' screens don't show, and every use of text, as pictures.
 #include "gui/build.h"
 #include "gui/planes.h"
 #include "gui/previews.h"
@@ -7,8 +7,6 @@
 #include "gui/status_bar.h"
 #include "gui/text.h"
 #include "gui_fixture.h"
-#include "runtime/browser_list.h"
-#include "runtime/browser_state.h"
 #include "runtime/frame_snapshot.h"
 #include "runtime/pixels.h"
 #include "runtime/random.h"
@@ -45,8 +43,6 @@ protected:
         store = {};
         view = {};
         text_settings = {};
-        browser_state = {};
-        quick_pan_picture = {};
     }
 
     /// Draws one slot alone, with the pointer on it or nowhere, and frees it.
@@ -159,27 +155,8 @@ TEST_F(Gallery, WindowsAreSquareStripedTranslucentOrDashed)
     EXPECT_TRUE(matches("gallery_windows"));
 }
 
-TEST_F(Gallery, Colours)
+TEST_F(Gallery, PlanesAndTips)
 {
-    build_slot(SlotRow{1, 8, 8, 10, KIND_COLOR_CELL}, 0, 0);
-    gui.colour[1] = 0x3c78d2; // the brush colour
-    show(1);
-    build_slot(SlotRow{1, 19, 8, 10, KIND_COLOR_CELL}, 0, 0);
-    gui.colour[1] = 0xd2a03c;
-    show(1);
-    show(SlotRow{1, 30, 8, 10, KIND_COLOR_PICKING});
-    show(SlotRow{1, 44, 8, 21, KIND_MASK_SWATCH});
-    show(SlotRow{1, 68, 8, 21, KIND_BRUSH_SWATCH});
-    build_slot(SlotRow{1, 92, 8, 54, KIND_SPECTRUM}, 0, 0);
-    gui.params[1][0] = menu_scheme.scheme_border;
-    show(1);
-    for (int i = -7; i <= 7; ++i) {
-        for (int kind : {KIND_VARIANCE_HUE, KIND_VARIANCE_2, KIND_VARIANCE_3}) {
-            build_slot(SlotRow{1, 90 + 11 * i, 22 + 11 * (kind - KIND_VARIANCE_HUE), 10, kind, i}, 0, 0);
-            gui.params[1][0] = 0x3c78d2;
-            show(1);
-        }
-    }
     const int channels[3] = {20, 40, 50};
     for (int i = 0; i < 3; ++i)
         gui.scroll_value[20 + i] = channels[i];
@@ -195,18 +172,6 @@ TEST_F(Gallery, Colours)
             gui.items[1][k] = 20 + static_cast<int>(k);
         show(1);
     }
-    for (int i = 0; i < 12; ++i) {
-        build_slot(SlotRow{1, 8 + 22 * i, 190, 21, KIND_TIP}.high(19), 0, 0);
-        gui.sheet_x[1] = 17 * i;
-        gui.sheet_y[1] = 15 * (i % 3);
-        gui.params[1][0] = i == 4 ? menu_scheme.scheme_highlight_fore : menu_scheme.scheme_border;
-        show(1);
-    }
-    build_slot(SlotRow{38, 8, 212, 21, KIND_TIP}.high(19), 0, 0);
-    gui.sheet_x[38] = 187;
-    gui.sheet_y[38] = 30;
-    gui.params[38][0] = menu_scheme.scheme_border;
-    show(38);
     toolbox.brush_tip = 7;
     show(SlotRow{1, 34, 212, 21, KIND_TIP_BUTTON});
     build_slot(SlotRow{1, 60, 212, 21, KIND_TIP_BUTTON}, 0, 0);
@@ -223,39 +188,11 @@ TEST_F(Gallery, Colours)
 
 TEST_F(Gallery, ListsFieldsAndBars)
 {
-    build_slot(SlotRow{1, 8, 8, 72, KIND_LIST}.high(65).with(
-                   ListRows{.first_text = first_ink_name, .items = 25, .rows = 9, .pitch = 7, .font = 5, .width = 59}),
-               0, 0);
-    give_list_bar(1);
-    gui.scroll_value[1] = 4;
-    pointer.gui_hover_slot = 1;
-    gui.hover_row[1] = 2;
-    frame_snapshot.mouse_y = 8 + 1 + 2 * 7;
-    gui_render();
-    gui_reset_slot(1);
     build_slot(SlotRow{1, 88, 8, 72, KIND_SCHEME_LIST}.high(65).with(ListRows{
                    .first_text = TEXT_SCHEME_ROW_UP, .items = 3, .rows = 8, .pitch = 7, .font = 5, .width = 59}),
                0, 0);
     give_list_bar(1);
     show(1);
-    // The file browser's names.
-    const char* names[] = {"\\SPRITES", "CLOUD.PNG", "HERO|C21.GIF", "TILES.BMP"};
-    browser_listing = {};
-    for (int i = 0; i < 20; ++i) {
-        auto& name = browser_listing.browser_list[static_cast<std::size_t>(i)];
-        std::snprintf(name.data(), name.size(), "%s", names[i % 4]);
-        browser_listing.browser_isdir[static_cast<std::size_t>(i)] = i % 4 == 0;
-    }
-    browser_listing.browser_count = 20;
-    browser_state.browser_file = "TILES.BMP";
-    build_slot(SlotRow{1, 168, 8, 148, KIND_FILE_LIST}.high(81).with(ScrollBar{.steps = 8, .wheel = 2, .dx = 138}), 0,
-               0);
-    gui.field_visible[1] = 22;
-    pointer.gui_hover_slot = 1;
-    frame_snapshot.mouse_y = 8 + 2 + 6 * 5;
-    gui_render();
-    gui_reset_slot(1);
-    browser_listing = {};
     // Fields.
     build_slot(field_row(1, 8, 80, 100, 14, 40), 0, 0);
     set_field_text(1, "MY |C24 TEXT");
@@ -323,37 +260,7 @@ TEST_F(Gallery, Pictures)
             gui.items[1][i] = record[i];
         show(1);
     }
-    frame_snapshot.frame_mouse_x = 3;
-    frame_snapshot.frame_mouse_y = 140;
-    view.onion_on = 1;
-    build_slot(SlotRow{1, 130, 50, 65, KIND_ZOOM_PREVIEW}.high(65), 0, 0);
-    gui.row_width[1] = 60;
-    // Without the onion skin, and of a frame that is smaller than the square.
-    show(1);
-    view.onion_on = 0;
-    store.frame_bitmap = painted(30, 50);
-    build_slot(SlotRow{1, 200, 50, 65, KIND_ZOOM_PREVIEW}.high(65), 0, 0);
-    gui.row_width[1] = 60;
-    show(1);
     EXPECT_TRUE(matches("gallery_pictures"));
-}
-
-TEST_F(Gallery, QuickPanShowsTheWholeFrameAndTheView)
-{
-    store.frame_bitmap = Bitmap(640, 480);
-    quick_pan_picture.quickpan_bitmap = painted(300, 218);
-    build_slot(SlotRow{1, 10, 10, 300, KIND_QUICK_PAN}.high(220), 0, 0);
-    frame_snapshot.mouse_x = 260;
-    frame_snapshot.mouse_y = 60;
-    gui_render();
-    EXPECT_TRUE(matches("gallery_quick_pan"));
-}
-
-TEST_F(Gallery, DescriptionAndAboutBox)
-{
-    show(SlotRow{1, 4, 4, 123, KIND_TOOL_TEXT, 37}.high(75));
-    show(SlotRow{1, 134, 4, 180, KIND_ABOUT}.high(160).filled(FILL_SHADOW));
-    EXPECT_TRUE(matches("gallery_pages"));
 }
 
 TEST_F(Gallery, TheWholeOfBothFonts)

@@ -34,18 +34,6 @@ TEST_F(Logic, FreeSlotsAreSoughtFromBothEndsPastReservedOnes)
         gui.reserved[slot] = 0;
 }
 
-TEST_F(Logic, ClearingTakesTheWholeWindowAndNothingElse)
-{
-    for (int slot = 0; slot < 8; ++slot)
-        place(slot, KIND_PANEL, 0, 0, 10, 10);
-    gui_clear_window();
-    EXPECT_EQ(gui.active[0], 1); // a count of 0 clears nothing
-    gui.slot_count[0] = 5;
-    gui_clear_window();
-    EXPECT_EQ(gui.active[4], 0);
-    EXPECT_EQ(gui.active[5], 1);
-}
-
 TEST_F(Logic, PressFindsTheHighestSlotThatShowsWithItsLastPixels)
 {
     place(0, KIND_WINDOW, 10, 10, 100, 50);
@@ -192,42 +180,6 @@ TEST_F(Logic, ButtonsLightFlipAndStay)
     EXPECT_EQ(gui.event[4], 4);
     EXPECT_EQ(click_with(ACT_LIGHT), KIND_BUTTON_LIT);
     EXPECT_EQ(gui.event[4], 0); // a lit one can't be clicked off
-}
-
-TEST_F(Logic, OptionButtonsFlipTheirCellOfTheTable)
-{
-    place(4, KIND_BUTTON, 20, 20, 39, 9);
-    gui.left_action[4] = ACT_TOOL_OPTION;
-    gui.list_items[4][0] = TOOL_SPLINE;
-    gui.list_items[4][1] = 1;
-    Shared<int>& closed = toolbox.tool_table[TOOL_SPLINE][1];
-    const std::vector<std::pair<int, int>> steps = {{0, 1}, {1, 0}, {-4, 1}, {7, 0}};
-    for (const auto& [before, after] : steps) {
-        closed = before;
-        click(25, 25);
-        EXPECT_EQ(closed, after);
-    }
-    gui.left_action[4] = ACT_INK_OPTION;
-    gui.list_items[4][0] = 50; // refused, and what was pressed stays on record
-    click(25, 25);
-    EXPECT_EQ(gui.kind[4], KIND_BUTTON);
-    EXPECT_EQ(gui_logic.gui_press_action, ACT_INK_OPTION);
-    EXPECT_EQ(gui_logic.gui_capture, 0);
-}
-
-TEST_F(Logic, ARadioWritesItsValueAndPutsItsPartnersOut)
-{
-    Shared<int> option = 0;
-    place(4, KIND_RADIO_OFF, 20, 20, 39, 9);
-    place(5, KIND_RADIO_ON, 60, 20, 39, 9);
-    gui.left_action[4] = ACT_RADIO;
-    gui.radio_ptr[4] = &option;
-    gui.list_items[4][0] = 2;
-    gui.params[4][0] = 5;
-    click(25, 25);
-    EXPECT_EQ(option, 2);
-    EXPECT_EQ(gui.kind[4], KIND_RADIO_ON);
-    EXPECT_EQ(gui.kind[5], KIND_RADIO_OFF);
 }
 
 TEST_F(Logic, TheRowUnderThePointerIsTheHighlightedOne)

@@ -60,17 +60,6 @@ TEST_F(Render, AColourPlaneIsMadeOnlyWhenItsInputsChange)
     EXPECT_EQ(plane_cache.renders, 3);
 }
 
-TEST_F(Render, TheRendererBuildsKnobsThatAreNotBuilt)
-{
-    gui_slider(5, 100, 50, 141, 256);
-    gui.x[5] = 60; // as a window's move leaves it
-    forget_knob_tables(5, 1);
-    gui_render();
-    EXPECT_EQ(gui.knob_pos[5][0], 70);
-    EXPECT_EQ(gui.arrow_box[5][0], 62);
-    EXPECT_EQ(gui.knob_pos[5][knob_cross], 50);
-}
-
 TEST_F(Render, HelpPagesBreakAtBarsAndAtColumn33)
 {
     HelpWalk walk("|| <- SELECT |NEXT |c21ONE TWO|c40 AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA BB |");

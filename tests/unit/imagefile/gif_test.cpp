@@ -146,23 +146,6 @@ TEST(indexed, the_first_colour_of_a_palette_is_a_colour)
     EXPECT_EQ(index_pixels(picture, palette), (Bytes{0, 1, 2}));
 }
 
-TEST(gif, damage_gives_no_picture_or_what_there_is)
-{
-    const Bytes fixture = data_file("gif/plain.gif");
-    Bytes other = fixture;
-    other[0] = 'J';
-    EXPECT_FALSE(decode_gif(other));
-    EXPECT_FALSE(decode_gif(std::span(fixture).first(61))); // no image
-    EXPECT_FALSE(decode_gif(std::span(fixture).first(72))); // no pixel
-    const Bitmap part = decode_gif(std::span(fixture).first(110));
-    ASSERT_TRUE(part);
-    EXPECT_EQ(row(part, 0)[12], fixture_pixel(12, 0, 16));
-    Bytes huge = fixture;
-    huge[61 + 6] = huge[61 + 8] = 0xff;
-    EXPECT_FALSE(decode_gif(huge));
-    EXPECT_FALSE(load_gif("no such file.gif"));
-}
-
 TEST(picture_files, stand_in_the_library_s_table_of_types)
 {
     register_picture_formats();

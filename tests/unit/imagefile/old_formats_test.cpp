@@ -116,23 +116,5 @@ TEST(lbm, rows_of_other_writers_are_padded)
     }
 }
 
-TEST(old_formats, refuse_what_is_cut_or_cannot_be)
-{
-    for (const char* name : {"pcx/rgb-8.pcx", "pcx/indexed-4.pcx", "lbm/rgb-8.lbm", "lbm/indexed-4-plain.lbm"}) {
-        const Bytes whole = data_file(name);
-        const auto decode = [&](std::span<const uint8_t> bytes) {
-            return name[0] == 'p' ? decode_pcx(bytes) : decode_lbm(bytes);
-        };
-        ASSERT_TRUE(decode(whole)) << name;
-        EXPECT_FALSE(decode(std::span(whole).first(20))) << name;
-        EXPECT_FALSE(decode(std::span(whole).first(whole.size() - 40))) << name;
-        EXPECT_FALSE(decode({})) << name;
-        Bytes huge = whole; // both sides 65535 and more
-        const std::size_t at = name[0] == 'p' ? 8 : 20;
-        std::fill_n(huge.begin() + static_cast<std::ptrdiff_t>(at), 4, 0xff);
-        EXPECT_FALSE(decode(huge)) << name;
-    }
-}
-
 } // namespace
 } // namespace kelu

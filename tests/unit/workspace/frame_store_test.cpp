@@ -195,17 +195,4 @@ TEST_F(FrameStoreTest, BackdropFollowsTheLightnessOfSmallFrames)
     EXPECT_FALSE(adopt_picture(Bitmap(), true));
 }
 
-TEST_F(FrameStoreTest, ThumbnailOfASmallFrameIsStretchedFirst)
-{
-    make_frames(1);
-    store.current_frame = 12;
-    update_frame_nail(0);
-    EXPECT_EQ(pixel(store.nail_sheet, nail_x(12), nail_y(12)), 0x10);
-    EXPECT_EQ(pixel(store.nail_sheet, nail_x(12) + 39, nail_y(12) + 39), 0x10);
-    EXPECT_EQ(pixel(store.nail_sheet, nail_x(13), nail_y(12)), 0);
-    move_nail(12, 99);
-    EXPECT_EQ(pixel(store.nail_sheet, 399, 399), 0x10);
-    EXPECT_FALSE(exists("current.nal"));
-}
-
 } // namespace kelu

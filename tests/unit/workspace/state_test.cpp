@@ -86,16 +86,6 @@ TEST_F(StateTest, WorkspaceComesBackWhole)
     EXPECT_TRUE(bytes("current.spa") == spa); // too long to be printed
 }
 
-TEST_F(StateTest, SpaOnlyLeavesThePicturesAlone)
-{
-    make_workspace();
-    row(store.frame_bitmap, 0)[0] = 0xabcdef;
-    std::filesystem::remove(in_store("current.cel"));
-    write_workspace_state("current.spa", true);
-    EXPECT_EQ(stored_pixel(1), frame_color(1));
-    EXPECT_FALSE(exists("current.cel"));
-}
-
 TEST_F(StateTest, MissingContainersAreRepairedAndBrokenOnesKept)
 {
     make_workspace();
