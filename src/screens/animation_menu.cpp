@@ -1,7 +1,6 @@
 // The loop of the animation screen, and what CANCEL gives back.
 #include "screens/animation_menu.h"
 
-#include "draw/tool_loop.h"
 #include "gui/build.h"
 #include "runtime/frame.h"
 #include "runtime/hotkeys.h"
@@ -37,7 +36,7 @@ void read_tags()
 /// Runs the loop; true after OKAY.
 bool choose_frames()
 {
-    while (!leaving()) {
+    for (;;) {
         hide_on_right_press();
         read_tags();
         update_animation_menu();
@@ -49,7 +48,6 @@ bool choose_frames()
         if (gui.event[SLOT_CANCEL].take() != 0) return false;
         if (gui.event[SLOT_OKAY].take() != 0) return true;
     }
-    return false;
 }
 
 /// What the screen edits goes back to how it was; playback's position is not its own.

@@ -53,13 +53,12 @@ void show_as_jpeg(BITMAP* untouched, int quality)
 bool choose_quality(BITMAP* untouched)
 {
     gui.event[SLOT_VIEW] = 1; // the first view comes by itself
-    while (!leaving()) {
+    for (;;) {
         if (gui.event[SLOT_VIEW].take() != 0 && untouched) show_as_jpeg(untouched, gui.scroll_value[SLOT_QUALITY]);
         run_tool_pass();
         if (gui.event[SLOT_OKAY].take() != 0) return true;
         if (gui.event[SLOT_CANCEL].take() != 0) return false;
     }
-    return false;
 }
 
 } // namespace
