@@ -7,6 +7,8 @@
 #include "imagefile/jpeg.h"
 #include "runtime/browser_state.h"
 #include "runtime/store.h"
+#include "screens/frame_loan.h"
+#include <optional>
 
 namespace kelu {
 namespace {
@@ -40,7 +42,7 @@ constexpr MenuLayout quality_window{.menu_id = MENU_JPEG_QUALITY,
                                     .h = window_h,
                                     .slots = quality_slots};
 
-/// The frame as the file would hold it. The frame stays as it is when the codec can't.
+/// Shows the frame as the file would hold it, and what showed before when the codec can't.
 void show_as_jpeg(BITMAP* untouched, int quality)
 {
     Bytes bytes;
@@ -74,10 +76,11 @@ int jpeg_quality_dialog()
     gui.slot_count[SLOT_WINDOW] = SLOT_END - SLOT_WINDOW;
     set_panel_slider(SLOT_QUALITY, browser_state.jpg_quality);
 
-    const Bitmap untouched = store.frame_bitmap.copy();
-    const bool accepted = choose_quality(untouched);
+    std::optional<FrameLoan> loan;
+    if (Bitmap shown = store.frame_bitmap.copy()) loan.emplace(std::move(shown));
+    const bool accepted = choose_quality(lent_frame.kept_frame);
+    loan.reset();
     const int quality = gui.scroll_value[SLOT_QUALITY];
-    if (untouched) blit(untouched, store.frame_bitmap, 0, 0, 0, 0, untouched.width(), untouched.height());
     if (accepted) browser_state.jpg_quality = quality;
     for (int slot = SLOT_WINDOW; slot < SLOT_END; ++slot)
         gui_reset_slot(slot);

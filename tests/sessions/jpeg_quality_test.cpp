@@ -1,5 +1,6 @@
 // The quality dialog of a JPEG: the preview on the frame, and what OKAY and CANCEL leave.
 #include "runtime/browser_state.h"
+#include "screens/actions.h"
 #include "screens/jpeg_quality.h"
 #include "support/screen_session.h"
 
@@ -63,6 +64,7 @@ TEST(JpegQuality, PreviewsOnTheFrameAndOkayKeepsTheQuality)
     EXPECT_EQ(loss(), at_90); // only VIEW shows the new one
     session.click(slot_view);
     EXPECT_GT(loss(), 2 * at_90);
+    EXPECT_GT(action_state.frame_locked, 0) << "no key commits what is only shown";
     session.click(slot_okay);
     EXPECT_EQ(answer, 5);
     EXPECT_EQ(browser_state.jpg_quality, 5);
