@@ -5,24 +5,16 @@
 #include "draw/undo.h"
 #include "runtime/cel.h"
 #include "runtime/color_band.h"
-#include "runtime/random.h"
 #include "runtime/store.h"
 #include "runtime/toolbox.h"
-#include <gtest/gtest.h>
+#include "support/fresh_state.h"
 #include <utility>
 
 namespace kelu::test {
 
 /// A frame with its coverage and its stroke source, as between the start and the end of an operation.
-class InkTest : public testing::Test {
+class InkTest : public FreshState {
 protected:
-    void SetUp() override
-    {
-        reset();
-        seed_random(1);
-    }
-    void TearDown() override { reset(); }
-
     /// Makes the picture the frame and begins an operation on it.
     static void begin(Bitmap picture)
     {
@@ -45,16 +37,6 @@ protected:
     }
     static int frame(int x, int y) { return row(store.frame_bitmap, y)[x]; }
     static int coverage(int x, int y) { return row(store.coverage_bitmap, y)[x]; }
-
-private:
-    static void reset()
-    {
-        undo = {};
-        store = {};
-        toolbox = {};
-        cel = {};
-        spectrum = {};
-    }
 };
 
 } // namespace kelu::test

@@ -2,14 +2,13 @@
 #include "colour/band.h"
 
 #include "runtime/pixels.h"
-#include <gtest/gtest.h>
+#include "support/fresh_state.h"
 
 namespace kelu {
 namespace {
 
-class SpectrumTest : public testing::Test {
+class SpectrumTest : public test::FreshState {
 protected:
-    void TearDown() override { spectrum = {}; }
     static int grey(float bands, float position) { return red_of(spectrum_color(0x000000, 0xffffff, bands, position)); }
 };
 

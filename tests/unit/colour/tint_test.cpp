@@ -4,19 +4,13 @@
 #include "runtime/preferences.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
-#include <gtest/gtest.h>
+#include "support/fresh_state.h"
 
 namespace kelu {
 namespace {
 
-class TintFrameTest : public testing::Test {
+class TintFrameTest : public test::FreshState {
 protected:
-    void TearDown() override
-    {
-        view = {};
-        preferences = {};
-        toolbox = {};
-    }
     static int at(const Bitmap& bitmap, int x, int y) { return row(bitmap, y)[x]; }
 };
 

@@ -12,6 +12,7 @@
 #include "runtime/store.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
+#include "support/fresh_state.h"
 #include "support/pixel_text.h"
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -24,17 +25,22 @@ using Lines = std::vector<std::string>;
 const test::Legend legend{{'.', 0x000000}, {'a', 0xff0000}, {'b', 0x00ff00},    {'c', 0x0000ff},
                           {'d', 0xffff00}, {'n', 0x040404}, {'t', mask_magenta}};
 
-class CelTest : public testing::Test {
+class CelTest : public test::FreshState {
 protected:
     void SetUp() override
     {
-        reset();
         screen_state.tool_overlay = Bitmap(logical_w, logical_h, mask_magenta);
         sheets.hatch_tile = Bitmap(tile_side, tile_side, 0xffffff);
         fill_view_tables();
         toolbox.ink_slots[0] = INK_OPAQUE;
     }
-    void TearDown() override { reset(); }
+    void TearDown() override
+    {
+        cel_work = {};
+        frame_snapshot = {};
+        screen_state.tool_overlay.reset();
+        sheets = {};
+    }
 
     static void set_frame(const Lines& lines)
     {
@@ -49,21 +55,6 @@ protected:
     }
     static Lines frame() { return test::to_text(store.frame_bitmap, legend); }
     static Lines shown(const Bitmap& bitmap) { return test::to_text(bitmap, legend); }
-
-private:
-    static void reset()
-    {
-        undo = {};
-        store = {};
-        toolbox = {};
-        preferences = {};
-        cel = {};
-        cel_work = {};
-        view = {};
-        frame_snapshot = {};
-        screen_state.tool_overlay.reset();
-        sheets = {};
-    }
 };
 
 TEST_F(CelTest, MaskTakesWhatIsNearerThanTheTolerance)

@@ -2,6 +2,7 @@
 #include "support/ink_test.h"
 
 #include "runtime/pixels.h"
+#include "support/pictures.h"
 #include "support/pixel_text.h"
 #include <array>
 #include <cmath>
@@ -29,13 +30,9 @@ constexpr int side = 5;
 /// A picture without any order: all channels of all pixels differ.
 Bitmap scattered()
 {
-    Bitmap picture(side, side);
-    for (int y = 0; y < side; ++y) {
-        for (int x = 0; x < side; ++x)
-            row(picture, y)[x] =
-                pack_rgb((x * 53 + y * 31 + 20) & 255, (x * 17 + y * 71 + 90) & 255, (x * 97 + y * 13 + 5) & 255);
-    }
-    return picture;
+    return test::paint(side, side, [](int x, int y) {
+        return pack_rgb((x * 53 + y * 31 + 20) & 255, (x * 17 + y * 71 + 90) & 255, (x * 97 + y * 13 + 5) & 255);
+    });
 }
 
 constexpr std::array tip_values{0, 1, 100, 199, 200};
@@ -224,15 +221,6 @@ TEST_F(InkFilterTest, SweepRemovesSpecksByTheMeanOfTheFrame)
     cover(INK_SWEEP);
     EXPECT_EQ(frame(1, 1), pack_rgb((7 * 0x10 + 0x30) / 8, 0x20, (7 * 0x30 + 0x10) / 8));
     EXPECT_EQ(frame(2, 1), 0x102030);
-    set_option(INK_SWEEP, 0, 0); // nothing matches: the corner takes its three neighbours
-    begin(scattered());
-    const Bitmap before = store.frame_bitmap.copy();
-    apply_ink(0, 0, INK_SWEEP, 0, 255);
-    const auto mean = [&](int (*channel)(int)) {
-        return (channel(row(before, 0)[1]) + channel(row(before, 1)[0]) + channel(row(before, 1)[1])) / 3;
-    };
-    EXPECT_EQ(frame(0, 0), pack_rgb(mean([](int c) { return red_of(c); }), mean([](int c) { return green_of(c); }),
-                                    mean([](int c) { return blue_of(c); })));
     set_option(INK_SWEEP, 0, 0);
     begin(Bitmap(1, 1, 0x123456)); // no neighbour at all
     apply_ink(0, 0, INK_SWEEP, 0, 0);
@@ -272,43 +260,6 @@ TEST_F(InkFilterTest, UnzagPullsInnerCornersOfSteps)
         apply_ink(1, 1, INK_UNZAG, 0, 0);
         EXPECT_EQ(frame(1, 1) == pixel, grey == 19);
     }
-}
-
-TEST_F(InkFilterTest, GlowFallsWithTheDistanceAndAddsUp)
-{
-    constexpr int source = 0x6496c8;
-    constexpr int color = 0x40c0f0;
-    struct Case {
-        int strength, tip_value;
-        std::array<int, 3> at_0_1_2;
-    };
-    constexpr Case cases[] = {
-        {0, 0, {source, source, source}},           {128, 0, {0x84f6ff, 0x79d6ff, 0x6eb6f0}},
-        {128, 100, {0x74c6ff, 0x6eb6f0, 0x69a6dc}}, {255, 0, {0xa4ffff, 0x8effff, 0x79d6ff}},
-        {255, 200, {source, source, source}},
-    };
-    set_option(INK_GLOW, 1, 2);
-    for (const Case& test : cases) {
-        set_option(INK_GLOW, 0, test.strength);
-        begin(Bitmap(9, 9, source));
-        row(store.frame_bitmap, 3)[4] = 0xffffff;
-        apply_ink(4, 4, INK_GLOW, color, test.tip_value);
-        EXPECT_EQ((std::array{frame(4, 4), frame(5, 4), frame(6, 4)}), test.at_0_1_2);
-        EXPECT_EQ(frame(5, 5), test.at_0_1_2[1]); // the diagonal counts as 1
-        EXPECT_EQ(frame(6, 6), test.at_0_1_2[2]); // 2.8 as 2
-        EXPECT_EQ(frame(7, 4), source);
-        EXPECT_EQ(frame(4, 3), 0xffffff); // white stays
-        EXPECT_EQ(coverage(4, 4), test.tip_value == 200 ? 0 : 1);
-        EXPECT_EQ(coverage(5, 4), 0);
-    }
-    set_option(INK_GLOW, 0, 128);
-    begin(Bitmap(3, 3, 0x000000));
-    apply_ink(0, 0, INK_GLOW, 0x101010, 0); // corner discs overlap; each pixel sends one only
-    apply_ink(0, 0, INK_GLOW, 0x101010, 0);
-    const int once = frame(0, 0);
-    EXPECT_EQ(once, 0x080808);
-    apply_ink(1, 0, INK_GLOW, 0x101010, 0);
-    EXPECT_GT(frame(0, 0), once);
 }
 
 TEST_F(InkFilterTest, GlowReachesItsWholeRadiusAndAtRadiusZeroItself)

@@ -4,6 +4,7 @@
 #include "support/ink_test.h"
 
 #include "runtime/pixels.h"
+#include "support/pictures.h"
 #include "support/pixel_text.h"
 #include <array>
 
@@ -16,12 +17,9 @@ protected:
     static void begin_scattered()
     {
         seed_random(7);
-        Bitmap picture(24, 20);
-        for (int y = 0; y < picture.height(); ++y) {
-            for (int x = 0; x < picture.width(); ++x)
-                row(picture, y)[x] = pack_rgb(x * 151 & 255, (x * 67 + y * 29) & 255, (y * 97 + x * y) & 255);
-        }
-        begin(std::move(picture));
+        begin(test::paint(24, 20, [](int x, int y) {
+            return pack_rgb(x * 151 & 255, (x * 67 + y * 29) & 255, (y * 97 + x * y) & 255);
+        }));
         toolbox.brush_color = 0x40c0f0;
         toolbox.mask_color = 0x102030;
         for (int ink = 0; ink < INK_COUNT; ++ink)
@@ -43,13 +41,6 @@ protected:
         begin_scattered();
         paint(ink);
         return store.frame_bitmap.copy();
-    }
-    static bool same(const Bitmap& a, const Bitmap& b)
-    {
-        for (int y = 0; y < a.height(); ++y) {
-            if (!std::equal(row(a, y), row(a, y) + a.width(), row(b, y))) return false;
-        }
-        return true;
     }
 };
 
@@ -75,7 +66,7 @@ TEST_F(InkLoopTest, StampAndSpanAreTheOnePixelFormOfEveryInk)
                 }
             },
             ink);
-        EXPECT_TRUE(same(stamped, by_pixel));
+        EXPECT_EQ(test::difference(stamped, by_pixel), "");
         const Bitmap spanned = picture_after(
             [](int i) {
                 span_ink(-4, 13, 5, i, 0x40c0f0);
@@ -93,7 +84,7 @@ TEST_F(InkLoopTest, StampAndSpanAreTheOnePixelFormOfEveryInk)
                     apply_ink(x, 19, i, 0x40c0f0, 0);
             },
             ink);
-        EXPECT_TRUE(same(spanned, dotted));
+        EXPECT_EQ(test::difference(spanned, dotted), "");
     }
 }
 
@@ -123,7 +114,7 @@ TEST_F(InkLoopTest, NumbersThatAreNoInkDoNothing)
         stamp_ink(3, 3, ink, 0xffffff, ramp());
         span_ink(0, 9, 3, ink, 0xffffff);
     }
-    EXPECT_TRUE(same(store.frame_bitmap, before));
+    EXPECT_EQ(test::difference(store.frame_bitmap, before), "");
 }
 
 TEST_F(InkLoopTest, SpriteLeavesMagentaOutAndCarriesItsOwnColours)

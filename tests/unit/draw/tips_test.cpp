@@ -5,36 +5,18 @@
 #include "runtime/preferences.h"
 #include "runtime/store.h"
 #include "runtime/toolbox.h"
+#include "support/fresh_state.h"
 #include "support/pixel_text.h"
-#include <gtest/gtest.h>
 
 namespace kelu {
 namespace {
 
-class TipsTest : public testing::Test {
+class TipsTest : public test::FreshState {
 protected:
     void SetUp() override { store.tip_sheet = Bitmap(206, 62, mask_magenta); }
-    void TearDown() override
-    {
-        tips = {};
-        store = {};
-        preferences = {};
-        toolbox = {};
-    }
+    void TearDown() override { tips = {}; }
     static void put(int x, int y, int value) { row(store.tip_sheet, y)[x] = pack_rgb(value, 0, 0); }
 };
-
-TEST_F(TipsTest, CellIsReadFromItsPlaceOnTheSheet)
-{
-    put(13 % 12 * 17, 15, 0); // tip 13: second row, second column
-    put(13 % 12 * 17 + 16, 15 + 14, 199);
-    put(11 * 17 + 16, 14, 7); // tip 11: the last column of the sheet's cells
-    const TipCell cell = tip_cell(13);
-    EXPECT_EQ(cell.line(0)[0], 0);
-    EXPECT_EQ(cell.line(14)[16], 199);
-    EXPECT_EQ(cell.line(0)[1], 255);
-    EXPECT_EQ(tip_cell(11).line(14)[16], 7);
-}
 
 TEST_F(TipsTest, CustomTipEndsAtItsRectangleAndCellsBeyondTheSheetHaveNoInk)
 {

@@ -3,26 +3,19 @@
 
 #include "runtime/preferences.h"
 #include "runtime/store.h"
-#include <gtest/gtest.h>
+#include "support/fresh_state.h"
 #include <string>
 
 namespace kelu {
 namespace {
 
-class UndoTest : public testing::Test {
+class UndoTest : public test::FreshState {
 protected:
     void SetUp() override
     {
-        undo = {};
-        store = {};
+        reset();
         preferences.undo_depth = 3;
         store.frame_bitmap = Bitmap(4, 3);
-    }
-    void TearDown() override
-    {
-        undo = {};
-        store = {};
-        preferences = {};
     }
 
     /// One operation: the snapshot, then the frame filled with a colour.

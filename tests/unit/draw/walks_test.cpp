@@ -4,6 +4,7 @@
 #include "draw/replace.h"
 #include "runtime/pixels.h"
 #include "runtime/random.h"
+#include "support/pictures.h"
 #include "support/pixel_text.h"
 #include "support/point_print.h"
 #include <gtest/gtest.h>
@@ -34,33 +35,6 @@ TEST(Walks, LineReportsBothEndsInOrder)
     walk_line({0, 0}, {5, 2}, [&](int x, int y) { points.push_back({x, y}); });
     EXPECT_EQ(points, (Points{{0, 0}, {1, 0}, {2, 1}, {3, 1}, {4, 2}, {5, 2}}));
     walk_circle({3, 3}, -1, [](int, int) { ADD_FAILURE() << "a negative radius has no points"; });
-}
-
-TEST(Walks, DiscFillsEachPixelOfItsRowsOnce)
-{
-    Canvas canvas(9, 8);
-    walk_disc({4, 3}, 3, canvas.bitmap->h, [&](int left, int right, int y) {
-        for (int x = left; x <= right; ++x)
-            canvas.count(x, y);
-    });
-    EXPECT_EQ(canvas.text(), (Lines{"...###...",
-                                    ".."
-                                    "#####"
-                                    "..",
-                                    ".#######.", ".#######.", ".#######.", "..#####..", "...###...", "........."}));
-    int spans = 0;
-    walk_disc({4, 3}, 0, 8, [&](int left, int right, int y) {
-        ++spans;
-        EXPECT_EQ(Point(left, right), Point(4, 4));
-        EXPECT_EQ(y, 3);
-    });
-    EXPECT_EQ(spans, 1);
-    // Rows beyond the frame are not reported, columns are.
-    walk_disc({0, 0}, 5, 4, [&](int left, int right, int y) {
-        EXPECT_GE(y, 0);
-        EXPECT_LT(y, 4);
-        EXPECT_EQ(left, -right);
-    });
 }
 
 TEST(Walks, OutlineMeetsEachPixelOnceAndRestsAfterEachStretch)
@@ -150,10 +124,8 @@ TEST(FloodFill, TakesEachPixelOfAnyAreaOnce)
 {
     seed_random(11);
     for (int round = 0; round < 60; ++round) {
-        Bitmap picture(5 + rnd(150), 2 + rnd(30));
-        for (int y = 0; y < picture->h; ++y)
-            for (int x = 0; x < picture->w; ++x)
-                row(picture, y)[x] = rnd(10) < 3 ? 0xffffff : 0;
+        const Bitmap picture =
+            test::paint(5 + rnd(150), 2 + rnd(30), [](int, int) { return rnd(10) < 3 ? 0xffffff : 0; });
         const int x = rnd(picture->w), y = rnd(picture->h);
         Canvas filled(picture->w, picture->h), marked(picture->w, picture->h);
         walk_area(

@@ -2,17 +2,16 @@
 #include "runtime/actors.h"
 
 #include "runtime/bubble_table.h"
+#include "support/fresh_state.h"
 #include "support/log_lines.h"
-#include <gtest/gtest.h>
 
 namespace kelu {
 namespace {
 
 using Lines = std::vector<std::string>;
 
-class ActorsTest : public testing::Test {
+class ActorsTest : public test::FreshState {
 protected:
-    ActorsTest() { reset_actors(); }
     LogLines log;
 };
 

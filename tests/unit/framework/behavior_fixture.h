@@ -2,28 +2,14 @@
 #pragma once
 
 #include "framework/behaviors.h"
-#include "runtime/random.h"
-#include "runtime/run_state.h"
+#include "support/fresh_state.h"
 #include "support/log_lines.h"
-#include <gtest/gtest.h>
 #include <vector>
 
 namespace kelu {
 
-class BehaviorTest : public testing::Test {
+class BehaviorTest : public test::FreshState {
 protected:
-    BehaviorTest()
-    {
-        reset_actors();
-        run_state.timers_locked = 0;
-        seed_random(1);
-    }
-    ~BehaviorTest() override
-    {
-        reset_actors();
-        run_state = {};
-    }
-
     /// Puts a behaviour into a slot of actor 1, which is taken.
     void start(int id, const std::vector<int>& params, int slot = 0)
     {

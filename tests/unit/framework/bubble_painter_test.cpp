@@ -3,7 +3,7 @@
 
 #include "framework/actor_shadow.h"
 #include "framework/bubbles.h"
-#include "runtime/run_state.h"
+#include "support/fresh_state.h"
 #include "support/pixel_text.h"
 #include "unit/gui/test_font.h"
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ namespace {
 constexpr int ground = 0x101010;
 constexpr int letter = 0x957959; // first tone of set 6
 
-class BubblePainterTest : public testing::Test {
+class BubblePainterTest : public FreshState {
 protected:
     BubblePainterTest()
     {
@@ -23,16 +23,12 @@ protected:
         const Bitmap font = font_picture({{'A', {"###", "###", "###", "###"}}, {' ', {}}});
         BITMAP* pictures[] = {font};
         load_font(FONT_NARROW, pictures);
-        reset_actors();
-        run_state.timers_locked = 0;
         actor_at(3).Type = ACTOR_SPEAKER;
     }
     ~BubblePainterTest() override
     {
-        reset_actors();
         font_table[FONT_NARROW] = {};
         text_pen = {};
-        run_state = {};
     }
     static void tick(int n)
     {

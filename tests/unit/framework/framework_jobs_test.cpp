@@ -6,9 +6,8 @@
 #include "framework/sound.h"
 #include "runtime/clock.h"
 #include "runtime/jobs.h"
-#include "runtime/random.h"
+#include "support/fresh_state.h"
 #include "support/log_lines.h"
-#include <gtest/gtest.h>
 
 namespace kelu {
 namespace {
@@ -29,25 +28,15 @@ int note_play(const SAMPLE*, int volume, int pan, int frequency, int)
     return 0;
 }
 
-class FrameworkJobsTest : public testing::Test {
+class FrameworkJobsTest : public test::FreshState {
 protected:
     FrameworkJobsTest()
     {
-        reset_actors();
-        clear_jobs();
         register_framework_jobs();
         played = {};
-        clock_state = {};
         sound.play = note_play;
         sound.samples[7].handle = &noise;
         sound.samples[7].sample_state = 0;
-    }
-    ~FrameworkJobsTest() override
-    {
-        sound = {};
-        reset_actors();
-        clear_jobs();
-        actor_layer = {};
     }
     SAMPLE noise{};
     LogLines log;
@@ -80,24 +69,6 @@ TEST_F(FrameworkJobsTest, SamplesSoundOnceAPeriodAtTheirVolume)
     EXPECT_EQ(log.take(), (Lines{"[ ERROR ] Sample slot is out of range in sfx_play()! Slot = 100",
                                  "[ ERROR ] Sample slot is out of range in sfx_play()! Slot = -1",
                                  "Requested invalid sample in cache. Slot = 8"}));
-}
-
-TEST_F(FrameworkJobsTest, QueuedSoundsWaitForTheirDelay)
-{
-    queue_sfx(7, 900, 2);
-    run_jobs();
-    EXPECT_EQ(played.times, 0);
-    count_job_delays();
-    count_job_delays();
-    run_jobs();
-    EXPECT_EQ(played.times, 1);
-    EXPECT_EQ(played.volume, 128);
-    EXPECT_EQ(job_find(JOB_ANY), -1);
-    for (int i = 0; i < max_jobs; ++i)
-        push_to_job(63, 0, 0, 0, 0, 0, 0, 0, 0, 0);
-    queue_sfx(7, 900, 0);
-    EXPECT_EQ(log.take(), (Lines{"[ ERROR ] : Ran out of job queue slots in call to push_to_job! Job = 5",
-                                 "[ ERROR ] : Couldn't locate free event while queueing sound effect!"}));
 }
 
 TEST_F(FrameworkJobsTest, JobsClearDrawAnswerScriptsAndSpawnDust)
@@ -149,19 +120,6 @@ TEST_F(FrameworkJobsTest, ActorsAreDrawnAsDiscs)
     EXPECT_EQ(row(scratch, 50)[98], 0xffffff);
     EXPECT_EQ(row(scratch, 50)[97], mask_magenta);
     EXPECT_EQ(row(scratch, 48)[98], mask_magenta) << "the corners are round";
-    Bitmap small(3, 3, 0);
-    actor.Mode = MODE_HIDDEN;
-    actor.actor_pos[0] = 1;
-    actor.actor_pos[1] = 11;
-    update_actor_shadow();
-    draw_actor(small, actor_shadow[2]);
-    EXPECT_EQ(row(small, 1)[1], 0);
-    actor.Mode = MODE_TRANSLUCENT;
-    actor.Color = 0;
-    actor.actor_opacity = 0;
-    update_actor_shadow();
-    draw_actor(small, actor_shadow[2]);
-    EXPECT_EQ(row(small, 0)[0], 0);
     actor_pictures = {};
 }
 

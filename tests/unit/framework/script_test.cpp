@@ -9,9 +9,9 @@
 #include "runtime/jobs.h"
 #include "runtime/run_state.h"
 #include "runtime/view.h"
+#include "support/fresh_state.h"
 #include "support/log_lines.h"
 #include <algorithm>
-#include <gtest/gtest.h>
 
 namespace kelu {
 namespace {
@@ -19,28 +19,9 @@ namespace {
 using Bytes = std::vector<uint8_t>;
 using Lines = std::vector<std::string>;
 
-class ScriptTest : public testing::Test {
+class ScriptTest : public test::FreshState {
 protected:
-    ScriptTest()
-    {
-        reset_all();
-        run_state.timers_locked = 0;
-        register_framework_jobs();
-    }
-    ~ScriptTest() override
-    {
-        reset_all();
-        run_state = {};
-        view = {};
-        actor_layer = {};
-    }
-    static void reset_all()
-    {
-        for (int slot = 0; slot < max_scripts; ++slot)
-            reset_script(slot);
-        reset_actors();
-        clear_jobs();
-    }
+    ScriptTest() { register_framework_jobs(); }
     /// Compiles a text, loads script 1 of it and starts it for actor 3.
     static void start(std::string_view text, int slot = 0)
     {
@@ -88,14 +69,14 @@ TEST_F(ScriptTest, FilesAreCompiledAndLoadedByTheirIds)
     log.folder.put("resource/scripts.def", "0102\n[12]\n0150\n[02] 7 [99]\n0151\n");
     compile_scripts();
     EXPECT_EQ(load_script(4, 150), 150);
-    const auto& program = script_at(4).script_program;
+    const auto& words = script_at(4).script_program;
     const int expected[] = {2, 0xf2, 0, 0, 7, 99, 0xff, 0};
     for (std::size_t i = 0; i < std::size(expected); ++i)
-        EXPECT_EQ(program[i], expected[i]);
+        EXPECT_EQ(words[i], expected[i]);
     EXPECT_EQ(load_script(4, 151), 151);
-    EXPECT_EQ(program[0], SCRIPT_END) << "an empty body ends at once";
+    EXPECT_EQ(words[0], SCRIPT_END) << "an empty body ends at once";
     EXPECT_EQ(load_script(4, 149), -1);
-    EXPECT_EQ(program[0], 0) << "the slot stays blank";
+    EXPECT_EQ(words[0], 0) << "the slot stays blank";
     EXPECT_EQ(load_script(20, 150), -1);
     EXPECT_TRUE(std::filesystem::equivalent(std::filesystem::current_path(), log.folder.path()));
     EXPECT_EQ(load_script_from(1, 5, Bytes(20000, 7)), -1);
@@ -103,57 +84,6 @@ TEST_F(ScriptTest, FilesAreCompiledAndLoadedByTheirIds)
     huge[0] = SCRIPT_RECORD;
     EXPECT_EQ(load_script_from(1, 707, huge), 707);
     EXPECT_EQ(script_at(1).script_program[9999], SCRIPT_END);
-}
-
-TEST_F(ScriptTest, AScriptSleepsSpeaksMovesTheViewAndEnds)
-{
-    actor_layer.lead_actor = 8;
-    start("0001\n [02] 100 [22] -40 300 [21] 5\n [42] 0 30 \"HELLO THERE\" [21] -1 [77] [99]\n");
-    tick(1 + 100);
-    EXPECT_EQ(view.pan_x, 0);
-    tick();
-    EXPECT_EQ(view.pan_x, -40);
-    EXPECT_EQ(view.pan_y, 300);
-    tick();
-    EXPECT_EQ(actor_layer.camera_target, 8);
-    tick();
-    EXPECT_EQ(bubble_at(1).bubble_actor, 3);
-    EXPECT_EQ(bubble_at(1).bubble_life, 30);
-    EXPECT_EQ(bubble_at(1).bubble_text[4], 'O');
-    tick();
-    EXPECT_EQ(actor_layer.camera_target, -1);
-    EXPECT_EQ(script_at(0).script_active, 1);
-    tick(2);
-    EXPECT_EQ(script_at(0).script_active, 0);
-    const Lines lines = log.take();
-    EXPECT_EQ(lines[0], "scribe command = 2");
-    EXPECT_EQ(lines[1], "script arg found! value = 100");
-    EXPECT_TRUE(contains(lines, "script arg found! value = -40"));
-    EXPECT_TRUE(contains(lines, "scribe command = 77")) << "an unknown command is passed over";
-    EXPECT_TRUE(contains(lines, ">> found quote mark at offset = 29"));
-}
-
-TEST_F(ScriptTest, AScriptFadesActorsAndKeepsJobNumbers)
-{
-    start("0001\n [60] -1 0 5 [70] 0 0 0 0 2 [71] 0 0 0 0 0 0 3 [60] 2 1 5 [99]");
-    tick();
-    EXPECT_EQ(actor_at(3).actor_opacity, 254);
-    EXPECT_EQ(actor_at(3).BEHAVIOR[0], BEHAVIOR_TRUE_FADE);
-    EXPECT_EQ(actor_at(3).behavior_params[0][0], -2);
-    EXPECT_EQ(script_at(0).script_wait_actor, 0);
-    tick(2);
-    EXPECT_EQ(script_at(0).script_vars[2], 255) << "no job was taken in this pass";
-    EXPECT_EQ(script_at(0).script_vars[3], 255);
-    tick();
-    EXPECT_TRUE(contains(log.take(), "[ ERROR ] : WHO parameter OOB in call to get_free_behavior()! who = 255"));
-    // A job of an earlier slot in the same pass counts.
-    reset_all();
-    push_to_job(JOB_CLEAR, 0, 0, 0, 0, 0, 0, 0, 0, 9);
-    start("0001\n [20] 0 1 2 3 4 [99]", 0);
-    start("0001\n [70] 0 0 0 0 31 [99]", 1);
-    tick();
-    EXPECT_EQ(script_at(1).script_vars[31], 1);
-    EXPECT_EQ(job_queue[1].type, JOB_APPLICATION_EVENT);
 }
 
 TEST_F(ScriptTest, MalformedScriptsEndWithTheirLines)
@@ -176,7 +106,7 @@ TEST_F(ScriptTest, MalformedScriptsEndWithTheirLines)
     EXPECT_EQ(bubble_at(1).bubble_text[298], 'A');
 
     // A number that is cut off by the program's end, and words that no file holds.
-    reset_all();
+    reset();
     EXPECT_EQ(load_script_from(0, 1, Bytes{0xf0, 0, 1, 2, 0xf2}), 1);
     script_at(0).script_active = 1;
     tick(40);

@@ -3,22 +3,13 @@
 
 #include "framework/actor_shadow.h"
 #include "framework/behaviors.h"
-#include "runtime/run_state.h"
-#include "support/log_lines.h"
-#include <gtest/gtest.h>
+#include "support/fresh_state.h"
 
 namespace kelu {
 namespace {
 
-class TintTest : public testing::Test {
+class TintTest : public test::FreshState {
 protected:
-    TintTest()
-    {
-        reset_actors();
-        tint = {};
-        run_state.timers_locked = 0;
-    }
-    ~TintTest() override { run_state = {}; }
     static void tick(int n)
     {
         for (int i = 0; i < n; ++i)

@@ -7,9 +7,9 @@
 #include "gui/text_blocks.h"
 #include "runtime/hotkeys.h"
 #include "screens/actions.h"
+#include "support/fresh_state.h"
 #include <algorithm>
 #include <cstring>
-#include <gtest/gtest.h>
 #include <string>
 #include <utility>
 
@@ -22,17 +22,7 @@ constexpr SlotRow field_slots[] = {field_row(SLOT_NAME, 2, 12, 41, 4, 4)};
 constexpr MenuLayout plain = {MENU_TOOL, WINDOW_TOOL_AND_INK, 70, 80, 90, 100, 7, plain_slots};
 constexpr MenuLayout tall = {MENU_MACRO, WINDOW_MACRO, 0, 207, 122, 189, 7, field_slots};
 
-class Build : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        for (int slot = 0; slot < gui_slots; ++slot)
-            gui_reset_slot(slot);
-        gui_logic = {};
-        menus = {};
-        menu_scheme = {};
-    }
-};
+using Build = test::FreshState;
 
 /// A text without its colour codes.
 std::string bare(std::string text)

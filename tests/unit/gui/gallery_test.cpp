@@ -14,6 +14,7 @@
 #include "runtime/text_settings.h"
 #include "runtime/view.h"
 #include "support/golden.h"
+#include "support/pictures.h"
 #include "support/screen_resources.h"
 #include <algorithm>
 #include <cstdio>
@@ -38,12 +39,6 @@ protected:
         toolbox.mask_color = 0x208030;
         seed_random(1);
     }
-    void TearDown() override
-    {
-        store = {};
-        view = {};
-        text_settings = {};
-    }
 
     /// Draws one slot alone, with the pointer on it or nowhere, and frees it.
     static void show(int slot, bool hovered = false)
@@ -66,12 +61,7 @@ protected:
     /// A picture with a figure in it that shows where each part of it lies.
     static Bitmap painted(int w, int h)
     {
-        Bitmap picture(w, h);
-        for (int y = 0; y < h; ++y) {
-            for (int x = 0; x < w; ++x)
-                row(picture, y)[x] = pack_rgb(x * 255 / w, y * 255 / h, (x / 8 + y / 8) % 2 * 90);
-        }
-        return picture;
+        return paint(w, h, [=](int x, int y) { return pack_rgb(x * 255 / w, y * 255 / h, (x / 8 + y / 8) % 2 * 90); });
     }
     static testing::AssertionResult matches(const char* name) { return matches_golden(screen_state.back_buffer, name); }
 };

@@ -13,28 +13,18 @@
 #include "runtime/preferences.h"
 #include "runtime/run_state.h"
 #include "runtime/toolbox.h"
+#include "support/fresh_state.h"
 #include <allegro.h>
-#include <gtest/gtest.h>
 
 namespace kelu::test {
 
-class GuiTest : public testing::Test {
+class GuiTest : public FreshState {
 protected:
     void SetUp() override
     {
-        for (int slot = 0; slot < gui_slots; ++slot)
-            gui_reset_slot(slot);
-        gui_logic = {};
-        pointer = {};
-        menus = {};
-        menu_scheme = {};
-        preferences = {};
         preferences.mouse_swap = 0;
-        clock_state = {};
         field_keys = {};
         logic_hooks = {};
-        toolbox = {};
-        clear_jobs();
         run_state.gui_active = 1;
         run_state.gui_clicks_enabled = 1;
         ::mouse_b = 0;

@@ -30,8 +30,6 @@ TEST_F(Logic, FreeSlotsAreSoughtFromBothEndsPastReservedOnes)
     gui.active[127] = 0;
     EXPECT_EQ(gui_find_free_slot(0), 127);
     EXPECT_EQ(gui_find_free_slot(1), -1);
-    for (int slot = 0; slot < gui_slots; ++slot)
-        gui.reserved[slot] = 0;
 }
 
 TEST_F(Logic, PressFindsTheHighestSlotThatShowsWithItsLastPixels)

@@ -25,11 +25,6 @@ protected:
         frame_snapshot.mouse_y = 100;
         place(0, KIND_WINDOW, 0, 207, 319, 32);
     }
-    void TearDown() override
-    {
-        store = {};
-        view = {};
-    }
     /// The bar's first line, -1 when there is none.
     static int drawn_at()
     {

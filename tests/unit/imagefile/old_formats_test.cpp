@@ -65,7 +65,7 @@ TEST(pcx, two_colours_without_a_palette_are_black_and_white)
     EXPECT_EQ(difference(decode_pcx(bytes), expected), "");
 }
 
-TEST(lbm, writes_the_form_and_reads_it_back_at_odd_widths)
+TEST(lbm, is_read_back_at_odd_widths)
 {
     const TemporaryFolder folder;
     PALETTE palette = {};
@@ -80,19 +80,6 @@ TEST(lbm, writes_the_form_and_reads_it_back_at_odd_widths)
         const std::string text = folder.text("picture.lbm");
         const std::span bytes(reinterpret_cast<const uint8_t*>(text.data()), text.size());
         EXPECT_EQ(difference(decode_lbm(bytes), picture), "") << w;
-        ByteReader in(bytes);
-        EXPECT_TRUE(in.match("FORM"));
-        EXPECT_EQ(in.big32(), text.size() - 8);
-        EXPECT_TRUE(in.match("PBM BMHD"));
-        in.seek(20);
-        EXPECT_EQ(in.big16(), w);
-        in.seek(40);
-        EXPECT_TRUE(in.match("CMAP"));
-        in.seek(48 + 3);
-        EXPECT_EQ(in.byte(), 9 << 2);
-        in.seek(816);
-        EXPECT_TRUE(in.match("BODY"));
-        EXPECT_EQ(in.big32(), static_cast<uint32_t>(3 * w));
         EXPECT_EQ(text.size(), static_cast<std::size_t>(824 + 3 * w + w % 2));
     }
 }

@@ -1,6 +1,7 @@
 // The presenter's scaler against Allegro's own enlarging.
 #include "platform/scaler.h"
 #include "runtime/bitmap.h"
+#include "support/pictures.h"
 #include <gtest/gtest.h>
 
 namespace kelu::platform {
@@ -9,22 +10,7 @@ namespace {
 /// A picture in which all pixels differ.
 Bitmap gradient(int w, int h)
 {
-    Bitmap picture(w, h);
-    for (int y = 0; y < h; ++y) {
-        for (int x = 0; x < w; ++x)
-            row(picture, y)[x] = (x * 7 + 1) << 16 | (y * 5 + 2) << 8 | (x + y);
-    }
-    return picture;
-}
-
-int differing_pixels(BITMAP* a, BITMAP* b)
-{
-    int count = 0;
-    for (int y = 0; y < a->h; ++y) {
-        for (int x = 0; x < a->w; ++x)
-            count += row(a, y)[x] != row(b, y)[x];
-    }
-    return count;
+    return test::paint(w, h, [](int x, int y) { return (x * 7 + 1) << 16 | (y * 5 + 2) << 8 | (x + y); });
 }
 
 TEST(Scaler, EachPixelBecomesASquareAtEveryScale)
@@ -35,7 +21,7 @@ TEST(Scaler, EachPixelBecomesASquareAtEveryScale)
         const Bitmap expected(13 * scale, 6 * scale);
         stretch_blit(picture, expected, 0, 0, 13, 6, 0, 0, 13 * scale, 6 * scale);
         scale_rows(picture, scaled, scale, 0, 5, ChannelOrder::PLAIN);
-        EXPECT_EQ(differing_pixels(scaled, expected), 0) << scale;
+        EXPECT_EQ(test::difference(scaled, expected), "") << scale;
     }
 }
 

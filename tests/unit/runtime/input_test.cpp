@@ -6,21 +6,18 @@
 #include "runtime/preferences.h"
 #include "runtime/run_state.h"
 #include "runtime/view.h"
+#include "support/fresh_state.h"
 #include <allegro.h>
-#include <gtest/gtest.h>
 
 namespace kelu {
 namespace {
 
-class Input : public testing::Test {
+class Input : public test::FreshState {
 protected:
     void SetUp() override
     {
-        pointer = {};
-        preferences = {};
         preferences.mouse_swap = 0;
         hotkeys = {};
-        view = {};
         screen_state.screen_scale = 2;
         for (int scancode = 0; scancode < KEY_MAX; ++scancode)
             ::key[scancode] = 0;
@@ -118,18 +115,6 @@ TEST_F(Input, HotkeysNeedTheirModifiersExactly)
     EXPECT_FALSE(hotkey_test(hotkey_rows));
     hotkeys.hotkey_table[3].primary = 110;
     EXPECT_FALSE(hotkey_test(3)) << "no such key";
-}
-
-TEST_F(Input, ButtonsStandForActions)
-{
-    hotkeys.mouse_button_map[2] = mouse_function_of(ACTION_UNDO);
-    ::mouse_b = 4;
-    poll_mouse_buttons();
-    EXPECT_TRUE(hotkey_test(ACTION_UNDO));
-    EXPECT_FALSE(hotkey_test(ACTION_REDO));
-    EXPECT_EQ(mouse_function_of(ACTION_MACRO_8), 24);
-    EXPECT_EQ(mouse_function_of(ACTION_PIC_CLEAR), -1);
-    EXPECT_EQ(mouse_function_of(ACTION_EXIT), -1);
 }
 
 TEST(Clock, CountersWrapAndWait)

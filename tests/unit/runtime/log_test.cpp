@@ -6,6 +6,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sstream>
+#include <tuple>
 
 namespace kelu {
 namespace {
@@ -45,13 +46,14 @@ TEST(Maths, DistancesTruncateAndAnglesTurnByQuadrant)
     EXPECT_EQ(dist2(0, 0, 1, 1), 1);
     EXPECT_EQ(dist2(-30000, 0, 30000, 30000), 67082);
     EXPECT_EQ(dist3(1, 2, 3, 3, 5, 9), 7);
-    EXPECT_NEAR(angle_between(0, 0, 0, 10), 0, 0.001);
-    EXPECT_NEAR(angle_between(0, 0, 10, 10), 315, 0.001);
-    EXPECT_NEAR(angle_between(0, 0, 10, 0), 270, 0.001);
-    EXPECT_NEAR(angle_between(0, 0, 10, -10), 225, 0.001);
-    EXPECT_NEAR(angle_between(0, 0, 0, -10), 180, 0.001);
-    EXPECT_NEAR(angle_between(0, 0, -10, -10), 135, 0.001);
-    EXPECT_NEAR(angle_between(0, 0, -10, 10), 45, 0.001);
+    for (const auto& [x, y, angle] : {std::tuple{0, 10, 0},
+                                      {10, 10, 315},
+                                      {10, 0, 270},
+                                      {10, -10, 225},
+                                      {0, -10, 180},
+                                      {-10, -10, 135},
+                                      {-10, 10, 45}})
+        EXPECT_NEAR(angle_between(0, 0, x, y), angle, 0.001);
 }
 
 } // namespace kelu

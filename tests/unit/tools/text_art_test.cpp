@@ -48,16 +48,6 @@ TEST_F(TextArt, reads_a_palette)
     EXPECT_EQ(palette[255], 0xffeedd);
 }
 
-TEST_F(TextArtDeathTest, refuses_palettes_whose_colours_can_not_be_told_apart)
-{
-    refuses(read_palette, palette_text(9, "030083"), "4: 030083 is there already");
-    refuses(read_palette, palette_text(255, "fe02fd"), "34: magenta is the mask");
-    refuses(read_palette, palette_text(3, "12345"), "3: '12345' is no colour");
-    refuses(read_palette, "0 000000\n2 111111\n", "2: expected the colours from index 1 on");
-    refuses(read_palette, "0 000000\n", "1: ends too early");
-    EXPECT_EXIT(read_palette("none.txt"), testing::ExitedWithCode(1), "none.txt:0: can't be read");
-}
-
 TEST_F(TextArt, reads_a_picture)
 {
     const TextPicture picture =
@@ -66,18 +56,6 @@ TEST_F(TextArt, reads_a_picture)
     EXPECT_EQ(picture.rows, (std::vector<std::string>{"#+.", "..#"}));
     EXPECT_EQ(picture.colors.at('#'), 0x0a0b0c);
     EXPECT_EQ(picture.colors.at('.'), clear_pixel);
-}
-
-TEST_F(TextArtDeathTest, refuses_pictures_that_are_not_as_declared)
-{
-    refuses(read_picture, "size 0 2\n", "1: no such size");
-    refuses(read_picture, "colour # 000000\n", "1: expected 'size' and two numbers");
-    refuses(read_picture, "size 3 1\ncolour ab 000000\n", "2: a colour has one letter");
-    refuses(read_picture, "size 3 1\ncolour a 000000\nclear a\n", "3: the letter is declared already");
-    refuses(read_picture, "size 3 2\nclear .\n...\n..\n", "4: the row has 2 letters instead of 3");
-    refuses(read_picture, "size 3 2\nclear .\n...\n.x.\n", "4: the letter 'x' is not declared");
-    refuses(read_picture, "size 3 2\nclear .\n...\n", "3: ends too early");
-    refuses(read_picture, "size 3 1\nclear .\n...\n...\n", "4: more rows");
 }
 
 TEST_F(TextArt, reads_a_font)
@@ -95,22 +73,21 @@ TEST_F(TextArt, reads_a_font)
     EXPECT_EQ(font.glyphs[1].advance, 2);
 }
 
-TEST_F(TextArtDeathTest, refuses_fonts_with_mistakes)
+TEST_F(TextArtDeathTest, names_the_line_of_a_mistake)
 {
+    refuses(read_palette, palette_text(9, "030083"), "4: 030083 is there already");
+    refuses(read_palette, palette_text(255, "fe02fd"), "34: magenta is the mask");
+    refuses(read_palette, "0 000000\n", "1: ends too early");
+    EXPECT_EXIT(read_palette("none.txt"), testing::ExitedWithCode(1), "none.txt:0: can't be read");
+    refuses(read_picture, "size 3 1\ncolour a 000000\nclear a\n", "3: the letter is declared already");
+    refuses(read_picture, "size 3 2\nclear .\n...\n..\n", "4: the row has 2 letters instead of 3");
+    refuses(read_picture, "size 3 2\nclear .\n...\n.x.\n", "4: the letter 'x' is not declared");
+    refuses(read_picture, "size 3 1\nclear .\n...\n...\n", "4: more rows");
     const std::string head = "cell 3 1\nshadow 1 1\nglyph A advance 4 drop 0\n###\n";
     refuses(read_font, head + "glyph A advance 4 drop 0\n###\n", "5: the glyph is there already");
-    refuses(read_font, head + "glyph AB advance 4 drop 0\n###\n", "5: 'AB' is no character");
     refuses(read_font, head + "glyph #300 advance 4 drop 0\n###\n", "5: '#300' is no character");
     refuses(read_font, head + "glyph B advance 40 drop 0\n###\n", "5: advance 1 to 16");
-    refuses(read_font, head + "glyph B advance 4 drop 0\n####\n", "6: a glyph's row");
-    refuses(read_font, head + "glyph B 4\n###\n", "5: expected 'glyph NAME advance N drop N'");
-}
-
-TEST_F(TextArtDeathTest, refuses_tips_out_of_order_or_size)
-{
     refuses(read_tips, "tip 1\n", "1: expected 'tip 0'");
-    refuses(read_tips, "tip 0\n........#.......\n", "2: the row has 16 letters instead of 17");
-    refuses(read_tips, "tip 0\n........0........\n", "2: the letter '0' is not declared");
 }
 
 } // namespace

@@ -1,13 +1,7 @@
 // Archives: what is packed comes back, and what is short or wrong touches nothing.
-#include "workspace/archive.h"
 
-#include "gui/menus.h"
 #include "gui/slots.h"
 #include "imagefile/reader.h"
-#include "runtime/browser_state.h"
-#include "runtime/view.h"
-#include "workspace/merged.h"
-#include "workspace/state.h"
 #include "workspace_fixture.h"
 #include <map>
 

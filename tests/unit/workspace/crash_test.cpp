@@ -1,9 +1,5 @@
 // The program killed while it writes: whatever the moment, the next start finds every frame whole and a state that
 // reads. A child process does the work and is killed at a random time; the parent starts on what it left.
-#include "workspace/archive.h"
-#include "workspace/frame_order.h"
-#include "workspace/settings.h"
-#include "workspace/state.h"
 #include "workspace_fixture.h"
 #include <csignal>
 #include <random>

@@ -1,10 +1,6 @@
 // Adding and deleting frames: files, views, thumbnails, cache and the refusals.
-#include "workspace/frame_order.h"
 
-#include "runtime/animation.h"
-#include "runtime/view.h"
 #include "workspace/repair.h"
-#include "workspace/thumbnails.h"
 #include "workspace_fixture.h"
 
 namespace kelu {
@@ -45,20 +41,6 @@ TEST_F(FrameOrderTest, CloneOpensBehindAndTakesTheLivePicture)
     EXPECT_EQ(nail(2), 0); // the old cell 1
     EXPECT_TRUE(exists("current.nal"));
     EXPECT_EQ(platform::working_directory(), run_state.program_dir);
-}
-
-TEST_F(FrameOrderTest, BlankIsBlackOpaqueAndOfTheStandardSize)
-{
-    make_frames(2);
-    draw_nail(1);
-    insert_frames(0, 2, INSERT_BLANKS);
-    EXPECT_EQ(order(), (Order{0, -1, -1, 1}));
-    const Bitmap blank = read_tga(in_store("current.002").string());
-    EXPECT_EQ(blank.width(), 320);
-    EXPECT_EQ(blank.height(), 240);
-    EXPECT_EQ(row(blank, 9)[9], opaque);
-    EXPECT_EQ(nail(1), 0);
-    EXPECT_EQ(nail(3), 0x10);
 }
 
 TEST_F(FrameOrderTest, DeleteClosesTheGapAndDiscardsTheEdits)
@@ -125,16 +107,21 @@ TEST_F(FrameOrderTest, CachedFramesTakeTagAndDelayAlong)
 TEST_F(FrameOrderTest, RangesAreRefused)
 {
     make_frames(2);
-    insert_frames(100, 1, INSERT_BLANKS);
-    EXPECT_TRUE(logged("[ ERROR ] : Starting point OOB in call to insert_frames! start = 100"));
-    insert_frames(99, 1, INSERT_BLANKS);
-    insert_frames(0, 0, INSERT_BLANKS);
-    EXPECT_TRUE(logged("[ ERROR ] : Frame count OOB in call to insert_frames! num_frames = 1"));
-    EXPECT_TRUE(logged("[ ERROR ] : Frame count OOB in call to insert_frames! num_frames = 0"));
-    delete_frames(100, 1);
-    EXPECT_TRUE(logged("[ ERROR ] : Starting point OOB in call to delete_frames! start = 100"));
-    delete_frames(99, 1);
-    EXPECT_TRUE(logged("[ ERROR ] : Frame count OOB in call to delete_frames! num_frames = 1"));
+    const auto insert = [](int start, int count) { insert_frames(start, count, INSERT_BLANKS); };
+    struct Refusal {
+        void (*change)(int start, int count);
+        int start, count;
+        const char* line;
+    };
+    for (const auto& [change, start, count, line] :
+         {Refusal{insert, 100, 1, "Starting point OOB in call to insert_frames! start = 100"},
+          {insert, 99, 1, "Frame count OOB in call to insert_frames! num_frames = 1"},
+          {insert, 0, 0, "Frame count OOB in call to insert_frames! num_frames = 0"},
+          {delete_frames, 100, 1, "Starting point OOB in call to delete_frames! start = 100"},
+          {delete_frames, 99, 1, "Frame count OOB in call to delete_frames! num_frames = 1"}}) {
+        change(start, count);
+        EXPECT_TRUE(logged(std::string("[ ERROR ] : ") + line));
+    }
     EXPECT_EQ(order(), (Order{0, 1}));
     store.frame_count = 100;
     insert_frames(0, 1, INSERT_BLANKS);

@@ -1,12 +1,8 @@
 // Other sizes of the frame: scaled, placed by an anchor, cut out; frame and alpha together.
 #include "workspace/frame_resize.h"
 
-#include "draw/undo.h"
-#include "gui/menus.h"
 #include "gui/tooltips.h"
-#include "runtime/toolbox.h"
 #include "support/pixel_text.h"
-#include "workspace/merged.h"
 #include "workspace_fixture.h"
 
 namespace kelu {

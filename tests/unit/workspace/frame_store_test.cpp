@@ -1,18 +1,11 @@
 // Swapping frames: what is committed, what is loaded, and what a missing or broken file leaves.
 #include "workspace/frame_store.h"
-
-#include "draw/undo.h"
-#include "runtime/view.h"
-#include "workspace/merged.h"
-#include "workspace/thumbnails.h"
 #include "workspace_fixture.h"
 
 namespace kelu {
 namespace {
 
 using FrameStoreTest = WorkspaceTest;
-
-int pixel(BITMAP* bitmap, int x = 0, int y = 0) { return row(bitmap, y)[x]; }
 
 } // namespace
 
@@ -66,24 +59,6 @@ TEST_F(FrameStoreTest, SwapKeepsAlphaEditing)
     EXPECT_EQ(static_cast<unsigned>(stored_pixel(0)), 0x40000010U);
     EXPECT_EQ(pixel(store.frame_bitmap), 0xffffff);
     EXPECT_EQ(pixel(store.alpha_bitmap), 0x11);
-}
-
-TEST_F(FrameStoreTest, OnionModeLoadsTheRoleThatIsEdited)
-{
-    make_frames(2);
-    EXPECT_TRUE(fetch_frame(0, 1, 1));
-    EXPECT_EQ(pixel(store.onion_bitmap) & 0xffffff, 0x11);
-    EXPECT_EQ(store.current_frame, 0);
-    store.alpha_edit_mode = 1;
-    EXPECT_TRUE(fetch_frame(0, 1, 1));
-    EXPECT_EQ(pixel(store.onion_bitmap), 0xffffff);
-    store.alpha_edit_mode = 0;
-    drop_onion_skin();
-    EXPECT_TRUE(show_onion_skin()); // before frame 0 comes the last one
-    EXPECT_EQ(pixel(store.onion_bitmap) & 0xffffff, 0x11);
-    EXPECT_EQ(view.onion_on, 1);
-    store.frame_count = 1;
-    EXPECT_FALSE(show_onion_skin());
 }
 
 TEST_F(FrameStoreTest, AlphaModeTakesTheOnionSkinAlongAndLeavesUndoAlone)

@@ -1,6 +1,4 @@
 // Between the two pictures of a frame and its merged form, in both roles.
-#include "workspace/merged.h"
-
 #include "workspace_fixture.h"
 
 namespace kelu {
@@ -16,8 +14,6 @@ protected:
         store.alpha_bitmap = Bitmap(2, 1, 0x808080);
     }
 };
-
-int pixel(BITMAP* bitmap, int x = 0) { return row(bitmap, 0)[x]; }
 
 } // namespace
 

@@ -61,7 +61,7 @@ TEST_F(Resources, fonts_have_all_of_ascii_and_keep_their_measures)
 }
 
 // The bands are where diagonal lines from (0, y) to (64, y - 64) fall, in runs of four every 8 rows from -1 on.
-TEST(pattern_tiles, hatch_and_checkers)
+TEST(pattern_tiles, hatch_bands)
 {
     make_pattern_tiles();
     Bitmap lines(tile_side, tile_side);
@@ -71,16 +71,6 @@ TEST(pattern_tiles, hatch_and_checkers)
     for (int y = 0; y < tile_side; ++y)
         for (int x = 0; x < tile_side; ++x)
             ASSERT_EQ(row(sheets.hatch_tile, y)[x], row(lines, y)[x]) << x << ", " << y;
-
-    ASSERT_EQ(sheets.backdrop_tiles.width(), 192);
-    constexpr int a[] = {pack_rgb(152, 150, 109), pack_rgb(84, 98, 143), pack_rgb(110, 97, 83)};
-    constexpr int b[] = {pack_rgb(135, 133, 96), pack_rgb(76, 85, 115), pack_rgb(94, 82, 70)};
-    for (int tile = 0; tile < 3; ++tile) {
-        EXPECT_EQ(row(sheets.backdrop_tiles, 15)[tile * 64 + 15], a[tile]);
-        EXPECT_EQ(row(sheets.backdrop_tiles, 15)[tile * 64 + 16], b[tile]);
-        EXPECT_EQ(row(sheets.backdrop_tiles, 16)[tile * 64 + 15], b[tile]);
-        EXPECT_EQ(row(sheets.backdrop_tiles, 63)[tile * 64 + 63], a[tile]);
-    }
 }
 
 TEST(object_library, reads_records_and_stays_inside_its_rows)

@@ -1,19 +1,8 @@
 // Tagged files: both tables round trip, the bytes of a record, and everything a damaged file may hold.
 #include "workspace/tags.h"
 
-#include "gui/menus.h"
-#include "gui/scheme.h"
-#include "runtime/animation.h"
-#include "runtime/browser_state.h"
-#include "runtime/grid.h"
 #include "runtime/hotkeys.h"
-#include "runtime/macros.h"
-#include "runtime/preferences.h"
-#include "runtime/toolbox.h"
-#include "runtime/view.h"
 #include "support/pictures.h"
-#include "workspace/settings.h"
-#include "workspace/state.h"
 #include "workspace_fixture.h"
 
 namespace kelu {

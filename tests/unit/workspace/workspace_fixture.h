@@ -1,22 +1,40 @@
 // A program folder with an empty store, and the program's tables on their start values.
 #pragma once
 
+#include "draw/undo.h"
+#include "gui/menus.h"
+#include "gui/scheme.h"
 #include "gui/strings.h"
 #include "imagefile/tga.h"
 #include "platform/files.h"
+#include "runtime/animation.h"
+#include "runtime/browser_state.h"
+#include "runtime/grid.h"
 #include "runtime/log.h"
+#include "runtime/macros.h"
+#include "runtime/preferences.h"
 #include "runtime/run_state.h"
 #include "runtime/startup.h"
 #include "runtime/store.h"
+#include "runtime/toolbox.h"
+#include "runtime/view.h"
 #include "support/temporary_folder.h"
+#include "workspace/archive.h"
 #include "workspace/blank_workspace.h"
 #include "workspace/folder.h"
 #include "workspace/frame_cache.h"
+#include "workspace/frame_order.h"
 #include "workspace/frame_store.h"
+#include "workspace/merged.h"
 #include "workspace/notice.h"
+#include "workspace/settings.h"
+#include "workspace/state.h"
+#include "workspace/thumbnails.h"
 #include <gtest/gtest.h>
 
 namespace kelu {
+
+inline int pixel(BITMAP* bitmap, int x = 0, int y = 0) { return row(bitmap, y)[x]; }
 
 class WorkspaceTest : public testing::Test {
 protected:
