@@ -62,6 +62,7 @@ int ask_quality()
     menu_hide(0);
     gui.active[0] = 0; // not hidden as the others are, for with slot 0 the status bar would hide its message
     gui.hidden[0] = 0;
+    gui_logic.gui_key_focus = -1; // keys move the view over the preview and aren't the hidden field's
     const int quality = jpeg_quality_dialog();
     gui.active[0] = 1;
     menu_show(0);
