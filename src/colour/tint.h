@@ -15,10 +15,10 @@ struct TintShift {
 /// saturation stop at their ends.
 int tinted(int color, const TintShift& shift);
 
-/// Writes the tinted pixels of `source` to the same places of `dest`, a bitmap of its size, and copies them where the
-/// shift is none. With `whole` all of them, else those that the screen may show: the screen's size from the view's
-/// corner, moved up and left while zoomed, so that the zoom preview, which looks round the mouse, is tinted as well.
-/// With `ignore_mask` pixels of exactly the mask colour stay.
+/// Writes the tinted pixels of `source` to the same places of `dest`, a bitmap of its size or itself, and copies them
+/// where the shift is none. With `whole` all of them, else those that the screen may show: the screen's size from the
+/// view's corner, moved up and left while zoomed, so that the zoom preview, which looks round the mouse, is tinted as
+/// well. With `ignore_mask` pixels of exactly the mask colour stay.
 void tint_frame(bool whole, bool ignore_mask, BITMAP* source, BITMAP* dest, const TintShift& shift);
 
 } // namespace kelu

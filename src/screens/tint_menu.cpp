@@ -10,7 +10,9 @@
 #include "runtime/log.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
+#include "screens/frame_loan.h"
 #include <optional>
+#include <utility>
 
 namespace kelu {
 namespace {
@@ -83,9 +85,11 @@ void open_screen()
     gui.kind[SLOT_IGNORE] = color_settings.tint_ignore_mask != 0 ? KIND_BUTTON_LIT : KIND_BUTTON;
 }
 
-/// Runs the loop; true after OKAY.
-bool choose_tint(const Bitmap& untouched)
+/// Runs the loop with the preview in the frame's place; true after OKAY.
+bool choose_tint(Bitmap picture)
 {
+    const FrameLoan loan(std::move(picture));
+    const Bitmap& untouched = lent_frame.kept_frame;
     std::optional<Shown> last;
     while (!leaving()) {
         const Shown now = read_screen();
@@ -102,19 +106,17 @@ bool choose_tint(const Bitmap& untouched)
 
 void tint_menu()
 {
-    const Bitmap untouched = store.frame_bitmap.copy();
-    if (!untouched) {
+    Bitmap picture = store.frame_bitmap.copy();
+    if (!picture) {
         log_line("[ ERROR ] : No memory for a copy of the frame. It can't be tinted.");
         return;
     }
     open_screen();
-    if (choose_tint(untouched)) {
+    if (choose_tint(std::move(picture))) {
         const Shown chosen = read_screen();
         color_settings.tint_values = {chosen.shift.hue, chosen.shift.lightness, chosen.shift.saturation};
         color_settings.tint_ignore_mask = chosen.ignore_mask ? 1 : 0;
-        tint_frame(true, chosen.ignore_mask, untouched, store.frame_bitmap, chosen.shift);
-    } else {
-        blit(untouched, store.frame_bitmap, 0, 0, 0, 0, untouched.width(), untouched.height());
+        tint_frame(true, chosen.ignore_mask, store.frame_bitmap, store.frame_bitmap, chosen.shift);
     }
     close_screen();
     call_hook(tool_hooks.build_draw_menu);

@@ -1,6 +1,7 @@
 // The tint screen: its live preview, and what OKAY and CANCEL leave.
 #include "colour/tint.h"
 #include "runtime/color_settings.h"
+#include "screens/actions.h"
 #include "screens/tint_menu.h"
 #include "support/screen_session.h"
 
@@ -42,6 +43,7 @@ TEST(Tint, PreviewsOnTheScreenAndOkayTintsTheWhole)
     EXPECT_EQ(frame_pixel(100, 100), 0x00ff00);
     EXPECT_EQ(frame_pixel(5, 5), 0x123456) << "the mask colour is left out";
     EXPECT_EQ(frame_pixel(500, 300), 0xff0000) << "not on the screen";
+    EXPECT_GT(action_state.frame_locked, 0) << "no key commits what is only shown";
     gui.scroll_value[slot_hue] = -85; // shifts don't add up
     session.frame(2);
     EXPECT_EQ(frame_pixel(100, 100), 0x0000ff);
