@@ -63,23 +63,6 @@ TEST(DrawMenu, HidesOnARightClickAndLetsDrawBelow)
     EXPECT_EQ(gui.hidden[0], 1);
 }
 
-TEST(DrawMenu, FollowsADragAndStaysThere)
-{
-    Session session;
-    session.click(HOME_LABEL);
-    session.move(20, 50);
-    session.press();
-    session.release();
-    EXPECT_EQ(menus.window_pos[WINDOW_DRAW].x, 0) << "a window as wide as the screen moves up and down only";
-    EXPECT_LT(menus.window_pos[WINDOW_DRAW].y, 60);
-    EXPECT_EQ(gui.y[HOME_TOOL_0], gui.y[0] + 12);
-    session.click(HOME_FRAME);
-    EXPECT_EQ(menus.menu_id, MENU_FRAME);
-    session.click(BACK);
-    EXPECT_EQ(menus.menu_id, MENU_DRAW);
-    EXPECT_EQ(gui.y[0], menus.window_pos[WINDOW_DRAW].y);
-}
-
 TEST(DrawMenu, ColumnsOpenAndRunTheirEntries)
 {
     Session session([] {

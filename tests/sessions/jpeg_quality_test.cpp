@@ -2,6 +2,7 @@
 #include "runtime/browser_state.h"
 #include "screens/actions.h"
 #include "screens/jpeg_quality.h"
+#include "support/pictures.h"
 #include "support/screen_session.h"
 
 namespace kelu {
@@ -18,12 +19,8 @@ int picture(int x, int y) { return pack_rgb(x * y & 255, x * 3 & 255, y * 5 & 25
 
 void ask_for_quality()
 {
-    store.frame_bitmap = Bitmap(64, 48);
+    store.frame_bitmap = paint(64, 48, picture);
     store.alpha_bitmap = Bitmap(64, 48, 0xffffff);
-    for (int y = 0; y < 48; ++y) {
-        for (int x = 0; x < 64; ++x)
-            row(store.frame_bitmap, y)[x] = picture(x, y);
-    }
     answer = jpeg_quality_dialog();
     while (!leaving())
         run_frame(0);

@@ -141,23 +141,6 @@ TEST_F(Tools, TheMeasurementIsAnchoredAtTheFirstPoint)
     measure = {};
 }
 
-TEST_F(Tools, SprayFillsItsDisc)
-{
-    use(TOOL_SPRAY, {100, 10});
-    session.move(150, 100);
-    session.press();
-    session.frame(300);
-    session.release();
-    session.frame(2);
-    int inside = 0;
-    for (int y = 90; y < 110; ++y)
-        for (int x = 140; x < 160; ++x)
-            inside += (x - 150) * (x - 150) + (y - 100) * (y - 100) < 100 ? 1 : 0;
-    EXPECT_EQ(static_cast<int>(painted().size()), inside) << "13500 drops reach every pixel, and none beyond";
-    for (const auto& [x, y] : painted())
-        EXPECT_LT((x - 150) * (x - 150) + (y - 100) * (y - 100), 100);
-}
-
 TEST_F(Tools, SplineSetsMovesAndJoinsNodes)
 {
     use(TOOL_SPLINE, {0, 0, 40});

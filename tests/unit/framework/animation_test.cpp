@@ -27,24 +27,6 @@ TEST_F(BehaviorTest, AnimationsPlayTheirDurationsLoopAndEnd)
     EXPECT_EQ(actor.Type, ACTOR_FREE);
 }
 
-TEST_F(BehaviorTest, AnimationsWaitAndReplaceOthers)
-{
-    FW_store_anim(1, ANIM_MOVING, 1, {{3, 0, 1}, {4, 0, 1}});
-    start(BEHAVIOR_ANIMATE, {}, 0);
-    start(BEHAVIOR_ANIMATE, {0, 0, -3}, 2);
-    tick(2);
-    EXPECT_TRUE(runs(0));
-    tick();
-    EXPECT_FALSE(runs(0));
-    EXPECT_TRUE(runs(2));
-    start(BEHAVIOR_DELAYED_ANIMATION, {0, 0, 2}, 1);
-    tick(2);
-    EXPECT_FALSE(runs(2)) << "the countdown stops the animation";
-    EXPECT_TRUE(runs(1));
-    tick();
-    EXPECT_FALSE(runs(1)) << "and then itself";
-}
-
 TEST_F(BehaviorTest, TablesTakeWhatFitsAndKeepSkippedEntries)
 {
     FW_store_anim(1, ANIM_STANDING, 1, {{1, 1, 1}, {2, 2, 2}, {3, 3, 3}});

@@ -67,16 +67,4 @@ TEST_F(BubblePainterTest, OpensAsAPanelAndThenShowsItsLetters)
     EXPECT_EQ(typed[13], "..................");
 }
 
-TEST_F(BubblePainterTest, StaysWithinThePicture)
-{
-    bubble_say(3, -1, "AA");
-    tick(100);
-    EXPECT_EQ(drawn(20, 20, 0, 0)[12], "##############......");
-    const std::vector<std::string> corner = drawn(20, 20, 300, 300);
-    EXPECT_EQ(corner[6], "....................");
-    EXPECT_EQ(corner[7], "......##############");
-    EXPECT_EQ(corner[19], "......##############");
-    EXPECT_EQ(drawn(5, 3, 300, 300)[2], "#####") << "a picture that is smaller than the panel";
-}
-
 } // namespace kelu::test

@@ -43,8 +43,6 @@ TEST_F(Render, AColourPlaneIsMadeOnlyWhenItsInputsChange)
     gui_render();
     gui_render();
     EXPECT_EQ(plane_cache.renders, 1);
-    EXPECT_EQ(at(13, 11), pack_rgb(77, static_cast<int>(256.0 / 157 * 2), 0));
-    EXPECT_EQ(at(11 + 156, 13), pack_rgb(77, static_cast<int>(256.0 / 157 * 156), static_cast<int>(256.0 / 57 * 2)));
     // The cross of five pixels, at a channel of 100 across and 0 down, is left out of what the dropper reads.
     const int cross_x = 10 + 1 + static_cast<int>(157 / 256.0 * 100);
     EXPECT_EQ(at(cross_x, 11), 0xffffff);

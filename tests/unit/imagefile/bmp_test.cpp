@@ -3,42 +3,13 @@
 
 #include "imagefile/reader.h"
 #include "runtime/pixels.h"
-#include "support/paths.h"
 #include "support/pictures.h"
-#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace kelu {
 namespace {
 
 using namespace test;
-
-TEST(bmp, reads_what_other_encoders_write)
-{
-    int count = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(data_folder()) / "bmp")) {
-        const std::string name = entry.path().stem().string();
-        const std::string kind = name.substr(0, name.find('-'));
-        const int depth = std::stoi(name.substr(kind.size() + 1));
-        const Bitmap picture = decode_bmp(data_file("bmp/" + name + ".bmp"));
-        const Bitmap expected = paint(13, 11, [&](int x, int y) {
-            if (kind == "indexed") return palette_entry(level(x, y, 0) & ((1 << depth) - 1));
-            return pack_rgb(level(x, y, 0), level(x, y, 1), level(x, y, 2));
-        });
-        if (depth > 8) { // few bits a channel: within a step of the encoder's rounding
-            ASSERT_TRUE(picture) << name;
-            for (int x = 0; x < 13; ++x) {
-                EXPECT_NEAR(red_of(row(picture, 5)[x]), red_of(row(expected, 5)[x]), 8) << name;
-                EXPECT_NEAR(green_of(row(picture, 5)[x]), green_of(row(expected, 5)[x]), 8) << name;
-                EXPECT_NEAR(blue_of(row(picture, 5)[x]), blue_of(row(expected, 5)[x]), 8) << name;
-            }
-        } else {
-            EXPECT_EQ(difference(picture, expected), "") << name;
-        }
-        ++count;
-    }
-    EXPECT_EQ(count, 9);
-}
 
 /// A BMP of 16 greys, value i x 16, with run-length coded pixels.
 Bytes runs_file(int w, int h, int bits, const Bytes& runs)

@@ -41,25 +41,6 @@ Bitmap opaque(int w, int h, const std::function<int(int x, int y)>& pixel)
     return paint(w, h, [&](int x, int y) { return pixel(x, y) | static_cast<int>(0xff000000); });
 }
 
-TEST(ico, reads_what_other_encoders_write)
-{
-    for (const int depth : {1, 4, 8}) {
-        const Bitmap expected =
-            opaque(13, 11, [&](int x, int y) { return palette_entry(level(x, y, 0) & ((1 << depth) - 1)); });
-        EXPECT_EQ(difference(decode_ico(data_file("ico/indexed-" + std::to_string(depth) + ".ico")), expected), "")
-            << depth;
-    }
-    const auto color = [](int x, int y) { return pack_rgb(level(x, y, 0), level(x, y, 1), level(x, y, 2)); };
-    const Bitmap deep = paint(13, 11, [&](int x, int y) {
-        return color(x, y) | static_cast<int>(static_cast<uint32_t>(level(x, y, 3)) << 24);
-    });
-    EXPECT_EQ(difference(decode_ico(data_file("ico/rgba-8.ico")), deep), "");
-    // A PNG with a palette inside.
-    EXPECT_EQ(difference(decode_ico(data_file("ico/indexed-8-png.ico")),
-                         opaque(13, 11, [&](int x, int y) { return six_bit(color(x, y)); })),
-              "");
-}
-
 TEST(ico, the_mask_becomes_alpha_below_32_bits)
 {
     // 2 x 2, bottom row first, rows padded to 4 bytes: blue green / red white, the mask takes out green and red.

@@ -4,7 +4,6 @@
 
 #include "imagefile/indexed.h"
 #include "runtime/pixels.h"
-#include "support/paths.h"
 #include "support/pictures.h"
 #include "support/temporary_folder.h"
 #include <gtest/gtest.h>
@@ -13,27 +12,6 @@ namespace kelu {
 namespace {
 
 using namespace test;
-
-TEST(old_formats, read_what_other_encoders_write)
-{
-    int count = 0;
-    for (const char* folder : {"pcx", "lbm"}) {
-        for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(data_folder()) / folder)) {
-            const std::string name = entry.path().stem().string();
-            const std::string kind = name.substr(0, name.find('-'));
-            const int depth = std::stoi(name.substr(kind.size() + 1));
-            const Bitmap expected = paint(13, 11, [&](int x, int y) {
-                if (kind == "rgb") return pack_rgb(level(x, y, 0), level(x, y, 1), level(x, y, 2));
-                return six_bit(palette_entry(level(x, y, 0) & ((1 << depth) - 1)));
-            });
-            const Bytes bytes = data_file(std::string(folder) + "/" + entry.path().filename().string());
-            EXPECT_EQ(difference(folder[0] == 'p' ? decode_pcx(bytes) : decode_lbm(bytes), expected), "")
-                << entry.path();
-            ++count;
-        }
-    }
-    EXPECT_EQ(count, 17);
-}
 
 TEST(pcx, is_written_as_the_library_writes_it)
 {

@@ -3,11 +3,7 @@
 #include "workspace_fixture.h"
 
 namespace kelu {
-namespace {
-
 using FrameStoreTest = WorkspaceTest;
-
-} // namespace
 
 TEST_F(FrameStoreTest, SwapCommitsAChangedFrameWithItsView)
 {
