@@ -166,16 +166,5 @@ TEST_F(InkLoopTest, OptionsFromForeignFilesAreBroughtIntoRange)
     }
 }
 
-TEST_F(InkLoopTest, FreshOptionsLeaveAMarkWithEveryInkThatHasAStrength)
-{
-    set_initial_ink_options();
-    EXPECT_EQ(toolbox.ink_table[INK_GLOW][1], 8);
-    for (int ink = 0; ink < INK_COUNT; ++ink) {
-        const InkOptions options = find_ink(ink)->options;
-        const bool has_strength = options != InkOptions::NONE && options != InkOptions::GRADIENT;
-        EXPECT_EQ(toolbox.ink_table[static_cast<std::size_t>(ink)][0] > 0, has_strength) << ink;
-    }
-}
-
 } // namespace
 } // namespace kelu

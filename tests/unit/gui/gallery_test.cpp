@@ -11,7 +11,6 @@
 #include "runtime/pixels.h"
 #include "runtime/random.h"
 #include "runtime/store.h"
-#include "runtime/text_settings.h"
 #include "runtime/view.h"
 #include "support/golden.h"
 #include "support/pictures.h"
@@ -87,24 +86,8 @@ TEST_F(Gallery, LabelledPanels)
         y += 12;
     }
     show(caption_row(1, 8, y, 61, TEXT_WIDTH));
-    build_slot(SlotRow{1, 140, 4, 120, KIND_HOTKEY, KEY_Z | 1024 | 4096}, 0, 0);
-    show(1);
-    build_slot(SlotRow{1, 140, 16, 120, KIND_HOTKEY, KEY_A}, 0, 0);
-    gui.colour[1] = warning_red;
-    show(1);
-    show(SlotRow{1, 140, 28, 120, KIND_HOTKEY, KEY_BACKSLASH2 | 1024 | 2048 | 4096}, true);
-    text_settings.font_file = "THE_LONGEST_FONT_NAME_.TTF";
-    show(SlotRow{1, 140, 40, 170, KIND_FONT_NAME});
-    text_settings.font_file = "SYSTEM.TTF";
-    show(SlotRow{1, 140, 52, 170, KIND_FONT_NAME}, true);
     store.frame_count = 7;
     show(SlotRow{1, 140, 64, 120, KIND_FRAME_COUNT});
-    build_slot(SlotRow{1, 140, 76, 39, KIND_NUMBER}, 0, 0);
-    gui.list_items[1][0] = 42;
-    show(1);
-    build_slot(SlotRow{1, 182, 76, 39, KIND_NUMBER}, 0, 0);
-    gui.list_items[1][0] = 1000;
-    show(1);
     show(SlotRow{1, 140, 88, 120, KIND_CAPTION, TEXT_DELETE_FRAME}.inked(SET_BUTTON));
     build_slot(SlotRow{1, 140, 98, 120, KIND_PTR_LABEL}.inked(SET_HIGHLIGHT), 0, 0);
     gui.ptr[1] = "AWAITING INPUT";
@@ -119,7 +102,6 @@ TEST_F(Gallery, LabelledPanels)
         gui.list_items[1][0] = 50 * i;
         show(1);
     }
-    show(SlotRow{1, 140, 165, 120, KIND_FAILURE_PANEL}.high(30));
     EXPECT_TRUE(matches("gallery_labels"));
 }
 

@@ -161,25 +161,6 @@ TEST_F(Logic, NothingIsDispatchedWhileTheGuiSleeps)
     EXPECT_EQ(clock_state.present_ready, 0);
 }
 
-TEST_F(Logic, ButtonsLightFlipAndStay)
-{
-    place(4, KIND_BUTTON, 20, 20, 39, 9);
-    const auto click_with = [](int action) {
-        gui.event[4] = 0;
-        gui.left_action[4] = action;
-        click(25, 25);
-        return int(gui.kind[4]);
-    };
-    EXPECT_EQ(click_with(ACT_FLIP), KIND_BUTTON_LIT);
-    EXPECT_EQ(gui.event[4], 0);
-    EXPECT_EQ(click_with(ACT_TOGGLE), KIND_BUTTON);
-    EXPECT_EQ(gui.event[4], 4);
-    EXPECT_EQ(click_with(ACT_LIGHT), KIND_BUTTON_LIT);
-    EXPECT_EQ(gui.event[4], 4);
-    EXPECT_EQ(click_with(ACT_LIGHT), KIND_BUTTON_LIT);
-    EXPECT_EQ(gui.event[4], 0); // a lit one can't be clicked off
-}
-
 TEST_F(Logic, TheRowUnderThePointerIsTheHighlightedOne)
 {
     place(2, KIND_LIST, 100, 50, 72, 65);

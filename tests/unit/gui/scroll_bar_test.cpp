@@ -23,32 +23,6 @@ protected:
     static int knob(int slot, int step) { return gui.knob_pos[slot][static_cast<std::size_t>(step)]; }
 };
 
-TEST_F(ScrollBarTest, TheWheelMovesAListUpAndASliderOn)
-{
-    const int s = slider(256);
-    const int v = list_bar();
-    gui.scroll_value[v] = 5;
-    point(90, 60);
-    passes(1);
-    ::mouse_z = 1;
-    passes(1);
-    EXPECT_EQ(gui.scroll_value[v], 3);
-    ::mouse_z = -9; // any change is one step
-    passes(1);
-    EXPECT_EQ(gui.scroll_value[v], 5);
-    point(150, 54);
-    passes(1);
-    ::mouse_z = 0;
-    passes(1);
-    EXPECT_EQ(gui.scroll_value[s], 10);
-    ::mouse_z = -1;
-    passes(1);
-    ::mouse_z = -2;
-    passes(1);
-    EXPECT_EQ(gui.scroll_value[s], 0);
-    EXPECT_EQ(gui.scroll_value[v], 5);
-}
-
 TEST_F(ScrollBarTest, AHeldArrowStepsAtOnceThenAfter21PassesThenEvery7)
 {
     const int s = slider(256);

@@ -127,16 +127,10 @@ TEST(Clock, CountersWrapAndWait)
     EXPECT_EQ(clock_state.phase_counter, 0);
     EXPECT_EQ(clock_state.phase[1], 500 % 256);
     EXPECT_EQ(clock_state.phase[7], 72) << "71 multiples of 7 below 500, and 0";
-    for (int i = 0; i < 600; ++i)
-        clock_tick();
-    EXPECT_EQ(clock_state.idle_counter, 1000);
-    EXPECT_EQ(clock_state.wait_counter, 1100);
     for (int i = 0; i < 33; ++i)
         world_tick();
     EXPECT_EQ(clock_state.marching_ants_phase, 1);
     EXPECT_EQ(clock_state.tool_ticks, 33);
-    EXPECT_EQ(clock_state.world_phase_b, 95);
-    EXPECT_EQ(clock_state.fixed_phase_a, -33 * 6554);
     run_state.timers_locked = 1;
     world_tick();
     EXPECT_EQ(clock_state.tool_ticks, 33) << "locked timers move nothing";

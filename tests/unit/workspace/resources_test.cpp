@@ -4,7 +4,6 @@
 #include "gui/text.h"
 #include "platform/files.h"
 #include "platform/host.h"
-#include "runtime/fonts.h"
 #include "runtime/pixels.h"
 #include "runtime/sheets.h"
 #include "runtime/store.h"
@@ -42,22 +41,6 @@ TEST_F(Resources, every_palette_colour_can_be_told_from_all_others)
     EXPECT_FALSE(colors.contains(mask_magenta));
     const int near_black = palette_color[1];
     EXPECT_TRUE(near_black != 0 && colors_close(near_black, 0, 24));
-}
-
-TEST_F(Resources, fonts_have_all_of_ascii_and_keep_their_measures)
-{
-    const Font& wide = font_table[FONT_WIDE];
-    const Font& narrow = font_table[FONT_NARROW];
-    for (int c = 32; c < 127; ++c) {
-        const auto code = static_cast<std::size_t>(c);
-        EXPECT_EQ(wide.advance[code], 6) << static_cast<char>(c);
-        EXPECT_GT(wide.glyph_x[code], 0) << static_cast<char>(c);
-        EXPECT_GT(narrow.glyph_x[code], 0) << static_cast<char>(c);
-        EXPECT_LE(narrow.advance[code], 6) << static_cast<char>(c);
-    }
-    // The narrow readout of the frame's number ends at the edge of the screen.
-    set_text(FONT_NARROW, 21, 0, 0, 0, 1, 0, 0);
-    EXPECT_LE(text_width("|c21FRAME > |c3299"), 40);
 }
 
 // The bands are where diagonal lines from (0, y) to (64, y - 64) fall, in runs of four every 8 rows from -1 on.
