@@ -1,15 +1,15 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds the suites and passes all tests, headless. The last line is ctest's.
-#   dev   unit tests, sessions, the level check, the real program on a virtual display
-#   asan  unit tests, sessions and a few seconds of each fuzz target under AddressSanitizer and UBSan
-#   tsan  the program with its timers on a thread of their own, under ThreadSanitizer
+#   program  the order of the source, and stories of the real program on a virtual display
+#   asan     unit tests, sessions and a few seconds of each fuzz target under AddressSanitizer and UBSan
+#   tsan     the program with its timers on a thread of their own, under ThreadSanitizer
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")"
 . tools/packages.sh
 
 need_packages "${build_packages[@]}" "${display_packages[@]}" "${test_packages[@]}"
 
-suites=(dev asan tsan)
+suites=(program asan tsan)
 mkdir -p build/all
 : >build/all/CTestTestfile.cmake
 for suite in "${suites[@]}"; do
