@@ -28,14 +28,14 @@ void watch_connection()
 
 void deliver_input()
 {
-    if (display_lost()) return;
-    // A look at the connection itself, since a call on a broken one may wait for ever.
+    if (display_lost() || !screen) return;
+    // Under the lock of the event thread, which may be the one to see the display go: a call on the broken connection
+    // afterwards waits for ever. So does one before anybody has looked.
+    acquire_screen();
     pollfd connection = {ConnectionNumber(_xwin.display), POLLIN, 0};
-    if (poll(&connection, 1, 0) > 0 && (connection.revents & (POLLHUP | POLLERR)) != 0) {
-        note_display_lost();
-    } else {
-        _xwin_handle_input(); // takes the lock of the event thread
-    }
+    if (poll(&connection, 1, 0) > 0 && (connection.revents & (POLLHUP | POLLERR)) != 0) note_display_lost();
+    if (!display_lost()) _xwin_handle_input();
+    release_screen();
 }
 
 void await_input(int milliseconds)
