@@ -13,27 +13,27 @@ namespace {
 constexpr int low_saving_ms = 2;
 constexpr int high_saving_ms = 10;
 
-void wait_for_turn()
+/// With a display that paces the presents, and once after a pan, the picture goes out with the
+/// display's own next one.
+void wait_for_blank()
 {
     const platform::Host& machine = *platform::host;
-    clock_state.present_ready = 1;
-    if (preferences.frame_limiter == 0) {
-        machine.wait_vertical_blank();
-    } else if (frame_flags.vsync_once != 0) {
-        machine.rest(1);
-        machine.wait_vertical_blank();
-        frame_flags.vsync_once = 0;
-    } else {
-        machine.rest(preferences.frame_limiter == 1 ? low_saving_ms : high_saving_ms);
-    }
+    if (preferences.frame_limiter != 0) machine.rest(1);
+    machine.wait_vertical_blank();
+    frame_flags.vsync_once = 0;
 }
 
 } // namespace
 
 void present_back_buffer()
 {
-    if (preferences.power_save != 0) wait_for_turn();
+    const bool paced = preferences.power_save != 0;
+    const bool by_display = preferences.frame_limiter == 0 || frame_flags.vsync_once != 0;
+    if (paced) clock_state.present_ready = 1;
+    if (paced && by_display) wait_for_blank();
     platform::host->present(screen_state.back_buffer);
+    // Asleep with the picture on the screen and not before: what the hand does shows ten milliseconds earlier.
+    if (paced && !by_display) platform::host->rest(preferences.frame_limiter == 1 ? low_saving_ms : high_saving_ms);
 }
 
 } // namespace kelu

@@ -1,4 +1,4 @@
-// The presenter: waits as the frame limiter asks, then shows the composed picture.
+// The presenter: shows the composed picture and sleeps as the frame limiter asks.
 #pragma once
 
 namespace kelu {
