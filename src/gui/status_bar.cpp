@@ -42,7 +42,7 @@ void draw_in_the_middle(int y, int colour_set, const char* text)
 /// The text of a message, with its reason when it has one.
 std::string message_text(int message)
 {
-    const std::string text = tooltip_text(message);
+    std::string text = tooltip_text(message);
     if (message != menus.reasoned_message) return text;
     set_outlined_text(FONT_WIDE, SET_MESSAGE);
     const std::string both = text + " " + menus.status_reason;

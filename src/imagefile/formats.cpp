@@ -56,29 +56,29 @@ constexpr bool (*no_writer)(const char*, BITMAP*, const SaveOptions&) = nullptr;
 
 // clang-format off
 constexpr FormatRow formats[] = {
-    // id             name   signature                            at prev.  alpha
-    {FORMAT_GIF,       "GIF", "GIF",                               0, true,  false,
+    // id               at name   signature                        prev.  alpha
+    {FORMAT_GIF,       0, "GIF", "GIF",                           true,  false,
      [](Span bytes) { return opaque(decode_gif(bytes)); }, save_reduced<save_gif>},
-    {FORMAT_PCX,       "PCX", "",                                  0, true,  false,
+    {FORMAT_PCX,       0, "PCX", "",                              true,  false,
      [](Span bytes) { return opaque(decode_pcx(bytes)); },
      [](const char* name, BITMAP* picture, const SaveOptions&) { return save_pcx_picture(name, picture) == 0; }},
-    {FORMAT_BMP,       "BMP", "BM",                                0, true,  false,
+    {FORMAT_BMP,       0, "BMP", "BM",                            true,  false,
      [](Span bytes) { return opaque(decode_bmp(bytes)); },
      [](const char* name, BITMAP* picture, const SaveOptions&) { return write_bmp(name, picture); }},
-    {FORMAT_PNG,       "PNG", "PNG",                               1, true,  true,
+    {FORMAT_PNG,       1, "PNG", "PNG",                           true,  true,
      decode_png_merged,
      [](const char* name, BITMAP* picture, const SaveOptions&) { return save_png(name, picture) == 0; }},
-    {FORMAT_JPG,       "JPG", "",                                  0, true,  false,
+    {FORMAT_JPG,       0, "JPG", "",                              true,  false,
      [](Span bytes) { return opaque(decode_jpeg(bytes)); },
      [](const char* name, BITMAP* picture, const SaveOptions& options) { return save_jpeg(name, picture, options.jpg_quality); }},
-    {FORMAT_LBM,       "LBM", "FORM",                              0, true,  false,
+    {FORMAT_LBM,       0, "LBM", "FORM",                          true,  false,
      [](Span bytes) { return opaque(decode_lbm(bytes)); }, save_reduced<save_lbm>},
-    {FORMAT_TTF,       "TTF", "",                                  0, true,  false, no_decoder, no_writer},
-    {FORMAT_FON,       "FON", "",                                  0, true,  false, no_decoder, no_writer},
-    {FORMAT_WSP,       "WSP", "kWSP",                              0, false, false, no_decoder, no_writer},
-    {FORMAT_FAVORITES, "",    "COL",                               0, false, false, no_decoder, no_writer},
-    {FORMAT_SCHEME,    "",    "SCH",                               0, false, false, no_decoder, no_writer},
-    {FORMAT_ICO,       "ICO", std::string_view("\0\0\1\0", 4),     0, true,  true,
+    {FORMAT_TTF,       0, "TTF", "",                              true,  false, no_decoder, no_writer},
+    {FORMAT_FON,       0, "FON", "",                              true,  false, no_decoder, no_writer},
+    {FORMAT_WSP,       0, "WSP", "kWSP",                          false, false, no_decoder, no_writer},
+    {FORMAT_FAVORITES, 0, "",    "COL",                           false, false, no_decoder, no_writer},
+    {FORMAT_SCHEME,    0, "",    "SCH",                           false, false, no_decoder, no_writer},
+    {FORMAT_ICO,       0, "ICO", std::string_view("\0\0\1\0", 4), true,  true,
      decode_ico,
      [](const char* name, BITMAP* picture, const SaveOptions&) { return save_ico(name, picture) == 1; }},
 };
@@ -121,7 +121,7 @@ int format_from_signature(const std::string& name)
     }
     for (const FormatRow& format : formats) {
         ByteReader in(bytes);
-        in.seek(format.signature_at);
+        in.seek(static_cast<std::size_t>(format.signature_at));
         if (!format.signature.empty() && in.starts_with(format.signature)) return format.id;
     }
     return FORMAT_NONE;

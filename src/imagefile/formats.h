@@ -34,9 +34,9 @@ struct SaveOptions {
 /// One row a format. What a format doesn't have is empty.
 struct FormatRow {
     int id;
+    int signature_at;           ///< where in its files the signature stands
     std::string_view extension; ///< upper case
-    std::string_view signature; ///< bytes that its files begin with ...
-    std::size_t signature_at;   ///< ... or that stand there
+    std::string_view signature; ///< bytes that tell it
     bool previews;              ///< the browser shows its content
     bool keeps_alpha;           ///< `save` takes the merged form
     /// Decodes a file to merged form; a picture without an alpha channel is opaque.

@@ -86,7 +86,7 @@ Bitmap decode_tga(std::span<const uint8_t> bytes)
     const int w = in.little16(), h = in.little16(), bits = in.byte(), descriptor = in.byte();
     if ((type != type_plain && type != type_runs) || (bits != 24 && bits != 32) || !bitmap_size_valid(w, h)) return {};
     in.skip(id_size);
-    if (mapped) in.skip(static_cast<std::size_t>(map_length * ((map_bits + 7) / 8)));
+    if (mapped) in.skip(static_cast<std::size_t>(map_length) * static_cast<std::size_t>((map_bits + 7) / 8));
 
     // A packet holds at most 128 pixels: fewer bytes than that can't be a picture of this size, however it is coded.
     const auto pixel_count = static_cast<std::size_t>(w) * static_cast<std::size_t>(h);

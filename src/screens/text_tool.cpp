@@ -74,7 +74,7 @@ bool drag_text()
     sample_press();
     const Point press = snapped_press();
     const Point offset{node.x - press.x, node.y - press.y};
-    const auto stick_to = [&](Point at) { node = {at.x + offset.x, at.y + offset.y}; };
+    const auto stick_to = [&node, offset](Point at) { node = {at.x + offset.x, at.y + offset.y}; };
     while (!leaving()) {
         stick_to(snapped_mouse());
         run_frame(0);

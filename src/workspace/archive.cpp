@@ -197,6 +197,9 @@ File open_archive(const std::string& name, ArchiveHead& head)
     return file;
 }
 
+/// Every text in a file ends at a zero byte.
+std::string up_to_zero(const std::string& text) { return text.substr(0, text.find('\0')); }
+
 } // namespace
 
 bool copy_file_to_archive(const std::string& file_name, platform::FileReplacement& archive, std::span<uint8_t> buffer)
@@ -273,8 +276,8 @@ int load_workspace_archive(const std::string& file_name)
         ArchiveProgress progress(TEXT_LOADING_WORKSPACE, head.frames);
         drop_onion_skin();
         clear_frame_cache();
-        store.workspace_title = head.title.c_str(); // up to a zero byte, like every text in a file
-        store.workspace_notes = head.notes.c_str();
+        store.workspace_title = up_to_zero(head.title);
+        store.workspace_notes = up_to_zero(head.notes);
         const bool whole = extract_all(archive.get(), head, progress);
         progress.finish();
         if (whole)

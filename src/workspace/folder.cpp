@@ -53,7 +53,7 @@ std::string free_name(const std::string& name)
 
 std::string keep_unreadable(const std::string& name, const std::string& set_name)
 {
-    const std::string kept = free_name(set_name);
+    std::string kept = free_name(set_name);
     if (kept.empty() || !platform::rename_file(name, kept)) return {};
     log_line("[ WARNING ] : Unreadable file %s kept as %s", name, kept);
     return kept;

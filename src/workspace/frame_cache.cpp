@@ -65,14 +65,16 @@ void refresh_frame_cache()
     BITMAP* cached = cached_frame(frame);
     if (!cached) return;
     const Bitmap& picture = color_picture();
-    if (!in_anim_list(frame))
-        drop_cached_frame(frame);
-    else if (cached->w == picture.width() && cached->h == picture.height())
+    const bool listed = in_anim_list(frame);
+    if (listed && cached->w == picture.width() && cached->h == picture.height()) {
         blit(picture, cached, 0, 0, 0, 0, cached->w, cached->h);
-    else if (Bitmap copy = picture.copy())
+        return;
+    }
+    if (Bitmap copy = listed ? picture.copy() : Bitmap()) {
         slot_bitmap(reference(frame)) = std::move(copy);
-    else
+    } else {
         drop_cached_frame(frame);
+    }
 }
 
 int find_cache_slot()
