@@ -56,7 +56,7 @@ void draw_rail(int x1, int y1, int x2, int y2, const Rail& rail)
 /// Arrow 0 or 1, in its lit form while it is held and under the pointer.
 void draw_arrow(int slot, int which)
 {
-    const auto at = static_cast<std::size_t>(2 * which);
+    const auto at = std::size_t{2} * static_cast<std::size_t>(which);
     const bool held =
         gui_logic.gui_capture == 2 + which && pointer.gui_hold_slot == slot && pointer.gui_hover_slot == slot;
     const int w = gui.arrow_w[slot];
