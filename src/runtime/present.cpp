@@ -13,8 +13,7 @@ namespace {
 constexpr int low_saving_ms = 2;
 constexpr int high_saving_ms = 10;
 
-/// With a display that paces the presents, and once after a pan, the picture goes out with the
-/// display's own next one.
+/// With a display that paces the presents, and once after a pan, the picture goes out with the display's own next one.
 void wait_for_blank()
 {
     const platform::Host& machine = *platform::host;

@@ -2,12 +2,12 @@
 #include "screens/draw_menu.h"
 
 #include "draw/operation.h"
+#include "draw/tool_loop.h"
 #include "draw/tools.h"
 #include "draw/undo.h"
 #include "gui/build.h"
 #include "gui/scheme.h"
 #include "runtime/frame.h"
-#include "runtime/input.h"
 #include "runtime/run_state.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
@@ -20,6 +20,7 @@
 #include "screens/freeze.h"
 #include "screens/screen_pick.h"
 #include "screens/tip_menu.h"
+#include "screens/waits.h"
 #include <array>
 
 namespace kelu {
@@ -104,31 +105,14 @@ void build_favorites(Origin at)
     }
 }
 
-bool over_bare_frame() { return pointer.gui_hover_slot < 0; }
-
 void draw_on_press()
 {
-    poll_mouse_buttons();
     // The press can be newer than the last logic pass, which knows where the pointer was then.
-    if (pointer.mouse_left == 0 || slot_under_pointer() >= 0) return;
+    if (!left_down() || slot_under_pointer() >= 0) return;
     update_mouse_position();
     tool_dispatch();
-    while (pointer.mouse_left != 0) {
-        run_frame(0);
-        poll_mouse_buttons();
-    }
+    wait_left_release();
     clear_to_color(screen_state.tool_overlay, mask_magenta);
-}
-
-/// The right button on the bare frame hides the strip or shows it again.
-void hide_on_right_press()
-{
-    if (pointer.mouse_right == 0 || !over_bare_frame()) return;
-    while (pointer.mouse_right != 0) {
-        run_frame(0);
-        poll_mouse_buttons();
-    }
-    menu_toggle_hidden(SLOT_WINDOW);
 }
 
 /// Moves the light to the clicked button of a block.

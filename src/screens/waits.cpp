@@ -5,11 +5,10 @@
 #include "draw/tool_loop.h"
 #include "gui/slots.h"
 #include "runtime/hotkeys.h"
-#include "runtime/input.h"
 
 namespace kelu {
 
-bool right_press_on_bare_frame() { return right_down() && pointer.gui_hover_slot < 0; }
+bool right_press_on_bare_frame() { return right_down() && slot_under_pointer() < 0; }
 
 void hide_on_right_press()
 {
