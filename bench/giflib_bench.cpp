@@ -2,8 +2,7 @@
 #include "imagefile/gif.h"
 #include "imagefile/reader.h"
 #include "imagefile/reduce.h"
-#include "platform/host.h"
-#include "runtime/pixels.h"
+#include "ramps.h"
 #include <benchmark/benchmark.h>
 #include <gif_lib.h>
 #include <map>
@@ -12,18 +11,7 @@
 namespace kelu {
 namespace {
 
-constexpr int side = 1024;
-
-Bitmap ramps()
-{
-    platform::headless_host.start();
-    Bitmap picture(side, side);
-    for (int y = 0; y < side; ++y) {
-        for (int x = 0; x < side; ++x)
-            row(picture, y)[x] = (x / 64 + y / 64) % 3 == 0 ? 0x406080 : pack_rgb(x >> 2, y >> 2, (x + y) / 16);
-    }
-    return picture;
-}
+constexpr int side = ramps_side;
 
 int append(GifFileType* file, const GifByteType* data, int count)
 {

@@ -1,7 +1,7 @@
 // The same picture through libpng at the same level of zlib, to hold our own codec against.
 #include "imagefile/png.h"
 #include "imagefile/reader.h"
-#include "platform/host.h"
+#include "ramps.h"
 #include "runtime/pixels.h"
 #include <benchmark/benchmark.h>
 #include <png.h>
@@ -9,19 +9,7 @@
 namespace kelu {
 namespace {
 
-constexpr int side = 1024;
-
-/// Areas of one colour and ramps.
-Bitmap ramps()
-{
-    platform::headless_host.start();
-    Bitmap picture(side, side);
-    for (int y = 0; y < side; ++y) {
-        for (int x = 0; x < side; ++x)
-            row(picture, y)[x] = (x / 64 + y / 64) % 3 == 0 ? 0x406080 : pack_rgb(x >> 2, y >> 2, (x + y) / 16);
-    }
-    return picture;
-}
+constexpr int side = ramps_side;
 
 void append(png_structp file, png_bytep data, png_size_t count)
 {
