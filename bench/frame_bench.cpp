@@ -1,9 +1,9 @@
 // The cost of a frame, of presenting it, and of a stroke.
+#include "base/run_state.h"
 #include "draw/operation.h"
+#include "loop/frame.h"
 #include "platform/scaler.h"
-#include "runtime/frame.h"
 #include "runtime/input.h"
-#include "runtime/run_state.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
 #include "screens/draw_menu.h"

@@ -1,10 +1,10 @@
 // What the idle actor layer costs: its passes run 140 and 100 times a second while the editor works.
+#include "base/run_state.h"
 #include "framework/actor_shadow.h"
 #include "framework/behaviors.h"
 #include "framework/bubbles.h"
 #include "framework/script.h"
 #include "framework/tint.h"
-#include "runtime/run_state.h"
 #include <benchmark/benchmark.h>
 
 namespace kelu {

@@ -1,6 +1,6 @@
 // A picture of the same size through giflib, to hold our own encoder against.
+#include "base/reader.h"
 #include "imagefile/gif.h"
-#include "imagefile/reader.h"
 #include "imagefile/reduce.h"
 #include "ramps.h"
 #include <benchmark/benchmark.h>

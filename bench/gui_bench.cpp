@@ -1,10 +1,10 @@
 // What a frame of text and a full table of slots cost.
+#include "base/run_state.h"
 #include "gui/build.h"
 #include "gui/render.h"
 #include "gui/text.h"
 #include "platform/host.h"
 #include "runtime/frame_snapshot.h"
-#include "runtime/run_state.h"
 #include "support/screen_resources.h"
 #include <benchmark/benchmark.h>
 

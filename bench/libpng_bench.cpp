@@ -1,6 +1,6 @@
 // The same picture through libpng at the same level of zlib, to hold our own codec against.
+#include "base/reader.h"
 #include "imagefile/png.h"
-#include "imagefile/reader.h"
 #include "ramps.h"
 #include "runtime/pixels.h"
 #include <benchmark/benchmark.h>

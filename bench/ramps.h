@@ -1,8 +1,8 @@
 // The picture on which our codecs are held against others.
 #pragma once
 
+#include "base/bitmap.h"
 #include "platform/host.h"
-#include "runtime/bitmap.h"
 #include "runtime/pixels.h"
 
 namespace kelu {

@@ -2,9 +2,10 @@
 // and macros, and a workspace with one blank frame, options for every tool and ink, and colours to paint with.
 //
 //     make_defaults FOLDER    writes FOLDER/resource/user.def and FOLDER/WORKSPACE/current.*
+#include "base/run_state.h"
 #include "colour/spaces.h"
-#include "draw/tools.h"
 #include "platform/host.h"
+#include "program/startup.h"
 #include "runtime/browser_state.h"
 #include "runtime/color_band.h"
 #include "runtime/hotkeys.h"
@@ -12,12 +13,11 @@
 #include "runtime/pixels.h"
 #include "runtime/preferences.h"
 #include "runtime/random.h"
-#include "runtime/run_state.h"
-#include "runtime/startup.h"
 #include "runtime/store.h"
 #include "runtime/text_settings.h"
 #include "runtime/toolbox.h"
 #include "screens/actions.h"
+#include "tools/tools.h"
 #include "workspace/blank_workspace.h"
 #include "workspace/settings.h"
 #include "workspace/state.h"

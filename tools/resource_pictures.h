@@ -1,7 +1,7 @@
 // The pictures of the resource files, drawn from the texts of assets/.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 #include "text_art.h"
 
 namespace kelu::tools {

@@ -1,9 +1,9 @@
 // The shift of one colour, and of an area.
 #include "colour/tint.h"
 
+#include "base/run_state.h"
 #include "colour/spaces.h"
 #include "runtime/preferences.h"
-#include "runtime/run_state.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
 #include <algorithm>

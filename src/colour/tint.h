@@ -1,7 +1,7 @@
 // Shifts of hue, lightness and saturation of a whole picture.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 
 namespace kelu {
 

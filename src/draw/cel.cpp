@@ -1,7 +1,7 @@
 // The cel as a picture.
 #include "draw/cel.h"
 
-#include "runtime/log.h"
+#include "base/log.h"
 #include "runtime/pixels.h"
 #include "runtime/preferences.h"
 #include "runtime/store.h"

@@ -4,7 +4,7 @@
 // loops in which the user does so in cel_grab.h, cel_paste.h, cel_turn.h and cel_stretch.h.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 #include "runtime/cel.h"
 
 namespace kelu {

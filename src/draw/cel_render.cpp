@@ -2,6 +2,7 @@
 // goes through the ink. A commit never looks at the view: the timers may move it meanwhile.
 #include "draw/cel_render.h"
 
+#include "base/run_state.h"
 #include "draw/dashes.h"
 #include "draw/grid.h"
 #include "draw/inks.h"
@@ -9,7 +10,6 @@
 #include "runtime/frame_snapshot.h"
 #include "runtime/pixels.h"
 #include "runtime/preferences.h"
-#include "runtime/run_state.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
 #include <algorithm>

@@ -1,8 +1,8 @@
 // Dashed lines that crawl: what every preview is drawn with.
 #pragma once
 
+#include "base/bitmap.h"
 #include "draw/point_list.h"
-#include "runtime/bitmap.h"
 #include <span>
 
 namespace kelu {

@@ -4,9 +4,9 @@
 // not to its neighbour, so that the tolerance doesn't drift along a soft gradient.
 #pragma once
 
+#include "base/bitmap.h"
+#include "base/function_ref.h"
 #include "draw/operation.h"
-#include "runtime/bitmap.h"
-#include "runtime/function_ref.h"
 
 namespace kelu {
 

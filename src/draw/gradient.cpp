@@ -1,7 +1,7 @@
 // The derived values of the gradients' nodes.
 #include "draw/gradient.h"
 
-#include "runtime/maths.h"
+#include "base/maths.h"
 #include <cmath>
 
 namespace kelu {

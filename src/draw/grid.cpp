@@ -1,7 +1,7 @@
 // Snapping to the grid's lines.
 #include "draw/grid.h"
 
-#include "runtime/log.h"
+#include "base/log.h"
 #include <cstdlib>
 
 namespace kelu {

@@ -5,8 +5,8 @@
 // sprite are written once (ink_loops.h) and made once an ink, so that the work of `apply` is inlined into them.
 #pragma once
 
+#include "base/bitmap.h"
 #include "draw/tips.h"
-#include "runtime/bitmap.h"
 #include "runtime/pixels.h"
 #include "runtime/toolbox.h"
 #include <algorithm>

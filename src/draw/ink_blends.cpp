@@ -3,9 +3,9 @@
 // Channel arithmetic is single precision, and every conversion to an integer truncates.
 #include "draw/ink_loops.h"
 
+#include "base/run_state.h"
 #include "draw/ink_classes.h"
 #include "runtime/random.h"
-#include "runtime/run_state.h"
 
 namespace kelu {
 

@@ -1,17 +1,17 @@
 // The spine of every stroke, and the stroke of "DRAW".
 #include "draw/operation.h"
 
+#include "base/log.h"
 #include "draw/grid.h"
 #include "draw/inks.h"
 #include "draw/tips.h"
-#include "draw/tools.h"
 #include "draw/undo.h"
+#include "loop/frame.h"
 #include "runtime/clock.h"
-#include "runtime/frame.h"
 #include "runtime/input.h"
-#include "runtime/log.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
+#include "tools/tools.h"
 #include <cstdlib>
 
 namespace kelu {

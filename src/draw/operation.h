@@ -5,7 +5,7 @@
 // thread only.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 
 namespace kelu {
 

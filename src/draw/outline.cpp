@@ -3,8 +3,8 @@
 
 #include "draw/span_fill.h"
 #include "draw/tool_input.h"
-#include "draw/tools.h"
 #include "runtime/store.h"
+#include "tools/tools.h"
 
 namespace kelu {
 

@@ -1,11 +1,11 @@
 // Every pixel of the text's picture is a strength: the mix of what lies below and the brush colour.
 #include "draw/placed_text.h"
 
+#include "base/function_ref.h"
+#include "base/log.h"
 #include "draw/inks.h"
 #include "draw/tool_input.h"
 #include "draw/undo.h"
-#include "runtime/function_ref.h"
-#include "runtime/log.h"
 #include "runtime/pixels.h"
 #include "runtime/store.h"
 #include "runtime/toolbox.h"

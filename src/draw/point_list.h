@@ -3,8 +3,8 @@
 // The walkers know no frame, ink or screen. They report every pixel to a visitor, in the order in which it is drawn.
 #pragma once
 
-#include "runtime/bitmap.h"
-#include "runtime/function_ref.h"
+#include "base/bitmap.h"
+#include "base/function_ref.h"
 #include <algorithm>
 #include <limits>
 #include <span>

@@ -1,9 +1,9 @@
 // "SEP." and "EDGE": every pixel of a colour, and the rim of every area of a colour, over the whole frame.
 #pragma once
 
+#include "base/bitmap.h"
+#include "base/function_ref.h"
 #include "draw/operation.h"
-#include "runtime/bitmap.h"
-#include "runtime/function_ref.h"
 
 namespace kelu {
 

@@ -1,10 +1,10 @@
 // The tip's cell, and the mask and the reach that the pointer and the crosshairs take from it.
 #include "draw/tips.h"
 
-#include "runtime/log.h"
+#include "base/log.h"
+#include "base/run_state.h"
 #include "runtime/pixels.h"
 #include "runtime/preferences.h"
-#include "runtime/run_state.h"
 #include "runtime/store.h"
 #include "runtime/toolbox.h"
 #include <algorithm>

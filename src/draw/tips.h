@@ -1,7 +1,7 @@
 // Brush tips: reading a tip's cell from the sheet, choosing a tip, and what the pointer shows of it.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 #include "runtime/sheets.h"
 #include <array>
 #include <cstdint>

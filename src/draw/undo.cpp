@@ -1,7 +1,7 @@
 // The two queues of snapshots, written as one: each function works on a view of the undo or of the redo side.
 #include "draw/undo.h"
 
-#include "runtime/log.h"
+#include "base/log.h"
 #include "runtime/preferences.h"
 #include "runtime/store.h"
 #include <algorithm>

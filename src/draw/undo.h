@@ -4,7 +4,7 @@
 // nothing: a queue is searched by age. Main thread only.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 #include <array>
 
 namespace kelu {

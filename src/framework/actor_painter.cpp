@@ -1,9 +1,9 @@
 // Discs, line by line.
 #include "framework/actor_painter.h"
 
+#include "base/run_state.h"
 #include "framework/fades.h"
 #include "runtime/pixels.h"
-#include "runtime/run_state.h"
 #include <cmath>
 
 namespace kelu {

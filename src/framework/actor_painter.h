@@ -1,8 +1,8 @@
 // Drawing of an actor. The framework holds no cels, so an actor is a disc of its diameter in its colour.
 #pragma once
 
+#include "base/bitmap.h"
 #include "framework/actor_shadow.h"
-#include "runtime/bitmap.h"
 
 namespace kelu {
 

@@ -1,8 +1,8 @@
 // Writing of animation tables. Main thread.
 #include "framework/animation.h"
 
+#include "base/log.h"
 #include "framework/behaviors.h"
-#include "runtime/log.h"
 #include "runtime/random.h"
 #include <span>
 

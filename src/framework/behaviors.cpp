@@ -1,9 +1,9 @@
 // The table of behaviours and the pass that runs them. Timer thread.
 #include "framework/behaviors.h"
 
+#include "base/log.h"
+#include "base/run_state.h"
 #include "framework/behavior_steps.h"
-#include "runtime/log.h"
-#include "runtime/run_state.h"
 #include <algorithm>
 #include <iterator>
 

@@ -1,8 +1,8 @@
 // Behaviours whose state is a field of its own in the row: particles, plasma and splash; and the trail of copies.
+#include "base/log.h"
 #include "framework/behavior_steps.h"
 #include "framework/behaviors.h"
 #include "framework/fades.h"
-#include "runtime/log.h"
 #include "runtime/random.h"
 #include <algorithm>
 

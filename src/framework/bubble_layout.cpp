@@ -2,7 +2,7 @@
 // done in arrays on the stack.
 #include "framework/bubble_layout.h"
 
-#include "runtime/log.h"
+#include "base/log.h"
 #include <algorithm>
 #include <span>
 

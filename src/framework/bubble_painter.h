@@ -1,7 +1,7 @@
 // Drawing of speech bubbles.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 
 namespace kelu {
 

@@ -1,10 +1,10 @@
 // The life of speech bubbles: opening, typing, holding, closing, free.
 #include "framework/bubbles.h"
 
+#include "base/log.h"
+#include "base/run_state.h"
 #include "framework/bubble_layout.h"
 #include "runtime/actors.h"
-#include "runtime/log.h"
-#include "runtime/run_state.h"
 #include <algorithm>
 
 namespace kelu {

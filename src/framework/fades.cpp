@@ -1,9 +1,9 @@
 // Starting of fades and waves: parameters first, the behaviour's id last, since the timer looks at it.
 #include "framework/fades.h"
 
+#include "base/log.h"
 #include "framework/behaviors.h"
 #include "framework/variables.h"
-#include "runtime/log.h"
 #include "runtime/random.h"
 
 namespace kelu {

@@ -1,13 +1,13 @@
 // Handlers of the framework's jobs. Main thread, at the end of a frame.
 #include "framework/framework_jobs.h"
 
+#include "base/log.h"
 #include "framework/actor_painter.h"
 #include "framework/script.h"
 #include "framework/sound.h"
+#include "loop/frame.h"
 #include "runtime/clock.h"
-#include "runtime/frame.h"
 #include "runtime/jobs.h"
-#include "runtime/log.h"
 
 namespace kelu {
 namespace {

@@ -1,10 +1,10 @@
 // The cipher of the resource files, their conversion and their loading.
 #include "framework/resource_files.h"
 
+#include "base/log.h"
 #include "imagefile/gif.h"
 #include "platform/files.h"
 #include "runtime/failure.h"
-#include "runtime/log.h"
 #include "runtime/random.h"
 #include "runtime/sheets.h"
 #include <filesystem>

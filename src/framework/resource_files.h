@@ -7,8 +7,8 @@
 // runs on the main thread, before the timers.
 #pragma once
 
-#include "imagefile/reader.h"
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
+#include "base/reader.h"
 #include <array>
 #include <span>
 #include <string>

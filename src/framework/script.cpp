@@ -1,12 +1,12 @@
 // Running of scripts. Timer thread: no allocation and no locks, though every command leaves a line in the log.
 #include "framework/script.h"
 
+#include "base/log.h"
+#include "base/run_state.h"
 #include "framework/bubbles.h"
 #include "framework/fades.h"
 #include "runtime/actors.h"
 #include "runtime/jobs.h"
-#include "runtime/log.h"
-#include "runtime/run_state.h"
 #include "runtime/view.h"
 
 namespace kelu {

@@ -4,7 +4,7 @@
 // `script_active`. Scripts run on the timer thread; the jobs that they queue run on the main thread.
 #pragma once
 
-#include "runtime/words.h"
+#include "base/words.h"
 #include <array>
 #include <cstdint>
 #include <span>

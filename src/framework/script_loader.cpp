@@ -1,8 +1,8 @@
 // Reading of compiled scripts. Main thread; the slot is inactive.
 #include "framework/script.h"
 
+#include "base/log.h"
 #include "platform/files.h"
-#include "runtime/log.h"
 #include <algorithm>
 
 namespace kelu {

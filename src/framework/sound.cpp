@@ -1,9 +1,9 @@
 // Playing of samples.
 #include "framework/sound.h"
 
+#include "base/log.h"
 #include "runtime/clock.h"
 #include "runtime/jobs.h"
-#include "runtime/log.h"
 #include "runtime/random.h"
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // Short sounds: a table of samples, and two ways to play one. The editor loads no sample.
 #pragma once
 
-#include "runtime/words.h"
+#include "base/words.h"
 #include <allegro.h>
 #include <array>
 

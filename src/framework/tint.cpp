@@ -1,9 +1,9 @@
 // The screen tint's actor: found by its profession, or spawned.
 #include "framework/tint.h"
 
+#include "base/log.h"
 #include "framework/behaviors.h"
 #include "runtime/actors.h"
-#include "runtime/log.h"
 #include "runtime/pixels.h"
 
 namespace kelu {

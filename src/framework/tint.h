@@ -2,8 +2,8 @@
 // from black with it at the start.
 #pragma once
 
-#include "runtime/bitmap.h"
-#include "runtime/words.h"
+#include "base/bitmap.h"
+#include "base/words.h"
 
 namespace kelu {
 

@@ -1,10 +1,10 @@
 // Building of windows and slots.
 #include "gui/build.h"
 
+#include "base/run_state.h"
 #include "gui/scheme.h"
 #include "gui/scroll_bar.h"
 #include "runtime/fonts.h"
-#include "runtime/run_state.h"
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>

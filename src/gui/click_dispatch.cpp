@@ -1,6 +1,8 @@
 // The action codes as a table: one row each.
 #include "gui/click_dispatch.h"
 
+#include "base/log.h"
+#include "base/run_state.h"
 #include "gui/field.h"
 #include "gui/kinds.h"
 #include "gui/logic.h"
@@ -8,8 +10,6 @@
 #include "gui/slots.h"
 #include "runtime/input.h"
 #include "runtime/jobs.h"
-#include "runtime/log.h"
-#include "runtime/run_state.h"
 #include "runtime/toolbox.h"
 #include <algorithm>
 

@@ -1,10 +1,10 @@
 // The field editor.
 #include "gui/field.h"
 
+#include "base/log.h"
 #include "gui/slots.h"
 #include "runtime/fonts.h"
 #include "runtime/input.h"
-#include "runtime/log.h"
 #include <algorithm>
 #include <allegro.h>
 

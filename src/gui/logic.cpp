@@ -1,6 +1,7 @@
 // The passes of the logic tick, in their order.
 #include "gui/logic.h"
 
+#include "base/run_state.h"
 #include "gui/click_dispatch.h"
 #include "gui/field.h"
 #include "gui/menus.h"
@@ -10,7 +11,6 @@
 #include "runtime/clock.h"
 #include "runtime/input.h"
 #include "runtime/preferences.h"
-#include "runtime/run_state.h"
 
 namespace kelu {
 namespace {

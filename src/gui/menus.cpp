@@ -1,8 +1,8 @@
 // Timed status messages and the ghost of a menu.
 #include "gui/menus.h"
 
+#include "base/log.h"
 #include "platform/files.h"
-#include "runtime/log.h"
 
 namespace kelu {
 namespace {

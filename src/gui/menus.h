@@ -1,7 +1,7 @@
 // The screen that runs now, where windows stand, and the line that the status bar flashes.
 #pragma once
 
-#include "runtime/words.h"
+#include "base/words.h"
 #include <array>
 #include <string>
 #include <string_view>

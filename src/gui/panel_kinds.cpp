@@ -1,10 +1,10 @@
 // Kinds that are a panel: windows, grounds, progress, arrows.
+#include "base/run_state.h"
 #include "gui/painters.h"
 #include "gui/panels.h"
 #include "gui/scheme.h"
 #include "gui/slots.h"
 #include "runtime/preferences.h"
-#include "runtime/run_state.h"
 #include "runtime/sheets.h"
 
 namespace kelu {

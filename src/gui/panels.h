@@ -1,7 +1,7 @@
 // What all painters of slots share: the canvas, panels and boxes, centred labels. Main thread.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 
 namespace kelu {
 

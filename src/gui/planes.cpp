@@ -1,15 +1,15 @@
 // Colour planes: one channel fixed, the other two running across and down.
 #include "gui/planes.h"
 
+#include "base/run_state.h"
 #include "colour/spaces.h"
 #include "gui/kinds.h"
 #include "gui/painters.h"
 #include "gui/panels.h"
 #include "gui/scheme.h"
 #include "gui/slots.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
 #include "runtime/pixels.h"
-#include "runtime/run_state.h"
 #include <algorithm>
 
 namespace kelu {

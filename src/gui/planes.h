@@ -1,7 +1,7 @@
 // The colour map of the colour menus: its picture is made anew only when what it depends on has changed.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 #include <array>
 #include <cstddef>
 

@@ -1,6 +1,7 @@
 // Kinds that show pictures: of a file, of the whole frame, of a thumbnail, of the frame round the pointer.
 #include "gui/previews.h"
 
+#include "base/run_state.h"
 #include "gui/painters.h"
 #include "gui/panels.h"
 #include "gui/scheme.h"
@@ -9,7 +10,6 @@
 #include "runtime/frame_snapshot.h"
 #include "runtime/pixels.h"
 #include "runtime/preferences.h"
-#include "runtime/run_state.h"
 #include "runtime/store.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"

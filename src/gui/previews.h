@@ -1,7 +1,7 @@
 // Pictures that previews show and other folders make.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 
 namespace kelu {
 

@@ -1,13 +1,13 @@
 // The table of kinds, and the walk over the slots.
 #include "gui/render.h"
 
+#include "base/run_state.h"
 #include "gui/kinds.h"
 #include "gui/menus.h"
 #include "gui/painters.h"
 #include "gui/panels.h"
 #include "gui/slots.h"
 #include "gui/text_colours.h"
-#include "runtime/run_state.h"
 #include <array>
 #include <utility>
 

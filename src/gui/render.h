@@ -1,7 +1,7 @@
 // Drawing of the table: every slot again in every frame, from 0 up. Main thread.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 
 namespace kelu {
 

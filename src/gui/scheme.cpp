@@ -1,8 +1,8 @@
 // A scheme put on: live colours, text sets, the GUI sheet.
 #include "gui/scheme.h"
 
+#include "base/run_state.h"
 #include "gui/text_colours.h"
-#include "runtime/run_state.h"
 #include "runtime/sheets.h"
 
 namespace kelu {

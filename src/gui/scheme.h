@@ -1,7 +1,7 @@
 // The colours of the menus: what the user's scheme says, and what the painters wear.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 #include "runtime/pixels.h"
 #include <array>
 

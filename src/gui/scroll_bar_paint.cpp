@@ -1,4 +1,5 @@
 // Drawing of scroll bars: arrows, rail, knob, and the number at the knob.
+#include "base/run_state.h"
 #include "gui/kinds.h"
 #include "gui/painters.h"
 #include "gui/panels.h"
@@ -8,7 +9,6 @@
 #include "gui/text.h"
 #include "runtime/input.h"
 #include "runtime/pixels.h"
-#include "runtime/run_state.h"
 #include "runtime/sheets.h"
 #include <algorithm>
 #include <array>

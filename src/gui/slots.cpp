@@ -1,8 +1,8 @@
 // Life of a slot: reset, search, visibility.
 #include "gui/slots.h"
 
+#include "base/log.h"
 #include "runtime/input.h"
-#include "runtime/log.h"
 #include <algorithm>
 
 namespace kelu {

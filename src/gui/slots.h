@@ -6,7 +6,7 @@
 // that a higher one lies on top.
 #pragma once
 
-#include "runtime/words.h"
+#include "base/words.h"
 #include <array>
 #include <cstdint>
 

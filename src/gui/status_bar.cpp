@@ -1,6 +1,7 @@
 // Place and contents of the status bar.
 #include "gui/status_bar.h"
 
+#include "base/run_state.h"
 #include "gui/menus.h"
 #include "gui/slots.h"
 #include "gui/text.h"
@@ -8,7 +9,6 @@
 #include "runtime/frame_snapshot.h"
 #include "runtime/pixels.h"
 #include "runtime/preferences.h"
-#include "runtime/run_state.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
 #include <algorithm>

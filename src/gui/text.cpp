@@ -4,7 +4,7 @@
 // translucent modes, which the program uses rarely, go through a work bitmap.
 #include "gui/text.h"
 
-#include "runtime/log.h"
+#include "base/log.h"
 #include "runtime/pixels.h"
 #include <algorithm>
 #include <allegro.h>

@@ -4,8 +4,8 @@
 // changes the colour set for good. Main thread only.
 #pragma once
 
+#include "base/bitmap.h"
 #include "gui/text_colours.h"
-#include "runtime/bitmap.h"
 #include "runtime/fonts.h"
 #include <span>
 

@@ -1,10 +1,10 @@
 // Kinds that show brush tips. A tip is a cell of the tip sheet, dark on light grey.
+#include "base/run_state.h"
 #include "gui/painters.h"
 #include "gui/panels.h"
 #include "gui/scheme.h"
 #include "gui/slots.h"
 #include "gui/text.h"
-#include "runtime/run_state.h"
 #include "runtime/sheets.h"
 #include "runtime/store.h"
 #include "runtime/toolbox.h"

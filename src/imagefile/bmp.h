@@ -1,8 +1,8 @@
 // Windows bitmaps: the containers of a workspace (cel, custom tip, thumbnails), and pictures of other programs.
 #pragma once
 
+#include "base/bitmap.h"
 #include "imagefile/row_source.h"
-#include "runtime/bitmap.h"
 #include <cstdint>
 #include <span>
 #include <string>

@@ -6,7 +6,7 @@
 // tell by masks where their channels lie.
 #include "imagefile/bmp.h"
 
-#include "imagefile/reader.h"
+#include "base/reader.h"
 #include "imagefile/refusal.h"
 #include "platform/files.h"
 #include "runtime/pixels.h"

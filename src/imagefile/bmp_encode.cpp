@@ -2,7 +2,7 @@
 // one first.
 #include "imagefile/bmp.h"
 
-#include "imagefile/reader.h"
+#include "base/reader.h"
 #include "platform/files.h"
 #include "runtime/pixels.h"
 

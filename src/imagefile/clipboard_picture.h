@@ -1,7 +1,7 @@
 // Pictures on the system's clipboard.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 
 namespace kelu {
 

@@ -1,10 +1,10 @@
 // The sample is drawn with room on all sides, and what it uses is cut out.
 #include "imagefile/font_preview.h"
 
+#include "base/run_state.h"
 #include "imagefile/vector_font.h"
 #include "platform/files.h"
 #include "runtime/pixels.h"
-#include "runtime/run_state.h"
 
 namespace kelu {
 namespace {

@@ -1,6 +1,7 @@
 // The rows of the formats, and the ways to find one.
 #include "imagefile/formats.h"
 
+#include "base/log.h"
 #include "imagefile/bmp.h"
 #include "imagefile/gif.h"
 #include "imagefile/ico.h"
@@ -12,7 +13,6 @@
 #include "imagefile/reduce.h"
 #include "imagefile/refusal.h"
 #include "platform/files.h"
-#include "runtime/log.h"
 #include <new>
 
 namespace kelu {

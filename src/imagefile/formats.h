@@ -1,8 +1,8 @@
 // The table of file formats: how each is told by name or content, read into a picture and written from one.
 #pragma once
 
-#include "imagefile/reader.h"
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
+#include "base/reader.h"
 #include <string>
 
 namespace kelu {

@@ -7,8 +7,8 @@
 // colours are lost. All of it runs on the main thread, in memory.
 #pragma once
 
-#include "imagefile/reader.h"
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
+#include "base/reader.h"
 
 namespace kelu {
 

@@ -1,10 +1,10 @@
 // The GIF reader: blocks up to the first image, its data, its pixels.
 #include "imagefile/gif.h"
 
+#include "base/log.h"
 #include "imagefile/indexed.h"
 #include "imagefile/lzw.h"
 #include "imagefile/refusal.h"
-#include "runtime/log.h"
 
 namespace kelu {
 namespace {

@@ -6,8 +6,8 @@
 // Numbers are little-endian. Written is one image, as PNG with 32 bits. Read is the first image of a file.
 #pragma once
 
-#include "imagefile/reader.h"
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
+#include "base/reader.h"
 
 namespace kelu {
 

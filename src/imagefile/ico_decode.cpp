@@ -1,9 +1,9 @@
 // The ICO reader.
 #include "imagefile/ico.h"
 
+#include "base/log.h"
 #include "imagefile/png.h"
 #include "imagefile/refusal.h"
-#include "runtime/log.h"
 #include "runtime/pixels.h"
 #include <array>
 

@@ -1,9 +1,9 @@
 // The ICO writer.
 #include "imagefile/ico.h"
 
+#include "base/log.h"
 #include "imagefile/png.h"
 #include "platform/files.h"
-#include "runtime/log.h"
 
 namespace kelu {
 

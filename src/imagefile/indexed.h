@@ -1,8 +1,8 @@
 // From colours to the indices of a 256-colour palette, as the palette formats need them.
 #pragma once
 
-#include "imagefile/reader.h"
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
+#include "base/reader.h"
 #include <array>
 
 namespace kelu {

@@ -4,10 +4,10 @@
 // a destructor is made: such objects stand in the frame of the caller.
 #include "imagefile/jpeg.h"
 
+#include "base/log.h"
 #include "imagefile/picture_files.h"
 #include "imagefile/refusal.h"
 #include "platform/files.h"
-#include "runtime/log.h"
 #include "runtime/pixels.h"
 #include <algorithm>
 #include <csetjmp>

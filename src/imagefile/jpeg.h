@@ -1,8 +1,8 @@
 // JPEG pictures through libjpeg. Its errors come back as results: nothing ends the process.
 #pragma once
 
-#include "imagefile/reader.h"
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
+#include "base/reader.h"
 
 namespace kelu {
 

@@ -7,8 +7,8 @@
 // Numbers are big-endian.
 #pragma once
 
-#include "imagefile/reader.h"
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
+#include "base/reader.h"
 
 namespace kelu {
 

@@ -4,7 +4,7 @@
 // is the one before plus one pixel. Codes start at m + 1 bits and grow to 12.
 #pragma once
 
-#include "imagefile/reader.h"
+#include "base/reader.h"
 
 namespace kelu {
 

@@ -2,8 +2,8 @@
 // 768 bytes behind a byte 12 at the end of the file. Numbers are little-endian.
 #pragma once
 
-#include "imagefile/reader.h"
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
+#include "base/reader.h"
 
 namespace kelu {
 

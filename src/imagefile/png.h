@@ -7,8 +7,8 @@
 // The format is that of RFC 2083. All of it runs on the main thread, in memory.
 #pragma once
 
-#include "imagefile/reader.h"
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
+#include "base/reader.h"
 
 namespace kelu {
 

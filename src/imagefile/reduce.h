@@ -3,7 +3,7 @@
 // All palettes have 6 bits a channel, 0 to 63. Top bytes of pixels don't count.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 
 namespace kelu {
 

@@ -1,7 +1,7 @@
 // Why a picture could not be read. The decoders tell it, and the user reads it in the status bar.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 #include <string>
 
 namespace kelu {

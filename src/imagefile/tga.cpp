@@ -4,7 +4,7 @@
 // and then one pixel for n - 127 of them (n above 127) or n + 1 pixels; packets may run over the end of a row.
 #include "imagefile/tga.h"
 
-#include "imagefile/reader.h"
+#include "base/reader.h"
 #include "platform/files.h"
 #include "runtime/pixels.h"
 #include <bit>

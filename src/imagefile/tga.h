@@ -1,8 +1,8 @@
 // Truevision TGA 2.0, the form in which frames lie on disk: 32 bits a pixel, the alpha bytes kept bit for bit.
 #pragma once
 
+#include "base/bitmap.h"
 #include "imagefile/row_source.h"
-#include "runtime/bitmap.h"
 #include <cstdint>
 #include <span>
 #include <string>

@@ -5,7 +5,7 @@
 // read as Latin-1. Main thread.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 #include <memory>
 #include <string>
 

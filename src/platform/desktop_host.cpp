@@ -2,13 +2,13 @@
 //
 // Beside the main thread Allegro runs two of its own: one for events (keys, mouse, the close button) and one for the
 // timers. Both are its affair; our callbacks on them only write shared words.
+#include "base/run_state.h"
 #include "platform/desktop_rest.h"
 #include "platform/desktop_window.h"
 #include "platform/ending.h"
 #include "platform/host.h"
 #include "platform/keyboard_map.h"
 #include "platform/layout.h"
-#include "runtime/run_state.h"
 #include <algorithm>
 #include <array>
 #include <chrono>

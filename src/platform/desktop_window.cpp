@@ -4,10 +4,10 @@
 // needs pushing only where it changes.
 #include "platform/desktop_window.h"
 
+#include "base/run_state.h"
 #include "platform/ending.h"
 #include "platform/layout.h"
 #include "platform/scaler.h"
-#include "runtime/run_state.h"
 #include <algorithm>
 #include <cstring>
 

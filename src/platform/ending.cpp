@@ -2,7 +2,7 @@
 // only.
 #include "platform/ending.h"
 
-#include "runtime/run_state.h"
+#include "base/run_state.h"
 #include <chrono>
 #include <csignal>
 #include <utility>

@@ -1,7 +1,7 @@
 // Single files: tests, bounded reading, and replacement by writing beside and renaming.
 #include "platform/files.h"
 
-#include "platform/memory.h"
+#include "base/memory.h"
 
 #include <fcntl.h>
 #include <filesystem>

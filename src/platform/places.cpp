@@ -1,7 +1,7 @@
 // Drives for a system without drives.
 #include "platform/places.h"
 
-#include "runtime/log.h"
+#include "base/log.h"
 #include <algorithm>
 #include <array>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 // The scaler: one row is widened by a loop of fixed scale, and then copied for the rows below it.
 #include "platform/scaler.h"
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 #include <array>
 #include <cstring>
 #include <utility>

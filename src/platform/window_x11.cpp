@@ -2,8 +2,8 @@
 // X11 and Allegro's own X words.
 #include "platform/desktop_window.h"
 
+#include "base/bitmap.h"
 #include "platform/ending.h"
-#include "runtime/bitmap.h"
 #include <poll.h>
 #include <vector>
 #include <X11/Xatom.h>

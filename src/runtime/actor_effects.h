@@ -2,7 +2,7 @@
 // them on the timer thread; a reset of the row resets them with it.
 #pragma once
 
-#include "runtime/words.h"
+#include "base/words.h"
 #include <array>
 #include <cstdint>
 

@@ -1,8 +1,8 @@
 // Grabbing, spawning and destroying of actors.
 #include "runtime/actors.h"
 
+#include "base/log.h"
 #include "runtime/bubble_table.h"
-#include "runtime/log.h"
 
 namespace kelu {
 namespace {

@@ -5,8 +5,8 @@
 // `Type` and the ids of `BEHAVIOR` last. The timer thread moves rows, the main thread spawns, destroys and follows.
 #pragma once
 
+#include "base/words.h"
 #include "runtime/actor_effects.h"
-#include "runtime/words.h"
 #include <array>
 #include <cstdint>
 

@@ -1,8 +1,8 @@
 // The frames that make up the animation, and where its playback stands.
 #pragma once
 
+#include "base/words.h"
 #include "runtime/view.h"
-#include "runtime/words.h"
 #include <array>
 #include <cstdint>
 

@@ -1,7 +1,7 @@
 // The table of speech bubbles. It stands beside the actors, since the end of an actor ends its bubbles.
 #pragma once
 
-#include "runtime/words.h"
+#include "base/words.h"
 #include <array>
 #include <cstdint>
 

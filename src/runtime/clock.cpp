@@ -1,8 +1,8 @@
 // The counters of the timers.
 #include "runtime/clock.h"
 
+#include "base/run_state.h"
 #include "runtime/jobs.h"
-#include "runtime/run_state.h"
 
 namespace kelu {
 namespace {

@@ -4,7 +4,7 @@
 // neither allocate, lock, wait nor, in the ordinary case, log.
 #pragma once
 
-#include "runtime/words.h"
+#include "base/words.h"
 #include <array>
 #include <cstdint>
 #include <span>

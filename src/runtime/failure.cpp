@@ -1,9 +1,9 @@
 // The one place that ends the process early.
 #include "runtime/failure.h"
 
+#include "base/log.h"
+#include "base/run_state.h"
 #include "platform/host.h"
-#include "runtime/log.h"
-#include "runtime/run_state.h"
 #include <cstdlib>
 
 namespace kelu {

@@ -1,7 +1,7 @@
 // The bitmap fonts of the screens, as tables in memory. The vector fonts of the text tool are another matter.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 #include <array>
 
 namespace kelu {

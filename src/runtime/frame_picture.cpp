@@ -1,11 +1,11 @@
 // Painting of the frame. Above factor 1 a line of the view is stretched once and copied for each of its screen lines.
 #include "runtime/frame_picture.h"
 
-#include "runtime/frame.h"
+#include "base/run_state.h"
+#include "loop/frame.h"
 #include "runtime/frame_snapshot.h"
 #include "runtime/grid.h"
 #include "runtime/pixels.h"
-#include "runtime/run_state.h"
 #include "runtime/sheets.h"
 #include "runtime/store.h"
 #include "runtime/view.h"

@@ -1,7 +1,7 @@
 // The frame as the user sees it: background, pixels at the zoom, onion skin, grid and tool overlay.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 
 namespace kelu {
 

@@ -1,7 +1,7 @@
 // The grid that tools snap to.
 #pragma once
 
-#include "runtime/words.h"
+#include "base/words.h"
 
 namespace kelu {
 

@@ -1,8 +1,8 @@
 // The hotkey test: mouse buttons first, then the primary and the alternate key with exact modifiers.
 #include "runtime/hotkeys.h"
 
+#include "base/log.h"
 #include "runtime/input.h"
-#include "runtime/log.h"
 #include <algorithm>
 #include <allegro.h>
 

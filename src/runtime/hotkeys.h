@@ -1,7 +1,7 @@
 // Keys and mouse buttons of every action, and the test whether one is being asked for.
 #pragma once
 
-#include "runtime/words.h"
+#include "base/words.h"
 #include <array>
 
 namespace kelu {

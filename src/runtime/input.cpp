@@ -1,9 +1,9 @@
 // Polling of pointer and buttons.
 #include "runtime/input.h"
 
+#include "base/run_state.h"
 #include "runtime/animation.h"
 #include "runtime/preferences.h"
-#include "runtime/run_state.h"
 #include "runtime/view.h"
 #include <allegro.h>
 #include <cstdlib>

@@ -1,7 +1,7 @@
 // Pointer and buttons. Only this unit and the test support touch Allegro's own mouse words.
 #pragma once
 
-#include "runtime/words.h"
+#include "base/words.h"
 #include <cstdint>
 
 namespace kelu {

@@ -1,8 +1,8 @@
 // The job queue. A record is claimed and freed by its `type`, which is written last on both ways.
 #include "runtime/jobs.h"
 
-#include "runtime/log.h"
-#include "runtime/run_state.h"
+#include "base/log.h"
+#include "base/run_state.h"
 
 namespace kelu {
 namespace {

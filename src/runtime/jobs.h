@@ -1,7 +1,7 @@
 // The queue that carries work from the timer thread to the main thread.
 #pragma once
 
-#include "runtime/words.h"
+#include "base/words.h"
 #include <array>
 
 namespace kelu {

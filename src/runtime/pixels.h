@@ -1,7 +1,7 @@
 // Colour arithmetic on pixels and rectangles, exact to the last bit.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 
 namespace kelu {
 

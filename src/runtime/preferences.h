@@ -1,7 +1,7 @@
 // The user's options. Owner: the options screen; the settings file and the workspace state fill them at start.
 #pragma once
 
-#include "runtime/words.h"
+#include "base/words.h"
 #include <cstdint>
 
 namespace kelu {

@@ -1,11 +1,11 @@
 // Frame limiter and presentation.
 #include "runtime/present.h"
 
+#include "base/run_state.h"
+#include "loop/frame.h"
 #include "platform/host.h"
 #include "runtime/clock.h"
-#include "runtime/frame.h"
 #include "runtime/preferences.h"
-#include "runtime/run_state.h"
 
 namespace kelu {
 namespace {

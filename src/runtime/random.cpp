@@ -1,8 +1,8 @@
 // MT19937 with its array seeding, after Matsumoto and Nishimura.
 #include "runtime/random.h"
 
+#include "base/words.h"
 #include "runtime/pixels.h"
-#include "runtime/words.h"
 #include <array>
 #include <cstdio>
 #include <ctime>

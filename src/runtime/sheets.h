@@ -1,7 +1,7 @@
 // Pictures of the program's own: what resource/ holds, and the tiles and pictures made from it at start.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 
 namespace kelu {
 

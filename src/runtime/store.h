@@ -1,8 +1,8 @@
 // The frame in memory: its bitmaps, the sheets that travel with a workspace, and the numbers of the frame store.
 #pragma once
 
-#include "runtime/bitmap.h"
-#include "runtime/words.h"
+#include "base/bitmap.h"
+#include "base/words.h"
 #include <cstdint>
 #include <string>
 

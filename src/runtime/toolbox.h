@@ -1,7 +1,7 @@
 // What the user draws with: the slots of the drawing menu, colours, tip, and the options of every tool and ink.
 #pragma once
 
-#include "runtime/words.h"
+#include "base/words.h"
 #include <array>
 
 namespace kelu {

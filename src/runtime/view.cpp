@@ -1,8 +1,8 @@
 // The view's arithmetic. Each axis is worked out by itself; divisions truncate toward zero.
 #include "runtime/view.h"
 
+#include "base/run_state.h"
 #include "runtime/input.h"
-#include "runtime/run_state.h"
 #include "runtime/store.h"
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // Where the user looks at the frame.
 #pragma once
 
-#include "runtime/words.h"
+#include "base/words.h"
 #include <array>
 
 namespace kelu {

@@ -1,7 +1,7 @@
 // Everything that a key or a spare mouse button can do: one row an action.
 #pragma once
 
-#include "runtime/words.h"
+#include "base/words.h"
 #include <cstdint>
 
 namespace kelu {

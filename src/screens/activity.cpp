@@ -1,10 +1,10 @@
 // The activity columns as tables of entries.
 #include "screens/activity.h"
 
-#include "draw/cel_stretch.h"
-#include "draw/cel_turn.h"
 #include "gui/build.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
+#include "loop/freeze.h"
+#include "loop/waits.h"
 #include "runtime/view.h"
 #include "screens/actions.h"
 #include "screens/animation_menu.h"
@@ -13,7 +13,6 @@
 #include "screens/commands.h"
 #include "screens/draw_menu.h"
 #include "screens/file_commands.h"
-#include "screens/freeze.h"
 #include "screens/grid_menu.h"
 #include "screens/help_menu.h"
 #include "screens/hotkey_menu.h"
@@ -24,8 +23,9 @@
 #include "screens/scheme_menu.h"
 #include "screens/sprite_sheet_menu.h"
 #include "screens/tint_menu.h"
-#include "screens/waits.h"
 #include "screens/workspace_menu.h"
+#include "tools/cel_stretch.h"
+#include "tools/cel_turn.h"
 #include <array>
 #include <span>
 

@@ -1,14 +1,14 @@
 // Only what the screen can show is blended, and again when the view moves, so that large frames come up at once.
 #include "screens/alpha_preview.h"
 
-#include "draw/tool_loop.h"
-#include "runtime/frame.h"
+#include "base/log.h"
+#include "base/run_state.h"
+#include "loop/frame.h"
+#include "loop/tool_loop.h"
 #include "runtime/frame_picture.h"
 #include "runtime/hotkeys.h"
-#include "runtime/log.h"
 #include "runtime/pixels.h"
 #include "runtime/preferences.h"
-#include "runtime/run_state.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
 #include "screens/actions.h"

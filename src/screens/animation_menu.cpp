@@ -2,12 +2,12 @@
 #include "screens/animation_menu.h"
 
 #include "gui/build.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
+#include "loop/waits.h"
 #include "runtime/hotkeys.h"
 #include "runtime/store.h"
 #include "screens/actions.h"
 #include "screens/animation_slots.h"
-#include "screens/waits.h"
 #include "workspace/merged.h"
 #include "workspace/thumbnails.h"
 

@@ -1,6 +1,7 @@
 // Rows, folders and names.
 #include "screens/browser_listing.h"
 
+#include "base/log.h"
 #include "gui/build.h"
 #include "gui/scroll_bar.h"
 #include "platform/files.h"
@@ -8,7 +9,6 @@
 #include "runtime/browser_list.h"
 #include "runtime/browser_state.h"
 #include "runtime/input.h"
-#include "runtime/log.h"
 #include <algorithm>
 #include <cctype>
 

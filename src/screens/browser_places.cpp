@@ -1,12 +1,12 @@
 // Places and homes.
 #include "screens/browser_places.h"
 
+#include "base/log.h"
+#include "base/run_state.h"
 #include "gui/build.h"
 #include "platform/files.h"
 #include "platform/places.h"
 #include "runtime/browser_state.h"
-#include "runtime/log.h"
-#include "runtime/run_state.h"
 #include "runtime/text_settings.h"
 #include "screens/browser_listing.h"
 #include "screens/browser_slots.h"

@@ -1,14 +1,14 @@
 // Cel operations started from the drawing menu.
 #include "screens/cel_commands.h"
 
-#include "draw/cel_grab.h"
-#include "draw/cel_paste.h"
 #include "gui/build.h"
+#include "loop/freeze.h"
 #include "runtime/store.h"
 #include "runtime/toolbox.h"
 #include "screens/dialogs.h"
 #include "screens/draw_menu.h"
-#include "screens/freeze.h"
+#include "tools/cel_grab.h"
+#include "tools/cel_paste.h"
 
 namespace kelu {
 void run_cel_by_key(void (*operation)())

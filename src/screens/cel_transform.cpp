@@ -1,13 +1,13 @@
 // The buttons work on a scratch copy; the working copy of the cel shows it in the middle of the view.
 #include "screens/cel_transform.h"
 
-#include "draw/cel_loop.h"
 #include "draw/tool_hooks.h"
-#include "draw/tool_loop.h"
+#include "loop/tool_loop.h"
 #include "runtime/measure.h"
 #include "runtime/preferences.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
+#include "tools/cel_loop.h"
 #include <utility>
 
 namespace kelu {

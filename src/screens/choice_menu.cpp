@@ -1,16 +1,16 @@
 // One layout and one loop for both menus; what differs stands in two rows.
 #include "screens/choice_menu.h"
 
-#include "draw/gradient_nodes.h"
-#include "draw/tool_loop.h"
 #include "gui/build.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
+#include "loop/tool_loop.h"
+#include "loop/waits.h"
 #include "runtime/hotkeys.h"
 #include "runtime/toolbox.h"
 #include "screens/actions.h"
 #include "screens/draw_menu.h"
 #include "screens/option_widgets.h"
-#include "screens/waits.h"
+#include "tools/gradient_nodes.h"
 #include <array>
 
 namespace kelu {

@@ -6,15 +6,15 @@
 #include "gui/planes.h"
 #include "gui/scheme.h"
 #include "gui/scroll_bar.h"
+#include "loop/frame.h"
+#include "loop/freeze.h"
+#include "loop/waits.h"
 #include "runtime/color_settings.h"
-#include "runtime/frame.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
 #include "runtime/toolbox.h"
 #include "screens/actions.h"
-#include "screens/freeze.h"
 #include "screens/screen_pick.h"
-#include "screens/waits.h"
 #include <algorithm>
 #include <utility>
 

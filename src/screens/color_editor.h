@@ -2,9 +2,9 @@
 // colour that is edited in place.
 #pragma once
 
-#include "draw/tool_loop.h"
+#include "base/words.h"
 #include "gui/build.h"
-#include "runtime/words.h"
+#include "loop/tool_loop.h"
 #include <array>
 
 namespace kelu {

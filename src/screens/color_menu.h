@@ -1,7 +1,7 @@
 // The colour menu: where a colour is made, in four colour spaces, for the brush, the mask or another screen.
 #pragma once
 
-#include "runtime/words.h"
+#include "base/words.h"
 
 namespace kelu {
 

@@ -2,10 +2,10 @@
 #include "screens/dialogs.h"
 
 #include "gui/build.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
+#include "loop/freeze.h"
 #include "screens/actions.h"
 #include "screens/draw_menu.h"
-#include "screens/freeze.h"
 
 namespace kelu {
 namespace {

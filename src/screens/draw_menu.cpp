@@ -1,14 +1,15 @@
 // The strip's layout, and the loop that reads its events.
 #include "screens/draw_menu.h"
 
+#include "base/run_state.h"
 #include "draw/operation.h"
-#include "draw/tool_loop.h"
-#include "draw/tools.h"
 #include "draw/undo.h"
 #include "gui/build.h"
 #include "gui/scheme.h"
-#include "runtime/frame.h"
-#include "runtime/run_state.h"
+#include "loop/frame.h"
+#include "loop/freeze.h"
+#include "loop/tool_loop.h"
+#include "loop/waits.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
 #include "screens/actions.h"
@@ -17,10 +18,9 @@
 #include "screens/commands.h"
 #include "screens/dialogs.h"
 #include "screens/favorites_menu.h"
-#include "screens/freeze.h"
 #include "screens/screen_pick.h"
 #include "screens/tip_menu.h"
-#include "screens/waits.h"
+#include "tools/tools.h"
 #include <array>
 
 namespace kelu {

@@ -1,9 +1,9 @@
 // The failure panel.
 #include "screens/failure_panel.h"
 
-#include "draw/tool_loop.h"
 #include "gui/build.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
+#include "loop/tool_loop.h"
 #include "screens/actions.h"
 
 namespace kelu {

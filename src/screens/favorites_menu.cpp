@@ -2,7 +2,7 @@
 #include "screens/favorites_menu.h"
 
 #include "gui/scheme.h"
-#include "imagefile/dispatch.h"
+#include "loop/freeze.h"
 #include "runtime/color_settings.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
@@ -10,9 +10,9 @@
 #include "screens/actions.h"
 #include "screens/color_editor.h"
 #include "screens/dialogs.h"
+#include "screens/dispatch.h"
 #include "screens/draw_menu.h"
 #include "screens/file_browser.h"
-#include "screens/freeze.h"
 
 namespace kelu {
 namespace {

@@ -2,14 +2,14 @@
 #include "screens/file_commands.h"
 
 #include "gui/strings.h"
-#include "imagefile/dispatch.h"
-#include "imagefile/frame_clipboard.h"
 #include "runtime/hotkeys.h"
 #include "runtime/store.h"
 #include "screens/actions.h"
 #include "screens/cel_commands.h"
 #include "screens/dialogs.h"
+#include "screens/dispatch.h"
 #include "screens/file_browser.h"
+#include "screens/frame_clipboard.h"
 #include "workspace/frame_resize.h"
 #include <algorithm>
 

@@ -1,13 +1,13 @@
 // Five rows of seven cells; the base frame stands in the middle one.
 #include "screens/frame_jump.h"
 
-#include "draw/tool_loop.h"
+#include "base/run_state.h"
 #include "gui/build.h"
+#include "loop/frame.h"
+#include "loop/tool_loop.h"
 #include "runtime/clock.h"
-#include "runtime/frame.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
-#include "runtime/run_state.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
 #include "screens/draw_menu.h"

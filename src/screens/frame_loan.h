@@ -4,7 +4,7 @@
 // may commit, swap, replace or save it; and whatever way the program ends, the frame is back before it is written.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 
 namespace kelu {
 

@@ -1,14 +1,14 @@
 // Four fields that write through while their numbers are good, the switch, and the opacity.
 #include "screens/grid_menu.h"
 
-#include "draw/tool_loop.h"
 #include "gui/build.h"
 #include "gui/scheme.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
+#include "loop/tool_loop.h"
+#include "loop/waits.h"
 #include "runtime/grid.h"
 #include "runtime/hotkeys.h"
 #include "screens/actions.h"
-#include "screens/waits.h"
 #include <algorithm>
 #include <array>
 #include <string>

@@ -1,9 +1,9 @@
 // Topics on the left, the page of the chosen one on the right.
 #include "screens/help_menu.h"
 
-#include "draw/tool_loop.h"
 #include "gui/build.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
+#include "loop/tool_loop.h"
 #include "screens/draw_menu.h"
 #include <array>
 

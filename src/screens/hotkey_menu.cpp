@@ -1,16 +1,16 @@
 // The list of actions, the cells of their keys, and the question about doubles.
 #include "screens/hotkey_menu.h"
 
-#include "draw/tool_loop.h"
 #include "gui/build.h"
 #include "gui/scheme.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
+#include "loop/freeze.h"
+#include "loop/tool_loop.h"
+#include "loop/waits.h"
 #include "runtime/hotkeys.h"
 #include "screens/actions.h"
 #include "screens/dialogs.h"
-#include "screens/freeze.h"
 #include "screens/remap_dialog.h"
-#include "screens/waits.h"
 #include <array>
 
 namespace kelu {

@@ -1,13 +1,13 @@
 // Slider, VIEW, OKAY, CANCEL; the picture goes through the codec in memory.
 #include "screens/jpeg_quality.h"
 
-#include "draw/shape_panel.h"
-#include "draw/tool_loop.h"
 #include "gui/build.h"
 #include "imagefile/jpeg.h"
+#include "loop/tool_loop.h"
 #include "runtime/browser_state.h"
 #include "runtime/store.h"
 #include "screens/frame_loan.h"
+#include "tools/shape_panel.h"
 #include <optional>
 
 namespace kelu {

@@ -1,11 +1,11 @@
 // The list that pops up over a screen.
 #include "screens/list_popup.h"
 
-#include "draw/tool_loop.h"
+#include "base/run_state.h"
 #include "gui/build.h"
-#include "runtime/frame.h"
-#include "runtime/run_state.h"
-#include "screens/freeze.h"
+#include "loop/frame.h"
+#include "loop/freeze.h"
+#include "loop/tool_loop.h"
 #include <algorithm>
 
 namespace kelu {

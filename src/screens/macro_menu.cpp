@@ -2,7 +2,7 @@
 #include "screens/macro_menu.h"
 
 #include "gui/build.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
 #include "runtime/hotkeys.h"
 #include "screens/actions.h"
 #include "screens/draw_menu.h"

@@ -1,8 +1,8 @@
 // A macro put in place.
+#include "base/log.h"
 #include "draw/grid.h"
 #include "draw/tips.h"
 #include "gui/slots.h"
-#include "runtime/log.h"
 #include "runtime/toolbox.h"
 #include "screens/draw_menu.h"
 #include "screens/macro_menu.h"

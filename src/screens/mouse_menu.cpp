@@ -1,13 +1,13 @@
 // Buttons and their functions.
 #include "screens/mouse_menu.h"
 
+#include "base/run_state.h"
 #include "gui/build.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
+#include "loop/freeze.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
-#include "runtime/run_state.h"
 #include "screens/dialogs.h"
-#include "screens/freeze.h"
 #include "screens/list_popup.h"
 #include <algorithm>
 #include <array>

@@ -2,17 +2,17 @@
 #include "screens/options_menu.h"
 
 #include "draw/tips.h"
-#include "draw/tool_loop.h"
 #include "draw/undo.h"
 #include "gui/build.h"
 #include "gui/logic.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
+#include "loop/tool_loop.h"
+#include "loop/waits.h"
 #include "runtime/preferences.h"
 #include "runtime/view.h"
 #include "screens/actions.h"
 #include "screens/commands.h"
 #include "screens/options_table.h"
-#include "screens/waits.h"
 
 namespace kelu {
 namespace {

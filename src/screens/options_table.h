@@ -1,8 +1,8 @@
 // The options of the program as a table: one row serves the build of its widgets, DEFAULTS and CANCEL.
 #pragma once
 
+#include "base/words.h"
 #include "gui/strings.h"
-#include "runtime/words.h"
 #include <array>
 #include <cstdint>
 #include <span>

@@ -1,17 +1,17 @@
 // The transport buttons, and the showing of the frame that the tick has come to.
 #include "screens/playback_menu.h"
 
-#include "draw/tool_loop.h"
+#include "base/log.h"
 #include "gui/build.h"
+#include "loop/tool_loop.h"
+#include "loop/waits.h"
 #include "runtime/animation.h"
 #include "runtime/hotkeys.h"
-#include "runtime/log.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
 #include "screens/actions.h"
 #include "screens/frame_loan.h"
 #include "screens/speed_slider.h"
-#include "screens/waits.h"
 #include "workspace/frame_cache.h"
 #include <array>
 

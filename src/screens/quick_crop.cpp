@@ -2,9 +2,9 @@
 #include "screens/quick_crop.h"
 
 #include "draw/cel.h"
-#include "draw/cel_loop.h"
-#include "draw/grab_marker.h"
-#include "draw/tool_loop.h"
+#include "loop/tool_loop.h"
+#include "tools/cel_loop.h"
+#include "tools/grab_marker.h"
 #include "workspace/frame_resize.h"
 #include <algorithm>
 #include <cstdlib>

@@ -1,16 +1,16 @@
 // A window with one slider that lives while the key is held.
 #include "screens/quick_slider.h"
 
-#include "draw/gradient_nodes.h"
+#include "base/log.h"
 #include "gui/build.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
+#include "loop/freeze.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
-#include "runtime/log.h"
 #include "runtime/toolbox.h"
 #include "screens/actions.h"
 #include "screens/draw_menu.h"
-#include "screens/freeze.h"
+#include "tools/gradient_nodes.h"
 #include <algorithm>
 #include <array>
 

@@ -3,7 +3,7 @@
 
 #include "gui/build.h"
 #include "gui/key_labels.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
 #include "runtime/hotkeys.h"
 #include <allegro.h>
 #include <array>

@@ -1,15 +1,15 @@
 // Anchors, fields and the percentage, and what OKAY makes of them.
 #include "screens/resize_menu.h"
 
-#include "draw/tool_loop.h"
 #include "gui/build.h"
 #include "gui/field.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
+#include "loop/tool_loop.h"
+#include "loop/waits.h"
 #include "runtime/hotkeys.h"
 #include "runtime/store.h"
 #include "screens/actions.h"
 #include "screens/quick_crop.h"
-#include "screens/waits.h"
 #include "workspace/frame_resize.h"
 #include "workspace/frame_store.h"
 #include <algorithm>

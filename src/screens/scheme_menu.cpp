@@ -3,14 +3,14 @@
 
 #include "gui/build.h"
 #include "gui/scheme.h"
-#include "imagefile/dispatch.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
+#include "loop/freeze.h"
+#include "loop/waits.h"
 #include "screens/actions.h"
 #include "screens/color_menu.h"
+#include "screens/dispatch.h"
 #include "screens/draw_menu.h"
 #include "screens/file_browser.h"
-#include "screens/freeze.h"
-#include "screens/waits.h"
 #include <array>
 
 namespace kelu {

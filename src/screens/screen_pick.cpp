@@ -1,18 +1,18 @@
 // Picking from the screen.
 #include "screens/screen_pick.h"
 
-#include "draw/tool_loop.h"
+#include "base/run_state.h"
 #include "gui/menus.h"
 #include "gui/panels.h"
 #include "gui/scheme.h"
 #include "gui/slots.h"
 #include "gui/tooltips.h"
+#include "loop/frame.h"
+#include "loop/freeze.h"
+#include "loop/tool_loop.h"
 #include "runtime/color_band.h"
-#include "runtime/frame.h"
 #include "runtime/input.h"
-#include "runtime/run_state.h"
 #include "screens/actions.h"
-#include "screens/freeze.h"
 #include <cstdint>
 
 namespace kelu {

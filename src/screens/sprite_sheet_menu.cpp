@@ -1,13 +1,13 @@
 // Six fields and three swatches. Their slots lie above those of the colour menu, which runs while they are hidden.
 #include "screens/sprite_sheet_menu.h"
 
-#include "draw/tool_loop.h"
 #include "gui/build.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
+#include "loop/freeze.h"
+#include "loop/tool_loop.h"
+#include "loop/waits.h"
 #include "screens/actions.h"
 #include "screens/color_menu.h"
-#include "screens/freeze.h"
-#include "screens/waits.h"
 #include "workspace/sprite_sheet.h"
 #include <array>
 #include <string>

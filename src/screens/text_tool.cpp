@@ -1,25 +1,25 @@
 // The window, its loop, and the text that sticks to the pointer.
 #include "screens/text_tool.h"
 
+#include "base/log.h"
+#include "base/run_state.h"
 #include "draw/placed_text.h"
 #include "draw/preview.h"
-#include "draw/shape_panel.h"
 #include "draw/tool_hooks.h"
 #include "draw/tool_input.h"
-#include "draw/tool_loop.h"
-#include "draw/tools.h"
 #include "gui/build.h"
 #include "gui/field.h"
-#include "imagefile/dispatch.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
+#include "loop/tool_loop.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
-#include "runtime/log.h"
-#include "runtime/run_state.h"
 #include "runtime/text_settings.h"
 #include "runtime/view.h"
+#include "screens/dispatch.h"
 #include "screens/draw_menu.h"
 #include "screens/file_browser.h"
+#include "tools/shape_panel.h"
+#include "tools/tools.h"
 #include <array>
 
 namespace kelu {

@@ -1,16 +1,16 @@
 // Sliders, the preview of what is on the screen, and the two ways out.
 #include "screens/tint_menu.h"
 
+#include "base/log.h"
 #include "colour/tint.h"
-#include "draw/shape_panel.h"
 #include "draw/tool_hooks.h"
-#include "draw/tool_loop.h"
+#include "loop/frame.h"
+#include "loop/tool_loop.h"
 #include "runtime/color_settings.h"
-#include "runtime/frame.h"
-#include "runtime/log.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
 #include "screens/frame_loan.h"
+#include "tools/shape_panel.h"
 #include <optional>
 #include <utility>
 

@@ -1,22 +1,22 @@
 // 36 tips, the custom tip, and the taking of a custom tip from the frame.
 #include "screens/tip_menu.h"
 
+#include "base/run_state.h"
 #include "draw/preview.h"
 #include "draw/tips.h"
-#include "draw/tool_loop.h"
 #include "gui/build.h"
 #include "gui/scheme.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
+#include "loop/tool_loop.h"
+#include "loop/waits.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
 #include "runtime/pixels.h"
-#include "runtime/run_state.h"
 #include "runtime/store.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
 #include "screens/actions.h"
 #include "screens/draw_menu.h"
-#include "screens/waits.h"
 #include <array>
 
 namespace kelu {

@@ -2,14 +2,14 @@
 #include "screens/workspace_menu.h"
 
 #include "gui/build.h"
-#include "imagefile/dispatch.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
+#include "loop/waits.h"
 #include "runtime/store.h"
 #include "screens/actions.h"
 #include "screens/dialogs.h"
+#include "screens/dispatch.h"
 #include "screens/draw_menu.h"
 #include "screens/file_browser.h"
-#include "screens/waits.h"
 #include "workspace/blank_workspace.h"
 #include <array>
 #include <string>

@@ -1,7 +1,7 @@
 #include "workspace/alternate.h"
 
+#include "base/log.h"
 #include "platform/files.h"
-#include "runtime/log.h"
 #include "runtime/view.h"
 #include "workspace/folder.h"
 #include "workspace/timers_lock.h"

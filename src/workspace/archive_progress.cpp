@@ -1,7 +1,7 @@
 #include "workspace/archive_progress.h"
 
+#include "base/run_state.h"
 #include "gui/build.h"
-#include "runtime/run_state.h"
 #include "workspace/archive.h"
 
 namespace kelu {

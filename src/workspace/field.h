@@ -1,7 +1,7 @@
 // A variable of the program's state, as a tagged file sees it: a row of words.
 #pragma once
 
-#include "runtime/words.h"
+#include "base/words.h"
 #include <array>
 #include <cstddef>
 #include <cstdint>

@@ -1,9 +1,9 @@
 #include "workspace/folder.h"
 
+#include "base/log.h"
+#include "base/run_state.h"
 #include "gui/menus.h"
 #include "platform/files.h"
-#include "runtime/log.h"
-#include "runtime/run_state.h"
 #include <array>
 #include <cstdio>
 

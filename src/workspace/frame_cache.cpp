@@ -1,8 +1,8 @@
 #include "workspace/frame_cache.h"
 
+#include "base/log.h"
 #include "imagefile/tga.h"
 #include "runtime/animation.h"
-#include "runtime/log.h"
 #include "runtime/store.h"
 #include "workspace/folder.h"
 #include "workspace/merged.h"

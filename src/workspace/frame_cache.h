@@ -4,7 +4,7 @@
 // emptied when the workspace is cleared or replaced. Main thread.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 #include "runtime/view.h"
 #include <array>
 

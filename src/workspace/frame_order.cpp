@@ -2,13 +2,13 @@
 // moment each frame has a file of its own. A run that is cut short leaves a gap, which the next start closes.
 #include "workspace/frame_order.h"
 
+#include "base/log.h"
+#include "base/run_state.h"
 #include "gui/strings.h"
 #include "gui/tooltips.h"
 #include "imagefile/tga.h"
 #include "platform/files.h"
 #include "runtime/animation.h"
-#include "runtime/log.h"
-#include "runtime/run_state.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
 #include "workspace/folder.h"

@@ -1,10 +1,10 @@
 // Each way in which the pictures of the old frame come into the new one works on frame and alpha alike.
 #include "workspace/frame_resize.h"
 
+#include "base/log.h"
 #include "draw/undo.h"
 #include "gui/menus.h"
 #include "gui/tooltips.h"
-#include "runtime/log.h"
 #include "runtime/pixels.h"
 #include "runtime/store.h"
 #include "runtime/toolbox.h"

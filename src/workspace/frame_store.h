@@ -4,7 +4,7 @@
 // current frame is stale until the frame is committed: at a swap, and at the end of the program. Main thread.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 #include <string>
 
 namespace kelu {

@@ -1,7 +1,7 @@
 // New live bitmaps of the current frame, made apart so that the old ones stand until all of them exist.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 
 namespace kelu {
 

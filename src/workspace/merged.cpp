@@ -1,6 +1,6 @@
 #include "workspace/merged.h"
 
-#include "runtime/log.h"
+#include "base/log.h"
 #include "runtime/pixels.h"
 #include "runtime/store.h"
 #include <algorithm>

@@ -5,8 +5,8 @@
 // alpha picture and alpha_bitmap the colours. Everything here goes by role, so the mode shows in no file.
 #pragma once
 
+#include "base/bitmap.h"
 #include "imagefile/row_source.h"
-#include "runtime/bitmap.h"
 
 namespace kelu {
 

@@ -1,10 +1,10 @@
 #include "workspace/repair.h"
 
+#include "base/log.h"
+#include "base/run_state.h"
 #include "gui/tooltips.h"
 #include "imagefile/bmp.h"
 #include "platform/files.h"
-#include "runtime/log.h"
-#include "runtime/run_state.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
 #include "workspace/custom_tip.h"

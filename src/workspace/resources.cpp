@@ -1,6 +1,7 @@
 // The fixed pictures of the program, and what is made from them at start.
 #include "workspace/resources.h"
 
+#include "base/log.h"
 #include "framework/resource_files.h"
 #include "gui/text.h"
 #include "gui/text_colours.h"
@@ -8,7 +9,6 @@
 #include "platform/files.h"
 #include "runtime/failure.h"
 #include "runtime/fonts.h"
-#include "runtime/log.h"
 #include "runtime/pixels.h"
 #include "runtime/sheets.h"
 #include "runtime/store.h"

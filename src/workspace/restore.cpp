@@ -1,8 +1,8 @@
 // Splitting the restoration copy into new live bitmaps.
 #include "workspace/restore.h"
 
+#include "base/log.h"
 #include "draw/undo.h"
-#include "runtime/log.h"
 #include "runtime/store.h"
 #include "workspace/frame_cache.h"
 #include "workspace/live_bitmaps.h"

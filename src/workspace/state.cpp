@@ -1,5 +1,7 @@
 #include "workspace/state.h"
 
+#include "base/log.h"
+#include "base/run_state.h"
 #include "draw/gradient.h"
 #include "draw/grid.h"
 #include "draw/preview.h"
@@ -10,9 +12,7 @@
 #include "runtime/animation.h"
 #include "runtime/browser_state.h"
 #include "runtime/failure.h"
-#include "runtime/log.h"
 #include "runtime/preferences.h"
-#include "runtime/run_state.h"
 #include "runtime/store.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"

@@ -1,4 +1,5 @@
 // The tags of a workspace's state: one row each, for reader, writer and test.
+#include "base/run_state.h"
 #include "gui/menus.h"
 #include "runtime/animation.h"
 #include "runtime/browser_state.h"
@@ -7,7 +8,6 @@
 #include "runtime/color_settings.h"
 #include "runtime/grid.h"
 #include "runtime/preferences.h"
-#include "runtime/run_state.h"
 #include "runtime/shape_settings.h"
 #include "runtime/store.h"
 #include "runtime/text_settings.h"

@@ -1,7 +1,7 @@
 #include "workspace/tag_files.h"
 
+#include "base/log.h"
 #include "platform/files.h"
-#include "runtime/log.h"
 #include "workspace/folder.h"
 
 namespace kelu {

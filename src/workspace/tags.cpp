@@ -1,6 +1,6 @@
 #include "workspace/tags.h"
 
-#include "runtime/log.h"
+#include "base/log.h"
 #include <algorithm>
 
 namespace kelu {

@@ -5,7 +5,7 @@
 // reader that doesn't know a tag goes on at the next marker, so a file may come from an older or a newer program.
 #pragma once
 
-#include "imagefile/reader.h"
+#include "base/reader.h"
 #include "workspace/field.h"
 #include <limits>
 #include <span>

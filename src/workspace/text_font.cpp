@@ -1,11 +1,11 @@
 // Loading, and the way back to the program's own font.
 #include "workspace/text_font.h"
 
+#include "base/log.h"
+#include "base/run_state.h"
 #include "imagefile/vector_font.h"
 #include "platform/files.h"
 #include "runtime/failure.h"
-#include "runtime/log.h"
-#include "runtime/run_state.h"
 #include "runtime/text_settings.h"
 #include "workspace/notice.h"
 

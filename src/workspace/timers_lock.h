@@ -1,7 +1,7 @@
 // The process lock for the time of a block.
 #pragma once
 
-#include "runtime/run_state.h"
+#include "base/run_state.h"
 
 namespace kelu {
 

@@ -1,9 +1,9 @@
 // Any bytes as an archive, loaded over a small workspace: afterwards there is a frame to paint on.
 #include "workspace/archive.h"
 #include "../support/temporary_folder.h"
+#include "base/run_state.h"
 #include "platform/host.h"
-#include "runtime/run_state.h"
-#include "runtime/startup.h"
+#include "program/startup.h"
 #include "runtime/store.h"
 #include "workspace/blank_workspace.h"
 #include <cstdlib>

@@ -1,9 +1,9 @@
 // What the fuzz targets of picture readers share: Allegro without a display, and the run over one input.
 #pragma once
 
-#include "imagefile/reader.h"
+#include "base/bitmap.h"
+#include "base/reader.h"
 #include "platform/host.h"
-#include "runtime/bitmap.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) { return kelu::platform::headless_host.start() ? 0 : 1; }
 

@@ -1,11 +1,11 @@
 // Any bytes as the body of a compiled script, and any text as the source of one, for some hundred ticks.
 #include "framework/script.h"
+#include "base/run_state.h"
 #include "framework/behaviors.h"
 #include "framework/bubbles.h"
 #include "framework/framework_jobs.h"
 #include "framework/script_compiler.h"
 #include "runtime/jobs.h"
-#include "runtime/run_state.h"
 #include <string_view>
 
 namespace kelu {

@@ -1,12 +1,12 @@
 // Cels by mouse: grabbing, dragging, anchoring, and the tool that lifts a piece of the frame.
-#include "draw/cel_grab.h"
-#include "draw/cel_paste.h"
-#include "draw/cel_stretch.h"
-#include "draw/cel_turn.h"
-#include "draw/shape_panel.h"
 #include "draw/undo.h"
 #include "screens/cel_transform.h"
 #include "support/screen_session.h"
+#include "tools/cel_grab.h"
+#include "tools/cel_paste.h"
+#include "tools/cel_stretch.h"
+#include "tools/cel_turn.h"
+#include "tools/shape_panel.h"
 
 namespace kelu {
 

@@ -1,6 +1,5 @@
 // The file browser by mouse and keys: what a click, a name and a place stand for, and what is asked before a file goes.
 #include "gui/build.h"
-#include "imagefile/dispatch.h"
 #include "imagefile/png.h"
 #include "platform/files.h"
 #include "platform/places.h"
@@ -9,6 +8,7 @@
 #include "runtime/text_settings.h"
 #include "screens/browser_listing.h"
 #include "screens/browser_slots.h"
+#include "screens/dispatch.h"
 #include "screens/file_browser.h"
 #include "support/screen_session.h"
 #include <allegro.h>

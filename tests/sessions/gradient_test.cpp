@@ -1,8 +1,8 @@
 // The nodes of the gradients by mouse and key.
 #include "draw/gradient.h"
-#include "draw/gradient_nodes.h"
 #include "draw/preview.h"
 #include "support/screen_session.h"
+#include "tools/gradient_nodes.h"
 
 namespace kelu {
 

@@ -1,8 +1,5 @@
 // The tools by mouse, from the first click to the last.
-#include "draw/oval.h"
 #include "draw/preview.h"
-#include "draw/spline.h"
-#include "draw/tools.h"
 #include "runtime/clock.h"
 #include "runtime/jobs.h"
 #include "runtime/measure.h"
@@ -11,6 +8,9 @@
 #include "support/point_print.h"
 #include "support/screen_session.h"
 #include "support/tool_session.h"
+#include "tools/oval.h"
+#include "tools/spline.h"
+#include "tools/tools.h"
 
 namespace kelu {
 

@@ -1,9 +1,9 @@
 // Every table of the program on its start values, before and after a test.
 #pragma once
 
+#include "base/run_state.h"
+#include "program/startup.h"
 #include "runtime/random.h"
-#include "runtime/run_state.h"
-#include "runtime/startup.h"
 #include <gtest/gtest.h>
 
 namespace kelu::test {

@@ -4,7 +4,7 @@
 // environment the picture is kept as the new golden one instead, and nothing fails: look at it afterwards.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 #include <gtest/gtest.h>
 #include <string>
 

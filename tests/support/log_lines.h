@@ -1,7 +1,7 @@
 // The program's log, opened in a folder of its own for the time of a test and read back line by line.
 #pragma once
 
-#include "runtime/log.h"
+#include "base/log.h"
 #include "support/temporary_folder.h"
 #include <sstream>
 #include <vector>

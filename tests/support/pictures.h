@@ -1,8 +1,8 @@
 // Pictures for the tests of the picture formats: what the fixtures in tests/data show, and the eyes of another program.
 #pragma once
 
-#include "imagefile/reader.h"
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
+#include "base/reader.h"
 #include <functional>
 #include <optional>
 #include <string>

@@ -1,7 +1,7 @@
 // Small pixel grids as text, for tests: one letter a pixel, one string a line.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 #include <map>
 #include <string>
 #include <vector>

@@ -1,8 +1,8 @@
 // Loading from the build's program folder.
 #include "support/screen_resources.h"
 
+#include "base/run_state.h"
 #include "gui/scheme.h"
-#include "runtime/run_state.h"
 #include "support/paths.h"
 #include "workspace/resources.h"
 #include <filesystem>

@@ -1,19 +1,19 @@
 // What nearly every session on a screen looks at, and the small steps that they have in common.
 #pragma once
 
-#include "draw/tool_loop.h"
+#include "base/run_state.h"
 #include "gui/kinds.h"
 #include "gui/menus.h"
 #include "gui/scheme.h"
 #include "gui/slots.h"
 #include "gui/strings.h"
 #include "gui/tooltips.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
+#include "loop/tool_loop.h"
 #include "runtime/grid.h"
 #include "runtime/hotkeys.h"
 #include "runtime/pixels.h"
 #include "runtime/preferences.h"
-#include "runtime/run_state.h"
 #include "runtime/store.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"

@@ -1,13 +1,13 @@
 // The two threads of a session, their turns, and the virtual clock.
 #include "support/session.h"
 
+#include "base/run_state.h"
 #include "gui/menus.h"
 #include "gui/slots.h"
 #include "platform/host.h"
 #include "platform/layout.h"
+#include "program/startup.h"
 #include "runtime/random.h"
-#include "runtime/run_state.h"
-#include "runtime/startup.h"
 #include "runtime/store.h"
 #include "screens/draw_menu.h"
 #include "support/paths.h"

@@ -6,7 +6,7 @@
 // may look at any state and at the presented picture while a screen's loop is open.
 #pragma once
 
-#include "runtime/bitmap.h"
+#include "base/bitmap.h"
 #include <string>
 #include <vector>
 

@@ -1,11 +1,11 @@
 // A session with one tool in hand, and what its tests look at.
 #pragma once
 
+#include "base/run_state.h"
 #include "draw/operation.h"
 #include "draw/point_list.h"
 #include "draw/undo.h"
 #include "runtime/preferences.h"
-#include "runtime/run_state.h"
 #include "runtime/store.h"
 #include "runtime/toolbox.h"
 #include "support/session.h"

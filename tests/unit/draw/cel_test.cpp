@@ -1,13 +1,13 @@
 // The cel as a picture, where it is drawn, and what it leaves in the frame.
 #include "draw/cel.h"
 
+#include "base/log.h"
+#include "base/run_state.h"
 #include "draw/cel_render.h"
 #include "draw/undo.h"
 #include "runtime/frame_snapshot.h"
-#include "runtime/log.h"
 #include "runtime/pixels.h"
 #include "runtime/preferences.h"
-#include "runtime/run_state.h"
 #include "runtime/sheets.h"
 #include "runtime/store.h"
 #include "runtime/toolbox.h"

@@ -1,9 +1,9 @@
 // Speech bubbles: both layouts and the states from opening to free.
 #include "framework/bubbles.h"
 
+#include "base/run_state.h"
 #include "framework/bubble_layout.h"
 #include "runtime/actors.h"
-#include "runtime/run_state.h"
 #include "support/fresh_state.h"
 #include "support/log_lines.h"
 

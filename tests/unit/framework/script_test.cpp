@@ -1,13 +1,13 @@
 // Scripts: compiled from text, loaded, and run tick by tick; and what malformed ones do.
 #include "framework/script.h"
 
+#include "base/run_state.h"
 #include "framework/behaviors.h"
 #include "framework/framework_jobs.h"
 #include "framework/script_compiler.h"
 #include "runtime/actors.h"
 #include "runtime/bubble_table.h"
 #include "runtime/jobs.h"
-#include "runtime/run_state.h"
 #include "runtime/view.h"
 #include "support/fresh_state.h"
 #include "support/log_lines.h"

@@ -1,6 +1,7 @@
 // A clean table of slots, and a pointer, buttons and wheel that tests move by hand.
 #pragma once
 
+#include "base/run_state.h"
 #include "gui/field.h"
 #include "gui/kinds.h"
 #include "gui/logic.h"
@@ -11,7 +12,6 @@
 #include "runtime/input.h"
 #include "runtime/jobs.h"
 #include "runtime/preferences.h"
-#include "runtime/run_state.h"
 #include "runtime/toolbox.h"
 #include "support/fresh_state.h"
 #include <allegro.h>

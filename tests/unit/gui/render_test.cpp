@@ -8,7 +8,7 @@
 #include "gui/planes.h"
 #include "gui/scroll_bar.h"
 #include "gui_fixture.h"
-#include "runtime/frame.h"
+#include "loop/frame.h"
 #include "runtime/frame_snapshot.h"
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 // BMP: fixtures of other encoders, runs to the letter, damage.
 #include "imagefile/bmp.h"
 
-#include "imagefile/reader.h"
+#include "base/reader.h"
 #include "runtime/pixels.h"
 #include "support/pictures.h"
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // Frames and containers on disk: what the readers take, what they refuse, and the bytes that the writers leave.
+#include "base/reader.h"
 #include "imagefile/bmp.h"
-#include "imagefile/reader.h"
 #include "imagefile/tga.h"
 #include "support/pixel_text.h"
 #include "support/temporary_folder.h"

@@ -1,6 +1,6 @@
 // Letters for places.
+#include "base/log.h"
 #include "platform/places.h"
-#include "runtime/log.h"
 #include "support/temporary_folder.h"
 #include <cstdlib>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // The presenter's scaler against Allegro's own enlarging.
+#include "base/bitmap.h"
 #include "platform/scaler.h"
-#include "runtime/bitmap.h"
 #include "support/pictures.h"
 #include <gtest/gtest.h>
 

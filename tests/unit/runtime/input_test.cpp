@@ -1,10 +1,10 @@
 // Buttons, the press filter, the hotkey test and the counters of the timers.
+#include "base/run_state.h"
 #include "runtime/clock.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
 #include "runtime/jobs.h"
 #include "runtime/preferences.h"
-#include "runtime/run_state.h"
 #include "runtime/view.h"
 #include "support/fresh_state.h"
 #include <allegro.h>

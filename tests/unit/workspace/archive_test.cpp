@@ -1,7 +1,7 @@
 // Archives: what is packed comes back, and what is short or wrong touches nothing.
 
+#include "base/reader.h"
 #include "gui/slots.h"
-#include "imagefile/reader.h"
 #include "workspace_fixture.h"
 #include <map>
 

@@ -1,20 +1,20 @@
 // A program folder with an empty store, and the program's tables on their start values.
 #pragma once
 
+#include "base/log.h"
+#include "base/run_state.h"
 #include "draw/undo.h"
 #include "gui/menus.h"
 #include "gui/scheme.h"
 #include "gui/strings.h"
 #include "imagefile/tga.h"
 #include "platform/files.h"
+#include "program/startup.h"
 #include "runtime/animation.h"
 #include "runtime/browser_state.h"
 #include "runtime/grid.h"
-#include "runtime/log.h"
 #include "runtime/macros.h"
 #include "runtime/preferences.h"
-#include "runtime/run_state.h"
-#include "runtime/startup.h"
 #include "runtime/store.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"

@@ -1,0 +1,25 @@
+// What the loops of many screens do with keys and raw buttons.
+#include "loop/waits.h"
+
+#include "draw/tool_hooks.h"
+#include "gui/slots.h"
+#include "loop/tool_loop.h"
+#include "runtime/hotkeys.h"
+
+namespace kelu {
+
+bool right_press_on_bare_frame() { return right_down() && slot_under_pointer() < 0; }
+
+void hide_on_right_press()
+{
+    if (!right_press_on_bare_frame()) return;
+    wait_right_release();
+    menu_toggle_hidden(0);
+}
+
+void run_quick_pan()
+{
+    if (hotkey_test(ACTION_QUICK_PAN)) call_hook(tool_hooks.quick_pan);
+}
+
+} // namespace kelu

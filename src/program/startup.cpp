@@ -1,0 +1,248 @@
+// The start-up sequence. Each step leans on what the one before it left in the global tables.
+#include "program/startup.h"
+
+#include "base/log.h"
+#include "base/run_state.h"
+#include "draw/tips.h"
+#include "draw/tool_hooks.h"
+#include "framework/framework_jobs.h"
+#include "framework/resource_files.h"
+#include "framework/script.h"
+#include "framework/tint.h"
+#include "gui/logic.h"
+#include "gui/scheme.h"
+#include "imagefile/vector_font.h"
+#include "loop/drag.h"
+#include "loop/frame.h"
+#include "loop/freeze.h"
+#include "loop/quick_pan.h"
+#include "platform/clipboard.h"
+#include "platform/ending.h"
+#include "platform/files.h"
+#include "platform/host.h"
+#include "runtime/actors.h"
+#include "runtime/clock.h"
+#include "runtime/failure.h"
+#include "runtime/input.h"
+#include "runtime/preferences.h"
+#include "runtime/sheets.h"
+#include "runtime/store.h"
+#include "runtime/view.h"
+#include "screens/actions.h"
+#include "screens/color_menu.h"
+#include "screens/dialogs.h"
+#include "screens/dispatch.h"
+#include "screens/draw_menu.h"
+#include "screens/failure_panel.h"
+#include "screens/frame_loan.h"
+#include "screens/text_tool.h"
+#include "tools/tools.h"
+#include "workspace/blank_workspace.h"
+#include "workspace/frame_store.h"
+#include "workspace/notice.h"
+#include "workspace/resources.h"
+#include "workspace/settings.h"
+#include "workspace/state.h"
+#include <cstdlib>
+#include <ctime>
+
+namespace kelu {
+namespace {
+
+constexpr const char* state_file = "current.spa";
+constexpr int preview_w = 117;
+constexpr int preview_h = 79;
+constexpr int nail_sheet_side = 400;
+constexpr int tint_start = 254; ///< opacity of the black that the first frames fade from
+constexpr int tint_step = 8;
+
+/// The permissions test comes before the log is touched, so that the last run's log stays readable.
+void test_folder()
+{
+    if (platform::file_writable("config.def")) return;
+    platform::host->start();
+    fatal_stop(fatal_text::permissions);
+}
+
+void start_log()
+{
+    log_open();
+    log_line("[ INIT ] : Old resources swept up");
+    log_line("[ INIT ] : Kelu v1.6 now loading");
+    log_line("[ INIT ] : DEFCON 1 - Standard logging");
+}
+
+void start_machine()
+{
+    if (!platform::host->start()) {
+        log_line("[ FATAL ] : No display to draw on");
+        fatal_stop("No display was found. Start the program from a graphical desktop.");
+    }
+    log_line("[ INIT ] : Initialized Allegro");
+    platform::host->set_title("Kelu v1.6");
+}
+
+void load_resources()
+{
+    {
+        const platform::DirectoryVisit folder("resource");
+        load_object_library();
+    }
+    log_line("[ INIT ] : Loaded application audio resources");
+    log_line("[ INIT ] : Loaded framework audio resources");
+    load_application_resources();
+    log_line("[ INIT ] : Loaded application video resources");
+    platform::host->set_icon(sheets.enlarged_picture);
+    load_framework_video();
+    log_line("[ INIT ] : Loaded framework video resources");
+    const platform::DirectoryVisit folder("resource");
+    sweep_old_resources();
+}
+
+/// Reductions to 256 colours look colours up here.
+void make_color_map()
+{
+    static RGB_MAP map;
+    create_rgb_table(&map, framework_palette, nullptr);
+    rgb_map = &map;
+}
+
+void make_bitmaps()
+{
+    screen_state.screen_buffer_a = Bitmap(logical_w, logical_h, mask_magenta);
+    screen_state.tool_overlay = Bitmap(logical_w, logical_h, mask_magenta);
+    screen_state.preview_bitmap = Bitmap(preview_w, preview_h);
+    for (Bitmap* placeholder : {&store.cel_bitmap, &store.cel_source_bitmap, &store.restoration_bitmap,
+                                &store.coverage_bitmap, &store.alpha_bitmap})
+        *placeholder = Bitmap(2, 2);
+    store.nail_sheet = Bitmap(nail_sheet_side, nail_sheet_side);
+    store.onion_bitmap.reset();
+}
+
+void restore_workspace()
+{
+    int loaded = 0;
+    {
+        const platform::DirectoryVisit folder("WORKSPACE");
+        loaded = read_workspace_state(state_file);
+    }
+    if (loaded != 0) {
+        store.frame_count = count_workspace_frames();
+        log_line("[ INIT ] : User workspace restored from file");
+    } else {
+        log_line("[ INFO ] : Couldn't locate workspace. Assuming default settings.");
+        apply_default_options();
+        begin_workspace();
+    }
+}
+
+/// What lower levels ask of higher ones.
+void connect_levels()
+{
+    logic_hooks.hotkeys = [] { hotkey_dispatch(2); };
+    logic_hooks.follow_view = [] {
+        clamp_pan();
+        update_mouse_position();
+    };
+    logic_hooks.wheel_zoom = zoom_step;
+    logic_hooks.colour_tab = request_colour_tab;
+    tool_hooks = {.hotkey_dispatch = hotkey_dispatch,
+                  .quick_pan = quick_pan,
+                  .build_draw_menu = build_draw_menu,
+                  .freeze_menu = freeze_menu,
+                  .text_tool = text_tool};
+    show_notice = [](int first, int second) { ask(first, second, DialogButtons::OKAY); };
+    show_failure_panel = show_failure;
+    install_drag_job();
+    register_framework_jobs();
+    connect_picture_files();
+}
+
+void prepare()
+{
+    run_state.timers_locked = 1;
+    test_folder();
+    start_log();
+    run_state.program_dir = platform::working_directory();
+    run_state.current_dir = run_state.program_dir;
+    start_machine();
+    initialize_display();
+    log_line("[ INIT ] : Framework initialized");
+    read_user_settings();
+    log_line("[ INIT ] : User settings loaded from file");
+    load_resources();
+    std::srand(static_cast<unsigned>(std::time(nullptr)));
+    make_color_map();
+    make_bitmaps();
+    pointer.last_mouse_z = ::mouse_z;
+    platform::host->position_mouse(screen_state.screen_w / 2, screen_state.screen_h / 2);
+    wave_displacers = {};
+    actor_at(0).Type = ACTOR_RESERVED;
+    fill_view_tables();
+    connect_levels();
+    install_interrupts();
+    restore_workspace();
+}
+
+/// For a system that goes down while a menu is open: the program ends from inside it.
+[[noreturn]] void end_program_at_once()
+{
+    shutdown_program();
+    std::exit(EXIT_SUCCESS);
+}
+
+void enter_running()
+{
+    platform::end_at_once = end_program_at_once;
+    run_state.gui_clicks_enabled = 1;
+    run_state.timers_locked = 0;
+    log_line("[ INIT ] : All preparations complete. Entering program loop");
+    log_line(" ");
+    if (run_state.start_month == 0 && run_state.start_day == 29) log_line("[ DERP ] : Birthday mode engaged!");
+    platform::change_directory(run_state.current_dir);
+    run_state.gui_active = 1;
+    run_state.gui_clicks_enabled = 1;
+    tint.tint_red = 0;
+    tint.tint_green = 0;
+    tint.tint_blue = 0;
+    tint.tint_opacity = tint_start;
+    FW_tint_screen(0, 0, 0, 0, 0, tint_step);
+    wear_scheme();
+    recolor_gui_sheet(menu_scheme.scheme_background, menu_scheme.scheme_border, menu_scheme.scheme_shadow,
+                      menu_scheme.scheme_highlight_fore);
+    rebuild_tip_cursor();
+}
+
+} // namespace
+
+int run_program()
+{
+    prepare();
+    enter_running();
+    program.home_loop();
+    shutdown_program();
+    return 0;
+}
+
+void shutdown_program()
+{
+    log_line("[ END ] : User has opted to exit the program.");
+    log_line("[ END ] : Switching off handlers and locking processes.");
+    run_state.timers_locked = 1;
+    run_state.gui_clicks_enabled = 0;
+    run_state.gui_active = 0;
+    log_line("[ END ] : Writing workspace to file.");
+    end_frame_loan();
+    write_workspace_state(state_file, false);
+    log_line("[ END ] : Writing user settings to file.");
+    write_user_settings();
+    log_line("[ END ] : Closing font renderer hooks.");
+    font_system_exit();
+    log_line("[ END ] : Closing log.");
+    log_close();
+    remove_interrupts();
+    platform::clipboard_close();
+    platform::host->stop();
+}
+
+} // namespace kelu

@@ -1,0 +1,156 @@
+// From a file's name to the routine that loads or saves it.
+#include "screens/dispatch.h"
+
+#include "gui/menus.h"
+#include "gui/slots.h"
+#include "gui/tooltips.h"
+#include "imagefile/formats.h"
+#include "imagefile/ico.h"
+#include "imagefile/picture_files.h"
+#include "imagefile/refusal.h"
+#include "platform/files.h"
+#include "runtime/browser_state.h"
+#include "runtime/preferences.h"
+#include "runtime/store.h"
+#include "screens/jpeg_quality.h"
+#include "workspace/archive.h"
+#include "workspace/colour_files.h"
+#include "workspace/frame_cache.h"
+#include "workspace/frame_store.h"
+#include "workspace/merged.h"
+
+namespace kelu {
+namespace {
+
+constexpr int message_ticks = 120;
+
+/// The format that a browser mode stands for by itself, or the one that the file tells of.
+int format_in_mode(int told, int browser_mode)
+{
+    switch (browser_mode) {
+    case BROWSE_WORKSPACE:
+        return FORMAT_WSP;
+    case BROWSE_FAVORITES:
+        return FORMAT_FAVORITES;
+    case BROWSE_SCHEME:
+        return FORMAT_SCHEME;
+    default:
+        return told;
+    }
+}
+
+/// Kinds of `load_frame_file`.
+int frame_file_kind(int format) { return format == FORMAT_JPG ? 1 : format == FORMAT_ICO ? 2 : 0; }
+
+/// Loads a picture, or says why it can't be.
+bool load_into_frame(const std::string& name, int format)
+{
+    const bool is_picture = format != FORMAT_NONE && format_row(format).decode;
+    const char* reason = is_picture ? refusal::no_memory : "No kind of picture!";
+    picture_refusal = platform::file_exists(name) ? reason : "No such file!"; // until a decoder says something else
+    if (is_picture) {
+        refresh_frame_cache();
+        if (load_frame_file(name, LOAD_PICTURE, frame_file_kind(format))) return true;
+    }
+    flash_failure(TIP_LOAD_FAILED, picture_refusal);
+    return false;
+}
+
+/// Asks for the quality of a JPEG while the browser's window, which begins at slot 0, is hidden; -1: cancelled.
+int ask_quality()
+{
+    menu_hide(0);
+    gui.active[0] = 0; // not hidden as the others are, for with slot 0 the status bar would hide its message
+    gui.hidden[0] = 0;
+    gui_logic.gui_key_focus = -1; // keys move the view over the preview and aren't the hidden field's
+    const int quality = jpeg_quality_dialog();
+    gui.active[0] = 1;
+    menu_show(0);
+    return quality;
+}
+
+/// Saves the frame; false when that failed.
+bool write_frame_picture(const std::string& name, int format, const SaveOptions& options)
+{
+    if (format == FORMAT_NONE || !format_row(format).save)
+        return format_row(FORMAT_PNG).save(name.c_str(), store.frame_bitmap, options);
+    const FormatRow& row = format_row(format);
+    if (!row.keeps_alpha) return row.save(name.c_str(), store.frame_bitmap, options);
+    const Bitmap merged(store.frame_bitmap.width(), store.frame_bitmap.height());
+    if (!merged) return false;
+    alpha_merge(merged);
+    return row.save(name.c_str(), merged, options);
+}
+
+/// Says so when a file of colours could not be loaded, or saved.
+bool loaded(bool good, const std::string& reason)
+{
+    if (!good) flash_failure(TIP_LOAD_FAILED, reason);
+    return good;
+}
+bool saved(bool good)
+{
+    if (!good) flash_status_message(TIP_SAVE_FAILED, message_ticks);
+    return good;
+}
+
+bool too_large_for(int format)
+{
+    return format == FORMAT_ICO &&
+           (store.frame_bitmap.width() > max_icon_side || store.frame_bitmap.height() > max_icon_side);
+}
+
+bool save_frame(const std::string& name, int format)
+{
+    if (too_large_for(format)) {
+        flash_status_message(TIP_PICTURE_TOO_LARGE, message_ticks);
+        return false;
+    }
+    SaveOptions options{.color_reduction = preferences.color_reduction};
+    if (format == FORMAT_JPG) {
+        options.jpg_quality = ask_quality();
+        if (options.jpg_quality < 0) return false;
+    }
+    return saved(write_frame_picture(name, format, options));
+}
+
+} // namespace
+
+void connect_picture_files()
+{
+    register_picture_formats();
+    read_picture = [](const std::string& name, int) { return load_picture(name, format_of_file(name)); };
+}
+
+bool load_picture_file(const std::string& name, int browser_mode)
+{
+    const int format =
+        format_in_mode(browser_mode == BROWSE_PICTURE ? format_of_file(name) : FORMAT_NONE, browser_mode);
+    switch (format) {
+    case FORMAT_WSP:
+        return load_workspace_archive(name) == 0; // which tells of its failures itself
+    case FORMAT_FAVORITES:
+        return loaded(load_favorites_file(name) == 1, "No file of colors!");
+    case FORMAT_SCHEME:
+        return loaded(load_scheme_file(name) == 1, "No color scheme!");
+    default:
+        return load_into_frame(name, format);
+    }
+}
+
+bool save_picture_file(const std::string& name, int browser_mode)
+{
+    const int format = format_in_mode(format_from_extension(name, false), browser_mode);
+    switch (format) {
+    case FORMAT_WSP:
+        return save_workspace_archive(name) == 0;
+    case FORMAT_FAVORITES:
+        return saved(save_favorites_file(name));
+    case FORMAT_SCHEME:
+        return saved(save_scheme_file(name));
+    default:
+        return save_frame(name, format);
+    }
+}
+
+} // namespace kelu

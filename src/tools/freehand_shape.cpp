@@ -1,0 +1,42 @@
+// The outline that the hand draws.
+#include "tools/freehand_shape.h"
+
+#include "draw/outline.h"
+#include "draw/preview.h"
+#include "draw/tool_input.h"
+#include "loop/frame.h"
+#include "loop/tool_loop.h"
+#include "runtime/input.h"
+#include "runtime/toolbox.h"
+
+namespace kelu {
+
+void append_sample(Points& points, Point last, Point sample)
+{
+    if (sample == last) return;
+    const auto is_step = [](int from, int to) { return from == no_position || (to - from <= 1 && from - to <= 1); };
+    if (!is_step(last.x, sample.x) || !is_step(last.y, sample.y)) points.push_back(last);
+    points.push_back(sample);
+}
+
+int freehand_shape_tool()
+{
+    constexpr std::size_t most_points = 9997;
+    free_point_list();
+    const PreviewScope shown(TOOL_FSHAPE);
+    sample_press();
+    Point last{stroke_position.stroke_last_x, stroke_position.stroke_last_y};
+    Point sample = snapped_press();
+    do {
+        append_sample(tool_input.point_list, last, sample);
+        last = sample;
+        stroke_position = {last.x, last.y};
+        run_frame(0);
+        sample = snapped_mouse();
+    } while (left_down() && !leaving() && tool_input.point_list.size() <= most_points);
+    draw_closed_outline();
+    free_point_list();
+    return 1;
+}
+
+} // namespace kelu

@@ -1,0 +1,53 @@
+// Grab, fill the gap, float, anchor.
+#include "tools/move.h"
+
+#include "draw/cel.h"
+#include "draw/tool_hooks.h"
+#include "draw/tool_input.h"
+#include "draw/undo.h"
+#include "gui/build.h"
+#include "loop/tool_loop.h"
+#include "runtime/store.h"
+#include "runtime/toolbox.h"
+#include "tools/cel_grab.h"
+#include "tools/cel_paste.h"
+
+namespace kelu {
+namespace {
+
+/// What the lifted rectangle leaves behind: a plain fill, without ink.
+void fill_gap()
+{
+    const bool with_brush_color = toolbox.tool_table[TOOL_MOVE][0] != 0;
+    rectfill(store.frame_bitmap, cel.cel_origin_x, cel.cel_origin_y, cel.cel_origin_x + store.cel_bitmap.width() - 1,
+             cel.cel_origin_y + store.cel_bitmap.height() - 1,
+             with_brush_color ? toolbox.brush_color : toolbox.mask_color);
+}
+
+} // namespace
+
+void move_tool()
+{
+    const Point corner = tool_input.tool_nodes[0];
+    const bool menu_stood = slot_live(0);
+    {
+        const KeptCel kept;
+        const ToolMeasure size(corner, false);
+        if (menu_stood) {
+            call_hook(tool_hooks.freeze_menu);
+            menu_hide(0);
+        }
+        if (cel_get(corner.x, corner.y, false) == GRAB_TAKEN) {
+            push_undo(false);
+            fill_gap();
+            if (!cel_paste(false, false)) undo_step(); // the program leaves: the piece goes back to its place
+        }
+    }
+    clear_ghost();
+    close_screen();
+    call_hook(tool_hooks.build_draw_menu);
+    if (!menu_stood) menu_hide(0);
+    wait_right_release();
+}
+
+} // namespace kelu

@@ -1,0 +1,115 @@
+// The ellipse chain, and the loop in which the mouse sets its second axis.
+#include "tools/oval.h"
+
+#include "base/maths.h"
+#include "draw/operation.h"
+#include "draw/preview.h"
+#include "draw/span_fill.h"
+#include "draw/tool_input.h"
+#include "draw/undo.h"
+#include "gui/slots.h"
+#include "loop/tool_loop.h"
+#include "runtime/input.h"
+#include "runtime/store.h"
+#include "tools/tools.h"
+#include "tools/two_point.h"
+#include <algorithm>
+#include <cmath>
+
+namespace kelu {
+namespace {
+
+constexpr double radians_per_degree = 0.017453292522222223;
+
+void append_line(Points& chain, Point from, Point to)
+{
+    walk_line(from, to, [&](int x, int y) { chain.push_back({x, y}); });
+}
+
+/// The ellipse on the axis of the nodes whose second axis ends at the mouse.
+Points ellipse_to(Point mouse)
+{
+    const Point a = tool_input.tool_nodes[0];
+    const Point b = tool_input.tool_nodes[1];
+    const int cx = (a.x + b.x) / 2;
+    const int cy = (a.y + b.y) / 2;
+    const int ra = dist2(a.x, a.y, b.x, b.y) / 2;
+    const int rb = dist2(cx, cy, mouse.x, mouse.y);
+    const auto degrees = static_cast<int>(std::lround(360 - angle_between(cx, cy, mouse.x, mouse.y)));
+    return interpolate_ellipse(cx, cy, ra, rb, degrees, 360);
+}
+
+/// Follows the mouse until a left click on the canvas; a right click hides or shows the menu. False when leaving.
+bool choose_second_axis()
+{
+    CanvasButtons buttons;
+    while (!leaving()) {
+        tool_input.point_list = ellipse_to(snapped_mouse());
+        run_tool_pass();
+        if (buttons.left_pressed()) {
+            wait_left_release();
+            return !leaving();
+        }
+        if (buttons.right_pressed()) {
+            wait_right_release();
+            menu_toggle_hidden(0);
+        }
+    }
+    return false;
+}
+
+void draw_oval()
+{
+    const int ink = current_ink();
+    push_undo(false);
+    clear_to_color(store.coverage_bitmap, 0);
+    if (tool_filled(TOOL_OVAL)) {
+        walk_row_extents(tool_input.point_list, [&](int left, int right, int y) { fill_span(left, right, y, ink); });
+        return;
+    }
+    for (const Point p : tool_input.point_list)
+        stamp_tip(p.x, p.y, TOOL_OVAL, ink, toolbox.brush_tip);
+}
+
+} // namespace
+
+Points interpolate_ellipse(int cx, int cy, int ra, int rb, int degrees, int steps)
+{
+    Points chain;
+    const double turn = -degrees * radians_per_degree;
+    const double s = std::sin(turn);
+    const double c = std::cos(turn);
+    const int step = 360 / std::clamp(steps, 1, 360);
+    for (int t = 0; t < 360; t += step) {
+        const double angle = t * radians_per_degree;
+        const Point p{to_coordinate(c * std::cos(angle) * ra - s * std::sin(angle) * rb + cx),
+                      to_coordinate(std::sin(angle) * rb * c + std::cos(angle) * ra * s + cy)};
+        if (chain.empty() || (p != chain.back() && adjacent(p, chain.back()))) {
+            chain.push_back(p);
+        } else if (p != chain.back()) {
+            append_line(chain, chain.back(), p);
+        }
+    }
+    if (!adjacent(chain.front(), chain.back())) append_line(chain, chain.front(), chain.back());
+    return chain;
+}
+
+int gather_oval()
+{
+    sample_press();
+    tool_input.tool_nodes[0] = snapped_press();
+    tool_input.tool_nodes[1] = {unset_node, unset_node};
+    wait_left_release();
+    {
+        const PreviewScope first_axis(TOOL_LINE);
+        if (!rubber_band(1, -1)) return 0;
+    }
+    tool_input.tool_nodes[1] = snapped_press();
+    const PreviewScope shown(TOOL_OVAL);
+    const bool chosen = choose_second_axis();
+    if (chosen) draw_oval();
+    free_point_list();
+    return chosen ? 1 : 0;
+}
+
+} // namespace kelu

@@ -1,0 +1,180 @@
+// Files into and out of the frame: alpha on the way, refusals, previews.
+#include "screens/dispatch.h"
+
+#include "base/run_state.h"
+#include "gui/menus.h"
+#include "gui/tooltips.h"
+#include "imagefile/formats.h"
+#include "imagefile/png.h"
+#include "runtime/pixels.h"
+#include "runtime/preferences.h"
+#include "runtime/store.h"
+#include "screens/preview.h"
+#include "support/paths.h"
+#include "support/pictures.h"
+#include "support/temporary_folder.h"
+#include "workspace/merged.h"
+#include <filesystem>
+#include <gtest/gtest.h>
+
+namespace kelu {
+namespace {
+
+using namespace test;
+
+class Dispatch : public testing::Test {
+protected:
+    Dispatch()
+    {
+        connect_picture_files();
+        store.frame_bitmap = paint(21, 9, [](int x, int y) { return six_bit(pack_rgb(x / 7 * 96, y / 3 * 96, 64)); });
+        store.alpha_bitmap = paint(21, 9, [](int x, int y) { return (1 + x * 9 + y) * 0x010101; });
+        store.restoration_bitmap = Bitmap(21, 9);
+        screen_state.preview_bitmap = Bitmap(117, 79);
+        colors_ = store.frame_bitmap.copy();
+        alpha_ = store.alpha_bitmap.copy();
+    }
+    ~Dispatch() override
+    {
+        store = {};
+        menus = {};
+        preferences = {};
+        screen_state.preview_bitmap.reset();
+    }
+    /// Another frame, into which something is loaded.
+    static void blank_frame()
+    {
+        store.frame_bitmap = Bitmap(4, 4, 0x111111);
+        store.alpha_bitmap = Bitmap(4, 4, 0x222222);
+    }
+
+    TemporaryFolder folder_;
+    Bitmap colors_, alpha_;
+};
+
+TEST_F(Dispatch, AlphaTravelsInPngAndIconsAndIsOpaqueElsewhere)
+{
+    preferences.color_reduction = 2;
+    const Bitmap white(21, 9, 0xffffff);
+    for (const char* name : {"A.PNG", "A.ICO", "A.GIF", "A.PCX", "A.BMP", "A.LBM"}) {
+        store.frame_bitmap = colors_.copy();
+        store.alpha_bitmap = alpha_.copy();
+        ASSERT_TRUE(save_picture_file(name, BROWSE_PICTURE)) << name;
+        blank_frame();
+        ASSERT_TRUE(load_picture_file(name, BROWSE_PICTURE)) << name;
+        const bool keeps = name[2] == 'P' ? name[3] == 'N' : name[2] == 'I';
+        EXPECT_EQ(difference(store.frame_bitmap, colors_), "") << name;
+        EXPECT_EQ(difference(store.alpha_bitmap, keeps ? alpha_.get() : white.get()), "") << name;
+    }
+    EXPECT_EQ(menus.status_message, 0);
+}
+
+TEST_F(Dispatch, AlphaEditingChangesNothingInPng)
+{
+    ASSERT_TRUE(save_picture_file("plain.png", BROWSE_PICTURE));
+    toggle_alpha_edit();
+    ASSERT_TRUE(save_picture_file("swapped.png", BROWSE_PICTURE));
+    EXPECT_TRUE(folder_.text("plain.png") == folder_.text("swapped.png"));
+    ASSERT_TRUE(load_picture_file(data_folder() + "/jpeg/rgb.jpg", BROWSE_PICTURE));
+    EXPECT_EQ(row(alpha_picture(), 3)[3], 0xffffff); // opaque by role, with the picture in the other bitmap
+    EXPECT_NE(row(color_picture(), 3)[3], 0xffffff);
+}
+
+TEST_F(Dispatch, OtherNamesBecomePngWithoutAlpha)
+{
+    for (const char* name : {"NAME.TXT", "name", "a.ttf"}) {
+        ASSERT_TRUE(save_picture_file(name, BROWSE_PICTURE)) << name;
+        EXPECT_EQ(difference(load_png(name), colors_), "") << name;
+    }
+    // A name that tells nothing is loaded by what stands in the file.
+    blank_frame();
+    EXPECT_TRUE(load_picture_file("name", BROWSE_PICTURE));
+    EXPECT_EQ(difference(store.frame_bitmap, colors_), "");
+}
+
+TEST_F(Dispatch, WhatCannotBeLoadedLeavesTheFrame)
+{
+    folder_.put("text.png", "no picture");
+    folder_.put("tiny", "BM");
+    std::filesystem::copy_file(data_folder() + "/gif/plain.gif", "gif.png");
+    std::filesystem::copy_file("gif.png", "not.jpg");
+    for (const auto& [name, reason] : {std::pair{"text.png", "FILE SIGNATURE MISMATCH!"},
+                                       {"tiny", "NO KIND OF PICTURE!"},
+                                       {"gif.png", "FILE SIGNATURE MISMATCH!"},
+                                       {"not.jpg", "NOT A JPEG FILE: STARTS WITH 0X47 0X49"},
+                                       {"missing.png", "NO SUCH FILE!"},
+                                       {"IMAGE.JPEG", "NO SUCH FILE!"}}) {
+        menus = {};
+        EXPECT_FALSE(load_picture_file(name, BROWSE_PICTURE)) << name;
+        EXPECT_EQ(menus.status_message, TIP_LOAD_FAILED) << name;
+        EXPECT_EQ(menus.status_reason, reason) << name;
+        EXPECT_EQ(difference(store.frame_bitmap, colors_), "") << name;
+        EXPECT_EQ(difference(store.alpha_bitmap, alpha_), "") << name;
+    }
+    EXPECT_FALSE(load_picture_file("text.png", BROWSE_SCHEME));
+    EXPECT_FALSE(load_picture_file("text.png", BROWSE_FAVORITES));
+}
+
+TEST_F(Dispatch, AFailedSaveSaysSoAndAnOldFileStands)
+{
+    EXPECT_FALSE(save_picture_file("no/such/folder/a.png", BROWSE_PICTURE));
+    EXPECT_EQ(menus.status_message, TIP_SAVE_FAILED);
+    store.frame_bitmap = Bitmap(257, 3);
+    store.alpha_bitmap = Bitmap(257, 3);
+    folder_.put("old.ico", "old");
+    EXPECT_FALSE(save_picture_file("old.ico", BROWSE_PICTURE));
+    EXPECT_EQ(menus.status_message, TIP_PICTURE_TOO_LARGE);
+    EXPECT_EQ(folder_.text("old.ico"), "old");
+}
+
+TEST_F(Dispatch, ColourFilesGoByTheModeWhateverTheirName)
+{
+    EXPECT_TRUE(save_picture_file("my.gif", BROWSE_SCHEME));
+    EXPECT_EQ(format_from_signature("my.gif"), FORMAT_SCHEME);
+    EXPECT_TRUE(save_picture_file("my.gif", BROWSE_FAVORITES));
+    EXPECT_EQ(format_from_signature("my.gif"), FORMAT_FAVORITES);
+    EXPECT_TRUE(load_picture_file("my.gif", BROWSE_FAVORITES));
+    std::filesystem::rename("my.gif", "my");
+    EXPECT_TRUE(load_picture_file("my", BROWSE_PICTURE)); // by its signature
+}
+
+/// What stands in the preview: a picture's colour in its middle, or the messages' ground.
+int preview_middle() { return row(screen_state.preview_bitmap, 70)[58]; }
+
+TEST_F(Dispatch, PreviewsFitShrinkAndGiveWay)
+{
+    save_png("large.png", Bitmap(500, 400, 0x102030));
+    save_png("small.png", Bitmap(3, 700, 0x405060));
+    folder_.put("damaged.png", "no picture");
+    folder_.put("a.wsp", "kWSP");
+    update_preview("large.png", false);
+    EXPECT_EQ(preview_middle(), 0x102030);
+    update_preview("small.png", false);
+    EXPECT_EQ(preview_middle(), 0x405060);
+    for (const char* name : {"damaged.png", "a.wsp", "none"}) {
+        update_preview("small.png", false);
+        update_preview(name, false);
+        EXPECT_EQ(preview_middle(), fixed_colours.menu_grey) << name;
+    }
+    EXPECT_EQ(difference(store.alpha_bitmap, alpha_), ""); // nothing has touched the frame
+}
+
+TEST_F(Dispatch, PreviewLimits)
+{
+    save_png("padded.png", Bitmap(8, 8, 0x102030));
+    std::filesystem::resize_file("padded.png", 2'048'000);
+    update_preview("padded.png", false);
+    EXPECT_EQ(preview_middle(), fixed_colours.menu_grey);
+    update_preview("padded.png", true); // by a click
+    EXPECT_EQ(preview_middle(), 0x102030);
+    std::filesystem::resize_file("padded.png", 2'047'999);
+    show_preview_message(PREVIEW_UNAVAILABLE);
+    update_preview("padded.png", false);
+    EXPECT_EQ(preview_middle(), 0x102030);
+    preferences.file_preview_mode = 0;
+    update_preview("padded.png", true);
+    EXPECT_EQ(preview_middle(), fixed_colours.menu_grey);
+}
+
+} // namespace
+} // namespace kelu
