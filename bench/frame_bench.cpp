@@ -3,11 +3,13 @@
 #include "draw/operation.h"
 #include "loop/frame.h"
 #include "platform/scaler.h"
+#include "runtime/frame_flags.h"
 #include "runtime/input.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
 #include "screens/draw_menu.h"
 #include "support/session.h"
+#include "tools/operation.h"
 #include <benchmark/benchmark.h>
 
 namespace kelu {

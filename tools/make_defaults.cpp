@@ -4,6 +4,7 @@
 //     make_defaults FOLDER    writes FOLDER/resource/user.def and FOLDER/WORKSPACE/current.*
 #include "base/run_state.h"
 #include "colour/spaces.h"
+#include "loop/actions.h"
 #include "platform/host.h"
 #include "program/startup.h"
 #include "runtime/browser_state.h"
@@ -16,7 +17,7 @@
 #include "runtime/store.h"
 #include "runtime/text_settings.h"
 #include "runtime/toolbox.h"
-#include "screens/actions.h"
+#include "screens/action_table.h"
 #include "tools/tools.h"
 #include "workspace/blank_workspace.h"
 #include "workspace/settings.h"

@@ -9,6 +9,7 @@
 namespace kelu {
 
 /// Flags of the run. Written by start-up, shutdown and the callers named.
+/// Writers: platform, runtime, workspace, loop, screens.
 struct RunState {
     Shared<uint8_t> exit_requested = 0; ///< 1: the drawing menu returns at its next pass; close button, signals, QUIT
     Shared<uint8_t> close_button_pressed = 0; ///< 1: set together with it by the close button

@@ -27,6 +27,7 @@ constexpr int no_grab = -6666;       ///< value of `grab_x` while no rectangle i
 constexpr int no_corner_yet = -9000; ///< the first corner of a grab is still to come
 
 /// Owner: draw/cel. Main thread; run_frame's previews read it.
+/// Writers: tools, screens.
 struct CelWork {
     CelPlace cel_place;
     int cel_in_view = 0;                    ///< 1: the cel's rectangle overlapped the view in the last preview

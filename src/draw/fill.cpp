@@ -7,10 +7,10 @@
 #include "draw/fill.h"
 
 #include "draw/inks.h"
+#include "draw/tool_options.h"
 #include "draw/undo.h"
 #include "runtime/pixels.h"
 #include "runtime/store.h"
-#include "tools/tools.h"
 #include <algorithm>
 #include <bit>
 #include <cstdint>

@@ -1,8 +1,7 @@
 // One undoable operation: from a tool's geometry to stamps, from a stamp to the ink.
 //
-// `draw_to_frame` takes the snapshot, clears the coverage and runs the geometry of the tool; `stamp_tip` puts the
-// brush tip on one point; the ink's loop over the tip is chosen once for an operation. All in frame pixels, main
-// thread only.
+// `stamp_tip` puts the brush tip on one point; the ink's loop over the tip is chosen once for an operation. All in
+// frame pixels, main thread only.
 #pragma once
 
 #include "base/bitmap.h"
@@ -25,15 +24,12 @@ struct Stroke {
 using StrokeRender = void (*)(const Stroke& stroke);
 
 /// Where a stroke that follows the mouse was last, in frame pixels. Reset by the drawing menu at every pass.
+/// Writers: tools, screens.
 struct StrokePosition {
     int stroke_last_x = -1; ///< -1: before the first stamp
     int stroke_last_y = -1;
 };
 inline StrokePosition stroke_position;
-
-/// Runs one operation of tool `brush` with ink `ink` and tip `style` (-1 to 99) at frame pixel (x, y). Arguments out
-/// of range log a line and leave the frame as it is; a position outside the frame does nothing and takes no snapshot.
-void draw_to_frame(int x, int y, int brush, int ink, int style);
 
 /// Puts the tip on a point. Outside the frame it does nothing, even where the tip would reach in.
 void stamp_tip(int x, int y, int brush, int ink, int style);
@@ -42,10 +38,26 @@ void stamp_tip(int x, int y, int brush, int ink, int style);
 /// due. Ignores its first and last argument.
 void line_stamp(BITMAP* bitmap, int x, int y, int d);
 
-/// The display test of long operations: runs a frame when more than `pending` world ticks have passed since the last.
-void keep_picture_alive(int pending = 0);
+/// What the running operation was handed. Owner: whoever begins an operation, by `OperationScope`. Main thread.
+struct Operation {
+    void (*show_progress)() = nullptr; ///< brings the picture on the screen up to date; null: nobody looks
+};
+inline Operation operation;
 
-/// The stroke of "DRAW": follows the mouse until the left button is up.
-void render_draw(const Stroke& stroke);
+/// An operation from its begin to its end: long geometries show their progress by the callback meanwhile.
+class OperationScope {
+public:
+    explicit OperationScope(void (*show_progress)()) { operation.show_progress = show_progress; }
+    ~OperationScope() { operation = {}; }
+    OperationScope(const OperationScope&) = delete;
+    OperationScope& operator=(const OperationScope&) = delete;
+};
+
+/// True when the arguments of an operation are in range: brush and ink 0 to 99, style -1 to 99; else it logs a line.
+bool operation_arguments_valid(int brush, int ink, int style);
+
+/// The display test of long operations: shows the progress when more than `pending` world ticks have passed since the
+/// last frame.
+void keep_picture_alive(int pending = 0);
 
 } // namespace kelu

@@ -3,8 +3,8 @@
 
 #include "draw/span_fill.h"
 #include "draw/tool_input.h"
+#include "draw/tool_options.h"
 #include "runtime/store.h"
-#include "tools/tools.h"
 
 namespace kelu {
 
@@ -20,13 +20,6 @@ void render_point_list(const Stroke& stroke)
     walk_outline(
         tool_input.point_list, width, height,
         [&](int x, int y) { stamp_tip(x, y, stroke.brush, stroke.ink, stroke.style); }, [] { keep_picture_alive(); });
-}
-
-void draw_closed_outline()
-{
-    Points& points = tool_input.point_list;
-    if (!points.empty()) points.push_back(Point{points.front()});
-    draw_to_frame(0, 0, current_tool(), current_ink(), toolbox.brush_tip);
 }
 
 } // namespace kelu

@@ -9,7 +9,4 @@ namespace kelu {
 /// where the tool's option says so. A spiral is always a line.
 void render_point_list(const Stroke& stroke);
 
-/// Closes the gathered outline by its first point, if it has one, and runs the present tool's operation on it.
-void draw_closed_outline();
-
 } // namespace kelu

@@ -9,6 +9,7 @@ namespace kelu {
 constexpr int text_margin = 10; ///< pixels of the text's picture round the text, on all sides
 
 /// Owner: the text tool. Main thread. Node 0 of the tools is the frame pixel of the picture's top left corner.
+/// Writers: tools.
 struct PlacedText {
     Bitmap text_memory; ///< what `text_bitmap` is a part of, with room for the next letters
     Bitmap text_bitmap; ///< white on black, the more white the more ink

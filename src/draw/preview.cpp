@@ -4,15 +4,15 @@
 #include "base/maths.h"
 #include "base/run_state.h"
 #include "draw/dashes.h"
+#include "draw/gradient_nodes.h"
 #include "draw/grid.h"
 #include "draw/placed_text.h"
+#include "draw/polygon.h"
+#include "draw/spline.h"
+#include "draw/supershape.h"
 #include "draw/tool_input.h"
 #include "runtime/frame_snapshot.h"
 #include "runtime/toolbox.h"
-#include "tools/gradient_nodes.h"
-#include "tools/polygon.h"
-#include "tools/spline.h"
-#include "tools/supershape.h"
 
 namespace kelu {
 namespace {

@@ -8,6 +8,7 @@ constexpr int no_preview = -1;
 constexpr int preview_of_ink = 50;
 
 /// Owner: the tool that gathers its input. Also set by cels and gradients. Main thread.
+/// Writers: workspace, tools.
 struct Preview {
     int preview_active = 0;        ///< 1: something has the overlay in use
     int preview_kind = no_preview; ///< what `draw_tool_preview` draws

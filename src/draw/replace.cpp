@@ -1,10 +1,10 @@
 // Selection by colour alone.
 #include "draw/replace.h"
 
+#include "draw/tool_options.h"
 #include "draw/undo.h"
 #include "runtime/pixels.h"
 #include "runtime/store.h"
-#include "tools/tools.h"
 #include <array>
 
 namespace kelu {

@@ -17,6 +17,7 @@ constexpr NodeTable all_nodes_unset = [] {
 }();
 
 /// Owner: the tool that runs. `tool_dispatch` wipes the nodes, each tool leaves the list empty. Main thread.
+/// Writers: tools.
 struct ToolInput {
     NodeTable tool_nodes = all_nodes_unset; ///< frame pixels; 0 and 1 are start and end of the two-point tools
     Points point_list;                      ///< outline, frame pixels; SSHAPE's in view coordinates until it is drawn

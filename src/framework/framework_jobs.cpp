@@ -5,14 +5,15 @@
 #include "framework/actor_painter.h"
 #include "framework/script.h"
 #include "framework/sound.h"
-#include "loop/frame.h"
 #include "runtime/clock.h"
 #include "runtime/jobs.h"
 
 namespace kelu {
 namespace {
 
-constexpr int dust_life = 150; // behaviour ticks, 140 a second
+constexpr int dust_life = 150;     // behaviour ticks, 140 a second
+void (*run_one_frame)() = nullptr; // handed over with the registration; main thread
+
 constexpr int scratch_w = 320, scratch_h = 200;
 
 /// Argument of a record: 0 to 7 for a to h.
@@ -38,7 +39,7 @@ void wait_job(int index)
 {
     const int counts = argument(index, 0);
     job_clear(index);
-    wait_ticks(counts, run_frame_plain);
+    wait_ticks(counts, run_one_frame);
 }
 
 void script_event_job(int index)
@@ -80,8 +81,9 @@ constexpr HandlerRow handler_rows[] = {
 
 } // namespace
 
-void register_framework_jobs()
+void register_framework_jobs(void (*run_frame)())
 {
+    run_one_frame = run_frame;
     for (const HandlerRow& row : handler_rows)
         set_job_handler(row.type, row.handler);
 }
@@ -93,7 +95,7 @@ void pause_for_object(int who)
         return;
     }
     while (actor_at(who).Type != ACTOR_FREE)
-        run_frame_plain();
+        run_one_frame();
 }
 
 } // namespace kelu

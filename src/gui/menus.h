@@ -87,6 +87,7 @@ struct GhostRect {
 
 /// Owner: gui/. `menu_id` is written by every screen, `window_pos` also by the state file, `status_message` by the
 /// screen that runs and, at the end of a timed one, by the logic tick.
+/// Writers: loop, tools, screens.
 struct Menus {
     Shared<int> menu_id = MENU_DRAW;                 ///< the screen that runs
     std::array<WindowPos, WINDOW_ROWS> window_pos{}; ///< main thread

@@ -8,7 +8,7 @@
 #include "gui/panels.h"
 #include "gui/scheme.h"
 #include "gui/slots.h"
-#include "loop/frame.h"
+#include "runtime/frame_flags.h"
 #include "runtime/pixels.h"
 #include <algorithm>
 

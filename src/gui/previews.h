@@ -6,6 +6,7 @@
 namespace kelu {
 
 /// Owner: quick pan, which makes it while its key is held. Main thread.
+/// Writers: loop.
 struct QuickPanPicture {
     Bitmap quickpan_bitmap; ///< the whole frame at the size of the screen less a margin; empty otherwise
 };

@@ -34,6 +34,7 @@ inline constexpr int warning_red = pack_rgb(255, 0, 0);
 
 /// `scheme` belongs to the settings file and the scheme editor; the live colours follow it by `wear_scheme`. Main
 /// thread.
+/// Writers: screens.
 struct MenuScheme {
     SchemeColours scheme = scheme_default;                             ///< as kept, or as edited right now
     int scheme_background = scheme_default[SCHEME_BACKGROUND];         ///< fill of panels and buttons

@@ -87,6 +87,7 @@ private:
 };
 
 /// The table. Positions and sizes are logical pixels of the screen, never relative to a window.
+/// Writers: workspace, loop, tools, screens.
 struct Gui {
     // Identity and geometry.
     Column<int, 0, Published<int>> active; ///< not 0: drawn, hit and ticked; stored last by a build
@@ -155,6 +156,7 @@ struct Gui {
 inline Gui gui;
 
 /// What the pointer holds. Owner: gui/logic on the timer thread, also gui_reset_slot.
+/// Writers: tools, screens.
 struct GuiLogic {
     Shared<int> gui_capture = 0;      ///< 0 idle, 1 a press on slot or row, 2 and 3 the first and second arrow of a bar
     Shared<int> gui_press_action = 0; ///< SlotAction that the release will do

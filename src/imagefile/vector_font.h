@@ -27,6 +27,7 @@ struct FontDestroyer {
 using FontOwner = std::unique_ptr<VectorFont, FontDestroyer>;
 
 /// The fonts that are open between uses. Main thread.
+/// Writers: workspace.
 struct OpenFonts {
     FontOwner text_font;    ///< of the text tool; written by `load_vector_font`, empty before a workspace is there
     FontOwner preview_font; ///< of the file browser; written by `update_font_preview`

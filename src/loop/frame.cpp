@@ -15,6 +15,7 @@
 #include "loop/measurement.h"
 #include "loop/zoom_preview.h"
 #include "runtime/clock.h"
+#include "runtime/frame_flags.h"
 #include "runtime/frame_picture.h"
 #include "runtime/frame_snapshot.h"
 #include "runtime/input.h"

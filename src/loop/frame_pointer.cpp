@@ -8,6 +8,7 @@
 #include "runtime/pixels.h"
 #include "runtime/preferences.h"
 #include "runtime/toolbox.h"
+#include <algorithm>
 #include <array>
 
 namespace kelu {
@@ -85,9 +86,8 @@ void paint_crosshairs(BITMAP* target)
 {
     const int opacity = preferences.crosshair_opacity;
     if (opacity == 0 || toolbox.brush_tip == one_pixel_tip) return;
-    if (preferences.crosshair_color > 2) preferences.crosshair_color = 0;
     constexpr std::array<int, 3> colors{0xffffff, 0x808080, 0x000000};
-    const int color = colors[static_cast<std::size_t>(int(preferences.crosshair_color))];
+    const int color = colors[static_cast<std::size_t>(std::clamp(int(preferences.crosshair_color), 0, 2))];
     const Units at = pointer_units(preferences.crosshair_scaling != 0);
     const TipReach gap = gap_around_pointer();
     const int left = at.x * at.size;

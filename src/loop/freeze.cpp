@@ -4,6 +4,7 @@
 #include "base/run_state.h"
 #include "gui/render.h"
 #include "loop/frame.h"
+#include "runtime/frame_flags.h"
 #include "runtime/input.h"
 #include <algorithm>
 

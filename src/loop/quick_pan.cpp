@@ -5,12 +5,12 @@
 #include "base/run_state.h"
 #include "gui/build.h"
 #include "gui/previews.h"
+#include "loop/actions.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
 #include "runtime/pixels.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
-#include "screens/actions.h"
 
 namespace kelu {
 namespace {

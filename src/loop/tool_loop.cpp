@@ -3,8 +3,8 @@
 
 #include "base/run_state.h"
 #include "draw/grid.h"
-#include "draw/tool_hooks.h"
 #include "gui/slots.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
 #include "runtime/input.h"
 #include "runtime/measure.h"
@@ -71,7 +71,7 @@ void wait_right_release()
 void run_tool_pass()
 {
     run_frame(0);
-    call_hook(tool_hooks.hotkey_dispatch, context_menu);
+    hotkey_dispatch(context_menu);
 }
 
 bool CanvasButtons::left_pressed() { return pressed_on_canvas(left_down(), left_was_down_); }

@@ -1,8 +1,8 @@
 // What the loops of many screens do with keys and raw buttons.
 #include "loop/waits.h"
 
-#include "draw/tool_hooks.h"
 #include "gui/slots.h"
+#include "loop/quick_pan.h"
 #include "loop/tool_loop.h"
 #include "runtime/hotkeys.h"
 
@@ -19,7 +19,7 @@ void hide_on_right_press()
 
 void run_quick_pan()
 {
-    if (hotkey_test(ACTION_QUICK_PAN)) call_hook(tool_hooks.quick_pan);
+    if (hotkey_test(ACTION_QUICK_PAN)) quick_pan();
 }
 
 } // namespace kelu

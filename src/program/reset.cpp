@@ -9,7 +9,7 @@
 #include "gui/menus.h"
 #include "gui/scheme.h"
 #include "gui/slots.h"
-#include "loop/frame.h"
+#include "loop/actions.h"
 #include "loop/inspector.h"
 #include "runtime/actors.h"
 #include "runtime/animation.h"
@@ -19,6 +19,7 @@
 #include "runtime/clock.h"
 #include "runtime/color_band.h"
 #include "runtime/color_settings.h"
+#include "runtime/frame_flags.h"
 #include "runtime/grid.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
@@ -33,7 +34,7 @@
 #include "runtime/text_settings.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
-#include "screens/actions.h"
+#include "screens/action_table.h"
 
 namespace kelu {
 void FW_initialize_variables()
@@ -75,6 +76,7 @@ void FW_initialize_variables()
     shape_settings = {};
     text_settings = {};
     hotkeys = {};
+    action_rows = action_table();
     set_default_hotkeys();
     for (Shared<int>& favorite : toolbox.favorites)
         favorite = random_color();

@@ -4,7 +4,6 @@
 #include "base/log.h"
 #include "base/run_state.h"
 #include "draw/tips.h"
-#include "draw/tool_hooks.h"
 #include "framework/framework_jobs.h"
 #include "framework/resource_files.h"
 #include "framework/script.h"
@@ -12,10 +11,10 @@
 #include "gui/logic.h"
 #include "gui/scheme.h"
 #include "imagefile/vector_font.h"
+#include "loop/actions.h"
 #include "loop/drag.h"
 #include "loop/frame.h"
-#include "loop/freeze.h"
-#include "loop/quick_pan.h"
+#include "loop/home_strip.h"
 #include "platform/clipboard.h"
 #include "platform/ending.h"
 #include "platform/files.h"
@@ -24,18 +23,17 @@
 #include "runtime/clock.h"
 #include "runtime/failure.h"
 #include "runtime/input.h"
+#include "runtime/jobs.h"
 #include "runtime/preferences.h"
 #include "runtime/sheets.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
-#include "screens/actions.h"
 #include "screens/color_menu.h"
 #include "screens/dialogs.h"
 #include "screens/dispatch.h"
-#include "screens/draw_menu.h"
 #include "screens/failure_panel.h"
+#include "screens/file_browser.h"
 #include "screens/frame_loan.h"
-#include "screens/text_tool.h"
 #include "tools/tools.h"
 #include "workspace/blank_workspace.h"
 #include "workspace/frame_store.h"
@@ -146,15 +144,11 @@ void connect_levels()
     };
     logic_hooks.wheel_zoom = zoom_step;
     logic_hooks.colour_tab = request_colour_tab;
-    tool_hooks = {.hotkey_dispatch = hotkey_dispatch,
-                  .quick_pan = quick_pan,
-                  .build_draw_menu = build_draw_menu,
-                  .freeze_menu = freeze_menu,
-                  .text_tool = text_tool};
     show_notice = [](int first, int second) { ask(first, second, DialogButtons::OKAY); };
     show_failure_panel = show_failure;
     install_drag_job();
-    register_framework_jobs();
+    set_job_handler(JOB_CHOOSE_FONT, choose_font_job);
+    register_framework_jobs(run_frame_plain);
     connect_picture_files();
 }
 

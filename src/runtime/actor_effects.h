@@ -50,6 +50,7 @@ struct Wave {
 };
 
 /// The bloom of the whole picture. Written by its behaviour, read by a renderer.
+/// Writers: framework.
 struct Bloom {
     Shared<int> value_a = 0, value_b = 0; ///< what blooms
     Shared<int> level_a = 0, level_b = 0; ///< how much, running down to 0

@@ -115,6 +115,7 @@ struct Actor : ActorLook {
 inline std::array<Actor, max_actors> actors;
 
 /// Words that the layer's passes and its application share.
+/// Writers: framework.
 struct ActorLayer {
     Shared<int> lead_actor = 0;     ///< the actor that the application follows; application
     Shared<int> camera_target = -1; ///< the actor that the view keeps to, -1 none; scripts

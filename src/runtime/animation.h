@@ -16,6 +16,7 @@ constexpr int min_anim_speed = -10, max_anim_speed = 10; ///< range of the speed
 
 /// Owner: the animation screens. Tags, delays and speed are also written by the frame store and the state file;
 /// position and timer by the mouse tick.
+/// Writers: workspace, screens.
 struct Animation {
     std::array<Shared<uint8_t>, max_frames> anim_tag{}; ///< by frame: 1: the frame is part of the animation
     std::array<Shared<int>, max_frames> anim_delay{};   ///< by frame: delay, 0 to 100

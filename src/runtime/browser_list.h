@@ -10,6 +10,7 @@ constexpr int browser_list_rows = 1024;
 constexpr int browser_name_bytes = 128;
 
 /// Names are upper case and zero-terminated; a folder's begins with a backslash. Owner: the file browser.
+/// Writers: screens.
 struct BrowserList {
     std::array<std::array<char, browser_name_bytes>, browser_list_rows> browser_list{};
     std::array<int, browser_list_rows> browser_isdir{};     ///< 1: a folder

@@ -7,6 +7,7 @@ namespace kelu {
 
 /// Owner: the file browser. Also written by the frame store and the archive (the folder they came from) and the state
 /// file. The folder and the file are upper case, and the platform layer finds the true ones; homes are true names.
+/// Writers: workspace, screens.
 struct BrowserState {
     std::string browser_dir;    ///< folder in view, at most 255 bytes
     std::string browser_file;   ///< selected file, at most 127 bytes

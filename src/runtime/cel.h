@@ -4,6 +4,7 @@
 namespace kelu {
 
 /// Owner: draw/cel. Also written by the state file.
+/// Writers: draw, tools.
 struct Cel {
     int cel_origin_x = 0, cel_origin_y = 0; ///< frame pixel it was taken from or last anchored at; anchor of patterns
     int cel_rotation = 0;                   ///< last angle of a rotation in degrees, 0 to 360

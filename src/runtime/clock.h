@@ -12,6 +12,7 @@
 namespace kelu {
 
 /// Written by the timer callbacks named; the main thread reads, and zeroes where said.
+/// Writers: gui, framework, loop, tools, screens.
 struct Clock {
     Shared<int> wait_counter = 0;           ///< 500 Hz, free-running; zeroed by whoever waits on it
     Shared<int> hold_counter = 0;           ///< 500 Hz, free-running; zeroed by the keys that tell a tap from a hold

@@ -4,6 +4,7 @@
 namespace kelu {
 
 /// Owner: the colour menu. Also written by the spectrum pick, the wipe of a workspace and the state file.
+/// Writers: workspace, screens.
 struct Spectrum {
     int spectrum_start = 0;      ///< packed colour of the band's start
     int spectrum_end = 0xffffff; ///< packed colour of its end

@@ -8,6 +8,7 @@ namespace kelu {
 enum Colorspace : int { COLORSPACE_VGA, COLORSPACE_RGB, COLORSPACE_HLS, COLORSPACE_HSV, COLORSPACE_COUNT };
 
 /// Owner: the colour and tint screens. Also written by the state file.
+/// Writers: workspace, screens.
 struct ColorSettings {
     int colorspace = COLORSPACE_RGB;  ///< what the three sliders of the colour menu stand for
     int favorites_scroll = 0;         ///< first visible row of the extended favourites, 0 to 13

@@ -2,7 +2,7 @@
 #include "runtime/frame_picture.h"
 
 #include "base/run_state.h"
-#include "loop/frame.h"
+#include "runtime/frame_flags.h"
 #include "runtime/frame_snapshot.h"
 #include "runtime/grid.h"
 #include "runtime/pixels.h"

@@ -20,7 +20,4 @@ struct FrameSnapshot {
 };
 inline FrameSnapshot frame_snapshot;
 
-/// Fills the snapshot from the live state.
-void take_frame_snapshot();
-
 } // namespace kelu

@@ -6,6 +6,7 @@
 namespace kelu {
 
 /// Owner: draw/grid. Also written by the grid screen, macros and the state file.
+/// Writers: workspace, screens.
 struct Grid {
     Shared<int> grid_w = 4, grid_h = 4;         ///< pitch in frame pixels, 2 to 999
     Shared<int> grid_off_x = 0, grid_off_y = 0; ///< offset, 0 to the pitch - 1

@@ -83,6 +83,7 @@ struct HotkeyRow {
 };
 
 /// Written by the settings file, the hotkey screen and the mouse button screen.
+/// Writers: screens.
 struct Hotkeys {
     std::array<HotkeyRow, hotkey_rows> hotkey_table{};
     std::array<Shared<int>, 5> mouse_button_map{0, 1, 2, 3,

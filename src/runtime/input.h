@@ -7,6 +7,7 @@
 namespace kelu {
 
 /// The pointer in logical pixels and the raw buttons. Owner: runtime/input, on both threads.
+/// Writers: gui.
 struct Pointer {
     Shared<int16_t> mouse_x = 0, mouse_y = 0;                          ///< logical pixels
     Shared<uint8_t> mouse_left = 0, mouse_right = 0, mouse_middle = 0; ///< raw, as the last poll saw them

@@ -18,6 +18,7 @@ enum JobType : int {
     JOB_SCRIPT_EVENT = 10,
     JOB_APPLICATION_EVENT = 11, ///< queued by scripts; no handler here
     JOB_DRAG_WINDOW = 32,
+    JOB_CHOOSE_FONT = 33, ///< the browser of fonts, over a tool's window
     JOB_DUST = 53
 };
 

@@ -23,6 +23,7 @@ struct Macro {
 };
 
 /// Owner: the macro screen. Also written by the settings file.
+/// Writers: screens.
 struct Macros {
     std::array<Macro, macro_count> macro_table{};
     int macro_current = 0; ///< macro that the screen shows first

@@ -6,6 +6,7 @@
 namespace kelu {
 
 /// Owner: the view's measurement. Also written by the tools and by draw/cel while `measure_state` is 0. Main thread.
+/// Writers: loop, tools, screens.
 struct Measure {
     int measure_x = -1, measure_y = -1; ///< anchor in frame pixels; measure_x -1: none
     int measure_state = 0;           ///< 0 none or a tool's own; 1 key still held from the start; 2 running; 3 ending

@@ -7,6 +7,7 @@
 namespace kelu {
 
 /// One word an option. `Shared` where a slider or radio writes through on the timer thread or a tick reads.
+/// Writers: workspace, loop, screens.
 struct Preferences {
     Shared<int> mouse_swap = 1;            ///< 0: the GUI's primary button is the left one, else the right one
     Shared<uint8_t> power_save = 1;        ///< 1: the frame limiter acts; no menu changes it

@@ -2,9 +2,9 @@
 #include "runtime/present.h"
 
 #include "base/run_state.h"
-#include "loop/frame.h"
 #include "platform/host.h"
 #include "runtime/clock.h"
+#include "runtime/frame_flags.h"
 #include "runtime/preferences.h"
 
 namespace kelu {

@@ -29,6 +29,7 @@ struct SupershapeSettings {
 };
 
 /// Owner: the shape tools. Also written by the state file.
+/// Writers: tools.
 struct ShapeSettings {
     RpolySettings rpoly_settings;
     SpiralSettings spiral_settings;

@@ -15,6 +15,7 @@ constexpr int tile_side = 64;
 
 /// Owner: workspace/resources. Also written by the screen of colour schemes (`recolor_gui_sheet`). The sheet of all
 /// tips travels with the workspace and stands in `store.tip_sheet`.
+/// Writers: workspace.
 struct Sheets {
     Bitmap gui_sheet;        ///< arrows, knobs and caps, recoloured to the scheme; magenta shows what lies below
     Bitmap app_sheet;        ///< the logo, 173 x 33, whose square at (70, 0) is the emblem

@@ -10,6 +10,7 @@ namespace kelu {
 
 /// Live bitmaps of the current frame and the workspace's sheets. Owner: workspace/frame_store. Also written by draw/
 /// (pixels of the frame, coverage, cels, custom tip), the onion skin of the view, resize and the loaders.
+/// Writers: draw, workspace, tools, screens.
 struct Store {
     Bitmap frame_bitmap;           ///< what the tools draw on; top byte 0
     Bitmap alpha_bitmap;           ///< the alpha channel as a grey picture of the frame's size

@@ -6,6 +6,7 @@
 namespace kelu {
 
 /// Owner: the text tool. Also written by the file browser (the font's name) and the state file.
+/// Writers: workspace, tools, screens.
 struct TextSettings {
     std::string text_string; ///< at most 255 bytes
     int text_size = 32;      ///< pixels, up to 350; below 1 counts as not set

@@ -66,6 +66,7 @@ using OptionTable = std::array<std::array<Shared<int>, option_columns>, option_r
 
 /// The drawing menu's choices. Owner: the drawing menu. Also written by the tool, ink, tip and colour menus, macros,
 /// the state file, and on the timer thread by option buttons and sliders.
+/// Writers: draw, workspace, screens.
 struct Toolbox {
     std::array<Shared<int>, 6> tool_slots{3, 2, 1, 9, 10, 13}; ///< tool id of each slot, 1 to 18
     std::array<Shared<int>, 6> ink_slots{13, 0, 1, 3, 4, 22};  ///< ink id of each slot, 0 to 24

@@ -11,6 +11,7 @@ constexpr int max_zoom = 6;     ///< highest zoom level; the factor of level z i
 
 /// The live view and the one each frame was left with. Owner: view control. Also written by the frame store (a
 /// fetched frame's view), the state file, and on the timer thread by pans and the wheel.
+/// Writers: framework, workspace, loop, tools, screens.
 struct View {
     Shared<int> zoom = 1;                             ///< level 1 to 6
     Shared<int> pan_x = 0, pan_y = 0;                 ///< frame pixel at the screen's top left corner, may be negative

@@ -3,6 +3,7 @@
 
 #include "base/log.h"
 #include "base/run_state.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
 #include "loop/tool_loop.h"
 #include "runtime/frame_picture.h"
@@ -11,7 +12,6 @@
 #include "runtime/preferences.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
-#include "screens/actions.h"
 #include "screens/frame_loan.h"
 #include "workspace/merged.h"
 #include <algorithm>

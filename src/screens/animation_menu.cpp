@@ -2,11 +2,11 @@
 #include "screens/animation_menu.h"
 
 #include "gui/build.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
 #include "loop/waits.h"
 #include "runtime/hotkeys.h"
 #include "runtime/store.h"
-#include "screens/actions.h"
 #include "screens/animation_slots.h"
 #include "workspace/merged.h"
 #include "workspace/thumbnails.h"

@@ -3,6 +3,7 @@
 
 #include "gui/build.h"
 #include "loop/freeze.h"
+#include "loop/home_strip.h"
 #include "runtime/store.h"
 #include "runtime/toolbox.h"
 #include "screens/dialogs.h"

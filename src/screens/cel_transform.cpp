@@ -1,7 +1,7 @@
 // The buttons work on a scratch copy; the working copy of the cel shows it in the middle of the view.
 #include "screens/cel_transform.h"
 
-#include "draw/tool_hooks.h"
+#include "loop/home_strip.h"
 #include "loop/tool_loop.h"
 #include "runtime/measure.h"
 #include "runtime/preferences.h"
@@ -85,7 +85,7 @@ void cel_transform()
         restore_cel_copy();
     }
     close_screen();
-    call_hook(tool_hooks.build_draw_menu);
+    build_draw_menu();
 }
 
 } // namespace kelu

@@ -2,15 +2,16 @@
 #include "screens/choice_menu.h"
 
 #include "gui/build.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
+#include "loop/home_strip.h"
 #include "loop/tool_loop.h"
 #include "loop/waits.h"
 #include "runtime/hotkeys.h"
 #include "runtime/toolbox.h"
-#include "screens/actions.h"
 #include "screens/draw_menu.h"
 #include "screens/option_widgets.h"
-#include "tools/gradient_nodes.h"
+#include "tools/gradient_placing.h"
 #include <array>
 
 namespace kelu {

@@ -6,6 +6,7 @@
 #include "gui/planes.h"
 #include "gui/scheme.h"
 #include "gui/scroll_bar.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
 #include "loop/freeze.h"
 #include "loop/waits.h"
@@ -13,7 +14,6 @@
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
 #include "runtime/toolbox.h"
-#include "screens/actions.h"
 #include "screens/screen_pick.h"
 #include <algorithm>
 #include <utility>

@@ -1,10 +1,10 @@
 // Tabs and variance cells; the rest is the colour editor's.
 #include "screens/color_menu.h"
 
+#include "loop/actions.h"
 #include "runtime/color_settings.h"
 #include "runtime/hotkeys.h"
 #include "runtime/toolbox.h"
-#include "screens/actions.h"
 #include "screens/color_editor.h"
 
 namespace kelu {

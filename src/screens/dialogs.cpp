@@ -2,9 +2,10 @@
 #include "screens/dialogs.h"
 
 #include "gui/build.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
 #include "loop/freeze.h"
-#include "screens/actions.h"
+#include "loop/home_strip.h"
 #include "screens/draw_menu.h"
 
 namespace kelu {

@@ -8,6 +8,7 @@
 #include "imagefile/ico.h"
 #include "imagefile/picture_files.h"
 #include "imagefile/refusal.h"
+#include "loop/frame.h"
 #include "platform/files.h"
 #include "runtime/browser_state.h"
 #include "runtime/preferences.h"
@@ -128,7 +129,7 @@ bool load_picture_file(const std::string& name, int browser_mode)
         format_in_mode(browser_mode == BROWSE_PICTURE ? format_of_file(name) : FORMAT_NONE, browser_mode);
     switch (format) {
     case FORMAT_WSP:
-        return load_workspace_archive(name) == 0; // which tells of its failures itself
+        return load_workspace_archive(name, run_frame_plain) == 0; // which tells of its failures itself
     case FORMAT_FAVORITES:
         return loaded(load_favorites_file(name) == 1, "No file of colors!");
     case FORMAT_SCHEME:
@@ -143,7 +144,7 @@ bool save_picture_file(const std::string& name, int browser_mode)
     const int format = format_in_mode(format_from_extension(name, false), browser_mode);
     switch (format) {
     case FORMAT_WSP:
-        return save_workspace_archive(name) == 0;
+        return save_workspace_archive(name, run_frame_plain) == 0;
     case FORMAT_FAVORITES:
         return saved(save_favorites_file(name));
     case FORMAT_SCHEME:

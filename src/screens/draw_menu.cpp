@@ -1,4 +1,4 @@
-// The strip's layout, and the loop that reads its events.
+// The loop that reads the strip's events.
 #include "screens/draw_menu.h"
 
 #include "base/run_state.h"
@@ -6,13 +6,14 @@
 #include "draw/undo.h"
 #include "gui/build.h"
 #include "gui/scheme.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
 #include "loop/freeze.h"
+#include "loop/home_strip.h"
 #include "loop/tool_loop.h"
 #include "loop/waits.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
-#include "screens/actions.h"
 #include "screens/activity.h"
 #include "screens/choice_menu.h"
 #include "screens/commands.h"
@@ -26,84 +27,8 @@
 namespace kelu {
 namespace {
 
-enum {
-    SLOT_WINDOW,
-    SLOT_HOME,
-    SLOT_FRAME,
-    SLOT_UNDO,
-    SLOT_TOOL_0,
-    SLOT_TOOL_5 = SLOT_TOOL_0 + 5,
-    SLOT_INK_0,
-    SLOT_INK_5 = SLOT_INK_0 + 5,
-    SLOT_PIC,
-    SLOT_CEL,
-    SLOT_USER,
-    SLOT_MASK,
-    SLOT_BRUSH,
-    SLOT_TIP,
-    SLOT_SPECTRUM,
-    SLOT_FAVORITE_0,
-    SLOT_FAVORITE_9 = SLOT_FAVORITE_0 + 9
-};
-constexpr int draw_menu_slots = 35;
-constexpr int cells_in_menu = 10;
 constexpr int first_overlay_slot = 120; ///< slots that outlive a menu, cleared after the damage dialog
 constexpr int last_overlay_slot = 127;
-
-constexpr SlotRow column_row(int slot, int x, int text, int right, int tooltip)
-{
-    return {slot, x, 2, standard_button_w, KIND_PUSH_DARK, text, ACT_CLICK, right, tooltip};
-}
-constexpr SlotRow both_clicks(int slot, int x, int y, int w, int kind, int tooltip)
-{
-    return {slot, x, y, w, kind, TEXT_NONE, ACT_CLICK, ACT_RIGHT_CLICK, tooltip};
-}
-
-constexpr std::array fixed_rows{
-    title_row(2, 2, standard_button_w, TEXT_HOME),
-    column_row(SLOT_FRAME, 82, TEXT_FRAME, ACT_NONE, TIP_FRAME_COLUMN),
-    column_row(SLOT_UNDO, 42, TEXT_UNDO, ACT_RIGHT_CLICK, TIP_UNDO),
-    column_row(SLOT_PIC, 199, TEXT_PIC, ACT_NONE, TIP_PIC_COLUMN),
-    column_row(SLOT_CEL, 239, TEXT_CEL, ACT_NONE, TIP_CEL_COLUMN),
-    column_row(SLOT_USER, 279, TEXT_USER, ACT_NONE, TIP_USER_COLUMN),
-    both_clicks(SLOT_MASK, 122, 2, 21, KIND_MASK_SWATCH, TIP_NEW_MASK_COLOR),
-    both_clicks(SLOT_BRUSH, 122, 12, 21, KIND_BRUSH_SWATCH, TIP_NEW_BRUSH_COLOR),
-    SlotRow{SLOT_TIP, 122, 22, 21, KIND_TIP_BUTTON, TEXT_NONE, ACT_CLICK, ACT_CLICK, TIP_BRUSH_TIP}.filled(
-        FILL_LIGHT_GREY),
-    both_clicks(SLOT_SPECTRUM, 144, 22, 54, KIND_SPECTRUM, TIP_SPECTRUM),
-};
-
-constexpr MenuLayout layout{.menu_id = MENU_DRAW,
-                            .row = WINDOW_DRAW,
-                            .x = 0,
-                            .y = 207,
-                            .w = 319,
-                            .h = 32,
-                            .slot_count = draw_menu_slots,
-                            .slots = fixed_rows};
-
-/// The three-by-two block of tool or ink buttons from x on.
-void build_choices(Origin at, int first_slot, int x, int first_text, std::span<const Shared<int>> ids, int selected,
-                   int tooltip)
-{
-    for (int i = 0; i < 6; ++i) {
-        const int kind = i == selected ? KIND_BUTTON_LIT : KIND_BUTTON;
-        const int text = first_text + ids[static_cast<std::size_t>(i)];
-        build_slot({first_slot + i, x + 40 * (i % 3), 12 + 10 * (i / 3), standard_button_w, kind, text, ACT_CLICK,
-                    ACT_RIGHT_CLICK, tooltip},
-                   at.x, at.y);
-    }
-}
-
-void build_favorites(Origin at)
-{
-    for (int i = 0; i < cells_in_menu; ++i) {
-        const int slot = SLOT_FAVORITE_0 + i;
-        SlotRow cell = both_clicks(slot, 144 + 11 * (i % 5), 2 + 10 * (i / 5), 10, KIND_COLOR_CELL, TIP_NEW_SLOT_COLOR);
-        build_slot(cell, at.x, at.y);
-        gui.colour[slot] = toolbox.favorites[static_cast<std::size_t>(i)];
-    }
-}
 
 void draw_on_press()
 {
@@ -186,15 +111,6 @@ void tell_of_damage()
 }
 
 } // namespace
-
-void build_draw_menu()
-{
-    const Origin at = build_screen(layout);
-    build_choices(at, SLOT_TOOL_0, 2, first_tool_name, toolbox.tool_slots, toolbox.tool_slot, TIP_TOOL_SLOT);
-    build_choices(at, SLOT_INK_0, 199, first_ink_name, toolbox.ink_slots, toolbox.ink_slot, TIP_INK_SLOT);
-    build_favorites(at);
-    gui.params[SLOT_SPECTRUM][0] = menu_scheme.scheme_border;
-}
 
 void draw_menu()
 {

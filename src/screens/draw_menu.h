@@ -6,7 +6,4 @@ namespace kelu {
 /// The program's main loop, the only one in which drawing happens: returns when the exit has been requested.
 void draw_menu();
 
-/// Writes the strip's slots at its stored place. Called whenever a screen comes back to it.
-void build_draw_menu();
-
 } // namespace kelu

@@ -2,9 +2,9 @@
 #include "screens/failure_panel.h"
 
 #include "gui/build.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
 #include "loop/tool_loop.h"
-#include "screens/actions.h"
 
 namespace kelu {
 namespace {

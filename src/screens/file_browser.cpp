@@ -15,6 +15,7 @@
 #include "runtime/browser_list.h"
 #include "runtime/browser_state.h"
 #include "runtime/clock.h"
+#include "runtime/jobs.h"
 #include "screens/browser_listing.h"
 #include "screens/browser_places.h"
 #include "screens/dialogs.h"
@@ -216,6 +217,12 @@ void file_browser(int task, int file_kind)
     gui_logic.gui_key_focus = -1;
     close_screen();
     if (font_place && !browser.cancelled()) FontPlace::keep();
+}
+
+void choose_font_job(int index)
+{
+    job_clear(index);
+    file_browser(BROWSER_FONT, BROWSE_FONT);
 }
 
 } // namespace kelu

@@ -9,5 +9,7 @@ namespace kelu {
 /// BrowserTask, `file_kind` one of BrowserMode. The caller clears its slots before and builds its menu after. Pictures
 /// leave the working directory where the user went; a choice of a font brings it back.
 void file_browser(int task, int file_kind);
+/// Handler of JOB_CHOOSE_FONT: the browser of fonts.
+void choose_font_job(int index);
 
 } // namespace kelu

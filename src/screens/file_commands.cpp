@@ -2,9 +2,9 @@
 #include "screens/file_commands.h"
 
 #include "gui/strings.h"
+#include "loop/actions.h"
 #include "runtime/hotkeys.h"
 #include "runtime/store.h"
-#include "screens/actions.h"
 #include "screens/cel_commands.h"
 #include "screens/dialogs.h"
 #include "screens/dispatch.h"

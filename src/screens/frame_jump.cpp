@@ -4,6 +4,7 @@
 #include "base/run_state.h"
 #include "gui/build.h"
 #include "loop/frame.h"
+#include "loop/home_strip.h"
 #include "loop/tool_loop.h"
 #include "runtime/clock.h"
 #include "runtime/hotkeys.h"

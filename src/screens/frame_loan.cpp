@@ -1,8 +1,8 @@
 #include "screens/frame_loan.h"
 
+#include "loop/actions.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
-#include "screens/actions.h"
 #include <utility>
 
 namespace kelu {

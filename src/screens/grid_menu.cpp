@@ -3,12 +3,12 @@
 
 #include "gui/build.h"
 #include "gui/scheme.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
 #include "loop/tool_loop.h"
 #include "loop/waits.h"
 #include "runtime/grid.h"
 #include "runtime/hotkeys.h"
-#include "screens/actions.h"
 #include <algorithm>
 #include <array>
 #include <string>

@@ -3,6 +3,7 @@
 
 #include "gui/build.h"
 #include "loop/frame.h"
+#include "loop/home_strip.h"
 #include "loop/tool_loop.h"
 #include "screens/draw_menu.h"
 #include <array>

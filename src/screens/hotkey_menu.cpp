@@ -3,12 +3,13 @@
 
 #include "gui/build.h"
 #include "gui/scheme.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
 #include "loop/freeze.h"
 #include "loop/tool_loop.h"
 #include "loop/waits.h"
 #include "runtime/hotkeys.h"
-#include "screens/actions.h"
+#include "screens/action_table.h"
 #include "screens/dialogs.h"
 #include "screens/remap_dialog.h"
 #include <array>

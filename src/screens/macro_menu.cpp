@@ -2,9 +2,10 @@
 #include "screens/macro_menu.h"
 
 #include "gui/build.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
+#include "loop/home_strip.h"
 #include "runtime/hotkeys.h"
-#include "screens/actions.h"
 #include "screens/draw_menu.h"
 #include "screens/macro_slots.h"
 #include "screens/tip_menu.h"

@@ -3,6 +3,7 @@
 #include "draw/grid.h"
 #include "draw/tips.h"
 #include "gui/slots.h"
+#include "loop/home_strip.h"
 #include "runtime/toolbox.h"
 #include "screens/draw_menu.h"
 #include "screens/macro_menu.h"

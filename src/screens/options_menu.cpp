@@ -5,12 +5,12 @@
 #include "draw/undo.h"
 #include "gui/build.h"
 #include "gui/logic.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
 #include "loop/tool_loop.h"
 #include "loop/waits.h"
 #include "runtime/preferences.h"
 #include "runtime/view.h"
-#include "screens/actions.h"
 #include "screens/commands.h"
 #include "screens/options_table.h"
 

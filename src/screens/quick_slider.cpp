@@ -3,14 +3,15 @@
 
 #include "base/log.h"
 #include "gui/build.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
 #include "loop/freeze.h"
+#include "loop/home_strip.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
 #include "runtime/toolbox.h"
-#include "screens/actions.h"
 #include "screens/draw_menu.h"
-#include "tools/gradient_nodes.h"
+#include "tools/gradient_placing.h"
 #include <algorithm>
 #include <array>
 

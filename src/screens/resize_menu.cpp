@@ -3,12 +3,12 @@
 
 #include "gui/build.h"
 #include "gui/field.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
 #include "loop/tool_loop.h"
 #include "loop/waits.h"
 #include "runtime/hotkeys.h"
 #include "runtime/store.h"
-#include "screens/actions.h"
 #include "screens/quick_crop.h"
 #include "workspace/frame_resize.h"
 #include "workspace/frame_store.h"

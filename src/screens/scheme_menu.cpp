@@ -3,10 +3,11 @@
 
 #include "gui/build.h"
 #include "gui/scheme.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
 #include "loop/freeze.h"
+#include "loop/home_strip.h"
 #include "loop/waits.h"
-#include "screens/actions.h"
 #include "screens/color_menu.h"
 #include "screens/dispatch.h"
 #include "screens/draw_menu.h"

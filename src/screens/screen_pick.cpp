@@ -7,12 +7,12 @@
 #include "gui/scheme.h"
 #include "gui/slots.h"
 #include "gui/tooltips.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
 #include "loop/freeze.h"
 #include "loop/tool_loop.h"
 #include "runtime/color_band.h"
 #include "runtime/input.h"
-#include "screens/actions.h"
 #include <cstdint>
 
 namespace kelu {

@@ -2,11 +2,11 @@
 #include "screens/sprite_sheet_menu.h"
 
 #include "gui/build.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
 #include "loop/freeze.h"
 #include "loop/tool_loop.h"
 #include "loop/waits.h"
-#include "screens/actions.h"
 #include "screens/color_menu.h"
 #include "workspace/sprite_sheet.h"
 #include <array>

@@ -3,8 +3,8 @@
 
 #include "base/log.h"
 #include "colour/tint.h"
-#include "draw/tool_hooks.h"
 #include "loop/frame.h"
+#include "loop/home_strip.h"
 #include "loop/tool_loop.h"
 #include "runtime/color_settings.h"
 #include "runtime/store.h"
@@ -119,7 +119,7 @@ void tint_menu()
         tint_frame(true, chosen.ignore_mask, store.frame_bitmap, store.frame_bitmap, chosen.shift);
     }
     close_screen();
-    call_hook(tool_hooks.build_draw_menu);
+    build_draw_menu();
 }
 
 } // namespace kelu

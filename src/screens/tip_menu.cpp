@@ -6,7 +6,9 @@
 #include "draw/tips.h"
 #include "gui/build.h"
 #include "gui/scheme.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
+#include "loop/home_strip.h"
 #include "loop/tool_loop.h"
 #include "loop/waits.h"
 #include "runtime/hotkeys.h"
@@ -15,7 +17,6 @@
 #include "runtime/store.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
-#include "screens/actions.h"
 #include "screens/draw_menu.h"
 #include <array>
 

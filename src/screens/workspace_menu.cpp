@@ -2,10 +2,12 @@
 #include "screens/workspace_menu.h"
 
 #include "gui/build.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
+#include "loop/home_strip.h"
+#include "loop/quick_pan.h"
 #include "loop/waits.h"
 #include "runtime/store.h"
-#include "screens/actions.h"
 #include "screens/dialogs.h"
 #include "screens/dispatch.h"
 #include "screens/draw_menu.h"

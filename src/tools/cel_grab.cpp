@@ -3,8 +3,8 @@
 
 #include "base/run_state.h"
 #include "draw/dashes.h"
-#include "draw/tool_hooks.h"
 #include "loop/frame.h"
+#include "loop/freeze.h"
 #include "loop/tool_loop.h"
 #include "runtime/clock.h"
 #include "runtime/input.h"
@@ -24,7 +24,7 @@ public:
     explicit MenuAside(bool wanted) : hidden_(wanted && slot_live(0))
     {
         if (!hidden_) return;
-        call_hook(tool_hooks.freeze_menu);
+        freeze_menu();
         menu_toggle_hidden(0);
     }
     ~MenuAside()

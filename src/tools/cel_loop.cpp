@@ -4,9 +4,10 @@
 #include "base/run_state.h"
 #include "draw/cel_render.h"
 #include "draw/preview.h"
-#include "draw/tool_hooks.h"
 #include "draw/undo.h"
 #include "loop/frame.h"
+#include "loop/home_strip.h"
+#include "loop/quick_pan.h"
 #include "loop/tool_loop.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
@@ -24,7 +25,7 @@ enum OffscreenSlot : int { SLOT_FIRST = 2, SLOT_SECOND = 3, SLOT_END = 4 };
 void run_cel_pass()
 {
     run_tool_pass();
-    if (hotkey_test(ACTION_QUICK_PAN)) call_hook(tool_hooks.quick_pan);
+    if (hotkey_test(ACTION_QUICK_PAN)) quick_pan();
 }
 
 std::optional<Point> ask_point(int message)
@@ -143,7 +144,7 @@ void OffscreenWindow::close()
         menus.menu_id = MENU_DIALOG;
         return;
     }
-    call_hook(tool_hooks.build_draw_menu);
+    build_draw_menu();
     if (menu_was_hidden_) menu_hide(0);
 }
 

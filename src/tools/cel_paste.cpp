@@ -2,9 +2,9 @@
 #include "tools/cel_paste.h"
 
 #include "draw/cel_render.h"
-#include "draw/tool_hooks.h"
 #include "draw/undo.h"
 #include "loop/frame.h"
+#include "loop/home_strip.h"
 #include "loop/tool_loop.h"
 #include "runtime/measure.h"
 #include "runtime/preferences.h"
@@ -106,7 +106,7 @@ void paste_picture(Bitmap picture)
     cel.cel_origin_x = cel.cel_origin_y = 0;
     push_undo(false);
     cel_paste(false, false);
-    if (menus.menu_id == MENU_DRAW) call_hook(tool_hooks.build_draw_menu);
+    if (menus.menu_id == MENU_DRAW) build_draw_menu();
 }
 
 } // namespace kelu

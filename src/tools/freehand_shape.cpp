@@ -1,23 +1,17 @@
 // The outline that the hand draws.
 #include "tools/freehand_shape.h"
 
-#include "draw/outline.h"
+#include "draw/operation.h"
 #include "draw/preview.h"
+#include "draw/stroke.h"
 #include "draw/tool_input.h"
 #include "loop/frame.h"
 #include "loop/tool_loop.h"
 #include "runtime/input.h"
 #include "runtime/toolbox.h"
+#include "tools/operation.h"
 
 namespace kelu {
-
-void append_sample(Points& points, Point last, Point sample)
-{
-    if (sample == last) return;
-    const auto is_step = [](int from, int to) { return from == no_position || (to - from <= 1 && from - to <= 1); };
-    if (!is_step(last.x, sample.x) || !is_step(last.y, sample.y)) points.push_back(last);
-    points.push_back(sample);
-}
 
 int freehand_shape_tool()
 {

@@ -2,10 +2,11 @@
 #include "tools/move.h"
 
 #include "draw/cel.h"
-#include "draw/tool_hooks.h"
 #include "draw/tool_input.h"
 #include "draw/undo.h"
 #include "gui/build.h"
+#include "loop/freeze.h"
+#include "loop/home_strip.h"
 #include "loop/tool_loop.h"
 #include "runtime/store.h"
 #include "runtime/toolbox.h"
@@ -34,7 +35,7 @@ void move_tool()
         const KeptCel kept;
         const ToolMeasure size(corner, false);
         if (menu_stood) {
-            call_hook(tool_hooks.freeze_menu);
+            freeze_menu();
             menu_hide(0);
         }
         if (cel_get(corner.x, corner.y, false) == GRAB_TAKEN) {
@@ -45,7 +46,7 @@ void move_tool()
     }
     clear_ghost();
     close_screen();
-    call_hook(tool_hooks.build_draw_menu);
+    build_draw_menu();
     if (!menu_stood) menu_hide(0);
     wait_right_release();
 }

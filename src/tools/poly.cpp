@@ -1,13 +1,13 @@
 // The corners of a polygon.
 #include "tools/poly.h"
 
-#include "draw/outline.h"
 #include "draw/preview.h"
 #include "draw/tool_input.h"
 #include "loop/frame.h"
 #include "loop/tool_loop.h"
 #include "runtime/input.h"
 #include "runtime/toolbox.h"
+#include "tools/operation.h"
 
 namespace kelu {
 namespace {

@@ -1,9 +1,9 @@
 // The loop of the panels.
 #include "tools/shape_panel.h"
 
-#include "draw/tool_hooks.h"
 #include "draw/tool_input.h"
 #include "loop/frame.h"
+#include "loop/home_strip.h"
 #include "loop/tool_loop.h"
 #include <algorithm>
 
@@ -42,7 +42,7 @@ bool run_shape_panel(const ShapePanelWork& work)
 void close_shape_panel()
 {
     close_screen();
-    call_hook(tool_hooks.build_draw_menu);
+    build_draw_menu();
 }
 
 bool drag_anchor()

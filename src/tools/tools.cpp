@@ -6,21 +6,23 @@
 #include "draw/outline.h"
 #include "draw/preview.h"
 #include "draw/replace.h"
-#include "draw/tool_hooks.h"
 #include "draw/tool_input.h"
+#include "draw/two_point_shapes.h"
 #include "loop/tool_loop.h"
 #include "runtime/input.h"
 #include "runtime/shape_settings.h"
 #include "tools/freehand_shape.h"
 #include "tools/move.h"
-#include "tools/oval.h"
+#include "tools/operation.h"
+#include "tools/oval_tool.h"
 #include "tools/poly.h"
-#include "tools/polygon.h"
-#include "tools/spiral.h"
-#include "tools/spline.h"
-#include "tools/stroke.h"
-#include "tools/supershape.h"
-#include "tools/two_point.h"
+#include "tools/polygon_tool.h"
+#include "tools/spiral_tool.h"
+#include "tools/spline_tool.h"
+#include "tools/stroke_tools.h"
+#include "tools/supershape_tool.h"
+#include "tools/text_tool.h"
+#include "tools/two_point_tool.h"
 #include <algorithm>
 
 namespace kelu {
@@ -54,9 +56,6 @@ int gather_node()
     return 1;
 }
 
-/// The text tool is a screen, above this level.
-void open_text_tool() { call_hook(tool_hooks.text_tool); }
-
 constexpr ToolRow no_gather(int id) { return {id, nullptr, nullptr, {}}; }
 
 constexpr std::array<int, 3> hollow{};
@@ -85,7 +84,7 @@ constexpr std::array<ToolRow, TOOL_COUNT> rows{{
     {TOOL_SPIRAL, gather_node<spiral_tool>, render_point_list, {}},
     {TOOL_SPLINE, gather_spline, render_point_list, smooth},
     {TOOL_SPRAY, gather_snapped_press, render_spray, drops},
-    {TOOL_TEXT, gather_node<open_text_tool>, nullptr, antialiased},
+    {TOOL_TEXT, gather_node<text_tool>, nullptr, antialiased},
 }};
 
 constexpr bool rows_in_order()
@@ -106,14 +105,6 @@ constexpr ShapeSettings initial_shapes{
 } // namespace
 
 const std::array<ToolRow, TOOL_COUNT> tools = rows;
-
-int tool_option(int tool, int column, int highest)
-{
-    const int value = toolbox.tool_table[static_cast<std::size_t>(tool)][static_cast<std::size_t>(column)];
-    return std::clamp(value, 0, highest);
-}
-
-bool tool_filled(int tool) { return tool_option(tool, OPTION_FILLED, 1) != 0; }
 
 int tool_dispatch()
 {

@@ -6,7 +6,6 @@
 #include "gui/menus.h"
 #include "gui/strings.h"
 #include "gui/tooltips.h"
-#include "loop/frame.h"
 #include "runtime/browser_state.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
@@ -24,8 +23,6 @@
 #include <vector>
 
 namespace kelu {
-
-void (*archive_frame)() = run_frame_plain;
 
 namespace {
 
@@ -237,7 +234,7 @@ int extract_block(std::FILE* archive, const std::string& file_name, std::span<ui
     return -1;
 }
 
-int save_workspace_archive(const std::string& file_name)
+int save_workspace_archive(const std::string& file_name, ShowProgress show_progress)
 {
     const TimersLock lock;
     const std::string directory = platform::working_directory();
@@ -246,7 +243,7 @@ int save_workspace_archive(const std::string& file_name)
     browser_state.browser_dir = platform::upper_case(directory).substr(0, longest_directory);
     bool written = false;
     {
-        ArchiveProgress progress(TEXT_SAVING_WORKSPACE, store.frame_count);
+        ArchiveProgress progress(TEXT_SAVING_WORKSPACE, store.frame_count, show_progress);
         platform::FileReplacement archive(file_name);
         const WorkspaceVisit visit(directory);
         if (!visit.found_program())
@@ -260,7 +257,7 @@ int save_workspace_archive(const std::string& file_name)
     return 0;
 }
 
-int load_workspace_archive(const std::string& file_name)
+int load_workspace_archive(const std::string& file_name, ShowProgress show_progress)
 {
     ArchiveHead head;
     const File archive = open_archive(file_name, head);
@@ -273,7 +270,7 @@ int load_workspace_archive(const std::string& file_name)
         return -1;
     }
     {
-        ArchiveProgress progress(TEXT_LOADING_WORKSPACE, head.frames);
+        ArchiveProgress progress(TEXT_LOADING_WORKSPACE, head.frames, show_progress);
         drop_onion_skin();
         clear_frame_cache();
         store.workspace_title = up_to_zero(head.title);

@@ -12,18 +12,18 @@
 
 namespace kelu {
 
-/// Shows one frame of the program while an archive is on its way; tests put something simpler in its place.
-extern void (*archive_frame)();
+/// Shows how far an archive has come: one frame of the program, handed in by the caller.
+using ShowProgress = void (*)();
 
 /// Commits the open frame and the state, and packs the workspace into a file of the working directory. What fails is
 /// told by log and status line, and an old file of that name stands. The working directory is the same afterwards.
 /// Returns 0.
-int save_workspace_archive(const std::string& file_name);
+int save_workspace_archive(const std::string& file_name, ShowProgress show_progress);
 
 /// Replaces the workspace by that of an archive. One that is missing, short or wrong in any way is refused with a line
 /// in the log before anything is touched, and -1 is the result. A transfer that fails half-way leaves each frame whole,
 /// old or new; old frames that were reached stand under their backup names. Returns 0 when the state has been read.
-int load_workspace_archive(const std::string& file_name);
+int load_workspace_archive(const std::string& file_name, ShowProgress show_progress);
 
 /// Appends the block of a file of the working directory, through the buffer. False, and a line in the log, when the
 /// file can't be read or the archive can't be written.

@@ -26,7 +26,8 @@ void build_window(int title)
 
 } // namespace
 
-ArchiveProgress::ArchiveProgress(int title, int steps) : step_(100.0F / static_cast<float>(steps))
+ArchiveProgress::ArchiveProgress(int title, int steps, ShowProgress show_progress)
+    : show_progress_(show_progress), step_(100.0F / static_cast<float>(steps))
 {
     build_window(title);
 }
@@ -44,7 +45,7 @@ void ArchiveProgress::finish() { show(whole_bar); }
 void ArchiveProgress::show(int percent)
 {
     gui.list_items[SLOT_BAR][0] = percent;
-    archive_frame();
+    show_progress_();
 }
 
 } // namespace kelu

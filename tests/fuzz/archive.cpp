@@ -31,7 +31,6 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
     store.tip_sheet = Bitmap(206, 62);
     store.cel_bitmap = Bitmap(2, 2);
     store.cel_source_bitmap = Bitmap(2, 2);
-    archive_frame = [] {};
     make_blank_workspace();
     return 0;
 }
@@ -40,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     using namespace kelu;
     folder().put("a.wsp", {reinterpret_cast<const char*>(data), size});
-    load_workspace_archive("a.wsp");
+    load_workspace_archive("a.wsp", [] {});
     if (!store.frame_bitmap || !store.alpha_bitmap || store.current_frame >= store.frame_count) std::abort();
     return 0;
 }

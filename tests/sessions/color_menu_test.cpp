@@ -1,7 +1,8 @@
 // The colour screens by mouse: the colour menu in its four spaces, the favourites, and picks from the screen.
 #include "colour/band.h"
 #include "colour/spaces.h"
-#include "screens/actions.h"
+#include "loop/actions.h"
+#include "screens/action_table.h"
 #include "screens/color_menu.h"
 #include "support/screen_session.h"
 

@@ -1,6 +1,7 @@
 // The home screen as a person uses it: buttons, colours, columns, dialogs, hiding, dragging, keys.
 #include "draw/operation.h"
-#include "screens/actions.h"
+#include "loop/actions.h"
+#include "screens/action_table.h"
 #include "support/screen_session.h"
 
 namespace kelu {

@@ -1,4 +1,5 @@
 // The failure panel over an open menu.
+#include "loop/home_strip.h"
 #include "screens/failure_panel.h"
 #include "support/screen_session.h"
 

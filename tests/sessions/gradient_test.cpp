@@ -2,7 +2,7 @@
 #include "draw/gradient.h"
 #include "draw/preview.h"
 #include "support/screen_session.h"
-#include "tools/gradient_nodes.h"
+#include "tools/gradient_placing.h"
 
 namespace kelu {
 

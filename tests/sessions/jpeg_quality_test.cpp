@@ -1,6 +1,6 @@
 // The quality dialog of a JPEG: the preview on the frame, and what OKAY and CANCEL leave.
+#include "loop/actions.h"
 #include "runtime/browser_state.h"
-#include "screens/actions.h"
 #include "screens/jpeg_quality.h"
 #include "support/pictures.h"
 #include "support/screen_session.h"

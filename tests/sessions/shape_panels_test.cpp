@@ -1,13 +1,17 @@
 // The tools with a panel, from the first click to OKAY or CANCEL.
+#include "draw/polygon.h"
 #include "draw/preview.h"
+#include "draw/spiral.h"
+#include "draw/supershape.h"
 #include "draw/tool_input.h"
+#include "runtime/shape_settings.h"
 #include "support/point_print.h"
 #include "support/screen_session.h"
 #include "support/tool_session.h"
-#include "tools/polygon.h"
+#include "tools/polygon_tool.h"
 #include "tools/shape_panel.h"
-#include "tools/spiral.h"
-#include "tools/supershape.h"
+#include "tools/spiral_tool.h"
+#include "tools/supershape_tool.h"
 
 namespace kelu {
 

@@ -5,11 +5,11 @@
 #include "gui/build.h"
 #include "runtime/text_settings.h"
 #include "screens/browser_slots.h"
-#include "screens/text_tool.h"
 #include "support/paths.h"
 #include "support/point_print.h"
 #include "support/screen_session.h"
 #include "support/tool_session.h"
+#include "tools/text_tool.h"
 #include <allegro.h>
 #include <filesystem>
 #include <fstream>

@@ -1,7 +1,7 @@
 // The tint screen: its live preview, and what OKAY and CANCEL leave.
 #include "colour/tint.h"
+#include "loop/actions.h"
 #include "runtime/color_settings.h"
-#include "screens/actions.h"
 #include "screens/tint_menu.h"
 #include "support/screen_session.h"
 

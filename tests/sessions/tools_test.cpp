@@ -1,5 +1,8 @@
 // The tools by mouse, from the first click to the last.
+#include "draw/oval.h"
 #include "draw/preview.h"
+#include "draw/spline.h"
+#include "draw/tool_input.h"
 #include "runtime/clock.h"
 #include "runtime/jobs.h"
 #include "runtime/measure.h"
@@ -8,8 +11,8 @@
 #include "support/point_print.h"
 #include "support/screen_session.h"
 #include "support/tool_session.h"
-#include "tools/oval.h"
-#include "tools/spline.h"
+#include "tools/oval_tool.h"
+#include "tools/spline_tool.h"
 #include "tools/tools.h"
 
 namespace kelu {

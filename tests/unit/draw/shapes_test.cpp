@@ -1,13 +1,13 @@
 // The outlines of the shape tools as lists of points.
+#include "draw/oval.h"
+#include "draw/polygon.h"
+#include "draw/spiral.h"
+#include "draw/spline.h"
+#include "draw/stroke.h"
+#include "draw/supershape.h"
 #include "runtime/pixels.h"
 #include "support/golden.h"
 #include "support/point_print.h"
-#include "tools/freehand_shape.h"
-#include "tools/oval.h"
-#include "tools/polygon.h"
-#include "tools/spiral.h"
-#include "tools/spline.h"
-#include "tools/supershape.h"
 #include <cmath>
 #include <gtest/gtest.h>
 #include <iterator>

@@ -4,6 +4,7 @@
 #include "framework/actor_painter.h"
 #include "framework/script.h"
 #include "framework/sound.h"
+#include "loop/frame.h"
 #include "runtime/clock.h"
 #include "runtime/jobs.h"
 #include "support/fresh_state.h"
@@ -32,7 +33,7 @@ class FrameworkJobsTest : public test::FreshState {
 protected:
     FrameworkJobsTest()
     {
-        register_framework_jobs();
+        register_framework_jobs(run_frame_plain);
         played = {};
         sound.play = note_play;
         sound.samples[7].handle = &noise;

@@ -5,6 +5,7 @@
 #include "framework/behaviors.h"
 #include "framework/framework_jobs.h"
 #include "framework/script_compiler.h"
+#include "loop/frame.h"
 #include "runtime/actors.h"
 #include "runtime/bubble_table.h"
 #include "runtime/jobs.h"
@@ -21,7 +22,7 @@ using Lines = std::vector<std::string>;
 
 class ScriptTest : public test::FreshState {
 protected:
-    ScriptTest() { register_framework_jobs(); }
+    ScriptTest() { register_framework_jobs(run_frame_plain); }
     /// Compiles a text, loads script 1 of it and starts it for actor 3.
     static void start(std::string_view text, int slot = 0)
     {

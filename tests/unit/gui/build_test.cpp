@@ -5,8 +5,9 @@
 #include "gui/key_labels.h"
 #include "gui/scheme.h"
 #include "gui/text_blocks.h"
+#include "loop/actions.h"
 #include "runtime/hotkeys.h"
-#include "screens/actions.h"
+#include "screens/action_table.h"
 #include "support/fresh_state.h"
 #include <algorithm>
 #include <cstring>

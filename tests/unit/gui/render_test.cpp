@@ -9,6 +9,7 @@
 #include "gui/scroll_bar.h"
 #include "gui_fixture.h"
 #include "loop/frame.h"
+#include "runtime/frame_flags.h"
 #include "runtime/frame_snapshot.h"
 #include <string>
 #include <vector>

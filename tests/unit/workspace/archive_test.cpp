@@ -10,20 +10,18 @@ namespace {
 
 std::vector<int> bar; ///< what the progress bar showed, frame by frame
 
+void show_bar() { bar.push_back(gui.list_items[2][0]); }
+
 class ArchiveTest : public WorkspaceTest {
 protected:
-    ArchiveTest()
-    {
-        bar.clear();
-        archive_frame = [] { bar.push_back(gui.list_items[2][0]); };
-    }
+    ArchiveTest() { bar.clear(); }
 
     /// A workspace of n frames that is written and packed as "w.wsp".
     void pack(int n)
     {
         make_frames(n);
         store.workspace_title = "PACKED";
-        EXPECT_EQ(save_workspace_archive("w.wsp"), 0);
+        EXPECT_EQ(save_workspace_archive("w.wsp", show_bar), 0);
     }
     /// All names and bytes of the store.
     std::map<std::string, std::string> store_files() const
@@ -53,7 +51,7 @@ TEST_F(ArchiveTest, HoldsTheOpenFrameInItsFixedLayout)
     row(store.frame_bitmap, 0)[0] = 0xabcdef; // never committed by hand
     store.workspace_title = "T";
     store.workspace_notes = std::string(300, 'N');
-    EXPECT_EQ(save_workspace_archive("w.wsp"), 0);
+    EXPECT_EQ(save_workspace_archive("w.wsp", show_bar), 0);
     EXPECT_EQ(platform::working_directory(), run_state.program_dir);
     const std::string archive = folder.text("w.wsp");
     Bytes expected;
@@ -83,7 +81,7 @@ TEST_F(ArchiveTest, ReplacesALargerWorkspace)
     store.current_frame = 4;
     store.workspace_title = "OLD";
     view.onion_on = 1;
-    EXPECT_EQ(load_workspace_archive("w.wsp"), 0);
+    EXPECT_EQ(load_workspace_archive("w.wsp", show_bar), 0);
     EXPECT_EQ(count_workspace_frames(), 1);
     EXPECT_EQ(store.frame_count, 1);
     EXPECT_EQ(store.current_frame, 0);
@@ -101,8 +99,8 @@ TEST_F(ArchiveTest, OpensInColourEditing)
 {
     make_frames(1);
     toggle_alpha_edit();
-    save_workspace_archive("w.wsp");
-    EXPECT_EQ(load_workspace_archive("w.wsp"), 0);
+    save_workspace_archive("w.wsp", show_bar);
+    EXPECT_EQ(load_workspace_archive("w.wsp", show_bar), 0);
     EXPECT_EQ(store.alpha_edit_mode, 0);
     EXPECT_EQ(row(store.frame_bitmap, 0)[0], 0x10);
     EXPECT_EQ(row(store.alpha_bitmap, 0)[0], 0xffffff);
@@ -133,12 +131,12 @@ TEST_F(ArchiveTest, RefusesEveryDamageBeforeAnythingIsTouched)
     damaged.back()[count_at + 4] = 0xff; // a first block of four gigabytes
     for (const Bytes& archive : damaged) {
         put_archive("bad.wsp", archive);
-        EXPECT_EQ(load_workspace_archive("bad.wsp"), -1);
+        EXPECT_EQ(load_workspace_archive("bad.wsp", show_bar), -1);
     }
     EXPECT_TRUE(logged("[ ERROR ] : Workspace packfile appears to be corrupt. Aborting load!"));
-    EXPECT_EQ(load_workspace_archive("missing.wsp"), -1);
+    EXPECT_EQ(load_workspace_archive("missing.wsp", show_bar), -1);
     EXPECT_TRUE(logged("[ ERROR ] : Workspace archive is missing or corrupt! Aborting load!"));
-    EXPECT_EQ(load_workspace_archive("WORKSPACE"), -1);
+    EXPECT_EQ(load_workspace_archive("WORKSPACE", show_bar), -1);
     EXPECT_TRUE(logged("[ ERROR ] : Failure to read file at OS level! Aborting load!"));
     EXPECT_TRUE(store_files() == files);
     EXPECT_EQ(store.workspace_title, "PACKED");
@@ -151,7 +149,7 @@ TEST_F(ArchiveTest, FailedExtractionLeavesEveryFrameWhole)
     for (int i = 0; i < 3; ++i)
         put_frame(i, opaque | 0x77);
     std::filesystem::create_directory(in_store(".current.001.kelu-new")); // the second frame can't be written
-    EXPECT_EQ(load_workspace_archive("w.wsp"), 0);
+    EXPECT_EQ(load_workspace_archive("w.wsp", show_bar), 0);
     EXPECT_TRUE(logged("[ ERROR ] : Workspace component is missing or corrupt! Aborting load!"));
     EXPECT_EQ(stored_pixel(0), frame_color(0));
     EXPECT_EQ(stored_pixel(1), opaque | 0x77);
@@ -168,10 +166,10 @@ TEST_F(ArchiveTest, FailedSaveLeavesTheOldArchive)
     pack(2);
     const std::string before = folder.text("w.wsp");
     std::filesystem::remove(in_store("current.001"));
-    save_workspace_archive("w.wsp");
+    save_workspace_archive("w.wsp", show_bar);
     EXPECT_TRUE(logged("[ ERROR ] : Workspace component is missing or corrupt! Aborting save!"));
     EXPECT_TRUE(folder.text("w.wsp") == before);
-    save_workspace_archive("missing/w.wsp");
+    save_workspace_archive("missing/w.wsp", show_bar);
     EXPECT_TRUE(logged("[ ERROR ] : Couldn't write file! Name = missing/w.wsp"));
 }
 
@@ -187,7 +185,7 @@ TEST_F(ArchiveTest, ZeroLengthBlockMakesAnEmptyFile)
         out.big32(0);
     put_archive("empty.wsp", archive);
     make_frames(1);
-    EXPECT_EQ(load_workspace_archive("empty.wsp"), 0);
+    EXPECT_EQ(load_workspace_archive("empty.wsp", show_bar), 0);
     EXPECT_TRUE(exists("current.spa"));
     EXPECT_EQ(bytes("current.spa"), "");
     EXPECT_EQ(bytes("damaged.000"), ""); // put aside, and a blank frame in its place

@@ -47,17 +47,14 @@ void work(unsigned step)
         write_user_settings();
         break;
     case 5:
-        if (step % 4 == 1) load_workspace_archive("kept.wsp");
+        if (step % 4 == 1) load_workspace_archive("kept.wsp", [] {});
         break;
     }
 }
 
 class CrashTest : public WorkspaceTest {
 protected:
-    CrashTest()
-    {
-        archive_frame = [] {};
-    }
+    CrashTest() {}
 
     /// Lets a child work until it is killed after some microseconds.
     static void work_and_die(unsigned seed, useconds_t after)
@@ -92,7 +89,7 @@ TEST_F(CrashTest, EveryFrameIsWholeAtTheNextStart)
     store.frame_count = 4;
     store.current_frame = 0;
     ASSERT_TRUE(fetch_frame(0, 0, 0));
-    save_workspace_archive("kept.wsp");
+    save_workspace_archive("kept.wsp", [] {});
     write_user_settings();
     std::mt19937 random(7);
     for (unsigned round = 0; round < kills; ++round) {

@@ -1,7 +1,7 @@
 // Choice of dabs and drops.
+#include "draw/stroke.h"
 #include "runtime/random.h"
 #include "support/point_print.h"
-#include "tools/stroke.h"
 #include <cmath>
 #include <gtest/gtest.h>
 #include <map>

@@ -1,17 +1,11 @@
-// The rubber band and the shapes between two points.
-#include "tools/two_point.h"
+// The shapes between nodes 0 and 1.
+#include "draw/two_point_shapes.h"
 
 #include "base/maths.h"
-#include "draw/preview.h"
 #include "draw/span_fill.h"
 #include "draw/tool_input.h"
-#include "gui/menus.h"
-#include "loop/frame.h"
-#include "loop/tool_loop.h"
-#include "runtime/input.h"
+#include "draw/tool_options.h"
 #include "runtime/store.h"
-#include "runtime/toolbox.h"
-#include "tools/tools.h"
 #include <algorithm>
 
 namespace kelu {
@@ -23,47 +17,6 @@ void stamp_line(int x1, int y1, int x2, int y2)
 }
 
 } // namespace
-
-bool rubber_band(int node, int message)
-{
-    constexpr int no_message = -1;
-    if (message != no_message) menus.status_message = message;
-    bool given = false;
-    bool cancelled = false;
-    while (!given && !cancelled && !leaving()) {
-        sample_press();
-        if (left_down()) {
-            given = true;
-            tool_input.tool_nodes[static_cast<std::size_t>(node)] = {pointer.press_x, pointer.press_y};
-            wait_left_release();
-        }
-        if (right_down()) {
-            cancelled = true;
-            wait_right_release();
-        }
-        if (!given && !cancelled) run_frame(0);
-    }
-    if (message != no_message) menus.status_message = 0;
-    return given && !cancelled && !leaving();
-}
-
-int gather_two_points()
-{
-    const int tool = current_tool();
-    sample_press();
-    tool_input.tool_nodes[0] = snapped_press();
-    bool given = false;
-    {
-        const ToolMeasure size({pointer.press_x, pointer.press_y}, tool == TOOL_LINE);
-        wait_left_release();
-        const PreviewScope shown(tool);
-        given = rubber_band(1, -1);
-    }
-    if (!given) return 0;
-    tool_input.tool_nodes[1] = snapped_press();
-    draw_to_frame(0, 0, tool, current_ink(), toolbox.brush_tip);
-    return 1;
-}
 
 void render_line(const Stroke&)
 {

@@ -1,30 +1,24 @@
-// The ellipse chain, and the loop in which the mouse sets its second axis.
-#include "tools/oval.h"
+// The loop in which the mouse sets its second axis.
+#include "tools/oval_tool.h"
 
 #include "base/maths.h"
 #include "draw/operation.h"
+#include "draw/oval.h"
 #include "draw/preview.h"
 #include "draw/span_fill.h"
 #include "draw/tool_input.h"
+#include "draw/tool_options.h"
 #include "draw/undo.h"
 #include "gui/slots.h"
 #include "loop/tool_loop.h"
 #include "runtime/input.h"
 #include "runtime/store.h"
-#include "tools/tools.h"
-#include "tools/two_point.h"
-#include <algorithm>
+#include "tools/operation.h"
+#include "tools/two_point_tool.h"
 #include <cmath>
 
 namespace kelu {
 namespace {
-
-constexpr double radians_per_degree = 0.017453292522222223;
-
-void append_line(Points& chain, Point from, Point to)
-{
-    walk_line(from, to, [&](int x, int y) { chain.push_back({x, y}); });
-}
 
 /// The ellipse on the axis of the nodes whose second axis ends at the mouse.
 Points ellipse_to(Point mouse)
@@ -62,6 +56,7 @@ void draw_oval()
 {
     const int ink = current_ink();
     push_undo(false);
+    const OperationScope scope(show_waiting_frame);
     clear_to_color(store.coverage_bitmap, 0);
     if (tool_filled(TOOL_OVAL)) {
         walk_row_extents(tool_input.point_list, [&](int left, int right, int y) { fill_span(left, right, y, ink); });
@@ -72,27 +67,6 @@ void draw_oval()
 }
 
 } // namespace
-
-Points interpolate_ellipse(int cx, int cy, int ra, int rb, int degrees, int steps)
-{
-    Points chain;
-    const double turn = -degrees * radians_per_degree;
-    const double s = std::sin(turn);
-    const double c = std::cos(turn);
-    const int step = 360 / std::clamp(steps, 1, 360);
-    for (int t = 0; t < 360; t += step) {
-        const double angle = t * radians_per_degree;
-        const Point p{to_coordinate(c * std::cos(angle) * ra - s * std::sin(angle) * rb + cx),
-                      to_coordinate(std::sin(angle) * rb * c + std::cos(angle) * ra * s + cy)};
-        if (chain.empty() || (p != chain.back() && adjacent(p, chain.back()))) {
-            chain.push_back(p);
-        } else if (p != chain.back()) {
-            append_line(chain, chain.back(), p);
-        }
-    }
-    if (!adjacent(chain.front(), chain.back())) append_line(chain, chain.front(), chain.back());
-    return chain;
-}
 
 int gather_oval()
 {

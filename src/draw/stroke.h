@@ -1,10 +1,18 @@
-// "DRIZ." and "SPRAY": strokes that follow the mouse and know no brush tip.
+// Samples of the hand: what lies between two of them, and the marks of "DRIZ." and "SPRAY".
 #pragma once
 
-#include "draw/operation.h"
 #include "draw/point_list.h"
 
 namespace kelu {
+
+constexpr int no_position = -1; ///< coordinate of a stroke's last position before its first sample
+
+/// True when a stroke has not begun on this axis, or has moved by at most one pixel.
+bool is_step(int last, int now);
+
+/// Adds a sample of the hand to the outline: one that equals `last` is left out, one further than a pixel away from
+/// it follows `last` itself.
+void append_sample(Points& points, Point last, Point sample);
 
 constexpr int no_dab = -1;
 
@@ -14,9 +22,5 @@ int driz_radius(Point last, Point now, int radius, int taper);
 
 /// Reports `density` random pixels of the square of side 2 x `radius` about (cx, cy), less those outside the disc.
 void spray_points(int cx, int cy, int density, int radius, PointVisit visit);
-
-/// The strokes, until the left button is up.
-void render_driz(const Stroke& stroke);
-void render_spray(const Stroke& stroke);
 
 } // namespace kelu

@@ -1,39 +1,43 @@
-// Dabs and drops.
-#include "tools/stroke.h"
+// The loops of the strokes that follow the mouse.
+#include "tools/stroke_tools.h"
 
-#include "base/maths.h"
+#include "draw/grid.h"
 #include "draw/span_fill.h"
+#include "draw/stroke.h"
 #include "draw/tool_input.h"
 #include "loop/frame.h"
 #include "loop/tool_loop.h"
 #include "runtime/clock.h"
-#include "runtime/random.h"
+#include "runtime/input.h"
 #include "runtime/store.h"
+#include "runtime/toolbox.h"
+#include "runtime/view.h"
 #include "tools/tools.h"
-#include <cstdlib>
 
 namespace kelu {
-namespace {
 
-bool is_step(int last, int now) { return last == -1 || std::abs(now - last) <= 1; }
-
-} // namespace
-
-int driz_radius(Point last, Point now, int radius, int taper)
+void render_draw(const Stroke& stroke)
 {
-    if (is_step(last.x, now.x) && is_step(last.y, now.y)) return radius;
-    const int distance = dist2(last.x, last.y, now.x, now.y);
-    if (distance > taper) return no_dab;
-    return radius - static_cast<int>(static_cast<double>(distance) / taper * radius);
-}
-
-void spray_points(int cx, int cy, int density, int radius, PointVisit visit)
-{
-    for (int i = 0; i < density; ++i) {
-        const int x = cx - radius + rnd(2 * radius);
-        const int y = cy - radius + rnd(2 * radius);
-        if (dist2(cx, cy, x, y) < radius) visit(x, y);
-    }
+    StrokePosition& last = stroke_position;
+    int mouse_x = stroke.pointer_x;
+    int mouse_y = stroke.pointer_y;
+    do {
+        const int x = snap_to_grid(mouse_x, mouse_y, 0);
+        const int y = snap_to_grid(mouse_x, mouse_y, 1);
+        if (x != last.stroke_last_x || y != last.stroke_last_y) {
+            if (is_step(last.stroke_last_x, x) && is_step(last.stroke_last_y, y)) {
+                stamp_tip(x, y, TOOL_DRAW, stroke.ink, stroke.style);
+            } else {
+                do_line(store.frame_bitmap, last.stroke_last_x, last.stroke_last_y, x, y, toolbox.brush_color,
+                        line_stamp);
+            }
+        }
+        last = {x, y};
+        run_frame(0);
+        mouse_x = view.frame_mouse_x;
+        mouse_y = view.frame_mouse_y;
+        poll_mouse_buttons();
+    } while (pointer.mouse_left != 0);
 }
 
 void render_driz(const Stroke& stroke)

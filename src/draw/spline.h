@@ -1,4 +1,4 @@
-// "SPLINE": a smooth curve through nodes that the user sets and moves.
+// The curve of "SPLINE": smooth, through nodes that the user sets and moves.
 //
 // Each stretch between two nodes is a cubic Bézier curve; its control points lie along the tangents at the nodes, and
 // the tangent at a node runs parallel to the chord between its neighbours. Fixed-point throughout.
@@ -30,19 +30,16 @@ std::array<int, 8> spline_control_points(const SplineNode& a, const SplineNode& 
 Points build_spline(SplineNodes& nodes, int count, bool closed, int curve);
 
 /// What the running tool has built. Owner: the tool; its preview rebuilds the curve.
+/// Writers: tools.
 struct Spline {
     SplineNodes spline_nodes{}; ///< prepared from `tool_nodes`
     int count = 0;              ///< user nodes, in entries 1 to `count` of `tool_nodes`
 };
 inline Spline spline;
 
+/// True when the option joins the last node to the first.
+bool closed_curve();
 /// Rebuilds the point list from the nodes as they stand; empty with fewer than two nodes on an open curve.
 void rebuild_spline();
-
-/// The tool, from the press on: a click sets a node or picks one up within 8 pixels, a right click draws the curve.
-/// Returns 1, or 0 when the program is asked to exit meanwhile.
-int gather_spline();
-/// Lets node `slot` (0 to 255) follow the pointer until the next click on the canvas.
-void reposition_spline_node(int slot);
 
 } // namespace kelu

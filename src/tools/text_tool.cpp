@@ -1,25 +1,24 @@
 // The window, its loop, and the text that sticks to the pointer.
-#include "screens/text_tool.h"
+#include "tools/text_tool.h"
 
 #include "base/log.h"
 #include "base/run_state.h"
 #include "draw/placed_text.h"
 #include "draw/preview.h"
-#include "draw/tool_hooks.h"
 #include "draw/tool_input.h"
+#include "draw/tool_options.h"
 #include "gui/build.h"
 #include "gui/field.h"
 #include "loop/frame.h"
+#include "loop/home_strip.h"
+#include "loop/quick_pan.h"
 #include "loop/tool_loop.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
+#include "runtime/jobs.h"
 #include "runtime/text_settings.h"
 #include "runtime/view.h"
-#include "screens/dispatch.h"
-#include "screens/draw_menu.h"
-#include "screens/file_browser.h"
 #include "tools/shape_panel.h"
-#include "tools/tools.h"
 #include <array>
 
 namespace kelu {
@@ -164,7 +163,8 @@ void TextLine::choose_font()
     text_settings.text_string = text.data();
     placed_text.shown = 0;
     gui_clear_window();
-    file_browser(BROWSER_FONT, BROWSE_FONT);
+    push_to_job(JOB_CHOOSE_FONT, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+    run_frame(0); // its last step runs the job
     gui_clear_window();
     build_text_window(at.x, at.y, true);
     fill_window(text.data(), size, gap);
@@ -189,7 +189,7 @@ void TextLine::run()
     while (open_ && !leaving()) {
         follow_window();
         run_frame(0);
-        if (hotkey_test(ACTION_QUICK_PAN)) call_hook(tool_hooks.quick_pan);
+        if (hotkey_test(ACTION_QUICK_PAN)) quick_pan();
         read_frame();
         read_buttons();
         tool_input.show_bounds = 1;

@@ -1,4 +1,4 @@
-// "OVAL": an ellipse between two axes that the mouse sets, as a chain of pixels.
+// The ellipse of "OVAL", as a chain of pixels.
 #pragma once
 
 #include "draw/point_list.h"
@@ -8,9 +8,5 @@ namespace kelu {
 /// The ellipse about (cx, cy) with radii ra and rb, its first axis turned by -`degrees`, sampled `steps` times (1 to
 /// 360) and joined by lines, so that each point is adjacent to the one before and the last to the first.
 Points interpolate_ellipse(int cx, int cy, int ra, int rb, int degrees, int steps);
-
-/// The flow of the tool: two clicks for the first axis, nodes 0 and 1, then a third for the second one, which points at
-/// the mouse. 0 when the first axis was cancelled.
-int gather_oval();
 
 } // namespace kelu

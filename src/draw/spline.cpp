@@ -1,16 +1,8 @@
-// The curve through the nodes, and the loops in which the nodes are set and moved.
-#include "tools/spline.h"
+// From nodes to the points of a curve.
+#include "draw/spline.h"
 
-#include "base/log.h"
 #include "base/maths.h"
-#include "draw/operation.h"
-#include "draw/preview.h"
-#include "draw/tool_hooks.h"
-#include "loop/frame.h"
-#include "loop/tool_loop.h"
-#include "runtime/input.h"
-#include "runtime/view.h"
-#include "tools/tools.h"
+#include "draw/tool_options.h"
 
 namespace kelu {
 namespace {
@@ -30,34 +22,6 @@ fixed node_dist(const SplineNode& a, const SplineNode& b)
     return fixsqrt(fixadd(fixmul(dx, dx), fixmul(dy, dy))) * 64;
 }
 
-Point& user_node(int i) { return tool_input.tool_nodes[static_cast<std::size_t>(i)]; }
-
-bool closed_curve() { return tool_option(TOOL_SPLINE, OPTION_CLOSED, 1) != 0; }
-
-/// Picks up every node near the pointer, one after the other; true when there was one.
-bool pick_up_nodes()
-{
-    constexpr int pick_radius = 9; // closer than this many pixels
-    bool picked = false;
-    for (int i = 1; i <= spline.count && !leaving(); ++i) {
-        const Point node = user_node(i);
-        if (node.x == unset_node) continue;
-        if (dist2(node.x, node.y, view.frame_mouse_x, view.frame_mouse_y) >= pick_radius) continue;
-        reposition_spline_node(i);
-        picked = true;
-    }
-    return picked;
-}
-
-/// Sets a node at the press; a full table takes no more. A closed curve needs one entry for its way back.
-void add_node()
-{
-    const int limit = node_limit - (closed_curve() ? 2 : 1);
-    if (spline.count >= limit) return;
-    sample_press();
-    user_node(++spline.count) = snapped_press();
-}
-
 void set_tangents(SplineNodes& nodes, int count)
 {
     for (int i = 1; i <= count + 1; ++i) {
@@ -68,6 +32,8 @@ void set_tangents(SplineNodes& nodes, int count)
 }
 
 } // namespace
+
+bool closed_curve() { return tool_option(TOOL_SPLINE, OPTION_CLOSED, 1) != 0; }
 
 void prepare_spline_nodes(const NodeTable& table, int n, bool closed, SplineNodes& nodes)
 {
@@ -128,49 +94,6 @@ void rebuild_spline()
     prepare_spline_nodes(tool_input.tool_nodes, spline.count + 1, closed, spline.spline_nodes);
     tool_input.point_list =
         build_spline(spline.spline_nodes, spline.count, closed, tool_option(TOOL_SPLINE, OPTION_CURVE, 100));
-}
-
-void reposition_spline_node(int slot)
-{
-    constexpr int context_node = 3; // hotkeys that answer while a node is moved
-    if (slot < 0 || slot >= node_limit) {
-        log_line("[ ERROR ] : Slot OOB in call to reposition_spline_node! Slot = %d", slot);
-        return;
-    }
-    CanvasButtons buttons;
-    do {
-        user_node(slot) = snapped_mouse();
-        run_frame(0);
-        call_hook(tool_hooks.hotkey_dispatch, context_node);
-    } while (!buttons.left_pressed() && !leaving());
-    sample_press();
-    user_node(slot) = snapped_press();
-    wait_left_release();
-}
-
-int gather_spline()
-{
-    tool_input.tool_nodes = all_nodes_unset;
-    sample_press();
-    user_node(0) = user_node(1) = snapped_press();
-    wait_left_release();
-    spline.count = 1;
-    free_point_list();
-    const PreviewScope shown(TOOL_SPLINE);
-    while (!right_down() && !leaving()) {
-        run_tool_pass();
-        if (!left_down()) continue;
-        wait_left_release();
-        if (!pick_up_nodes()) add_node();
-    }
-    wait_right_release();
-    const bool finished = !leaving();
-    if (finished) {
-        rebuild_spline();
-        draw_to_frame(0, 0, TOOL_SPLINE, current_ink(), toolbox.brush_tip);
-    }
-    free_point_list();
-    return finished ? 1 : 0;
 }
 
 } // namespace kelu

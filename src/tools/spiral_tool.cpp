@@ -1,23 +1,19 @@
-// The spiral's points, and its panel.
-#include "tools/spiral.h"
+// The panel over the canvas, and the drag of the whole spiral.
+#include "tools/spiral_tool.h"
 
-#include "draw/operation.h"
 #include "draw/preview.h"
+#include "draw/spiral.h"
 #include "draw/tool_input.h"
 #include "loop/frame.h"
 #include "loop/tool_loop.h"
+#include "runtime/shape_settings.h"
 #include "runtime/toolbox.h"
+#include "tools/operation.h"
 #include "tools/shape_panel.h"
 #include <array>
-#include <cmath>
 
 namespace kelu {
 namespace {
-
-constexpr double half_turn = 3.14159;
-constexpr double turn_length = 6.28; ///< radians that count as a wrap
-constexpr double radians_a_step = 0.01;
-constexpr double spread_unit = 30000; ///< spread that doubles the radius in one step
 
 enum : int {
     SLOT_ANGLE = PANEL_OWN,
@@ -137,30 +133,6 @@ bool drag_spiral()
 }
 
 } // namespace
-
-void plot_spiral(int cx, int cy, double degrees, double scale, double wraps, double spread, bool flip, Points& points,
-                 Bounds& bounds)
-{
-    bounds = {};
-    points.clear();
-    const double turn = degrees * half_turn / 180;
-    const double s = std::sin(turn);
-    const double c = std::cos(turn);
-    const double end = std::trunc(wraps) * turn_length;
-    double k = 1;
-    double t = 0;
-    while (t < end) {
-        const double a = t * k * std::cos(t) * (scale / 100);
-        const double b = t * k * std::sin(t) * (scale / 100);
-        const double x = c * a - b * s;
-        const double y = a * s + b * c;
-        const Point p{to_coordinate(flip ? -x : x) + cx, to_coordinate(y) + cy};
-        points.push_back(p);
-        bounds.widen(p);
-        t += radians_a_step;
-        k += spread / spread_unit;
-    }
-}
 
 void spiral_tool()
 {

@@ -1,5 +1,5 @@
 // "SSHAPE": the superformula (Johan Gielis, A generic geometric transformation that unifies a wide range of natural
-// and abstract shapes, 2003), set by a panel of sliders.
+// and abstract shapes, 2003).
 #pragma once
 
 #include "draw/point_list.h"
@@ -20,11 +20,9 @@ void plot_supershape(int cx, int cy, const SupershapeSettings& settings, Points&
                      FunctionRef<void(Point from, Point to)> segment);
 
 /// What the open panel says. Owner: the tool; its preview plots it.
+/// Writers: tools.
 inline SupershapeSettings shown_supershape;
 /// Plots the panel's shape about node 0 into the point list, in view coordinates: frame pixels less `origin`.
 void plot_shown_supershape(Point origin, FunctionRef<void(Point from, Point to)> segment);
-
-/// The tool: the panel over the canvas, the mouse the centre.
-void supershape_tool();
 
 } // namespace kelu

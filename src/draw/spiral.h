@@ -1,8 +1,7 @@
-// "SPIRAL": an Archimedean spiral, set by a panel of sliders.
+// "SPIRAL": an Archimedean spiral.
 #pragma once
 
 #include "draw/point_list.h"
-#include "runtime/shape_settings.h"
 
 namespace kelu {
 
@@ -10,8 +9,5 @@ namespace kelu {
 /// outward. Wraps below 1 give an empty list.
 void plot_spiral(int cx, int cy, double degrees, double scale, double wraps, double spread, bool flip, Points& points,
                  Bounds& bounds);
-
-/// The tool: the panel over the canvas, node 0 the centre.
-void spiral_tool();
 
 } // namespace kelu

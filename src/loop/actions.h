@@ -1,8 +1,9 @@
-// Everything that a key or a spare mouse button can do: one row an action.
+// What a key or a spare mouse button can do, and the dispatcher. The rows stand in the screens' table of actions.
 #pragma once
 
 #include "base/words.h"
 #include <cstdint>
+#include <span>
 
 namespace kelu {
 
@@ -35,13 +36,14 @@ struct ActionState {
 };
 inline ActionState action_state;
 
+/// The rows in the order of their ids. Set once, before the timers run, by start-up, which sees the table.
+inline std::span<const ActionRow> action_rows;
+
 /// Runs every action that is being asked for and answers in the context: 0 drawing menu, 1 any menu, 2 logic tick,
 /// 3 moving a node.
 void hotkey_dispatch(int context);
 /// Runs frames until the action's key or button is up.
 void wait_for_release(int action);
-/// Zeroes the hotkey table and writes the default keys.
-void set_default_hotkeys();
 /// 1 when another action has the same key as the one of `major` (action) and `minor` (0 primary, 1 alternate).
 int dupe_hotkey_check(int major, int minor);
 

@@ -1,8 +1,6 @@
 // "LINE", "BOX" and "CIRCLE": a click, a dashed shape that follows the mouse, and a second click.
 #pragma once
 
-#include "draw/operation.h"
-
 namespace kelu {
 
 /// Waits for the second point and leaves it in `pointer.press_x`, `press_y` and in node `node`. `message` is shown in
@@ -11,10 +9,5 @@ bool rubber_band(int node, int message);
 
 /// The flow of the two-point tools: nodes 0 and 1, then the operation. 0 when cancelled: nothing has been touched.
 int gather_two_points();
-
-/// The geometries, between nodes 0 and 1.
-void render_line(const Stroke& stroke);
-void render_box(const Stroke& stroke);
-void render_circle(const Stroke& stroke);
 
 } // namespace kelu
