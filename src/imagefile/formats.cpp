@@ -14,6 +14,7 @@
 #include "imagefile/refusal.h"
 #include "platform/files.h"
 #include <new>
+#include <utility>
 
 namespace kelu {
 namespace {
@@ -68,7 +69,7 @@ constexpr FormatRow formats[] = {
     {FORMAT_PNG,       1, "PNG", "PNG",                           true,  true,
      decode_png_merged,
      [](const char* name, BITMAP* picture, const SaveOptions&) { return save_png(name, picture) == 0; }},
-    {FORMAT_JPG,       0, "JPG", "",                              true,  false,
+    {FORMAT_JPG,       0, "JPG", "\xff\xd8\xff",                  true,  false,
      [](Span bytes) { return opaque(decode_jpeg(bytes)); },
      [](const char* name, BITMAP* picture, const SaveOptions& options) { return save_jpeg(name, picture, options.jpg_quality); }},
     {FORMAT_LBM,       0, "LBM", "FORM",                          true,  false,
@@ -93,17 +94,33 @@ constexpr bool rows_in_order()
 }
 static_assert(rows_in_order());
 
+/// Other endings of formats that have one of their own.
+constexpr std::pair<std::string_view, int> other_endings[] = {{"JPEG", FORMAT_JPG}, {"JPE", FORMAT_JPG}};
+
+/// A PCX file has no signature, but its first four bytes leave little to chance: maker, version, packed runs, depth.
+bool starts_as_pcx(Span bytes)
+{
+    constexpr uint8_t maker = 10, newest = 5, packed_runs = 1;
+    const uint8_t version = bytes[1], depth = bytes[3];
+    const bool known_depth = depth == 1 || depth == 2 || depth == 4 || depth == 8;
+    return bytes[0] == maker && version <= newest && version != 1 && bytes[2] == packed_runs && known_depth;
+}
+
 } // namespace
 
 const FormatRow& format_row(int id) { return formats[id]; }
 
 int format_from_extension(const std::string& name, bool fonts_only)
 {
-    if (name.size() < 4 || name[name.size() - 4] != '.') return FORMAT_NONE;
-    const std::string extension = platform::upper_case(name.substr(name.size() - 3));
+    const std::size_t point = name.rfind('.');
+    if (point == std::string::npos || point + 1 == name.size()) return FORMAT_NONE;
+    const std::string extension = platform::upper_case(name.substr(point + 1));
     for (const FormatRow& format : formats) {
         if (fonts_only && format.id != FORMAT_TTF && format.id != FORMAT_FON) continue;
         if (format.extension == extension) return format.id;
+    }
+    for (const auto& [ending, id] : other_endings) {
+        if (!fonts_only && ending == extension) return id;
     }
     return FORMAT_NONE;
 }
@@ -124,7 +141,7 @@ int format_from_signature(const std::string& name)
         in.seek(static_cast<std::size_t>(format.signature_at));
         if (!format.signature.empty() && in.starts_with(format.signature)) return format.id;
     }
-    return FORMAT_NONE;
+    return starts_as_pcx(bytes) ? FORMAT_PCX : FORMAT_NONE;
 }
 
 int format_of_file(const std::string& name)

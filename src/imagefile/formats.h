@@ -48,8 +48,8 @@ struct FormatRow {
 /// The row of a format, `id` 0 to FORMAT_COUNT - 1.
 const FormatRow& format_row(int id);
 
-/// The format that a name's extension stands for, or FORMAT_NONE. Three letters behind a point count, in any case;
-/// with `fonts_only` just those of fonts.
+/// The format that a name's extension stands for, or FORMAT_NONE. The letters behind the last point count, in any case:
+/// the row's extension, for JPG also "JPEG" and "JPE"; with `fonts_only` just those of fonts.
 int format_from_extension(const std::string& name, bool fonts_only);
 
 /// The format that a file's first four bytes tell of, or FORMAT_NONE; a file that can't be read leaves a line in the

@@ -4,6 +4,7 @@
 #include "base/log.h"
 #include "gui/build.h"
 #include "gui/scroll_bar.h"
+#include "imagefile/formats.h"
 #include "platform/files.h"
 #include "platform/places.h"
 #include "runtime/browser_list.h"
@@ -43,11 +44,13 @@ void add_row(const std::string& name, bool folder)
     browser_listing.true_name[index] = name;
 }
 
-/// `pattern` is "*.*" or a star and an ending.
+/// `pattern` is "*.*" or a star and an ending. An ending takes every other one of its format too.
 bool matches(const std::string& name, std::string_view pattern)
 {
     if (pattern == every_file) return true;
     const std::string_view ending = pattern.substr(1);
+    const int format = format_from_extension(std::string(pattern), false);
+    if (format != FORMAT_NONE) return format_from_extension(name, false) == format;
     return name.size() >= ending.size() &&
            platform::same_name(std::string_view(name).substr(name.size() - ending.size()), ending);
 }
@@ -110,6 +113,17 @@ void show_in_field(int slot, const std::string& text)
 {
     set_field_text(slot, text.c_str());
     gui.field_scroll[slot] = std::max(0, gui.field_caret[slot] - gui.field_visible[slot]);
+}
+
+std::string with_ending(const std::string& text, std::string_view pattern)
+{
+    constexpr std::string_view ends_of_folders = "/\\.";
+    const std::string row_ending(pattern);
+    const bool names_a_file = !text.empty() && ends_of_folders.find(text.back()) == std::string_view::npos;
+    const bool has_ending = format_from_extension(text, false) != FORMAT_NONE;
+    const bool can_be_written = format_from_extension(row_ending, false) != FORMAT_NONE &&
+                                format_from_extension(row_ending, true) == FORMAT_NONE; // fonts are only read
+    return names_a_file && !has_ending && can_be_written ? text + row_ending.substr(1) : text;
 }
 
 std::string file_named(const std::string& text, const PickedFile& picked)

@@ -13,8 +13,8 @@ namespace kelu {
 inline constexpr std::string_view every_file = "*.*";
 
 /// Lists the working directory into `browser_listing`: the way up, folders, then the files of a pattern ("*.GIF" takes
-/// the ending in any case), each part in alphabetical order. Rows beyond 1024 are cut off. Writes `browser_dir`,
-/// forgets `browser_file`, and gives the list its bar and the field the path; a slot of -1 is left out.
+/// the endings of its format in any case), each part in alphabetical order. Rows beyond 1024 are cut off. Writes
+/// `browser_dir`, forgets `browser_file`, and gives the list its bar and the field the path; a slot of -1 is left out.
 void scan_directory(std::string_view pattern, int list_slot, int path_slot);
 
 /// Gives a list a bar of one step for each row beyond those that show, or none when all do.
@@ -38,5 +38,9 @@ struct PickedFile {
 /// The file that a name in the field stands for: the picked one, else one that exists exactly so, else one that differs
 /// in case, else a new one.
 std::string file_named(const std::string& text, const PickedFile& picked);
+
+/// The name under which a text of the field is saved: without the ending of a known format it gets the one of the
+/// pattern, unless that takes every file or fonts. A text that ends as a folder's does stays.
+std::string with_ending(const std::string& text, std::string_view pattern);
 
 } // namespace kelu

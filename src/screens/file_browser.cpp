@@ -160,7 +160,9 @@ bool Browser::choose_font(const std::string& name)
 /// True when the file of the field has been loaded or saved, or that was tried.
 bool Browser::okay()
 {
-    const std::string name = file_named(field_text(BROWSER_FILE), picked_);
+    const std::string typed = field_text(BROWSER_FILE);
+    const bool by_filter = task_ == BROWSER_SAVE && file_kind_ == BROWSE_PICTURE;
+    const std::string name = file_named(by_filter ? with_ending(typed, lit_pattern()) : typed, picked_);
     if (task_ == BROWSER_FONT) {
         cancelled_ = !choose_font(name);
     } else if (task_ == BROWSER_SAVE) {

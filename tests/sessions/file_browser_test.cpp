@@ -1,5 +1,6 @@
 // The file browser by mouse and keys: what a click, a name and a place stand for, and what is asked before a file goes.
 #include "gui/build.h"
+#include "imagefile/formats.h"
 #include "imagefile/png.h"
 #include "platform/files.h"
 #include "platform/places.h"
@@ -174,6 +175,35 @@ TEST_F(Browser, LoadsTheFileThatWasClickedOrTyped)
     EXPECT_EQ(menus.status_message, TIP_CLIPBOARD_EMPTY);
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
     EXPECT_EQ(frame_color(), green);
+}
+
+TEST_F(Browser, TheLitFilterSuppliesTheEndingOfASavedName)
+{
+    constexpr int no_filter = -1, gif = 0, png = 3, jpg = 4, quality_okay = 103;
+    replace_frame(7, 5, 0x123456);
+    struct Row {
+        int filter;
+        const char *typed, *file;
+    };
+    for (const auto& [filter, typed, file] :
+         {Row{png, "walk", "walk.PNG"}, Row{png, "walk.v2", "walk.v2.PNG"}, Row{png, "run.gif", "run.gif"},
+          Row{gif, "jump", "jump.GIF"}, Row{jpg, "photo.jpeg", "photo.jpeg"}, Row{no_filter, "plain", "plain"}}) {
+        session_.click(HOME_PIC);
+        session_.click(PIC_SAVE);
+        ASSERT_EQ(menus.menu_id, MENU_BROWSER) << typed;
+        if (filter != no_filter) session_.click(BROWSER_FILTER_0 + filter);
+        enter(BROWSER_FILE, typed);
+        session_.key(KEY_ENTER);
+        if (menus.menu_id == MENU_JPEG_QUALITY) session_.click(quality_okay);
+        EXPECT_TRUE(fs::exists(file)) << file;
+    }
+    EXPECT_EQ(color_of("walk.PNG"), 0x123456);
+    EXPECT_FALSE(fs::exists("walk"));
+    EXPECT_EQ(format_from_signature("photo.jpeg"), FORMAT_JPG);
+    open(KEY_F9);
+    session_.click(BROWSER_FILTER_0 + jpg);
+    EXPECT_EQ(rows(), "\\.. \\SUB PHOTO.JPEG ") << "a filter lists every ending of its format";
+    session_.click(BROWSER_CANCEL);
 }
 
 TEST_F(Browser, AsksBeforeTheFileThatWouldGo)
