@@ -189,7 +189,7 @@ std::string reference()
 {
     std::ostringstream out;
     out << "# Reference\n\nThe tables of the program, with the texts of its own screens. How it all comes together is "
-           "told in [the guide](guide.md).\n\n";
+           "described in [the guide](guide.md).\n\n";
     write_tools(out);
     write_inks(out);
     write_keys(out);

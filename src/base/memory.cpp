@@ -1,3 +1,4 @@
+// Advice to the system about the memory of large bitmaps.
 #include "base/memory.h"
 
 #include <cstdint>

@@ -113,8 +113,8 @@ private:
 
 class AreaWalk {
 public:
-    AreaWalk(BITMAP* source, int seed, int tolerance, SpanVisit run, FunctionRef<void()> breathe)
-        : height_(source->h), report_(run), breathe_(breathe), open_(source, seed, tolerance),
+    AreaWalk(BITMAP* source, int seed, int tolerance, SpanVisit run, FunctionRef<void()> show_progress)
+        : height_(source->h), report_(run), show_progress_(show_progress), open_(source, seed, tolerance),
           heads_(static_cast<std::size_t>(source->h)), states_(static_cast<std::size_t>(source->h), HEAD_FREE)
     {}
 
@@ -152,7 +152,7 @@ private:
     {
         if (run.y + 1 < height_) check_row(run.y + 1, run.left, run.right);
         const bool upward = run.y > 0 && check_row(run.y - 1, run.left, run.right);
-        breathe_();
+        show_progress_();
         return upward;
     }
 
@@ -184,7 +184,7 @@ private:
 
     int height_;
     SpanVisit report_;
-    FunctionRef<void()> breathe_;
+    FunctionRef<void()> show_progress_;
     OpenPixels open_;
     std::vector<Run> heads_;
     std::vector<HeadState> states_; ///< of the heads
@@ -194,10 +194,10 @@ private:
 
 } // namespace
 
-void walk_area(BITMAP* source, int x, int y, int tolerance, SpanVisit run, FunctionRef<void()> breathe)
+void walk_area(BITMAP* source, int x, int y, int tolerance, SpanVisit run, FunctionRef<void()> show_progress)
 {
     if (!in_bitmap(source, x, y)) return;
-    AreaWalk(source, row(source, y)[x], tolerance, run, breathe).walk(x, y);
+    AreaWalk(source, row(source, y)[x], tolerance, run, show_progress).walk(x, y);
 }
 
 void flood_fill(BITMAP* source, int x, int y, int color, int tolerance)

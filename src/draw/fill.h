@@ -10,10 +10,10 @@
 
 namespace kelu {
 
-/// Walks the area round (x, y) of `source`: reports each of its runs once, and calls `breathe` after each run whose
-/// neighbour rows have been looked at. `tolerance` is 0 to 255 and strict: 1 takes the exact colour, 0 nothing. The
-/// cost is linear in the pixels of the area. `source` must not change meanwhile.
-void walk_area(BITMAP* source, int x, int y, int tolerance, SpanVisit run, FunctionRef<void()> breathe);
+/// Walks the area round (x, y) of `source`: reports each of its runs once, and calls `show_progress` after each run
+/// whose neighbour rows have been looked at. `tolerance` is 0 to 255 and strict: 1 takes the exact colour, 0 nothing.
+/// The cost is linear in the pixels of the area. `source` must not change meanwhile.
+void walk_area(BITMAP* source, int x, int y, int tolerance, SpanVisit run, FunctionRef<void()> show_progress);
 
 /// Fills the area round (x, y) of `source` on the frame with the current tool and ink. With "OPAQUE" on a pixel that
 /// has `color` already, nothing happens.

@@ -18,7 +18,7 @@ struct Stroke {
     int ink = 0;   ///< ink id
     int style = 0; ///< tip index, or `no_tip`
     /// The pointer in frame pixels as the operation began: of a large frame the undo copy takes its time, and the
-    /// stroke must not begin where the hand is by then.
+    /// stroke must not begin where the pointer is by then.
     int pointer_x = 0, pointer_y = 0;
 };
 using StrokeRender = void (*)(const Stroke& stroke);

@@ -1,4 +1,4 @@
-// Samples of the hand: what lies between two of them, and the marks of "DRIZ." and "SPRAY".
+// Samples of the pointer: what lies between two of them, and the marks of "DRIZ." and "SPRAY".
 #pragma once
 
 #include "draw/point_list.h"
@@ -10,7 +10,7 @@ constexpr int no_position = -1; ///< coordinate of a stroke's last position befo
 /// True when a stroke has not begun on this axis, or has moved by at most one pixel.
 bool is_step(int last, int now);
 
-/// Adds a sample of the hand to the outline: one that equals `last` is left out, one further than a pixel away from
+/// Adds a sample of the pointer to the outline: one that equals `last` is left out, one further than a pixel away from
 /// it follows `last` itself.
 void append_sample(Points& points, Point last, Point sample);
 

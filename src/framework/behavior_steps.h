@@ -1,5 +1,5 @@
 // The single steps of the behaviours. A step sees one slot of one actor, moves its state on by one run and says
-// whether the behaviour goes on. The parameters, p0 to p9, are told at each body.
+// whether the behaviour goes on. The parameters, p0 to p9, are described at each body.
 #pragma once
 
 #include "runtime/actors.h"
@@ -8,7 +8,7 @@ namespace kelu {
 
 enum class Outcome { GOES_ON, ENDS }; ///< ENDS: the pass frees the slot
 
-/// A slot of an actor, in the hands of its step.
+/// A slot of an actor, as its step sees it.
 struct Run {
     int who;                                            ///< the actor's row
     int slot;                                           ///< 0 to 3

@@ -6,8 +6,8 @@
 
 namespace kelu {
 
-/// Lets actor `who` say a text for `life` ticks (45 Hz) once it is typed, -1 until told. Returns the bubble's row, or
-/// -1 with a line in the log when none is free or there is no such actor. Either thread; no allocation.
+/// Lets actor `who` say a text for `life` ticks (45 Hz) once it is typed, -1 until it is closed. Returns the bubble's
+/// row, or -1 with a line in the log when none is free or there is no such actor. Either thread; no allocation.
 int bubble_say(int who, int life, std::string_view text);
 /// Sends a bubble, or all for -1, to closing, where its actor is a speaker; returns their number.
 int close_bubbles(int row);

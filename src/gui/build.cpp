@@ -12,7 +12,7 @@
 namespace kelu {
 namespace {
 
-/// What a kind wears where its row doesn't say.
+/// The colour of a kind where its row names none.
 int usual_fill(int kind)
 {
     switch (kind) {

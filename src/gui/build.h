@@ -16,7 +16,7 @@ namespace kelu {
 
 /// Fill of a slot, as a role of the colour scheme.
 enum Fill : int {
-    FILL_BY_KIND, ///< what the kind wears as a rule, see usual_fill
+    FILL_BY_KIND, ///< the usual colour of the kind, see usual_fill
     FILL_BACKGROUND,
     FILL_BORDER,
     FILL_SHADOW,

@@ -15,7 +15,7 @@ enum LookFill : int {
     LOOK_SAME ///< hovered as at rest
 };
 
-/// What a labelled panel wears, at rest and under the pointer: a LookFill and a TextSet each.
+/// The colours of a labelled panel, at rest and under the pointer: a LookFill and a TextSet each.
 struct Look {
     int fill = LOOK_COLOUR;
     int text = 0;

@@ -36,7 +36,7 @@ struct MasterColour {
 
 } // namespace
 
-void wear_scheme()
+void apply_scheme()
 {
     const SchemeColours& colours = menu_scheme.scheme;
     menu_scheme.scheme_background = colours[SCHEME_BACKGROUND];

@@ -32,7 +32,7 @@ inline constexpr SchemeColours scheme_default = {
 /// Marks what collides or fails, whatever the scheme.
 inline constexpr int warning_red = pack_rgb(255, 0, 0);
 
-/// `scheme` belongs to the settings file and the scheme editor; the live colours follow it by `wear_scheme`. Main
+/// `scheme` belongs to the settings file and the scheme editor; the live colours follow it by `apply_scheme`. Main
 /// thread.
 /// Writers: screens.
 struct MenuScheme {
@@ -46,7 +46,7 @@ struct MenuScheme {
 inline MenuScheme menu_scheme;
 
 /// Takes `scheme` into the live colours and the text colour sets of the screens.
-void wear_scheme();
+void apply_scheme();
 /// Takes `scheme` into the text colour sets of the editor's preview.
 void preview_scheme();
 /// Recolours arrows, knobs and marks of the GUI sheet to four colours, from the grey master that stands beside them,

@@ -41,7 +41,7 @@ int draw_text(BITMAP* bitmap, int x, int y, const char* string);
 int text_width(const char* string);
 
 /// Makes the font of a slot from its pictures, which it changes: black becomes magenta. All numbers in a picture are
-/// palette indices, told by colour; Allegro's palette must be set. False when the first picture names no cell size.
+/// palette indices, found by colour; Allegro's palette must be set. False when the first picture names no cell size.
 bool load_font(int slot, std::span<BITMAP* const> pictures);
 /// First index of Allegro's palette with that colour, 0 when there is none.
 int palette_index(int colour);

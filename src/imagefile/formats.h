@@ -1,4 +1,4 @@
-// The table of file formats: how each is told by name or content, read into a picture and written from one.
+// The table of file formats: how each is determined by name or content, read into a picture and written from one.
 #pragma once
 
 #include "base/bitmap.h"
@@ -25,7 +25,7 @@ enum FormatId : int {
     FORMAT_COUNT
 };
 
-/// What a picture's writer is told beside the picture.
+/// What a picture's writer needs beside the picture.
 struct SaveOptions {
     int color_reduction = 0; ///< to 256 colours: 0 fast, 1 good, 2 best
     int jpg_quality = 90;    ///< 0 to 100
@@ -36,7 +36,7 @@ struct FormatRow {
     int id;
     int signature_at;           ///< where in its files the signature stands
     std::string_view extension; ///< upper case
-    std::string_view signature; ///< bytes that tell it
+    std::string_view signature; ///< bytes that identify it
     bool previews;              ///< the browser shows its content
     bool keeps_alpha;           ///< `save` takes the merged form
     /// Decodes a file to merged form; a picture without an alpha channel is opaque.
@@ -52,7 +52,7 @@ const FormatRow& format_row(int id);
 /// the row's extension, for JPG also "JPEG" and "JPE"; with `fonts_only` just those of fonts.
 int format_from_extension(const std::string& name, bool fonts_only);
 
-/// The format that a file's first four bytes tell of, or FORMAT_NONE; a file that can't be read leaves a line in the
+/// The format that a file's first four bytes identify, or FORMAT_NONE; a file that can't be read leaves a line in the
 /// log.
 int format_from_signature(const std::string& name);
 

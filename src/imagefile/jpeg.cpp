@@ -150,14 +150,6 @@ bool encode_jpeg(BITMAP* bitmap, int quality, Bytes& out)
     return good;
 }
 
-Bitmap load_jpeg(const char* file_name)
-{
-    Bytes bytes;
-    if (platform::read_file(file_name, max_picture_file, bytes)) return decode_jpeg(bytes);
-    std::fprintf(stderr, "can't open %s\n", file_name);
-    return {};
-}
-
 bool save_jpeg(const char* file_name, BITMAP* bitmap, int quality)
 {
     Bytes bytes;

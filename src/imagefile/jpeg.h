@@ -14,8 +14,6 @@ Bitmap decode_jpeg(std::span<const uint8_t> bytes);
 /// False, with nothing appended, when libjpeg gives up.
 bool encode_jpeg(BITMAP* bitmap, int quality, Bytes& out);
 
-/// Reads a JPEG file; empty when it can't be read.
-Bitmap load_jpeg(const char* file_name);
 /// Writes a JPEG file, which replaces an old one only when it is whole on disk. False, with a line in the log, when
 /// that failed.
 bool save_jpeg(const char* file_name, BITMAP* bitmap, int quality);

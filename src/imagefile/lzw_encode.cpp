@@ -64,7 +64,7 @@ public:
         }
         return -1;
     }
-    /// Adds the pair that was just not found as the next code; returns false when the table is full.
+    /// Adds the pair that was just not found as the next code; a full table stays as it is.
     void add()
     {
         if (top_ < top_limit) cells_[at_] = uint64_t{wanted_} << code_bits | static_cast<uint32_t>(++top_);

@@ -63,7 +63,7 @@ bool ClipboardLink::open()
               .received = atom("_KELU_RECEIVED"),
               .stamp = atom("_KELU_STAMP"),
               .offered = atom("_KELU_OFFERED")};
-    // Sizes of requests are told in words of 4 bytes; the head of a request needs some of them.
+    // Sizes of requests count words of 4 bytes; the head of a request needs some of them.
     const long words = std::max(XExtendedMaxRequestSize(display_), XMaxRequestSize(display_));
     chunk_ = std::min(most_chunk, static_cast<std::size_t>(words) * 4 - 256);
     return true;

@@ -51,7 +51,7 @@ public:
     /// Most bytes of one property: larger content goes in pieces.
     std::size_t chunk() const { return chunk_; }
 
-    /// Who is told of every event, also of those that come while something else is waited for.
+    /// Receives every event, also of those that come while something else is waited for.
     std::function<void(const XEvent&)> handle;
     /// Handles what has arrived.
     void handle_pending();

@@ -133,7 +133,7 @@ void ClipboardOwner::feed(const XPropertyEvent& event)
                       bytes.data() + transfer->sent, count);
     transfer->sent += count;
     transfer->last_step = ClipboardClock::now();
-    if (count == 0) drop_transfers(event.window, event.atom); // an empty piece has told the end
+    if (count == 0) drop_transfers(event.window, event.atom); // an empty piece marks the end
     XFlush(link_.display());
 }
 

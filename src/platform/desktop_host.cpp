@@ -47,7 +47,7 @@ bool start()
     set_config_data(map.c_str(), static_cast<int>(map.size()));
     end_on_signals();
     watch_connection();
-    allow_oversleep(4ms); // the timer thread, whose fastest callback the hand can feel runs every 8 ms
+    allow_oversleep(4ms); // the timer thread, whose fastest callback that a user can notice runs every 8 ms
     const bool timers_run = install_timer() == 0;
     allow_oversleep(0ms);
     if (!timers_run || install_keyboard() != 0 || install_mouse() < 0) return false;

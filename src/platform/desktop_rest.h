@@ -1,4 +1,4 @@
-// The sleep between two frames, which the user's hands cut short. Main thread.
+// The sleep between two frames, which input cuts short. Main thread.
 #pragma once
 
 namespace kelu::platform {

@@ -201,7 +201,7 @@ void enter_running()
     tint.tint_blue = 0;
     tint.tint_opacity = tint_start;
     FW_tint_screen(0, 0, 0, 0, 0, tint_step);
-    wear_scheme();
+    apply_scheme();
     recolor_gui_sheet(menu_scheme.scheme_background, menu_scheme.scheme_border, menu_scheme.scheme_shadow,
                       menu_scheme.scheme_highlight_fore);
     rebuild_tip_cursor();

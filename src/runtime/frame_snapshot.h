@@ -1,7 +1,6 @@
 // The values that one frame's picture shows, copied at its start, since the timers go on writing the originals.
 #pragma once
 
-#include <array>
 
 namespace kelu {
 
@@ -16,7 +15,6 @@ struct FrameSnapshot {
     int dash_phase = 0;                            ///< 0 to 31
     int status_message = 0;                        ///< row of the message table, 0 none, -1 coordinates only
     int hover_slot = -1;                           ///< slot under the pointer, -1 none
-    std::array<int, 4> ghost_rect{-1, -1, -1, -1}; ///< x, y, w, h of the frozen menu, x -1: none
 };
 inline FrameSnapshot frame_snapshot;
 

@@ -25,8 +25,8 @@ namespace {
 
 constexpr int message_ticks = 120;
 
-/// The format that a browser mode stands for by itself, or the one that the file tells of.
-int format_in_mode(int told, int browser_mode)
+/// The format that a browser mode stands for by itself, or the one determined from the file.
+int format_in_mode(int file_format, int browser_mode)
 {
     switch (browser_mode) {
     case BROWSE_WORKSPACE:
@@ -36,7 +36,7 @@ int format_in_mode(int told, int browser_mode)
     case BROWSE_SCHEME:
         return FORMAT_SCHEME;
     default:
-        return told;
+        return file_format;
     }
 }
 

@@ -7,7 +7,7 @@ namespace kelu {
 
 /// What the file browser was opened for.
 enum BrowserMode : int {
-    BROWSE_PICTURE = 1, ///< the format is told by the file
+    BROWSE_PICTURE = 1, ///< the format is determined from the file
     BROWSE_FONT,
     BROWSE_WORKSPACE, ///< these three overrule the format that the name tells of
     BROWSE_FAVORITES,
@@ -22,10 +22,10 @@ void connect_picture_files();
 /// frame and tables are then as before.
 bool load_picture_file(const std::string& name, int browser_mode);
 
-/// Saves to a file of the working directory, which replaces an old one only when it is whole. The extension alone tells
-/// the format; a picture of any other name becomes a PNG without alpha. Before a JPEG the user is asked for its
-/// quality, in place of the window that is open. False when nothing was saved: the user has cancelled, or it failed and
-/// the status bar says so.
+/// Saves to a file of the working directory, which replaces an old one only when it is whole. The extension alone
+/// determines the format; a picture of any other name becomes a PNG without alpha. Before a JPEG the user is asked for
+/// its quality, in place of the window that is open. False when nothing was saved: the user has cancelled, or it failed
+/// and the status bar says so.
 bool save_picture_file(const std::string& name, int browser_mode);
 
 } // namespace kelu

@@ -9,8 +9,8 @@ namespace kelu {
 /// What stands in the place of a preview.
 enum PreviewMessage : int { PREVIEW_UNAVAILABLE, PREVIEW_DAMAGED, PREVIEW_DISABLED, PREVIEW_TOO_LARGE };
 
-/// The picture of a file, top bytes 0, told by extension, else by signature. Empty for all that isn't a picture. The
-/// frame and its alpha stay as they are.
+/// The picture of a file, top bytes 0, determined by extension, else by signature. Empty for all that isn't a picture.
+/// The frame and its alpha stay as they are.
 Bitmap load_preview_bitmap(const std::string& name);
 
 /// Fills `preview_bitmap` with a message.

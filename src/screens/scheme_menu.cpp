@@ -109,7 +109,7 @@ void set_hidden(int hidden)
         gui.hidden[slot] = hidden;
 }
 
-/// Runs another screen in the low slots, in the colours that the screens still wear, and comes back.
+/// Runs another screen in the low slots, in the colours that the screens still have, and comes back.
 template <class Screen>
 void run_over_editor(const SchemeColours& worn, Screen screen)
 {
@@ -158,7 +158,7 @@ void read_files(const SchemeColours& worn)
 void apply_scheme(SchemeStep step)
 {
     if (step == SCHEME_TO_LIVE) {
-        wear_scheme();
+        apply_scheme();
         return;
     }
     for (int row = 0; row < SCHEME_ROWS; ++row) {

@@ -3,7 +3,7 @@
 
 namespace kelu {
 
-/// The ways that colours take between swatches, `scheme` and what the screens wear.
+/// The ways that colours take between swatches, `scheme` and the colours of the screens.
 enum SchemeStep : int {
     SWATCHES_TO_SCHEME, ///< swatches into `scheme`, and `scheme` into the text sets of the preview
     SCHEME_TO_LIVE,     ///< `scheme` into the live colours and text sets

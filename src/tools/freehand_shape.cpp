@@ -1,4 +1,4 @@
-// The outline that the hand draws.
+// The outline drawn freehand.
 #include "tools/freehand_shape.h"
 
 #include "draw/operation.h"

@@ -1,3 +1,4 @@
+// The second workspace, and the exchange with it.
 #include "workspace/alternate.h"
 
 #include "base/log.h"

@@ -1,3 +1,4 @@
+// Packing a workspace into one file, and taking it out again.
 #include "workspace/archive.h"
 
 #include "base/log.h"

@@ -16,7 +16,7 @@ namespace kelu {
 using ShowProgress = void (*)();
 
 /// Commits the open frame and the state, and packs the workspace into a file of the working directory. What fails is
-/// told by log and status line, and an old file of that name stands. The working directory is the same afterwards.
+/// reported by log and status line, and an old file of that name stands. The working directory is the same afterwards.
 /// Returns 0.
 int save_workspace_archive(const std::string& file_name, ShowProgress show_progress);
 

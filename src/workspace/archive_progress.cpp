@@ -1,3 +1,4 @@
+// The window with the bar of an archive on its way.
 #include "workspace/archive_progress.h"
 
 #include "base/run_state.h"

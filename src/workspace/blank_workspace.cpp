@@ -1,3 +1,4 @@
+// How a workspace begins: a blank frame, a blank cel and fresh options.
 #include "workspace/blank_workspace.h"
 
 #include "base/log.h"

@@ -1,3 +1,4 @@
+// The custom tip's file.
 #include "workspace/custom_tip.h"
 
 #include "imagefile/bmp.h"

@@ -1,3 +1,4 @@
+// Words of state by reference, as tagged files read and write them.
 #include "workspace/field.h"
 
 namespace kelu {

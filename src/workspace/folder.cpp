@@ -1,3 +1,4 @@
+// Names of the workspace's files, and the way into its folder.
 #include "workspace/folder.h"
 
 #include "base/log.h"

@@ -1,3 +1,4 @@
+// The frames of an animation in memory.
 #include "workspace/frame_cache.h"
 
 #include "base/log.h"

@@ -6,12 +6,12 @@ namespace kelu {
 enum InsertedFrame : int { INSERT_CLONES = 0, INSERT_BLANKS = 1 };
 
 /// Opens `count` new frames behind frame `start`: copies of the current frame, or black frames of 320 x 240. The
-/// current frame keeps its number. A full workspace is told to the user, a range outside the table to the log. The
+/// current frame keeps its number. A full workspace is reported to the user, a range outside the table to the log. The
 /// process ends up in the program's folder. The caller writes the state.
 void insert_frames(int start, int count, int blank);
 
 /// Takes `count` frames out, from `start` on, and makes the frame that follows, or the last one, current. The only
-/// frame stays, which is told to the user; a range outside the workspace to the log. The process ends up in the
+/// frame stays, which is reported to the user; a range outside the workspace to the log. The process ends up in the
 /// program's folder.
 void delete_frames(int start, int count);
 

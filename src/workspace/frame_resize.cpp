@@ -18,7 +18,7 @@ namespace {
 constexpr int opaque = 0xffffff; ///< of the alpha picture
 constexpr int message_ticks = 120;
 
-/// New bitmaps for a frame; empty, with the reason told, when they can't be had.
+/// New bitmaps for a frame; empty, with the reason reported, when they can't be had.
 LiveBitmaps new_bitmaps(int w, int h)
 {
     const bool too_small = w < least_frame_side || h < least_frame_side;

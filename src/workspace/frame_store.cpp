@@ -1,3 +1,4 @@
+// Fetching, committing and exchanging the live frame.
 #include "workspace/frame_store.h"
 
 #include "base/log.h"

@@ -39,8 +39,8 @@ bool load_frame_file(const std::string& name, int how, int kind);
 /// Makes a picture in merged form the live frame, as `load_frame_file` does for a file that it has read.
 bool adopt_picture(Bitmap merged, bool becomes_restoration);
 
-/// Writes the live frame in merged form to `current.NNN` of the working directory. A failure is told to the user, sets
-/// `workspace_damaged` and returns false; the old file then stands.
+/// Writes the live frame in merged form to `current.NNN` of the working directory. A failure is reported to the user,
+/// sets `workspace_damaged` and returns false; the old file then stands.
 bool write_frame(int frame);
 
 /// How many of the names current.000 to current.099 exist in the store's folder.

@@ -1,3 +1,4 @@
+// Frame and alpha picture to one picture and back.
 #include "workspace/merged.h"
 
 #include "base/log.h"

@@ -1,3 +1,4 @@
+// Missing and damaged files, made anew.
 #include "workspace/repair.h"
 
 #include "base/log.h"

@@ -1,3 +1,4 @@
+// The rows of the user's settings, their defaults, and their file.
 #include "workspace/settings.h"
 
 #include "base/log.h"

@@ -19,7 +19,7 @@ std::span<const TagRow> settings_tags();
 /// directory must be the program's folder, and is again at the end. A file that can't be read whole is kept beside.
 void read_user_settings();
 
-/// Writes the settings. The process ends up in the program's folder. A failure is told by log and status line.
+/// Writes the settings. The process ends up in the program's folder. A failure is reported by log and status line.
 void write_user_settings();
 
 } // namespace kelu

@@ -14,8 +14,8 @@ struct SpriteSheet {
 };
 
 /// Gives the current frame the sheet's size and draws its cells, each with a border of one pixel round its sprite. The
-/// undo queue is emptied. Returns false, with the reason told, when a frame of that size can't be had; the frame then
-/// stays.
+/// undo queue is emptied. Returns false, with the reason reported, when a frame of that size can't be had; the frame
+/// then stays.
 bool build_sprite_sheet(const SpriteSheet& sheet);
 
 } // namespace kelu

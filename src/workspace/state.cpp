@@ -1,3 +1,4 @@
+// The state of a workspace: reading, repair of its values, writing.
 #include "workspace/state.h"
 
 #include "base/log.h"

@@ -1,3 +1,4 @@
+// Tagged files on disk.
 #include "workspace/tag_files.h"
 
 #include "base/log.h"

@@ -1,3 +1,4 @@
+// Records of tagged files in memory.
 #include "workspace/tags.h"
 
 #include "base/log.h"

@@ -46,7 +46,7 @@ struct TagRow {
     std::string* text = nullptr;              ///< a text instead of words
     int text_room = 0;                        ///< bytes of a text's field, of which the last is its terminator
     int records = 1;                          ///< records that the words are cut into
-    int minors = 1;                           ///< of these, how many are stored, told apart by their minor number
+    int minors = 1;                           ///< of these, how many are stored, distinguished by their minor number
     int (*place)(int minor, int i) = nullptr; ///< which of the words is word i of a minor's record
     std::span<const Range> ranges = {};       ///< by word of a record, in place of `range`
     const char* bad_minor = nullptr;          ///< log line for a minor that isn't there

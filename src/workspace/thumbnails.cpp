@@ -1,3 +1,4 @@
+// The sheet of thumbnails.
 #include "workspace/thumbnails.h"
 
 #include "gui/tooltips.h"

@@ -26,7 +26,7 @@ void choose_file(Session& session, const char* name)
     session.key(KEY_ENTER);
 }
 
-/// A pixel of an arrow in the GUI sheet, which wears the background's colour.
+/// A pixel of an arrow in the GUI sheet, which has the background's colour.
 int arrow_pixel()
 {
     for (int y = 111; y <= 163; ++y)

@@ -17,7 +17,7 @@ void load_screen_resources()
     load_application_resources();
     std::filesystem::current_path(before);
     menu_scheme = {};
-    wear_scheme();
+    apply_scheme();
     preview_scheme();
     const SchemeColours& colours = menu_scheme.scheme;
     recolor_gui_sheet(colours[SCHEME_BACKGROUND], colours[SCHEME_BORDER], colours[SCHEME_SHADOW],

@@ -1,4 +1,5 @@
 // JPEG: fixtures, round trips within the loss of the format, damage that never ends the process.
+#include "imagefile/formats.h"
 #include "imagefile/jpeg.h"
 
 #include "runtime/pixels.h"
@@ -44,7 +45,7 @@ TEST(jpeg, quality_is_passed_on_and_round_trips_hold)
     std::uintmax_t last = 0;
     for (const int quality : {0, 50, 90, 100}) {
         ASSERT_TRUE(save_jpeg("picture.jpg", ramp(), quality));
-        const Bitmap read = load_jpeg("picture.jpg");
+        const Bitmap read = load_picture("picture.jpg", FORMAT_JPG);
         EXPECT_LT(loss(read, ramp()), quality >= 90 ? 12 : 120) << quality;
         if (convert_installed() && quality == 90) {
             EXPECT_LT(loss(*decoded_by_convert("picture.jpg"), read), 3);
@@ -55,7 +56,7 @@ TEST(jpeg, quality_is_passed_on_and_round_trips_hold)
     for (const int w : {1, 2, 3, 255, 257}) {
         const Bitmap odd(w, 258 - w, 0x406080);
         ASSERT_TRUE(save_jpeg("odd.jpg", odd, 90));
-        EXPECT_LT(loss(load_jpeg("odd.jpg"), odd), 3) << w;
+        EXPECT_LT(loss(load_picture("odd.jpg", FORMAT_JPG), odd), 3) << w;
     }
 }
 
