@@ -3,6 +3,7 @@
 // A test compares what it writes with the document, so that the two never part. After a change of a table:
 //
 //   build/dev/tools/doc_tables docs/reference.md
+#include "draw/inks.h"
 #include "draw/placed_text.h"
 #include "draw/undo.h"
 #include "gui/key_labels.h"
@@ -15,9 +16,9 @@
 #include "runtime/macros.h"
 #include "runtime/view.h"
 #include "screens/action_table.h"
-#include "screens/option_widgets.h"
 #include "screens/options_table.h"
 #include "tools/text_tool.h"
+#include "tools/tools.h"
 #include <cctype>
 #include <cstdio>
 #include <sstream>
@@ -65,24 +66,29 @@ std::string description(int row)
 }
 
 /// What can be set, as "RADIUS 0 to 32".
-std::string option_list(std::span<const OptionWidget> widgets)
+std::string option_list(std::span<const DrawOption> options)
 {
     std::string text;
-    for (const OptionWidget& widget : widgets) {
+    for (const DrawOption& option : options) {
         if (!text.empty()) text += ", ";
-        text += ui_strings[widget.text];
-        if (widget.form == WidgetForm::SLIDER)
-            text += " " + std::to_string(widget.lowest) + " to " + std::to_string(widget.lowest + widget.steps - 1);
+        text += ui_strings[option.text];
+        if (option.widget == OptionWidget::SLIDER)
+            text += " " + std::to_string(option.slider_lowest) + " to " + std::to_string(option.highest());
     }
     return text;
+}
+
+void write_choice(std::ostream& out, const DrawChoice& choice)
+{
+    out << "| " << ui_strings[choice.name] << " | " << description(choice.description) << " | "
+        << option_list(choice.options) << " |\n";
 }
 
 void write_tools(std::ostream& out)
 {
     out << "## Tools\n\nA tool decides where the ink goes.\n\n| Tool | What it does | Options |\n|---|---|---|\n";
-    for (int tool = 1; tool < TOOL_COUNT; ++tool)
-        out << "| " << ui_strings[first_tool_name + tool] << " | " << description(tool) << " | "
-            << option_list(tool_widgets(tool)) << " |\n";
+    for (const ToolRow& tool : tools)
+        if (tool.id != TOOL_NONE) write_choice(out, tool);
 }
 
 void write_inks(std::ostream& out)
@@ -90,8 +96,7 @@ void write_inks(std::ostream& out)
     out << "\n## Inks\n\nAn ink decides what happens where a tool goes.\n\n";
     out << "| Ink | What it does | Options |\n|---|---|---|\n";
     for (int ink = 0; ink < INK_COUNT; ++ink)
-        out << "| " << ui_strings[first_ink_name + ink] << " | " << description(ink_description_row + ink) << " | "
-            << option_list(ink_widgets(ink)) << " |\n";
+        write_choice(out, *find_ink(ink));
 }
 
 std::string code(const std::string& label) { return label.empty() ? "" : "`" + label + "`"; }

@@ -215,7 +215,7 @@ void flood_fill(BITMAP* source, int x, int y, int color, int tolerance)
 
 void render_fill(const Stroke& stroke)
 {
-    flood_fill(stroke_source(), stroke.x, stroke.y, toolbox.brush_color, tool_option(TOOL_FILL, OPTION_TOLERANCE, 255));
+    flood_fill(stroke_source(), stroke.x, stroke.y, toolbox.brush_color, tool_option(TOOL_FILL, options::tolerance));
 }
 
 } // namespace kelu

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "base/bitmap.h"
+#include "draw/draw_options.h"
 #include "draw/tips.h"
 #include "runtime/pixels.h"
 #include "runtime/toolbox.h"
@@ -13,23 +14,19 @@
 
 namespace kelu {
 
-/// Columns of `ink_table` that several inks share.
-enum InkOption : int {
-    OPTION_STRENGTH = 0,  ///< 0 to 255; a tolerance for CLOSE, HOLLOW and SWEEP
-    OPTION_RADIUS = 1,    ///< GLOW, 0 to 31
-    OPTION_FREQUENCY = 1, ///< GRAIN, percent
-    OPTION_REPEAT = 0,    ///< gradients, 0 or 1
-    OPTION_BANDING = 2,   ///< gradients, number of bands, 0 and 1 smooth
-};
-
 /// Cell of an ink's options, brought into low to high: the tables come from files.
 inline int ink_option(InkId ink, int column, int low, int high)
 {
     return std::clamp<int>(toolbox.ink_table[static_cast<std::size_t>(ink)][static_cast<std::size_t>(column)], low,
                            high);
 }
-/// Strength of an ink, 0 to 255.
-inline int ink_strength(InkId ink) { return ink_option(ink, OPTION_STRENGTH, 0, 255); }
+/// Value of an option of an ink, clamped to the option's range.
+inline int ink_option(InkId ink, const DrawOption& option)
+{
+    return ink_option(ink, option.column, option.lowest, option.highest());
+}
+/// Strength of an ink, 0 to 255; a tolerance for CLOSE, HOLLOW and SWEEP.
+inline int ink_strength(InkId ink) { return ink_option(ink, options::strength); }
 
 /// The bitmaps of the present operation. Frame and coverage are of one size. The stroke source normally is too; where
 /// an older copy of another size has no pixel, the frame itself is the source.

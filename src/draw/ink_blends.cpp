@@ -90,9 +90,7 @@ struct Glass {
 /// GLASS with a random weight, on a random choice of pixels. At full strength the first roll to pass stands for the
 /// whole stroke; under a soft tip a later, higher roll replaces it.
 struct Grain {
-    explicit Grain(const Canvas&)
-        : s(ink_strength(INK_GRAIN)), frequency(ink_option(INK_GRAIN, OPTION_FREQUENCY, 0, 100))
-    {}
+    explicit Grain(const Canvas&) : s(ink_strength(INK_GRAIN)), frequency(ink_option(INK_GRAIN, options::frequency)) {}
     void apply(const Dab& dab) const
     {
         // The roll comes before every other test, so that a cell without ink takes one from the stream as well.

@@ -160,7 +160,7 @@ private:
 /// Takes a random pixel near by. The reach is one pixel less to the right and down. Knows neither tip value nor
 /// coverage.
 struct Jumble {
-    explicit Jumble(const Canvas& on) : canvas(on), reach(ink_option(INK_JUMBLE, OPTION_STRENGTH, 0, 5)) {}
+    explicit Jumble(const Canvas& on) : canvas(on), reach(ink_option(INK_JUMBLE, options::distance)) {}
     void apply(const Dab& dab) const
     {
         const int nx = dab.x - reach + rnd(2 * reach);

@@ -8,7 +8,7 @@
 namespace kelu {
 namespace {
 
-constexpr int most_radius = 31;
+constexpr int most_radius = options::glow_radius.highest();
 constexpr int most_width = 2 * most_radius + 1;
 
 /// Truncated distance of (dx, dy) from (0, 0), for both up to 31.
@@ -70,7 +70,7 @@ void add_light(int* pixels, const float* shares, int count, float w, int color)
 /// Reads and writes the frame as it now stands. The coverage is a flag of the pixel that sends the light.
 struct Glow {
     explicit Glow(const Canvas& on)
-        : canvas(on), radius(ink_option(INK_GLOW, OPTION_RADIUS, 0, most_radius)),
+        : canvas(on), radius(ink_option(INK_GLOW, options::glow_radius)),
           strength(static_cast<float>(ink_strength(INK_GLOW)) / 255.0F)
     {
         disc.make(radius);

@@ -15,7 +15,7 @@ namespace {
 constexpr int farthest_node = 65535;
 
 int node(InkId ink, int column) { return ink_option(ink, column, -farthest_node, farthest_node); }
-bool repeats(InkId ink) { return ink_option(ink, OPTION_REPEAT, 0, 1) != 0; }
+bool repeats(InkId ink) { return ink_option(ink, options::repeat) != 0; }
 
 float ratio(int a, int b) { return static_cast<float>(a) / static_cast<float>(b); }
 
@@ -27,8 +27,7 @@ struct Band {
     /// The band of the spectrum, from start to end.
     static Band of(InkId ink)
     {
-        return {spectrum.spectrum_start, spectrum.spectrum_end,
-                static_cast<float>(ink_option(ink, OPTION_BANDING, 0, 255))};
+        return {spectrum.spectrum_start, spectrum.spectrum_end, static_cast<float>(ink_option(ink, options::banding))};
     }
     Band turned() const { return {end, start, bands}; }
 };

@@ -3,6 +3,7 @@
 
 #include "draw/ink.h"
 #include "draw/ink_classes.h"
+#include "draw/tool_options.h"
 #include "draw/undo.h"
 #include "runtime/store.h"
 #include <iterator>
@@ -11,43 +12,43 @@ namespace kelu {
 namespace {
 
 template <class Ink>
-constexpr InkRow ink_row(int id, InkOptions options, std::array<int, 2> initial = {})
+constexpr InkRow ink_row(int id, std::span<const DrawOption> options)
 {
-    return {id,
-            options,
-            initial,
+    return {{id, first_ink_name + id, ink_description_row + id, options},
             &InkLoops<Ink>::pixel,
             &InkLoops<Ink>::stamp,
             &InkLoops<Ink>::span,
             &InkLoops<Ink>::sprite};
 }
 
+using namespace option_lists;
+
 constexpr InkRow inks[] = {
-    ink_row<Add>(INK_ADD, InkOptions::STRENGTH, {128}),
-    ink_row<Bright>(INK_BRIGHT, InkOptions::STRENGTH, {64}),
-    ink_row<Close>(INK_CLOSE, InkOptions::STRENGTH, {5}),
-    ink_row<Dark>(INK_DARK, InkOptions::STRENGTH, {64}),
-    ink_row<Emboss>(INK_EMBOSS, InkOptions::STRENGTH, {128}),
-    ink_row<Glass>(INK_GLASS, InkOptions::STRENGTH, {128}),
-    ink_row<Glow>(INK_GLOW, InkOptions::STRENGTH_RADIUS, {32, 8}),
-    ink_row<Grain>(INK_GRAIN, InkOptions::STRENGTH_FREQUENCY, {128, 50}),
-    ink_row<Gray>(INK_GRAY, InkOptions::STRENGTH, {255}),
-    ink_row<HGrad>(INK_H_GRAD, InkOptions::GRADIENT),
-    ink_row<Hollow>(INK_HOLLOW, InkOptions::TOLERANCE, {5}),
-    ink_row<Jumble>(INK_JUMBLE, InkOptions::DISTANCE, {3}),
-    ink_row<LGrad>(INK_L_GRAD, InkOptions::GRADIENT),
-    ink_row<Opaque>(INK_OPAQUE, InkOptions::NONE),
-    ink_row<Pull>(INK_PULL, InkOptions::STRENGTH, {128}),
-    ink_row<RGrad>(INK_R_GRAD, InkOptions::GRADIENT),
-    ink_row<Scrape>(INK_SCRAPE, InkOptions::STRENGTH, {128}),
-    ink_row<Spark>(INK_SPARK, InkOptions::STRENGTH, {64}),
-    ink_row<Soften>(INK_SOFTEN, InkOptions::STRENGTH, {192}),
-    ink_row<Sub>(INK_SUB, InkOptions::STRENGTH, {128}),
-    ink_row<Sweep>(INK_SWEEP, InkOptions::STRENGTH, {32}),
-    ink_row<Tile>(INK_TILE, InkOptions::NONE),
-    ink_row<Unzag>(INK_UNZAG, InkOptions::PERCENT, {100}),
-    ink_row<VGrad>(INK_V_GRAD, InkOptions::GRADIENT),
-    ink_row<Xor>(INK_XOR, InkOptions::NONE),
+    ink_row<Add>(INK_ADD, strength<128>),
+    ink_row<Bright>(INK_BRIGHT, strength<64>),
+    ink_row<Close>(INK_CLOSE, strength<5>),
+    ink_row<Dark>(INK_DARK, strength<64>),
+    ink_row<Emboss>(INK_EMBOSS, strength<128>),
+    ink_row<Glass>(INK_GLASS, strength<128>),
+    ink_row<Glow>(INK_GLOW, glow),
+    ink_row<Grain>(INK_GRAIN, grain),
+    ink_row<Gray>(INK_GRAY, strength<255>),
+    ink_row<HGrad>(INK_H_GRAD, gradient),
+    ink_row<Hollow>(INK_HOLLOW, ink_tolerance),
+    ink_row<Jumble>(INK_JUMBLE, jumble),
+    ink_row<LGrad>(INK_L_GRAD, gradient),
+    ink_row<Opaque>(INK_OPAQUE, none),
+    ink_row<Pull>(INK_PULL, strength<128>),
+    ink_row<RGrad>(INK_R_GRAD, gradient),
+    ink_row<Scrape>(INK_SCRAPE, strength<128>),
+    ink_row<Spark>(INK_SPARK, strength<64>),
+    ink_row<Soften>(INK_SOFTEN, strength<192>),
+    ink_row<Sub>(INK_SUB, strength<128>),
+    ink_row<Sweep>(INK_SWEEP, strength<32>),
+    ink_row<Tile>(INK_TILE, none),
+    ink_row<Unzag>(INK_UNZAG, unzag),
+    ink_row<VGrad>(INK_V_GRAD, gradient),
+    ink_row<Xor>(INK_XOR, none),
 };
 
 constexpr bool rows_in_order()
@@ -92,11 +93,8 @@ void ink_below(BITMAP* picture, int x, int y)
 
 void set_initial_ink_options()
 {
-    for (const InkRow& ink : inks) {
-        auto& cells = toolbox.ink_table[static_cast<std::size_t>(ink.id)];
-        for (std::size_t column = 0; column < ink.initial.size(); ++column)
-            cells[column] = ink.initial[column];
-    }
+    for (const InkRow& ink : inks)
+        set_initial_options(toolbox.ink_table, ink);
 }
 
 } // namespace kelu

@@ -3,23 +3,11 @@
 // A new ink is one class in its family's file, with its instantiation there, and one row of the table.
 #pragma once
 
+#include "draw/draw_options.h"
 #include "draw/tips.h"
 #include "runtime/toolbox.h"
-#include <array>
 
 namespace kelu {
-
-/// What the columns of an ink's options mean, and so which widgets set them.
-enum class InkOptions {
-    NONE,
-    STRENGTH,           ///< column 0, 0 to 255
-    STRENGTH_RADIUS,    ///< columns 0 and 1
-    STRENGTH_FREQUENCY, ///< columns 0 and 1
-    TOLERANCE,          ///< column 0, 0 to 255
-    DISTANCE,           ///< column 0, 0 to 5
-    PERCENT,            ///< column 0, 0 to 100
-    GRADIENT            ///< column 0 repeat, 2 banding, from 3 on the nodes
-};
 
 /// Which pixels of a picture are pasted.
 enum class SpriteRule {
@@ -37,11 +25,8 @@ struct InkLoops {
     static void sprite(BITMAP* picture, int x, int y, SpriteRule rule);
 };
 
-/// One ink.
-struct InkRow {
-    int id;
-    InkOptions options;
-    std::array<int, 2> initial; ///< columns 0 and 1 in a fresh workspace
+/// One ink: what the menus show, and its loops.
+struct InkRow : DrawChoice {
     void (*pixel)(int x, int y, int color, int tip_value);
     void (*stamp)(int x, int y, int color, const TipCell& tip);
     void (*span)(int left, int right, int y, int color);

@@ -54,14 +54,14 @@ void walk_rims(BITMAP* source, int color, int tolerance, PointVisit visit)
 void render_replace(const Stroke& stroke)
 {
     BITMAP* const source = stroke_source();
-    walk_color(source, clicked_color(stroke), tool_option(TOOL_SEP, OPTION_TOLERANCE, 255),
+    walk_color(source, clicked_color(stroke), tool_option(TOOL_SEP, options::tolerance),
                [&](int x, int y) { stamp_pixel(x, y, stroke); });
 }
 
 void render_edge(const Stroke& stroke)
 {
     BITMAP* const source = stroke_source();
-    walk_rims(source, clicked_color(stroke), tool_option(TOOL_EDGE, OPTION_TOLERANCE, 255),
+    walk_rims(source, clicked_color(stroke), tool_option(TOOL_EDGE, options::tolerance),
               [&](int x, int y) { stamp_pixel(x, y, stroke); });
 }
 

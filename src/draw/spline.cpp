@@ -33,7 +33,7 @@ void set_tangents(SplineNodes& nodes, int count)
 
 } // namespace
 
-bool closed_curve() { return tool_option(TOOL_SPLINE, OPTION_CLOSED, 1) != 0; }
+bool closed_curve() { return tool_option(TOOL_SPLINE, options::closed) != 0; }
 
 void prepare_spline_nodes(const NodeTable& table, int n, bool closed, SplineNodes& nodes)
 {
@@ -93,7 +93,7 @@ void rebuild_spline()
     const bool closed = closed_curve();
     prepare_spline_nodes(tool_input.tool_nodes, spline.count + 1, closed, spline.spline_nodes);
     tool_input.point_list =
-        build_spline(spline.spline_nodes, spline.count, closed, tool_option(TOOL_SPLINE, OPTION_CURVE, 100));
+        build_spline(spline.spline_nodes, spline.count, closed, tool_option(TOOL_SPLINE, options::curve));
 }
 
 } // namespace kelu

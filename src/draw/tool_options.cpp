@@ -1,16 +1,21 @@
-// Options brought into their range.
+// Options brought into their range, and their first values.
 #include "draw/tool_options.h"
-
-#include <algorithm>
 
 namespace kelu {
 
-int tool_option(int tool, int column, int highest)
+int tool_option(int tool, const DrawOption& option)
 {
-    const int value = toolbox.tool_table[static_cast<std::size_t>(tool)][static_cast<std::size_t>(column)];
-    return std::clamp(value, 0, highest);
+    const auto& row = toolbox.tool_table[static_cast<std::size_t>(tool)];
+    return option.clamped(row[static_cast<std::size_t>(option.column)]);
 }
 
-bool tool_filled(int tool) { return tool_option(tool, OPTION_FILLED, 1) != 0; }
+bool tool_filled(int tool) { return tool_option(tool, options::filled) != 0; }
+
+void set_initial_options(OptionTable& table, const DrawChoice& choice)
+{
+    auto& row = table[static_cast<std::size_t>(choice.id)];
+    for (const DrawOption& option : choice.options)
+        if (option.widget != OptionWidget::BUTTON) row[static_cast<std::size_t>(option.column)] = option.initial;
+}
 
 } // namespace kelu

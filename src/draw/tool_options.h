@@ -1,23 +1,17 @@
 // Options of the tools, as the geometries read them.
 #pragma once
 
+#include "draw/draw_options.h"
 #include "runtime/toolbox.h"
 
 namespace kelu {
 
-/// Columns of `tool_table` that several tools share.
-enum ToolOption : int {
-    OPTION_FILLED = 0,      ///< shapes: 1 draws them filled
-    OPTION_TOLERANCE = 0,   ///< FILL, EDGE and SEP., 0 to 255
-    OPTION_BRUSH_COLOR = 0, ///< MOVE: 1 leaves the brush colour behind, 0 the mask colour
-    OPTION_CLOSED = 1,      ///< SPLINE: 1 joins the last node to the first
-    OPTION_CURVE = 2,       ///< SPLINE, 0 straight to 100
-    OPTION_ANTIALIAS = 0,   ///< TEXT: 1 draws it with soft edges
-};
-
-/// Option of a tool, brought into 0 to `highest`: the tables come from files.
-int tool_option(int tool, int column, int highest);
+/// Value of an option of a tool, clamped to the option's range: the tables come from files.
+int tool_option(int tool, const DrawOption& option);
 /// True when the shape is to be drawn filled.
 bool tool_filled(int tool);
+
+/// Puts the value of a fresh workspace into each option of a row of the option tables.
+void set_initial_options(OptionTable& table, const DrawChoice& choice);
 
 } // namespace kelu

@@ -1,6 +1,7 @@
 // One layout and one loop for both menus; what differs stands in two rows.
 #include "screens/choice_menu.h"
 
+#include "draw/inks.h"
 #include "gui/build.h"
 #include "loop/actions.h"
 #include "loop/frame.h"
@@ -12,6 +13,7 @@
 #include "screens/draw_menu.h"
 #include "screens/option_widgets.h"
 #include "tools/gradient_placing.h"
+#include "tools/tools.h"
 #include <array>
 
 namespace kelu {
@@ -30,61 +32,62 @@ enum {
 constexpr int menu_slots = 30;
 constexpr int choices = 6;
 
+constexpr int rows_in_view = 9; ///< of the list
+
 /// What tells the two menus apart.
 struct ChoiceMenu {
-    int menu_id, action;             ///< its id, and the key that leaves it
-    int title, options, description; ///< texts of the labels
-    int first_name;                  ///< text row of id 0
-    int first_id;                    ///< id of the list's first row
-    int list_items, list_positions;  ///< rows of the list, and positions of its bar
-    int first_description;           ///< description row of id 0
-    int toggle_action;
-    std::array<Shared<int>, 6>& ids; ///< of the six slots
-    Shared<int>& selected;
+    int menu_id, action;               ///< its id, and the key that leaves it
+    int title, options, description;   ///< texts of the labels
+    int first_name;                    ///< text of id 0; the others follow it
+    int first_id, last_id;             ///< ids of the list's first and last row
+    int toggle_action;                 ///< of the option buttons
+    std::array<Shared<int>, 6>& slots; ///< ids in the six slots
+    Shared<int>& selected;             ///< slot
     OptionTable& table;
-    std::span<const OptionWidget> (*widgets)(int id);
+    const DrawChoice* (*row)(int id); ///< null for what is no tool or ink
 };
 
-const ChoiceMenu tool_choice{MENU_TOOL,
-                             ACTION_TOOL_SELECT,
-                             TEXT_BRUSHES,
-                             TEXT_TOOL_OPTIONS,
-                             TEXT_TOOL_DESCRIPTION,
-                             first_tool_name,
-                             1,
-                             22,
-                             10,
-                             0,
-                             ACT_TOOL_OPTION,
-                             toolbox.tool_slots,
-                             toolbox.tool_slot,
-                             toolbox.tool_table,
-                             tool_widgets};
-const ChoiceMenu ink_choice{MENU_INK,
-                            ACTION_INK_SELECT,
-                            TEXT_INK,
-                            TEXT_INK_OPTIONS_CAPTION,
-                            TEXT_INK_DESCRIPTION,
-                            first_ink_name,
-                            0,
-                            26,
-                            17,
-                            ink_description_row,
-                            ACT_INK_OPTION,
-                            toolbox.ink_slots,
-                            toolbox.ink_slot,
-                            toolbox.ink_table,
-                            ink_widgets};
+const ChoiceMenu tool_choice{
+    .menu_id = MENU_TOOL,
+    .action = ACTION_TOOL_SELECT,
+    .title = TEXT_BRUSHES,
+    .options = TEXT_TOOL_OPTIONS,
+    .description = TEXT_TOOL_DESCRIPTION,
+    .first_name = first_tool_name,
+    .first_id = TOOL_NONE + 1,
+    .last_id = TOOL_COUNT - 1,
+    .toggle_action = ACT_TOOL_OPTION,
+    .slots = toolbox.tool_slots,
+    .selected = toolbox.tool_slot,
+    .table = toolbox.tool_table,
+    .row = [](int id) -> const DrawChoice* { return find_tool(id); },
+};
+const ChoiceMenu ink_choice{
+    .menu_id = MENU_INK,
+    .action = ACTION_INK_SELECT,
+    .title = TEXT_INK,
+    .options = TEXT_INK_OPTIONS_CAPTION,
+    .description = TEXT_INK_DESCRIPTION,
+    .first_name = first_ink_name,
+    .first_id = 0,
+    .last_id = INK_COUNT - 1,
+    .toggle_action = ACT_INK_OPTION,
+    .slots = toolbox.ink_slots,
+    .selected = toolbox.ink_slot,
+    .table = toolbox.ink_table,
+    .row = [](int id) -> const DrawChoice* { return find_ink(id); },
+};
 
-Shared<int>& id_of(const ChoiceMenu& menu, int choice) { return menu.ids[static_cast<std::size_t>(choice)]; }
+Shared<int>& id_of(const ChoiceMenu& menu, int choice) { return menu.slots[static_cast<std::size_t>(choice)]; }
 
 /// Shows what a slot holds: its button's text, its description and its options.
 void show_choice(const ChoiceMenu& menu, int choice)
 {
-    const int id = id_of(menu, choice);
-    gui.text_id[SLOT_CHOICE_0 + choice] = menu.first_name + id;
-    gui.text_id[SLOT_DESCRIPTION] = menu.first_description + id;
-    build_option_widgets(menu.widgets(id), menu.table, id, menu.toggle_action, gui.x[0], gui.y[0]);
+    const DrawChoice* row = menu.row(id_of(menu, choice));
+    if (!row) return;
+    gui.text_id[SLOT_CHOICE_0 + choice] = row->name;
+    gui.text_id[SLOT_DESCRIPTION] = row->description;
+    build_option_widgets(*row, menu.table, menu.toggle_action, gui.x[0], gui.y[0]);
 }
 
 void light_choice(const ChoiceMenu& menu, int choice)
@@ -97,16 +100,17 @@ void light_choice(const ChoiceMenu& menu, int choice)
 
 void build_choice_menu(const ChoiceMenu& menu)
 {
+    const int items = menu.last_id - menu.first_id + 1;
     const ListRows list{.first_text = menu.first_name + menu.first_id,
-                        .items = menu.list_items,
-                        .rows = 9,
+                        .items = items,
+                        .rows = rows_in_view,
                         .pitch = 7,
                         .font = 5,
                         .width = 59};
     const std::array rows{
         title_row(2, 2, 72, menu.title),
         SlotRow{SLOT_LIST, 2, 12, 72, KIND_LIST}.high(65).with(list).with(
-            ScrollBar{.steps = menu.list_positions, .wheel = 2, .dx = 62}),
+            ScrollBar{.steps = items - rows_in_view + 1, .wheel = 2, .dx = 62}),
         SlotRow{SLOT_OPTIONS, 75, 22, 119, KIND_PANEL}.high(55),
         SlotRow{SLOT_DESCRIPTION, 195, 2, 123, KIND_TOOL_TEXT}.high(75),
         caption_row(SLOT_OPTIONS_CAPTION, 77, 24, 115, menu.options),
@@ -132,7 +136,7 @@ void read_list(const ChoiceMenu& menu, int choice)
 {
     if (!left_down() || gui.hover_row[SLOT_LIST] < 0) return;
     const int id = gui.scroll_value[SLOT_LIST] + gui.hover_row[SLOT_LIST] + menu.first_id;
-    if (menu.widgets == tool_widgets ? id >= TOOL_COUNT : id >= INK_COUNT) return;
+    if (id > menu.last_id) return;
     id_of(menu, choice) = id;
     light_choice(menu, choice);
     wait_left_release();

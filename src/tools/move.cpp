@@ -3,6 +3,7 @@
 
 #include "draw/cel.h"
 #include "draw/tool_input.h"
+#include "draw/tool_options.h"
 #include "draw/undo.h"
 #include "gui/build.h"
 #include "loop/freeze.h"
@@ -19,7 +20,7 @@ namespace {
 /// What the lifted rectangle leaves behind: a plain fill, without ink.
 void fill_gap()
 {
-    const bool with_brush_color = toolbox.tool_table[TOOL_MOVE][0] != 0;
+    const bool with_brush_color = tool_option(TOOL_MOVE, options::leave_brush_color) != 0;
     rectfill(store.frame_bitmap, cel.cel_origin_x, cel.cel_origin_y, cel.cel_origin_x + store.cel_bitmap.width() - 1,
              cel.cel_origin_y + store.cel_bitmap.height() - 1,
              with_brush_color ? toolbox.brush_color : toolbox.mask_color);

@@ -42,8 +42,8 @@ void render_draw(const Stroke& stroke)
 
 void render_driz(const Stroke& stroke)
 {
-    const int radius = tool_option(TOOL_DRIZ, 0, 32);
-    const int taper = tool_option(TOOL_DRIZ, 1, 32);
+    const int radius = tool_option(TOOL_DRIZ, options::dab_radius);
+    const int taper = tool_option(TOOL_DRIZ, options::taper);
     do {
         const Point now = snapped_mouse();
         const Point last{stroke_position.stroke_last_x, stroke_position.stroke_last_y};
@@ -60,8 +60,8 @@ void render_driz(const Stroke& stroke)
 
 void render_spray(const Stroke& stroke)
 {
-    const int density = tool_option(TOOL_SPRAY, 0, 255);
-    const int radius = tool_option(TOOL_SPRAY, 1, 31);
+    const int density = tool_option(TOOL_SPRAY, options::density);
+    const int radius = tool_option(TOOL_SPRAY, options::spray_radius);
     do {
         if (clock_state.tool_tick_flag.take() != 0) {
             const Point center = snapped_mouse();

@@ -135,7 +135,7 @@ void TextLine::follow_window()
     placed_text.shown = text[0] != 0 ? 1 : 0;
     const int width = font_text_length(font, text.data());
     if (width != width_ && placed_text.shown != 0)
-        render_placed_text(font, text.data(), tool_option(TOOL_TEXT, OPTION_ANTIALIAS, 1) != 0);
+        render_placed_text(font, text.data(), tool_option(TOOL_TEXT, options::antialias) != 0);
     width_ = width;
 }
 

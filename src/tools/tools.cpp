@@ -23,7 +23,6 @@
 #include "tools/supershape_tool.h"
 #include "tools/text_tool.h"
 #include "tools/two_point_tool.h"
-#include <algorithm>
 
 namespace kelu {
 namespace {
@@ -56,36 +55,34 @@ int gather_node()
     return 1;
 }
 
-constexpr ToolRow no_gather(int id) { return {id, nullptr, nullptr, {}}; }
+constexpr ToolRow tool_row(int id, std::span<const DrawOption> options, int (*gather)(), StrokeRender render = nullptr)
+{
+    return {{id, first_tool_name + id, id, options}, gather, render};
+}
 
-constexpr std::array<int, 3> hollow{};
-constexpr std::array<int, 3> close_colors{5};  ///< tolerance that takes a colour with its faint neighbours
-constexpr std::array<int, 3> dabs{8, 32};      ///< radius, taper
-constexpr std::array<int, 3> smooth{0, 0, 33}; ///< hollow, open, curve
-constexpr std::array<int, 3> drops{32, 16};    ///< density, radius
-constexpr std::array<int, 3> antialiased{1};
+using namespace option_lists;
 
-constexpr std::array<ToolRow, TOOL_COUNT> rows{{
-    no_gather(TOOL_NONE),
-    {TOOL_BOX, gather_two_points, render_box, hollow},
-    {TOOL_CIRCLE, gather_two_points, render_circle, hollow},
-    {TOOL_DRAW, gather_press, render_draw, {}},
-    {TOOL_DRIZ, gather_press, render_driz, dabs},
-    {TOOL_EDGE, gather_press, render_edge, close_colors},
-    {TOOL_FILL, gather_press, render_fill, close_colors},
-    {TOOL_LINE, gather_two_points, render_line, {}},
-    {TOOL_MOVE, gather_node<move_tool>, nullptr, {}},
-    {TOOL_OVAL, gather_oval, nullptr, hollow},
-    {TOOL_POLY, poly_tool, render_point_list, hollow},
-    {TOOL_RPOLY, gather_node<regular_polygon_tool>, render_point_list, hollow},
-    {TOOL_SEP, gather_press, render_replace, close_colors},
-    {TOOL_FSHAPE, freehand_shape_tool, render_point_list, hollow},
-    {TOOL_SSHAPE, gather_node<supershape_tool>, render_point_list, hollow},
-    {TOOL_SPIRAL, gather_node<spiral_tool>, render_point_list, {}},
-    {TOOL_SPLINE, gather_spline, render_point_list, smooth},
-    {TOOL_SPRAY, gather_snapped_press, render_spray, drops},
-    {TOOL_TEXT, gather_node<text_tool>, nullptr, antialiased},
-}};
+constexpr std::array<ToolRow, TOOL_COUNT> rows{
+    tool_row(TOOL_NONE, none, nullptr),
+    tool_row(TOOL_BOX, shape, gather_two_points, render_box),
+    tool_row(TOOL_CIRCLE, shape, gather_two_points, render_circle),
+    tool_row(TOOL_DRAW, none, gather_press, render_draw),
+    tool_row(TOOL_DRIZ, dabs, gather_press, render_driz),
+    tool_row(TOOL_EDGE, tolerance, gather_press, render_edge),
+    tool_row(TOOL_FILL, tolerance, gather_press, render_fill),
+    tool_row(TOOL_LINE, none, gather_two_points, render_line),
+    tool_row(TOOL_MOVE, option_lists::move, gather_node<move_tool>),
+    tool_row(TOOL_OVAL, shape, gather_oval),
+    tool_row(TOOL_POLY, shape, poly_tool, render_point_list),
+    tool_row(TOOL_RPOLY, panel_polygon, gather_node<regular_polygon_tool>, render_point_list),
+    tool_row(TOOL_SEP, tolerance, gather_press, render_replace),
+    tool_row(TOOL_FSHAPE, shape, freehand_shape_tool, render_point_list),
+    tool_row(TOOL_SSHAPE, shape, gather_node<supershape_tool>, render_point_list),
+    tool_row(TOOL_SPIRAL, none, gather_node<spiral_tool>, render_point_list),
+    tool_row(TOOL_SPLINE, option_lists::spline, gather_spline, render_point_list),
+    tool_row(TOOL_SPRAY, spray, gather_snapped_press, render_spray),
+    tool_row(TOOL_TEXT, text, gather_node<text_tool>),
+};
 
 constexpr bool rows_in_order()
 {
@@ -106,19 +103,22 @@ constexpr ShapeSettings initial_shapes{
 
 const std::array<ToolRow, TOOL_COUNT> tools = rows;
 
+const ToolRow* find_tool(int tool)
+{
+    return tool >= 0 && tool < TOOL_COUNT ? &tools[static_cast<std::size_t>(tool)] : nullptr;
+}
+
 int tool_dispatch()
 {
     tool_input.tool_nodes = {};
-    const int tool = current_tool();
-    if (tool < 0 || tool >= TOOL_COUNT) return 0;
-    const ToolRow& chosen = tools[static_cast<std::size_t>(tool)];
-    return chosen.gather ? chosen.gather() : 0;
+    const ToolRow* chosen = find_tool(current_tool());
+    return chosen && chosen->gather ? chosen->gather() : 0;
 }
 
 void apply_default_options()
 {
     for (const ToolRow& row : tools)
-        std::ranges::copy(row.initial, toolbox.tool_table[static_cast<std::size_t>(row.id)].begin());
+        set_initial_options(toolbox.tool_table, row);
     set_initial_ink_options();
     shape_settings = initial_shapes;
 }

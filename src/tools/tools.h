@@ -8,15 +8,16 @@
 
 namespace kelu {
 
-struct ToolRow {
-    int id;
-    int (*gather)();            ///< collects the tool's input on a press: 1 when the tool ran, 0 when it was cancelled
-    StrokeRender render;        ///< walks the geometry inside `draw_to_frame`; null: nothing to walk
-    std::array<int, 3> initial; ///< columns 0 to 2 of its options in a fresh workspace
+/// One tool: what the menus show, and its work.
+struct ToolRow : DrawChoice {
+    int (*gather)();     ///< collects the tool's input on a press: 1 when the tool ran, 0 when it was cancelled
+    StrokeRender render; ///< walks the geometry inside `draw_to_frame`; null: nothing to walk
 };
 
 /// Rows by tool id, 0 to TOOL_COUNT - 1.
 extern const std::array<ToolRow, TOOL_COUNT> tools;
+/// The row of a tool, or null for a number that is no tool.
+const ToolRow* find_tool(int tool);
 
 /// Runs the current tool for a press of the left button on the frame. Returns 1 when it ran, 0 when it was cancelled.
 int tool_dispatch();

@@ -187,7 +187,7 @@ TEST(LongOperations, AreTheSameWithFramesInBetween)
         Session session;
         toolbox.tool_slots[0] = TOOL_BOX;
         toolbox.ink_slots[0] = INK_SOFTEN;
-        toolbox.tool_table[TOOL_BOX][OPTION_FILLED] = 1;
+        toolbox.tool_table[TOOL_BOX][options::filled.column] = 1;
         toolbox.ink_table[INK_SOFTEN][0] = 200;
         Bitmap before = test::paint(320, 240, [](int x, int y) { return x * 7919 * (y + 3) & 0xffffff; });
         blit(before, store.frame_bitmap, 0, 0, 0, 0, 320, 240);
