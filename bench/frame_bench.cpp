@@ -1,5 +1,6 @@
 // The cost of a frame, of presenting it, and of a stroke.
 #include "base/run_state.h"
+#include "draw/ink_rows.h"
 #include "draw/operation.h"
 #include "loop/frame.h"
 #include "platform/scaler.h"

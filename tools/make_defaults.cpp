@@ -4,6 +4,7 @@
 //     make_defaults FOLDER    writes FOLDER/resource/user.def and FOLDER/WORKSPACE/current.*
 #include "base/run_state.h"
 #include "colour/spaces.h"
+#include "draw/ink_rows.h"
 #include "loop/actions.h"
 #include "platform/host.h"
 #include "program/startup.h"

@@ -172,6 +172,15 @@ inline constexpr std::span<const DrawOption> none;
 
 } // namespace option_lists
 
+/// True when the rows stand in the order of their ids, from 0 on.
+template <class Row, std::size_t N>
+constexpr bool in_order(const std::array<Row, N>& rows)
+{
+    for (std::size_t i = 0; i < N; ++i)
+        if (rows[i].id != static_cast<int>(i)) return false;
+    return true;
+}
+
 /// The option that the option key works on; null when there is none.
 constexpr const DrawOption* option_of_key(std::span<const DrawOption> options)
 {

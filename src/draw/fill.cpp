@@ -6,6 +6,7 @@
 // is looked over 64 pixels at a time.
 #include "draw/fill.h"
 
+#include "draw/ink_rows.h"
 #include "draw/inks.h"
 #include "draw/tool_options.h"
 #include "draw/undo.h"

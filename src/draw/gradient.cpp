@@ -2,6 +2,7 @@
 #include "draw/gradient.h"
 
 #include "base/maths.h"
+#include "draw/ink_rows.h"
 #include <cmath>
 
 namespace kelu {

@@ -3,6 +3,7 @@
 
 #include "draw/dashes.h"
 #include "draw/gradient.h"
+#include "draw/ink_rows.h"
 #include "gui/text.h"
 #include "runtime/frame_snapshot.h"
 #include "runtime/toolbox.h"

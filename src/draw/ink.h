@@ -6,7 +6,7 @@
 #pragma once
 
 #include "base/bitmap.h"
-#include "draw/draw_options.h"
+#include "draw/ink_rows.h"
 #include "draw/tips.h"
 #include "runtime/pixels.h"
 #include "runtime/toolbox.h"

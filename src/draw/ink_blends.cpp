@@ -4,7 +4,6 @@
 #include "draw/ink_loops.h"
 
 #include "base/run_state.h"
-#include "draw/ink_classes.h"
 #include "runtime/random.h"
 
 namespace kelu {

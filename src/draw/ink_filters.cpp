@@ -2,7 +2,6 @@
 //
 // They read the stroke source, so that a filter sees the picture as it was before the stroke; SWEEP alone averages the
 // frame. A neighbour outside the frame is left out.
-#include "draw/ink_classes.h"
 #include "draw/ink_loops.h"
 
 #include "runtime/random.h"

@@ -1,5 +1,4 @@
 // The ink GLOW: each pixel under the stroke sends out one disc of light, and the discs add up on the frame.
-#include "draw/ink_classes.h"
 #include "draw/ink_loops.h"
 
 #include <array>

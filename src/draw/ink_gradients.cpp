@@ -2,7 +2,6 @@
 // the colour argument nor the brush colour plays a part.
 #include "colour/band.h"
 #include "draw/gradient.h"
-#include "draw/ink_classes.h"
 #include "draw/ink_loops.h"
 
 #include <cmath>

@@ -1,5 +1,4 @@
 // Inks that paint with the cel as a repeating texture, anchored to the frame: TILE and SCRAPE.
-#include "draw/ink_classes.h"
 #include "draw/ink_loops.h"
 
 #include "runtime/cel.h"

@@ -3,7 +3,6 @@
 // PULL and SPARK work in HLS in double precision. Their full strength writes the shifted colour; under a soft tip the
 // colour takes its whole step and the tip's weight acts through the blend.
 #include "colour/spaces.h"
-#include "draw/ink_classes.h"
 #include "draw/ink_loops.h"
 
 #include <cmath>

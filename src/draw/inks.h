@@ -1,37 +1,9 @@
-// The table of inks, and the calls through which tools, cels and text put ink on the frame.
-//
-// A new ink is one class in its family's file, with its instantiation there, and one row of the table.
+// The calls through which tools, cels and text put ink on the frame.
 #pragma once
 
-#include "draw/draw_options.h"
-#include "draw/tips.h"
-#include "runtime/toolbox.h"
+#include "draw/ink_rows.h"
 
 namespace kelu {
-
-/// Which pixels of a picture are pasted.
-enum class SpriteRule {
-    OVER, ///< all but magenta
-    BELOW ///< all, where the frame's pixel is near the mask colour
-};
-constexpr int below_tolerance = 5; ///< differences of up to 4 in each channel are near
-
-/// The loops of one ink, made from its class in the file of its family.
-template <class Ink>
-struct InkLoops {
-    static void pixel(int x, int y, int color, int tip_value);
-    static void stamp(int x, int y, int color, const TipCell& tip);
-    static void span(int left, int right, int y, int color);
-    static void sprite(BITMAP* picture, int x, int y, SpriteRule rule);
-};
-
-/// One ink: what the menus show, and its loops.
-struct InkRow : DrawChoice {
-    void (*pixel)(int x, int y, int color, int tip_value);
-    void (*stamp)(int x, int y, int color, const TipCell& tip);
-    void (*span)(int left, int right, int y, int color);
-    void (*sprite)(BITMAP* picture, int x, int y, SpriteRule rule);
-};
 
 /// The row of an ink, or null for a number that is no ink.
 const InkRow* find_ink(int ink);

@@ -6,6 +6,7 @@
 #include "draw/dashes.h"
 #include "draw/gradient_nodes.h"
 #include "draw/grid.h"
+#include "draw/ink_rows.h"
 #include "draw/placed_text.h"
 #include "draw/polygon.h"
 #include "draw/spline.h"

@@ -172,6 +172,19 @@ constexpr Description descriptions[] = {
       "STRONG SHADE OF", "WHITE TO ACHIEVE A", "TRADITIONAL NEGATIVE", "EFFECT."}},
 };
 
+/// Each tool and each ink says something about itself, in the order of their rows.
+constexpr bool complete()
+{
+    int row = 0; // the row that comes next is the one after it
+    for (const Description& description : descriptions) {
+        const bool first_ink = row == TOOL_COUNT - 1;
+        row = first_ink ? ink_description_row : row + 1;
+        if (description.row != row || !description.lines[0]) return false;
+    }
+    return row == description_row_count - 1;
+}
+static_assert(complete(), "the description of a tool or an ink is missing, or out of order");
+
 } // namespace
 
 constinit const std::array<const char*, description_row_count* description_lines> description_rows = [] {

@@ -1,6 +1,7 @@
 // The texts of the screens: names by id, and the labels.
 #include "gui/strings.h"
 
+#include "gui/choice_names.h"
 #include "gui/text_blocks.h"
 #include "runtime/hotkeys.h"
 #include "runtime/toolbox.h"
@@ -9,19 +10,6 @@
 
 namespace kelu {
 namespace {
-
-constexpr const char* tool_names[] = {
-    "",     "BOX",    "CIRCLE", "DRAW",   "DRIZ.",  "EDGE",   "FILL",   "LINE",  "MOVE", "OVAL",
-    "POLY", "R.POLY", "SEP.",   "FSHAPE", "SSHAPE", "SPIRAL", "SPLINE", "SPRAY", "TEXT",
-};
-static_assert(std::size(tool_names) == TOOL_COUNT);
-
-constexpr const char* ink_names[] = {
-    "ADD",    "BRIGHT", "CLOSE",  "DARK",   "EMBOSS", "GLASS",  "GLOW",   "GRAIN",  "GRAY",
-    "H.GRAD", "HOLLOW", "JUMBLE", "L.GRAD", "OPAQUE", "PULL",   "R.GRAD", "SCRAPE", "SPARK",
-    "SOFTEN", "SUB",    "SWEEP",  "TILE",   "UNZAG",  "V.GRAD", "XOR",
-};
-static_assert(std::size(ink_names) == INK_COUNT);
 
 constexpr const char* drive_names[] = {
     "A:", "B:", "C:", "D:", "E:", "F:", "G:", "H:", "I:", "J:", "K:", "L:", "M:",

@@ -15,13 +15,12 @@ constexpr int first_help_topic = 480;     ///< + topic, 0 to 50
 constexpr int first_mouse_function = 620; ///< + function of a mouse button, 0 to 27
 constexpr int first_help_page = 680;      ///< + page: 0 the first one, then topic + 1
 constexpr int first_description = 736;    ///< + 10 x row + line, 0 to 9: tool id t is row t, ink id i is row 30 + i
-constexpr int text_rows = 1409;           ///< rows of the table
 
 constexpr int description_lines = 10;   ///< lines of a description
 constexpr int ink_description_row = 30; ///< description row of ink 0
 
-/// Labels, in the order of the screens that use them. They fill what the blocks leave free: 252 to 319, 531 to 619,
-/// 926 to 1035 and 1286 to the end.
+/// Labels, in the order of the screens that use them. They fill what the blocks leave free: 170 to 199, 252 to 319, 531
+/// to 619, and from 1386 on, where the descriptions of another ten inks would end.
 enum TextId : int {
     TEXT_NONE = 0,
     TEXT_SOFTWARE_FAILURE = first_failure,
@@ -87,7 +86,7 @@ enum TextId : int {
     TEXT_QUIT,
 
     // Dialogs.
-    TEXT_LISTEN = 926,
+    TEXT_LISTEN = first_description + description_lines * (ink_description_row + 35),
     TEXT_FILE_EXISTS,
     TEXT_FRAME_CANT_BE_DELETED,
     TEXT_DELETE_FRAME,
@@ -182,7 +181,7 @@ enum TextId : int {
     TEXT_CEL_TRANSFORM,
 
     // Animation and zoom preview.
-    TEXT_PREVIEW = 1286,
+    TEXT_PREVIEW,
     TEXT_ANIMATION_SELECTION,
     TEXT_ANIMATION_TIMING,
     TEXT_SELECT_MORE_FRAMES,
@@ -339,6 +338,7 @@ enum TextId : int {
     TEXT_SAVING_WORKSPACE = 170,
     TEXT_LOADING_WORKSPACE
 };
+constexpr int text_rows = TEXT_DISABLED + 1; ///< rows of the table
 
 /// The table: `ui_strings[row]` is the text of a row, "" for a row that has none.
 struct UiStrings {

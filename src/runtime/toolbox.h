@@ -29,35 +29,6 @@ enum ToolId : int {
     TOOL_COUNT
 };
 
-enum InkId : int {
-    INK_ADD,
-    INK_BRIGHT,
-    INK_CLOSE,
-    INK_DARK,
-    INK_EMBOSS,
-    INK_GLASS,
-    INK_GLOW,
-    INK_GRAIN,
-    INK_GRAY,
-    INK_H_GRAD,
-    INK_HOLLOW,
-    INK_JUMBLE,
-    INK_L_GRAD,
-    INK_OPAQUE,
-    INK_PULL,
-    INK_R_GRAD,
-    INK_SCRAPE,
-    INK_SPARK,
-    INK_SOFTEN,
-    INK_SUB,
-    INK_SWEEP,
-    INK_TILE,
-    INK_UNZAG,
-    INK_V_GRAD,
-    INK_XOR,
-    INK_COUNT
-};
-
 constexpr int option_rows = 50;   ///< rows of the two option tables, indexed by tool id and ink id
 constexpr int option_columns = 8; ///< options of a row
 constexpr int custom_tip = 36;    ///< tip index of the custom tip; 0 to 35 are the sheet's
@@ -68,8 +39,8 @@ using OptionTable = std::array<std::array<Shared<int>, option_columns>, option_r
 /// the state file, and on the timer thread by option buttons and sliders.
 /// Writers: draw, workspace, screens.
 struct Toolbox {
-    std::array<Shared<int>, 6> tool_slots{3, 2, 1, 9, 10, 13}; ///< tool id of each slot, 1 to 18
-    std::array<Shared<int>, 6> ink_slots{13, 0, 1, 3, 4, 22};  ///< ink id of each slot, 0 to 24
+    std::array<Shared<int>, 6> tool_slots{3, 2, 1, 9, 10, 13}; ///< ToolId of each slot, from 1 on
+    std::array<Shared<int>, 6> ink_slots{13, 0, 1, 3, 4, 22};  ///< InkId of each slot
     Shared<int> tool_slot = 0;                                 ///< selected tool slot, 0 to 5
     Shared<int> ink_slot = 0;                                  ///< selected ink slot, 0 to 5
     int brush_tip = 0;                                 ///< 0 to 35, 36 the custom tip; set by set_brush_tip alone

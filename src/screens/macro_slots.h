@@ -1,6 +1,7 @@
 // The slots of the macro screen, and how they show a record.
 #pragma once
 
+#include "draw/ink_rows.h"
 #include "gui/strings.h"
 #include "runtime/macros.h"
 #include "screens/list_popup.h"
@@ -36,8 +37,16 @@ struct MacroBlock {
     ListPopup list; ///< row 0 is no choice, row n the word n
 };
 inline constexpr std::array macro_blocks{
-    MacroBlock{MACRO_SLOT_TOOL_0, 23, &Macro::tools, &Macro::tool_slot, {first_tool_name, 23, 11, 72, TEXT_UNUSED}},
-    MacroBlock{MACRO_SLOT_INK_0, 57, &Macro::inks, &Macro::ink_slot, {first_ink_name - 1, 27, 18, 72, TEXT_UNUSED}},
+    MacroBlock{MACRO_SLOT_TOOL_0,
+               23,
+               &Macro::tools,
+               &Macro::tool_slot,
+               {first_tool_name, TOOL_COUNT, TOOL_COUNT - 8, 72, TEXT_UNUSED}},
+    MacroBlock{MACRO_SLOT_INK_0,
+               57,
+               &Macro::inks,
+               &Macro::ink_slot,
+               {first_ink_name - 1, INK_COUNT + 1, INK_COUNT - 7, 72, TEXT_UNUSED}},
 };
 
 /// Writes the slots, filled from the record; `shown` is the number of the macro.

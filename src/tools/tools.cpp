@@ -84,13 +84,7 @@ constexpr std::array<ToolRow, TOOL_COUNT> rows{
     tool_row(TOOL_TEXT, text, gather_node<text_tool>),
 };
 
-constexpr bool rows_in_order()
-{
-    for (int id = 0; id < TOOL_COUNT; ++id)
-        if (rows[static_cast<std::size_t>(id)].id != id) return false;
-    return true;
-}
-static_assert(rows_in_order());
+static_assert(in_order(rows), "a row of a tool is missing, or out of the order of ToolId");
 
 /// The panels open with plain shapes of a middling size, the superformula with one that shows what it can do.
 constexpr ShapeSettings initial_shapes{

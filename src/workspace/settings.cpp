@@ -3,6 +3,7 @@
 
 #include "base/log.h"
 #include "base/run_state.h"
+#include "draw/ink_rows.h"
 #include "gui/scheme.h"
 #include "gui/tooltips.h"
 #include "platform/files.h"

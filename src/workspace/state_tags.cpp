@@ -1,5 +1,6 @@
 // The tags of a workspace's state: one row each, for reader, writer and test.
 #include "base/run_state.h"
+#include "draw/ink_rows.h"
 #include "gui/menus.h"
 #include "runtime/animation.h"
 #include "runtime/browser_state.h"

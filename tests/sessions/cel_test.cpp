@@ -1,4 +1,5 @@
 // Cels by mouse: grabbing, dragging, anchoring, and the tool that lifts a piece of the frame.
+#include "draw/ink_rows.h"
 #include "draw/undo.h"
 #include "screens/cel_transform.h"
 #include "support/screen_session.h"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/run_state.h"
+#include "draw/ink_rows.h"
 #include "gui/kinds.h"
 #include "gui/menus.h"
 #include "gui/scheme.h"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/run_state.h"
+#include "draw/ink_rows.h"
 #include "draw/operation.h"
 #include "draw/point_list.h"
 #include "draw/undo.h"

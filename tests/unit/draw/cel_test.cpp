@@ -4,6 +4,7 @@
 #include "base/log.h"
 #include "base/run_state.h"
 #include "draw/cel_render.h"
+#include "draw/ink_rows.h"
 #include "draw/undo.h"
 #include "runtime/frame_snapshot.h"
 #include "runtime/pixels.h"
