@@ -3,6 +3,7 @@
 
 #include "base/log.h"
 #include "gui/slots.h"
+#include "platform/input_events.h"
 #include "runtime/fonts.h"
 #include "runtime/input.h"
 #include <algorithm>
@@ -150,21 +151,47 @@ bool key_acts(int scancode)
         return false;
     }
     ++passes;
-    if (passes != repeat_at) return passes == 1;
+    // Presses that are queued come one by one in their order; here a key then only repeats.
+    if (passes != repeat_at) return passes == 1 && !platform::input_events_queued();
     passes = repeat_from;
     return true;
 }
 
 bool is_letter(int scancode) { return scancode >= KEY_A && scancode <= KEY_Z; }
 
-void type_character(int slot, const FieldKey& typed)
+bool shift_down() { return ::key[KEY_LSHIFT] || ::key[KEY_RSHIFT]; }
+
+void type_character(int slot, const FieldKey& typed, bool shift)
 {
-    const bool shift = ::key[KEY_LSHIFT] || ::key[KEY_RSHIFT];
     const bool capital = shift || (is_letter(typed.scancode) && (::key_shifts & KB_CAPSLOCK_FLAG));
     if (gui_insert_field(slot, capital ? typed.shifted : typed.plain, gui.field_caret[slot])) caret_right(slot);
 }
 
+/// What a key does. False when the field has lost the keys by it.
+bool act(int slot, const FieldKey& typed, bool shift)
+{
+    if (typed.edit) return typed.edit(slot);
+    type_character(slot, typed, shift);
+    return true;
+}
+
+/// The presses since the last pass, in their order; false when the field has lost the keys.
+bool act_on_presses(int slot)
+{
+    for (platform::KeyPress press = platform::take_field_press(); press.scancode != 0;
+         press = platform::take_field_press()) {
+        const auto* typed = std::ranges::find(keys, press.scancode, &FieldKey::scancode);
+        if (typed != keys.end() && !act(slot, *typed, press.shift)) return false;
+    }
+    return true;
+}
+
 } // namespace
+
+void drop_field_presses()
+{
+    while (platform::take_field_press().scancode != 0) {}
+}
 
 void gui_set_key_focus(int slot, bool to_end)
 {
@@ -219,14 +246,9 @@ void gui_delete_field_forward(int slot, int position)
 
 void gui_field_editor(int slot)
 {
-    if (gui.field_max[slot] < 1) return;
+    if (gui.field_max[slot] < 1 || !act_on_presses(slot)) return;
     for (const FieldKey& typed : keys) {
-        if (!key_acts(typed.scancode)) continue;
-        if (!typed.edit) {
-            type_character(slot, typed);
-        } else if (!typed.edit(slot)) {
-            return;
-        }
+        if (key_acts(typed.scancode) && !act(slot, typed, shift_down())) return;
     }
 }
 

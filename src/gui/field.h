@@ -21,6 +21,8 @@ bool gui_insert_field(int slot, char character, int position);
 void gui_delete_field(int slot, int position);
 /// Delete: takes away the character at `position`.
 void gui_delete_field_forward(int slot, int position);
+/// Forgets the presses that no field has taken. Timer thread.
+void drop_field_presses();
 /// One round of key polling for the field with the focus.
 void gui_field_editor(int slot);
 

@@ -164,6 +164,7 @@ void gui_logic_tick()
     dispatch_click();
     find_hover_row();
     repeat_held_arrow();
+    if (gui_logic.gui_key_focus == -1) drop_field_presses();
     slot_passes(wheel);
     pointer.last_mouse_z = wheel_now;
 }

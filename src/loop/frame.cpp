@@ -11,6 +11,7 @@
 #include "gui/render.h"
 #include "gui/status_bar.h"
 #include "loop/frame_pointer.h"
+#include "loop/input_turn.h"
 #include "loop/inspector.h"
 #include "loop/measurement.h"
 #include "loop/zoom_preview.h"
@@ -113,6 +114,7 @@ void run_frame(uint8_t no_tool_preview)
     draw_status_bar();
     draw_screen_tint(picture);
     if (!clean) present_back_buffer();
+    if (!waiting) take_input_turn(); // an operation that shows its progress has yet to look at this turn
     clock_state.tool_ticks = 0;
     run_jobs();
 }

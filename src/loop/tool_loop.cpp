@@ -36,7 +36,11 @@ bool pressed_on_canvas(bool down, bool& was_down)
 
 Point snapped(Point at) { return {snap_to_grid(at.x, at.y, 0), snap_to_grid(at.x, at.y, 1)}; }
 
-Point frame_mouse() { return {view.frame_mouse_x, view.frame_mouse_y}; }
+Point frame_mouse()
+{
+    update_mouse_position();
+    return {view.frame_mouse_x, view.frame_mouse_y};
+}
 
 Point snapped_mouse() { return snapped(frame_mouse()); }
 

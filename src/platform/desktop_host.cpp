@@ -7,6 +7,7 @@
 #include "platform/desktop_window.h"
 #include "platform/ending.h"
 #include "platform/host.h"
+#include "platform/input_events.h"
 #include "platform/keyboard_map.h"
 #include "platform/layout.h"
 #include <algorithm>
@@ -54,6 +55,7 @@ bool start()
     std::setlocale(LC_NUMERIC, "C"); // install_keyboard has set the user's, whose numbers may have commas
     three_finger_flag = 0;           // no end by Ctrl+Alt+End past our own shutdown
     fix_pixel_layout();
+    queue_input_events();
     set_close_button_callback(close_button_callback);
     return true;
 }
@@ -88,7 +90,11 @@ void remove_timer(void (*tick)())
     std::ranges::replace(installed_ticks, tick, nullptr);
 }
 
-void move_pointer(int x, int y) { ::position_mouse(x, y); }
+void move_pointer(int x, int y)
+{
+    ::position_mouse(x, y);
+    append_pointer_event({x, y, ::mouse_b});
+}
 
 void show_message(const char* text)
 {
@@ -107,6 +113,7 @@ void stop()
     // Allegro's threads may wait for ever for a display that has gone, and Allegro for its threads.
     if (display_lost()) std::_Exit(EXIT_FAILURE);
     close_desktop_window();
+    stop_input_events();
     allegro_exit();
 }
 

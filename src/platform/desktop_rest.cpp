@@ -14,7 +14,8 @@ namespace {
 constexpr int still_factor = 3;
 constexpr int short_rests = 10;
 constexpr int hurried_ms = 2;
-constexpr int motion_pause_ms = 2; ///< between two looks while only the pointer moves: a fast mouse reports each 1 ms
+constexpr int motion_frame_ms = 4; ///< at most one frame in this time while only the pointer moves
+constexpr int motion_pause_ms = 1; ///< between two looks then: a fast mouse reports each 1 ms
 
 /// The last input, as Allegro's words have it.
 struct InputState {
@@ -61,17 +62,25 @@ void rest_until_input(int milliseconds)
     const bool still = picture_stands_still();
     const auto end = steady_clock::now() + std::chrono::milliseconds(length_of_rest(milliseconds, still));
     short_rests_left = std::max(short_rests_left - 1, 0);
+    static steady_clock::time_point last_end{}; // of the last rest: when the frame before this one began
+    bool moved = false;
     for (;;) {
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - steady_clock::now()).count();
         await_input(static_cast<int>(std::max<long>(left, 0)));
         deliver_input();
         const Change change = take_change();
-        if (change == Change::PRESS || (change == Change::MOTION && still)) {
-            short_rests_left = short_rests;
+        moved = moved || change == Change::MOTION;
+        const bool frame_due = still || steady_clock::now() - last_end >= std::chrono::milliseconds(motion_frame_ms);
+        if (change == Change::PRESS || (moved && frame_due)) {
+            if (change == Change::PRESS || still) short_rests_left = short_rests;
+            last_end = steady_clock::now();
             return;
         }
-        if (left <= motion_pause_ms) return;
-        if (change == Change::MOTION) ::rest(motion_pause_ms);
+        if (left <= motion_pause_ms) {
+            last_end = steady_clock::now();
+            return;
+        }
+        if (moved) ::rest(motion_pause_ms);
     }
 }
 

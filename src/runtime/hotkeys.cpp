@@ -2,6 +2,7 @@
 #include "runtime/hotkeys.h"
 
 #include "base/log.h"
+#include "platform/input_events.h"
 #include "runtime/input.h"
 #include <algorithm>
 #include <allegro.h>
@@ -23,7 +24,7 @@ constexpr MouseFunctionRow mouse_functions[] = {
     {ACTION_ONION_TOGGLE, 27},
 };
 
-bool down(int scancode) { return ::key[scancode] != 0; }
+bool down(int scancode) { return ::key[scancode] != 0 || platform::key_pressed_lately(scancode); }
 
 bool button_down(std::size_t button)
 {

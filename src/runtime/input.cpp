@@ -2,6 +2,7 @@
 #include "runtime/input.h"
 
 #include "base/run_state.h"
+#include "platform/input_events.h"
 #include "runtime/animation.h"
 #include "runtime/preferences.h"
 #include "runtime/view.h"
@@ -21,6 +22,7 @@ Stillness stillness;
 /// brings both at once.
 void read_position()
 {
+    if (platform::input_events_queued()) return;
     pointer.mouse_x = static_cast<int16_t>(::mouse_x / screen_state.screen_scale);
     pointer.mouse_y = static_cast<int16_t>(::mouse_y / screen_state.screen_scale);
 }
@@ -29,20 +31,37 @@ bool button_down(int state, int bit) { return (state >> bit & 1) != 0; }
 
 } // namespace
 
-void poll_mouse_buttons()
+namespace {
+
+void set_buttons(int state)
 {
-    const int state = ::mouse_b;
     pointer.mouse_left = button_down(state, 0);
     pointer.mouse_right = button_down(state, 1);
     pointer.mouse_middle = button_down(state, 2);
     pointer.mouse_button_4 = button_down(state, 3);
     pointer.mouse_button_5 = button_down(state, 4);
+}
+
+} // namespace
+
+void set_pointer(int x, int y, int buttons)
+{
+    pointer.mouse_x = static_cast<int16_t>(x);
+    pointer.mouse_y = static_cast<int16_t>(y);
+    set_buttons(buttons);
+}
+
+void poll_mouse_buttons()
+{
+    if (platform::input_events_queued()) return;
+    set_buttons(::mouse_b);
     read_position();
 }
 
 int gui_button_state()
 {
     poll_mouse_buttons();
+    pointer.button_looks = pointer.button_looks + 1;
     const bool left = pointer.mouse_left != 0;
     const bool right = pointer.mouse_right != 0;
     if (right || (left && pointer.mouse_held == 0)) {
@@ -63,10 +82,15 @@ int gui_button_state()
 
 void sample_press()
 {
+    poll_mouse_buttons();
+    update_mouse_position();
     const int x = view.frame_mouse_x;
     const int y = view.frame_mouse_y;
-    const int still_x = pointer.stable_mouse_x;
-    const int still_y = pointer.stable_mouse_y;
+    // Where the pointer stood, in pixels of the frame: the hand's tremor is one of the screen, its harm one of the
+    // frame.
+    const int shift = view.zoom - 1;
+    const int still_x = (pointer.stable_mouse_x >> shift) + view.pan_x;
+    const int still_y = (pointer.stable_mouse_y >> shift) + view.pan_y;
     const bool still = preferences.anti_jitter != 0 && std::abs(still_x - x) <= 2 && std::abs(still_y - y) <= 2;
     pointer.press_x = still ? still_x : x;
     pointer.press_y = still ? still_y : y;

@@ -18,11 +18,15 @@ struct Pointer {
     Shared<int16_t> mouse_press_x = 0, mouse_press_y = 0; ///< where the press was, logical pixels
     int press_x = 0, press_y = 0;                         ///< result of sample_press, frame pixels
     Shared<int16_t> gui_hover_slot = -1;                  ///< highest slot under the pointer, -1 none; gui/logic
+    Shared<int> button_looks = 0;                         ///< looks of the logic pass at the buttons so far
     Shared<int> gui_hold_slot = -1;                       ///< slot under the pointer when the present press began
 };
 inline Pointer pointer;
 
-/// Copies the five buttons to the raw bytes, and takes the pointer's position with them.
+/// Sets the position, logical pixels, and the buttons, bits as in Allegro's mouse_b: one event of the queue.
+void set_pointer(int x, int y, int buttons);
+/// Copies the five buttons to the raw bytes, and takes the pointer's position with them. Nothing where events are
+/// queued: they set the words.
 void poll_mouse_buttons();
 /// The GUI's view of the buttons: 0 none, 1 primary, 2 secondary. Notes the position of the press.
 int gui_button_state();

@@ -4,6 +4,7 @@
 #include "gui/build.h"
 #include "gui/key_labels.h"
 #include "loop/frame.h"
+#include "platform/input_events.h"
 #include "runtime/hotkeys.h"
 #include <allegro.h>
 #include <array>
@@ -33,7 +34,8 @@ int key_down_now()
     const int modifiers = modifiers_held();
     int code = no_key_seen;
     for (int scancode = 1; scancode <= last_key_code; ++scancode)
-        if (::key[scancode] != 0 && scancode != KEY_PAUSE) code = scancode | modifiers;
+        if ((::key[scancode] != 0 || platform::key_pressed_lately(scancode)) && scancode != KEY_PAUSE)
+            code = scancode | modifiers;
     return code;
 }
 

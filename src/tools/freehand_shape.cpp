@@ -6,6 +6,7 @@
 #include "draw/stroke.h"
 #include "draw/tool_input.h"
 #include "loop/frame.h"
+#include "loop/input_turn.h"
 #include "loop/tool_loop.h"
 #include "runtime/input.h"
 #include "runtime/toolbox.h"
@@ -20,13 +21,16 @@ int freehand_shape_tool()
     const PreviewScope shown(TOOL_FSHAPE);
     sample_press();
     Point last{stroke_position.stroke_last_x, stroke_position.stroke_last_y};
-    Point sample = snapped_press();
-    do {
+    const auto take = [&last](Point sample) {
         append_sample(tool_input.point_list, last, sample);
         last = sample;
         stroke_position = {last.x, last.y};
+    };
+    take(snapped_press());
+    do {
         run_frame(0);
-        sample = snapped_mouse();
+        for (const Point at : pointer_path())
+            take(snapped(at));
     } while (left_down() && !leaving() && tool_input.point_list.size() <= most_points);
     draw_closed_outline();
     free_point_list();

@@ -3,6 +3,7 @@
 
 #include "gui/build.h"
 #include "gui_fixture.h"
+#include "platform/input_events.h"
 #include "runtime/fonts.h"
 #include <map>
 #include <string>
@@ -47,6 +48,35 @@ TEST_F(FieldTest, KeysGiveTheirCharacters)
     type(KEY_E);
     EXPECT_EQ(text(), "aB!0\" CD"); // the field is full
     EXPECT_EQ(gui.field_caret[4], 8);
+}
+
+TEST_F(FieldTest, QueuedPressesComeInTheirOrderHoweverShort)
+{
+    build_slot(field_row(4, 20, 20, 40, 4, 62), 0, 0);
+    platform::append_key_event(KEY_Q, true); // before the field has the keys
+    platform::append_key_event(KEY_Q, false);
+    platform::queue_input_events();
+    gui_logic.gui_key_focus = -1;
+    passes(1);
+    gui_set_key_focus(4, true);
+    std::string typed;
+    int last = 0;
+    for (int i = 0; i < 60; ++i) {
+        const int letter = 25 - i % 26; // backwards: a look at the keyboard by scancode would turn them round
+        typed += static_cast<char>('a' + letter);
+        platform::append_key_event(KEY_A + letter, true);
+        platform::append_key_event(KEY_A + letter, true); // the keyboard's own repeat is no press
+        platform::append_key_event(last, false);          // each overlaps the one before
+        last = KEY_A + letter;
+        if (i % 3 == 2) passes(1);
+    }
+    platform::append_key_event(KEY_LSHIFT, true);
+    platform::append_key_event(KEY_SLASH, true);
+    platform::append_key_event(KEY_LSHIFT, false);
+    platform::append_key_event(KEY_SLASH, false);
+    passes(1);
+    platform::stop_input_events();
+    EXPECT_EQ(text(), typed + "?");
 }
 
 TEST_F(FieldTest, AHeldKeyRepeatsAfter28PassesAndThenEvery5)

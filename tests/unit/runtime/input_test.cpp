@@ -77,19 +77,23 @@ TEST_F(Input, PressTakesTheStillPositionWithinTwoPixels)
     EXPECT_NE(pointer.stable_mouse_x, 100) << "still for three passes only";
     mouse_tick();
     EXPECT_EQ(pointer.stable_mouse_x, 100);
-    view.frame_mouse_x = 102;
-    view.frame_mouse_y = 48;
-    sample_press();
-    EXPECT_EQ(pointer.press_x, 100);
-    EXPECT_EQ(pointer.press_y, 50);
-    view.frame_mouse_x = 103;
-    sample_press();
-    EXPECT_EQ(pointer.press_x, 103);
-    EXPECT_EQ(pointer.press_y, 48);
-    view.frame_mouse_x = 101;
+    const auto press_at = [](int x, int y) {
+        ::mouse_x = 2 * x;
+        ::mouse_y = 2 * y;
+        sample_press();
+        return std::pair(pointer.press_x, pointer.press_y);
+    };
+    view.pan_x = 2; // frame pixels and those of the screen are not the same
+    view.pan_y = 2;
+    EXPECT_EQ(press_at(100, 50), std::pair(102, 52)) << "a still click stays where it is";
+    EXPECT_EQ(press_at(102, 48), std::pair(102, 52));
+    EXPECT_EQ(press_at(103, 48), std::pair(105, 50));
+    view.zoom = 3;
+    EXPECT_EQ(press_at(109, 50), std::pair(27, 14)) << "near the stable position in pixels of the frame";
+    view.zoom = 1;
+    view.pan_x = view.pan_y = 0;
     preferences.anti_jitter = 0;
-    sample_press();
-    EXPECT_EQ(pointer.press_x, 101) << "the option is off";
+    EXPECT_EQ(press_at(101, 50), std::pair(101, 50)) << "the option is off";
 }
 
 TEST_F(Input, HotkeysNeedTheirModifiersExactly)
