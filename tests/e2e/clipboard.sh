@@ -55,6 +55,8 @@ for picture in small large; do
 done
 
 echo text | xclip -selection clipboard -i
+text_is_offered() { xclip -selection clipboard -o -t TARGETS 2>/dev/null >targets && ! grep -q image targets; }
+wait_for 'the text on the clipboard' text_is_offered # xclip has gone into the background before it owns it
 ask paste out.png
 expect 'a text is no picture' test "$answer" = empty
 head -c 300 small.png | xclip -selection clipboard -i -t image/png
