@@ -21,51 +21,6 @@ constexpr const char* failure_lines[] = {
     "GURU MEDITATION #00000644.65031147",
 };
 
-constexpr const char* option_names[] = {
-    "- M O U S E   P O I N T E R -",
-    "MOUSE - BUTTONS",
-    "MOUSE - CURSOR SCALING",
-    "MOUSE - ANTI-JITTER",
-    "MOUSE - BRUSH TIP",
-    "",
-    "- C R O S S H A I R S -",
-    "CROSSHAIRS - COLOR",
-    "CROSSHAIRS - SCALING",
-    "CROSSHAIRS - OPACITY",
-    "",
-    "- C E L   H A N D L I N G -",
-    "CEL - MASKING",
-    "CEL - TOLERANCE",
-    "",
-    "- O P T I M I Z A T I O N -",
-    "POWER SAVING MODE",
-    "256 COLOR REDUCTION",
-    "UNDO DEPTH",
-    "",
-    "- S T A T U S   B A R -",
-    "STATUS BAR - DISPLAY",
-    "STATUS BAR - FONT",
-    "STATUS BAR - OPACITY",
-    "",
-    "- Z O O M   P R E V I E W -",
-    "ZOOM PREVIEW - MODE",
-    "ZOOM PREVIEW - SIZE",
-    "",
-    "- F I L E   P R E V I E W -",
-    "FILE PREVIEW - MODE",
-    "FILE PREVIEW - SIZE LIMIT",
-    "",
-    "- O N I O N   S K I N -",
-    "ONION SKIN - MODE",
-    "ONION SKIN - OPACITY",
-    "",
-    "- M I S C E L L A N E O U S -",
-    "TOOLTIPS",
-    "BACKLESS MODE",
-    "SHOW TOOL DISTANCE",
-    "QUICK PAN - OPACITY",
-};
-
 constexpr const char* action_names[] = {
     "CEL MENU - GET",
     "CEL MENU - CLIP",
@@ -134,7 +89,7 @@ constexpr const char* action_names[] = {
     "RAPID EXIT (NO DIALOG)",
     "...",
 };
-static_assert(std::size(action_names) == ACTION_LIST_END + 1);
+static_assert(std::size(action_names) == ACTION_LIST_END + 1, "the name of an action is missing");
 
 constexpr const char* help_topics[] = {
     "ABOUT",        "ALPHA",        "ANTI-JITTER", "BANDING",    "BRUSH COLOR", "BRUSH TIP",     "BRUSH TOOLS",

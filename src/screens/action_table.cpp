@@ -106,7 +106,7 @@ constexpr ActionRow actions[] = {
     {ACTION_RAPID_EXIT, KEY_Q + key_shift, 0, IN_ANY_MENU, ONCE | IN_FIELD, exit_at_once},
     {ACTION_LIST_END, 0, 0, 0, 0, nullptr},
 };
-static_assert(std::size(actions) == ACTION_LIST_END + 1);
+static_assert(std::size(actions) == ACTION_LIST_END + 1, "the row of an action is missing");
 static_assert([] {
     for (std::size_t i = 0; i < std::size(actions); ++i) {
         if (actions[i].action != static_cast<int>(i)) return false;

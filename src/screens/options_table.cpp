@@ -90,7 +90,7 @@ constexpr std::array rows{
     on_off(set.show_tool_distance, 1),
     slider(set.quickpan_opacity, 225, level_steps, 10),
 };
-static_assert(rows.size() == option_rows_count);
+static_assert(rows.size() == option_rows_count, "a row of the options and its name go together");
 
 } // namespace
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/words.h"
+#include "gui/choice_names.h"
 #include "gui/strings.h"
 #include <array>
 #include <cstdint>
@@ -39,7 +40,7 @@ struct OptionRow {
     int wheel = 1;                       ///< what a click of the wheel adds to a slider
 };
 
-constexpr int option_rows_count = 42;
+constexpr int option_rows_count = static_cast<int>(std::size(option_names));
 
 /// All rows, from the top of the list to its end.
 std::span<const OptionRow, option_rows_count> options_table();
