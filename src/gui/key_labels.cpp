@@ -29,6 +29,12 @@ static_assert(std::size(names) == 113);
 /// By the three modifier bits: Control 1, Alt 2, Shift 4.
 constexpr const char* prefixes[] = {"", "CTRL+", "ALT+", "C/A+", "SHIFT+", "C/S+", "A/S+", "CAS+"};
 
+std::string cut(std::string label)
+{
+    label.resize(std::min(label.size(), longest_label));
+    return label;
+}
+
 } // namespace
 
 const char* key_name(int scancode)
@@ -39,9 +45,16 @@ const char* key_name(int scancode)
 std::string key_label(int code)
 {
     const int modifiers = (code & key_control ? 1 : 0) | (code & key_alt ? 2 : 0) | (code & key_shift ? 4 : 0);
-    std::string label = std::string(prefixes[modifiers]) + key_name(code & ~key_modifiers);
-    label.resize(std::min(label.size(), longest_label));
-    return label;
+    return cut(std::string(prefixes[modifiers]) + key_name(code & ~key_modifiers));
+}
+
+std::string spelt_key_label(int code)
+{
+    std::string label;
+    if (code & key_control) label += "CTRL+";
+    if (code & key_alt) label += "ALT+";
+    if (code & key_shift) label += "SHIFT+";
+    return cut(label + key_name(code & ~key_modifiers));
 }
 
 } // namespace kelu

@@ -36,6 +36,18 @@ struct ActionState {
 };
 inline ActionState action_state;
 
+/// No action runs on the timer from its making to its end: for screens that take keys for themselves.
+class HotkeysOff {
+public:
+    HotkeysOff() : before_(action_state.hotkey_dispatch_running) { action_state.hotkey_dispatch_running = 1; }
+    ~HotkeysOff() { action_state.hotkey_dispatch_running = before_; }
+    HotkeysOff(const HotkeysOff&) = delete;
+    HotkeysOff& operator=(const HotkeysOff&) = delete;
+
+private:
+    uint8_t before_;
+};
+
 /// The rows in the order of their ids. Set once, before the timers run, by start-up, which sees the table.
 inline std::span<const ActionRow> action_rows;
 

@@ -2,6 +2,7 @@
 #include "screens/help_menu.h"
 
 #include "gui/build.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
 #include "loop/home_strip.h"
 #include "loop/tool_loop.h"
@@ -76,6 +77,7 @@ void read_topics()
 
 void help_menu()
 {
+    const HotkeysOff no_pans;
     menus.status_bar_away = 1; // not by the option: a system that goes down meanwhile would store it
     build_screen(help_layout);
     show_page(0);

@@ -3,6 +3,7 @@
 
 #include "gui/build.h"
 #include "gui/key_labels.h"
+#include "loop/actions.h"
 #include "loop/frame.h"
 #include "platform/input_events.h"
 #include "runtime/hotkeys.h"
@@ -43,6 +44,7 @@ int key_down_now()
 
 int remap_key_dialog()
 {
+    const HotkeysOff no_pans;
     build_screen_at(layout, left, top);
     std::string label = key_label(key_awaiting);
     gui.ptr[SLOT_KEY] = label.c_str();
@@ -51,7 +53,7 @@ int remap_key_dialog()
         const int seen = key_down_now();
         if (seen != no_key_seen && seen != code) {
             code = seen;
-            label = key_label(code);
+            label = spelt_key_label(code);
             gui.ptr[SLOT_KEY] = label.c_str();
         }
         run_frame(0);

@@ -3,6 +3,7 @@
 
 #include "base/run_state.h"
 #include "draw/dashes.h"
+#include "draw/preview.h"
 #include "loop/frame.h"
 #include "loop/freeze.h"
 #include "loop/tool_loop.h"
@@ -91,6 +92,7 @@ void cel_clip(int color)
 {
     const CelRect box = find_picture(color);
     if (box.width() <= 1 || box.height() <= 1 || !take_cel(box)) return;
+    const PreviewScope shown(no_preview); // the overlay is in use
     clock_state.wait_counter = 0;
     while (clock_state.wait_counter < clip_shown && !leaving()) {
         clear_to_color(screen_state.tool_overlay, mask_magenta);

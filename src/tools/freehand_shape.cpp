@@ -32,9 +32,10 @@ int freehand_shape_tool()
         for (const Point at : pointer_path())
             take(snapped(at));
     } while (left_down() && !leaving() && tool_input.point_list.size() <= most_points);
-    draw_closed_outline();
+    const bool finished = !leaving() || !left_down();
+    if (finished) draw_closed_outline();
     free_point_list();
-    return 1;
+    return finished ? 1 : 0;
 }
 
 } // namespace kelu

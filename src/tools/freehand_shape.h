@@ -3,7 +3,7 @@
 
 namespace kelu {
 
-/// Follows the mouse from the press on. Returns 1: there is no cancel.
+/// Follows the mouse from the press on. Returns 1; 0 when the program is asked to end meanwhile.
 int freehand_shape_tool();
 
 } // namespace kelu

@@ -1,6 +1,8 @@
 // The hotkey screen, its remap dialog, and the mouse button screen, by mouse and keys.
 #include "support/screen_session.h"
 
+#include "runtime/view.h"
+
 namespace kelu {
 
 using namespace test;
@@ -82,6 +84,26 @@ TEST(HotkeyMenu, CancelAndRightClickBringTheOldKeysBack)
     session.click_at(100, 50, RIGHT_BUTTON);
     EXPECT_EQ(primary(ACTION_CEL_GET), KEY_ESC);
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
+}
+
+TEST(HotkeyMenu, WaitsForAKeyWithItsModifiersSpeltOutAndPansNothing)
+{
+    constexpr int label_slot = 4, cancel_slot = 3;
+    Session session(plain_menu);
+    open_keys(session);
+    session.click(CELL_0);
+    session.key(KEY_K, {KEY_LCONTROL, KEY_ALT});
+    EXPECT_STREQ(gui.ptr[label_slot], "CTRL+ALT+K");
+    const int pan = view.pan_x;
+    session.hold_key(KEY_RIGHT);
+    session.frame(30);
+    session.release_key(KEY_RIGHT);
+    EXPECT_EQ(view.pan_x, pan);
+    session.click(cancel_slot);
+    session.click(KEYS_CANCEL);
+    session.hold_key(KEY_RIGHT);
+    session.frame(30);
+    EXPECT_NE(view.pan_x, pan) << "behind the screens the key pans again";
 }
 
 TEST(MouseMenu, MapsButtonsAndInsistsOnAcceptAndCancel)
