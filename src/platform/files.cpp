@@ -2,10 +2,11 @@
 #include "platform/files.h"
 
 #include "base/memory.h"
-
+#include "platform/file_calls.h"
+#include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
-#include <memory>
+#include <limits>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -13,10 +14,70 @@
 namespace kelu::platform {
 namespace {
 
-struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
+constexpr std::size_t write_size = 1U << 16; // bytes that go to the system at once
+
+/// An open file, closed at the end of its block.
+class Handle {
+public:
+    explicit Handle(int handle) : handle_(handle) {}
+    ~Handle()
+    {
+        if (handle_ >= 0) file_calls->close(handle_);
+    }
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+    operator int() const { return handle_; }
+
+private:
+    int handle_;
 };
-using File = std::unique_ptr<std::FILE, CloseFile>;
+
+/// Writes all of the bytes, however few the system takes at once.
+bool write_all(int handle, std::span<const uint8_t> bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t written = file_calls->write(handle, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written == 0) errno = ENOSPC;
+        if (written <= 0) return note_failure();
+        bytes = bytes.subspan(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+/// Reads until the bytes are full or the file ends; `bytes` becomes as long as what was there.
+bool read_all(int handle, std::vector<uint8_t>& bytes)
+{
+    std::size_t at = 0;
+    while (at < bytes.size()) {
+        const ssize_t count = file_calls->read(handle, bytes.data() + at, bytes.size() - at);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return note_failure();
+        if (count == 0) break;
+        at += static_cast<std::size_t>(count);
+    }
+    bytes.resize(at);
+    return true;
+}
+
+/// One try to read a whole file.
+bool read_once(const std::string& name, std::size_t limit, std::vector<uint8_t>& bytes)
+{
+    bytes.clear();
+    // Without waiting, so that a pipe of the same name can't hang the program; it is no regular file and is refused.
+    const Handle handle(file_calls->open(name.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC, 0));
+    if (handle < 0) return note_failure();
+    struct stat status = {};
+    if (fstat(handle, &status) != 0) return note_failure();
+    if (!S_ISREG(status.st_mode) || status.st_size < 0 || static_cast<std::size_t>(status.st_size) > limit) {
+        errno = S_ISDIR(status.st_mode) ? EISDIR : EFBIG;
+        return note_failure();
+    }
+    bytes.reserve(static_cast<std::size_t>(status.st_size));
+    prefer_large_pages(bytes.data(), bytes.capacity());
+    bytes.resize(static_cast<std::size_t>(status.st_size));
+    return read_all(handle, bytes);
+}
 
 /// The absolute path of a file that may not exist yet, with a link at its end followed.
 std::string real_target(const std::string& name)
@@ -41,10 +102,8 @@ std::string name_beside(const std::filesystem::path& target)
 void flush_folder_of(const std::string& name)
 {
     const std::string folder = std::filesystem::path(name).parent_path().string();
-    const int handle = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle < 0) return;
-    fsync(handle);
-    close(handle);
+    const Handle handle(file_calls->open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0));
+    if (handle >= 0) file_calls->flush(handle);
 }
 
 } // namespace
@@ -61,60 +120,79 @@ long file_size(const std::string& name)
 
 bool remove_file(const std::string& name)
 {
-    unlink(name.c_str());
-    return !file_exists(name);
+    return file_calls->remove(name.c_str()) == 0 || errno == ENOENT || errno == ENOTDIR || note_failure();
 }
 
-bool rename_file(const std::string& from, const std::string& to) { return rename(from.c_str(), to.c_str()) == 0; }
+bool rename_file(const std::string& from, const std::string& to)
+{
+    return file_calls->rename(from.c_str(), to.c_str()) == 0 || note_failure();
+}
+
+bool copy_file(const std::string& from, const std::string& to)
+{
+    if (file_calls->link(from.c_str(), to.c_str()) == 0) return true;
+    if (errno == ENOENT || errno == EIO || errno == ENOSPC) return note_failure();
+    std::vector<uint8_t> bytes; // a file system without second names
+    return read_file(from, std::numeric_limits<uint32_t>::max(), bytes) && replace_file(to, bytes);
+}
 
 bool read_file(const std::string& name, std::size_t limit, std::vector<uint8_t>& bytes)
 {
-    bytes.clear();
-    // Without waiting, so that a pipe of the same name can't hang the program; it is no regular file and is refused.
-    const int handle = open(name.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (handle < 0) return false;
-    const File file(fdopen(handle, "rb"));
-    struct stat status = {};
-    if (!file || fstat(handle, &status) != 0 || !S_ISREG(status.st_mode)) return false;
-    if (status.st_size < 0 || static_cast<std::size_t>(status.st_size) > limit) return false;
-    bytes.reserve(static_cast<std::size_t>(status.st_size));
-    prefer_large_pages(bytes.data(), bytes.capacity());
-    bytes.resize(static_cast<std::size_t>(status.st_size));
-    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file.get()));
-    return std::ferror(file.get()) == 0;
+    if (read_once(name, limit, bytes)) return true;
+    // One that is there, allowed and of a size that will do has met a passing error: a second try tells.
+    const int error = last_failure();
+    for (const int lasting : {ENOENT, ENOTDIR, EACCES, EISDIR, EFBIG, ENAMETOOLONG, ELOOP, ENXIO})
+        if (error == lasting) return false;
+    return read_once(name, limit, bytes);
 }
 
 FileReplacement::FileReplacement(const std::string& name) : name_(real_target(name))
 {
     struct stat old = {};
     const bool replaces = stat(name_.c_str(), &old) == 0;
-    if (replaces && (!S_ISREG(old.st_mode) || access(name_.c_str(), W_OK) != 0)) return;
+    if (replaces && (!S_ISREG(old.st_mode) || access(name_.c_str(), W_OK) != 0)) {
+        if (!S_ISREG(old.st_mode)) errno = EISDIR;
+        note_failure();
+        return;
+    }
     const std::string beside = name_beside(name_);
-    unlink(beside.c_str());
-    const int handle = open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (handle < 0) return;
+    file_calls->remove(beside.c_str());
+    handle_ = file_calls->open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    good_ = handle_ >= 0 || note_failure();
+    if (!good_) return;
     temporary_ = beside;
-    if (replaces) fchmod(handle, old.st_mode & 0777);
-    file_ = fdopen(handle, "wb");
+    if (replaces) fchmod(handle_, old.st_mode & 0777);
 }
 
 FileReplacement::~FileReplacement()
 {
-    if (file_) std::fclose(file_);
-    if (!temporary_.empty()) unlink(temporary_.c_str());
+    if (handle_ >= 0) file_calls->close(handle_);
+    if (!temporary_.empty()) file_calls->remove(temporary_.c_str());
 }
 
 bool FileReplacement::write(std::span<const uint8_t> bytes)
 {
-    return file_ && std::ferror(file_) == 0 && std::fwrite(bytes.data(), 1, bytes.size(), file_) == bytes.size();
+    if (good_ && waiting_.size() + bytes.size() > write_size) write_waiting();
+    if (good_ && bytes.size() >= write_size)
+        good_ = write_all(handle_, bytes);
+    else if (good_)
+        waiting_.insert(waiting_.end(), bytes.begin(), bytes.end());
+    return good_;
+}
+
+void FileReplacement::write_waiting()
+{
+    good_ = good_ && write_all(handle_, waiting_);
+    waiting_.clear();
 }
 
 bool FileReplacement::commit()
 {
-    if (!file_) return false;
-    const bool written = std::ferror(file_) == 0 && std::fflush(file_) == 0 && fsync(fileno(file_)) == 0;
-    const bool closed = std::fclose(std::exchange(file_, nullptr)) == 0;
-    if (!written || !closed || rename(temporary_.c_str(), name_.c_str()) != 0) return false;
+    write_waiting();
+    if (handle_ < 0) return false;
+    if (good_ && file_calls->flush(handle_) != 0) good_ = note_failure();
+    if (file_calls->close(std::exchange(handle_, -1)) != 0) good_ = good_ && note_failure();
+    if (!good_ || !rename_file(temporary_, name_)) return false;
     temporary_.clear();
     flush_folder_of(name_);
     return true;

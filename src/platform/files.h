@@ -2,12 +2,12 @@
 //
 // Names are UTF-8 and keep their true case on disk. State that holds upper-case names finds its files again through
 // `resolve_name` and `resolve_path`; all other calls take names as they stand. Main thread: the working directory
-// belongs to the process. Nothing here logs; each call says by its result whether it could.
+// belongs to the process. Nothing here logs; each call says by its result whether it could,
+// and `failure_reason` why not.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <span>
 #include <string>
 #include <string_view>
@@ -25,6 +25,8 @@ long file_size(const std::string& name);
 bool remove_file(const std::string& name);
 /// Renames a file, replacing a target; false when it could not.
 bool rename_file(const std::string& from, const std::string& to);
+/// Gives a file a second name, which isn't taken yet; where the file system has none of the kind, a copy.
+bool copy_file(const std::string& from, const std::string& to);
 /// The working directory, without a separator at its end (but for "/").
 std::string working_directory();
 /// Changes the working directory; the exact name before a case-blind one. False when there is none such.
@@ -86,8 +88,11 @@ public:
     bool commit();
 
 private:
+    void write_waiting();
     std::string name_, temporary_; ///< absolute paths; the temporary one is empty once there is nothing to remove
-    std::FILE* file_ = nullptr;
+    std::vector<uint8_t> waiting_; ///< bytes that haven't gone to the system
+    int handle_ = -1;
+    bool good_ = false; ///< nothing has failed
 };
 
 /// Writes a whole file by `FileReplacement`.

@@ -7,10 +7,13 @@
 #include "gui/menus.h"
 #include "gui/strings.h"
 #include "gui/tooltips.h"
+#include "imagefile/bmp.h"
+#include "platform/file_calls.h"
 #include "runtime/browser_state.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
 #include "workspace/archive_progress.h"
+#include "workspace/change_set.h"
 #include "workspace/folder.h"
 #include "workspace/frame_cache.h"
 #include "workspace/frame_store.h"
@@ -18,7 +21,6 @@
 #include "workspace/state.h"
 #include "workspace/timers_lock.h"
 #include <algorithm>
-#include <filesystem>
 #include <limits>
 #include <memory>
 #include <vector>
@@ -105,43 +107,54 @@ bool walk_archive(std::FILE* file, long size, ArchiveHead& head)
     return in.position() == size && std::fseek(file, head.blocks_at, SEEK_SET) == 0;
 }
 
-/// Lets the old frame stand under its backup name as well, so that the new one can take its place in one step.
-bool put_aside(int frame)
-{
-    const std::string current = frame_file(frame), backup = frame_file(frame, file_set::backup);
-    if (!platform::file_exists(current)) return true;
-    platform::remove_file(backup);
-    std::error_code error;
-    std::filesystem::create_hard_link(current, backup, error);
-    return !error || platform::rename_file(current, backup); // a file system without links
-}
+/// What keeps an archive from being loaded, for the status line; null when nothing does.
+using Reason = const char*;
 
-bool extract_next(std::FILE* archive, const std::string& name, std::span<uint8_t> buffer)
+/// Writes the next block of the archive beside the file that it is to become.
+bool stage_next(std::FILE* archive, ChangeSet& changes, const std::string& name, std::span<uint8_t> buffer)
 {
     const uint32_t length = ArchiveReader(archive).word();
-    return extract_block(archive, name, buffer, length) == 0;
+    return extract_block(archive, changes.stage(name), buffer, length) == 0;
 }
 
-/// Brings all files of the archive into the store, which is the working directory. False: it failed half-way.
-bool extract_all(std::FILE* archive, const ArchiveHead& head, ArchiveProgress& progress)
+/// Stages all files of the archive, each of which must hold what its name says.
+Reason stage_all(std::FILE* archive, const ArchiveHead& head, ChangeSet& changes, ArchiveProgress& progress)
 {
     std::vector<uint8_t> buffer(buffer_size);
     for (int frame = 0; frame < head.frames; ++frame) {
-        if (!put_aside(frame) || !extract_next(archive, frame_file(frame), buffer)) return false;
+        if (!stage_next(archive, changes, frame_file(frame), buffer)) return platform::failure_reason();
+        if (!read_stored_frame(frame_file(frame, file_set::next))) return "A frame in it is damaged!";
         progress.step();
     }
-    for (const char* ending : containers)
-        if (!extract_next(archive, set_file(ending), buffer)) return false;
-    return true;
+    for (const char* ending : containers) {
+        if (!stage_next(archive, changes, set_file(ending), buffer)) return platform::failure_reason();
+        const std::string staged = set_file(ending, file_set::next);
+        const bool is_state = std::string_view(ending) == "spa";
+        if (is_state ? platform::file_size(staged) <= 0 : !read_bmp(staged)) return "A picture in it is damaged!";
+    }
+    return nullptr;
 }
 
-/// Frames of the old workspace don't survive: neither under their backup names nor beyond the new ones.
-void remove_old_frames(int new_count)
+/// Frames of the old workspace don't survive: neither under the backup names of an older program nor beyond the new
+/// ones.
+void remove_old_frames(ChangeSet& changes, int new_count)
 {
     for (int frame = 0; frame < max_frames; ++frame)
-        platform::remove_file(frame_file(frame, file_set::backup));
+        changes.remove(frame_file(frame, file_set::backup));
     for (int frame = new_count; frame < max_frames; ++frame)
-        platform::remove_file(frame_file(frame));
+        changes.remove(frame_file(frame));
+}
+
+/// Puts the files of the archive in the place of the workspace's; null, or why nothing has changed.
+Reason take_in(std::FILE* archive, const ArchiveHead& head, ShowProgress show_progress)
+{
+    ArchiveProgress progress(TEXT_LOADING_WORKSPACE, head.frames, show_progress);
+    ChangeSet changes;
+    const Reason refused = stage_all(archive, head, changes, progress);
+    progress.finish();
+    if (refused) return refused;
+    remove_old_frames(changes, head.frames);
+    return changes.commit() ? nullptr : platform::failure_reason();
 }
 
 bool write_head(platform::FileReplacement& archive)
@@ -270,20 +283,16 @@ int load_workspace_archive(const std::string& file_name, ShowProgress show_progr
         flash_failure(TIP_LOAD_FAILED, "No workspace folder!");
         return -1;
     }
-    {
-        ArchiveProgress progress(TEXT_LOADING_WORKSPACE, head.frames, show_progress);
-        drop_onion_skin();
-        clear_frame_cache();
-        store.workspace_title = up_to_zero(head.title);
-        store.workspace_notes = up_to_zero(head.notes);
-        const bool whole = extract_all(archive.get(), head, progress);
-        progress.finish();
-        if (whole)
-            remove_old_frames(head.frames);
-        else
-            flash_failure(TIP_LOAD_FAILED, "It broke off half-way!");
-        read_workspace_state("current.spa");
+    if (const Reason refused = take_in(archive.get(), head, show_progress)) {
+        log_line("[ ERROR ] : Workspace archive wasn't loaded, and the workspace stays as it was: %s", refused);
+        flash_failure(TIP_LOAD_FAILED, refused);
+        return -1;
     }
+    drop_onion_skin();
+    clear_frame_cache();
+    store.workspace_title = up_to_zero(head.title);
+    store.workspace_notes = up_to_zero(head.notes);
+    read_workspace_state("current.spa");
     if (store.alpha_edit_mode) toggle_alpha_edit();
     return 0;
 }

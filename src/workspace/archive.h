@@ -20,9 +20,9 @@ using ShowProgress = void (*)();
 /// Returns 0.
 int save_workspace_archive(const std::string& file_name, ShowProgress show_progress);
 
-/// Replaces the workspace by that of an archive. One that is missing, short or wrong in any way is refused with a line
-/// in the log before anything is touched, and -1 is the result. A transfer that fails half-way leaves each frame whole,
-/// old or new; old frames that were reached stand under their backup names. Returns 0 when the state has been read.
+/// Replaces the workspace by that of an archive, all of it or nothing. One that is missing, short or wrong in any way,
+/// down to a picture that can't be decoded, and one that can't be written whole is refused with a line in the log and
+/// the reason in the status line, and -1 is the result. Returns 0 when the state has been read.
 int load_workspace_archive(const std::string& file_name, ShowProgress show_progress);
 
 /// Appends the block of a file of the working directory, through the buffer. False, and a line in the log, when the

@@ -4,6 +4,10 @@
 #include "base/log.h"
 #include "base/run_state.h"
 #include "draw/preview.h"
+#include "gui/menus.h"
+#include "gui/tooltips.h"
+#include "imagefile/tga.h"
+#include "platform/file_calls.h"
 #include "platform/files.h"
 #include "runtime/animation.h"
 #include "runtime/color_band.h"
@@ -14,6 +18,7 @@
 #include "runtime/store.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
+#include "workspace/change_set.h"
 #include "workspace/custom_tip.h"
 #include "workspace/folder.h"
 #include "workspace/frame_cache.h"
@@ -62,6 +67,20 @@ void blank_state()
     store.workspace_notes = "...";
 }
 
+/// The files of a new workspace. Its state is written once memory holds it; until then the frame alone makes one.
+bool clear_files()
+{
+    ChangeSet changes;
+    if (!write_tga(changes.stage(frame_file(0)), Bitmap(default_frame_w, default_frame_h, opaque_black))) return false;
+    for (int frame = 0; frame < max_frames; ++frame) {
+        if (frame > 0) changes.remove(frame_file(frame));
+        changes.remove(frame_file(frame, file_set::backup));
+    }
+    for (const char* ending : {"cel", "nal", "tip", "spa"})
+        changes.remove(set_file(ending));
+    return changes.commit();
+}
+
 } // namespace
 
 void reset_palette_and_slots()
@@ -90,20 +109,20 @@ void make_blank_workspace()
 void clear_workspace()
 {
     const TimersLock lock;
-    bool found_program = false;
     {
         const WorkspaceVisit visit(run_state.program_dir);
-        found_program = visit.found_program();
-        drop_onion_skin();
-        for (int frame = 0; found_program && visit.entered() && frame < max_frames; ++frame) {
-            platform::remove_file(frame_file(frame, file_set::backup));
-            platform::remove_file(frame_file(frame));
+        if (!visit.found_program() || !visit.entered()) {
+            log_line("[ ERROR ] : WORKSPACE directory unavailable. Aborting clear operation!");
+            return;
         }
+        if (!clear_files()) {
+            log_line("[ ERROR ] : The workspace stays as it was: %s", platform::failure_reason());
+            flash_failure(TIP_WORKSPACE_NOT_WRITTEN, platform::failure_reason());
+            return;
+        }
+        drop_onion_skin();
     }
-    if (found_program)
-        make_blank_workspace();
-    else
-        log_line("[ ERROR ] : WORKSPACE directory unavailable. Aborting clear operation!");
+    make_blank_workspace();
     clear_frame_cache();
 }
 

@@ -4,6 +4,7 @@
 #include "base/log.h"
 #include "base/run_state.h"
 #include "gui/menus.h"
+#include "platform/file_calls.h"
 #include "platform/files.h"
 #include <array>
 #include <cstdio>
@@ -11,8 +12,7 @@
 namespace kelu {
 namespace {
 
-constexpr int message_ticks = 120; // logic ticks that a failure stays in the status line
-constexpr int kept_copies = 1000;  // unreadable files of one name that are kept
+constexpr int kept_copies = 1000; // unreadable files of one name that are kept
 
 } // namespace
 
@@ -39,7 +39,7 @@ WorkspaceVisit::~WorkspaceVisit()
 void report_unwritten(const std::string& name, int message)
 {
     log_line("[ ERROR ] : Couldn't write file! Name = %s", name);
-    flash_status_message(message, message_ticks);
+    flash_failure(message, platform::failure_reason());
 }
 
 std::string free_name(const std::string& name)

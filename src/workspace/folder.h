@@ -10,10 +10,11 @@ namespace kelu {
 
 constexpr const char* workspace_folder = "WORKSPACE";
 
-/// The four sets of files: the workspace, the frames put aside while an archive is loaded, a second workspace that
-/// takes over when the first has no state, and frames that could not be read.
+/// The sets of files: the workspace, the files that wait to become its own in one step, a second workspace that takes
+/// over when the first has no state, and files that could not be read. A program of before put frames aside as backup.
 namespace file_set {
 constexpr const char* current = "current";
+constexpr const char* next = "next";
 constexpr const char* backup = "backup";
 constexpr const char* alternate = "alternate";
 constexpr const char* damaged = "damaged";
@@ -42,7 +43,8 @@ private:
     bool found_program_, entered_;
 };
 
-/// Tells of a file that could not be written: a line in the log, and row `message` of the status line for two seconds.
+/// Tells of a file that could not be written: a line in the log, and row `message` of the status line with the
+/// reason.
 void report_unwritten(const std::string& name, int message);
 
 /// The name, or the first of "name.1", "name.2" ... that is free; empty when a thousand are taken.

@@ -1,5 +1,5 @@
-// Frames are renumbered by renaming their files one at a time, from the side where the room is, so that at every
-// moment each frame has a file of its own. A run that is cut short leaves a gap, which the next start closes.
+// Frames are renumbered on disk first, all of them by one set of changes, then in the tables of the program: a run that
+// fails or is cut short leaves the old order or the new one.
 #include "workspace/frame_order.h"
 
 #include "base/log.h"
@@ -7,16 +7,19 @@
 #include "gui/strings.h"
 #include "gui/tooltips.h"
 #include "imagefile/tga.h"
+#include "platform/file_calls.h"
 #include "platform/files.h"
 #include "runtime/animation.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
+#include "workspace/change_set.h"
 #include "workspace/folder.h"
 #include "workspace/frame_cache.h"
 #include "workspace/frame_store.h"
 #include "workspace/merged.h"
 #include "workspace/notice.h"
 #include "workspace/thumbnails.h"
+#include <algorithm>
 
 namespace kelu {
 namespace {
@@ -36,75 +39,87 @@ void copy_view(int from, int to)
     view.frame_zoom[target] = view.frame_zoom[source];
 }
 
-/// Gives a stored frame another number, with all that belongs to it. False: the number is taken, or the file could
-/// not be renamed.
-bool renumber_frame(int from, int to)
+/// What belongs to a frame in the tables of the program follows its file.
+void renumber_tables(int from, int to)
 {
-    if (!platform::file_exists(frame_file(from))) return true;
-    if (platform::file_exists(frame_file(to))) return false;
-    if (!platform::rename_file(frame_file(from), frame_file(to))) {
-        report_unwritten(frame_file(to), TIP_FRAME_NOT_WRITTEN);
-        return false;
-    }
     copy_view(from, to);
     move_nail(from, to);
     shift_cache_entry(from, to);
+}
+
+/// Nothing has changed: tells the user so, and why.
+void report_unchanged()
+{
+    run_state.workspace_damaged = 1;
+    log_line("[ ERROR ] : The frames keep their order: %s", platform::failure_reason());
+    report_unwritten(frame_file(store.current_frame), TIP_FRAME_NOT_WRITTEN);
+}
+
+/// Lets the frames behind `start` have numbers that are `by` higher.
+bool stage_renumbering(ChangeSet& changes, int start, int by)
+{
+    for (int frame = start + 1; frame < store.frame_count; ++frame)
+        if (!changes.stage_copy(frame_file(frame), frame_file(frame + by))) return false;
     return true;
 }
 
-bool open_gap(int start, int count)
+bool write_new_frame(const std::string& name, int blank)
 {
-    for (int i = max_frames - 1 - count; i > start; --i)
-        if (!renumber_frame(i, i + count)) return false;
-    return true;
+    if (blank == INSERT_CLONES)
+        return write_tga(name, store.frame_bitmap.width(), store.frame_bitmap.height(), merged_rows());
+    return write_tga(name, Bitmap(default_frame_w, default_frame_h, opaque_black));
 }
 
-/// Also takes back what a failed `open_gap` has moved: frames that still stand where they were keep their numbers,
-/// since those below them are taken.
-void close_gap(int start, int count)
+bool insert_files(int start, int count, int blank)
 {
-    for (int i = start + count; i < max_frames; ++i)
-        renumber_frame(i, i - count);
+    ChangeSet changes;
+    if (!stage_renumbering(changes, start, count)) return false;
+    for (int frame = start + 1; frame <= start + count; ++frame)
+        if (!write_new_frame(changes.stage(frame_file(frame)), blank)) return false;
+    return changes.commit();
 }
 
-bool add_clone(int frame, int start)
+bool delete_files(int start, int count)
 {
-    if (!write_frame(frame)) return false;
-    copy_view(start, frame);
-    draw_nail(frame);
-    return true;
+    ChangeSet changes;
+    if (!stage_renumbering(changes, start + count - 1, -count)) return false;
+    for (int frame = store.frame_count - count; frame < store.frame_count; ++frame)
+        changes.remove(frame_file(frame));
+    return changes.commit();
 }
 
-bool add_blank(int frame)
+void insert_into_tables(int start, int count, int blank)
 {
-    const Bitmap blank(default_frame_w, default_frame_h, opaque_black);
-    if (!write_tga(frame_file(frame), blank)) {
-        run_state.workspace_damaged = 1;
-        report_unwritten(frame_file(frame), TIP_FRAME_NOT_WRITTEN);
-        return false;
+    for (int frame = store.frame_count - 1; frame > start; --frame)
+        renumber_tables(frame, frame + count);
+    for (int frame = start + 1; frame <= start + count; ++frame) {
+        if (blank == INSERT_CLONES) copy_view(start, frame);
+        if (blank == INSERT_CLONES)
+            draw_nail(frame);
+        else
+            clear_nail(frame);
     }
-    clear_nail(frame);
-    return true;
+    copy_view(start, start + 1);
 }
 
-/// Makes the new frames; returns how many of them could be written.
-int fill_gap(int start, int count, int blank)
+void delete_from_tables(int start, int count)
 {
-    for (int added = 0; added < count; ++added) {
-        const int frame = start + 1 + added;
-        if (!(blank == INSERT_CLONES ? add_clone(frame, start) : add_blank(frame))) return added;
+    for (int frame = start; frame < start + count; ++frame) {
+        const auto slot = static_cast<std::size_t>(frame);
+        view.frame_pan_x[slot] = view.frame_pan_y[slot] = 0;
+        view.frame_zoom[slot] = 1;
+        drop_cached_frame(frame);
     }
-    return count;
+    for (int frame = start + count; frame < store.frame_count; ++frame)
+        renumber_tables(frame, frame - count);
 }
 
-void load_after_delete(int start, int count)
+/// The number of the frame that is shown once `count` frames from `start` on have gone.
+int shown_after_delete(int start, int count)
 {
-    if (store.current_frame < store.frame_count)
-        fetch_frame(start, start, 0);
-    else if (count < store.frame_count && start >= count)
-        fetch_frame(start - count, start - count, 0);
-    else
-        fetch_frame(0, 0, 0);
+    const int left = store.frame_count - count;
+    if (store.current_frame < left) return std::min(start, left - 1);
+    return count < left && start >= count ? start - count : 0;
 }
 
 } // namespace
@@ -125,11 +140,10 @@ void insert_frames(int start, int count, int blank)
         log_line("[ ERROR ] : WORKSPACE directory unavailable. Aborting insert operation!");
         return;
     }
-    const int added = open_gap(start, count) ? fill_gap(start, count, blank) : 0;
-    if (added < count) close_gap(start + 1 + added, count - added);
+    if (!insert_files(start, count, blank)) return report_unchanged();
+    insert_into_tables(start, count, blank);
     save_nails();
-    store.frame_count = store.frame_count + added;
-    if (added > 0) copy_view(start, start + 1);
+    store.frame_count = store.frame_count + count;
     animation.anim_count = build_anim_list();
 }
 
@@ -140,7 +154,7 @@ void delete_frames(int start, int count)
         log_line("[ ERROR ] : Starting point OOB in call to delete_frames! start = %d", start);
         return;
     }
-    if (count <= 0 || start + count >= max_frames || start + count > store.frame_count || count >= store.frame_count) {
+    if (count <= 0 || start + count > store.frame_count || count >= store.frame_count) {
         log_line("[ ERROR ] : Frame count OOB in call to delete_frames! num_frames = %d", count);
         return;
     }
@@ -149,16 +163,14 @@ void delete_frames(int start, int count)
         log_line("[ ERROR ] : WORKSPACE directory unavailable. Aborting delete operation!");
         return;
     }
-    for (int k = start; k < start + count; ++k) {
-        const auto slot = static_cast<std::size_t>(k);
-        if (!platform::remove_file(frame_file(k))) return report_unwritten(frame_file(k), TIP_FRAME_NOT_WRITTEN);
-        view.frame_pan_x[slot] = view.frame_pan_y[slot] = 0;
-        view.frame_zoom[slot] = 1;
-        drop_cached_frame(k);
-    }
-    close_gap(start, count);
+    const int shown = shown_after_delete(start, count);
+    const int shown_before = shown < start ? shown : shown + count;
+    Bitmap merged = read_stored_frame(frame_file(shown_before));
+    if (!merged && frame_out_of_reach(shown_before)) return;
+    if (!delete_files(start, count)) return report_unchanged();
+    delete_from_tables(start, count);
     store.frame_count = store.frame_count - count;
-    load_after_delete(start, count);
+    show_stored_frame(shown, std::move(merged));
     if (store.frame_count < 2) drop_onion_skin();
     animation.anim_count = build_anim_list();
 }

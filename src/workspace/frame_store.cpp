@@ -4,13 +4,16 @@
 #include "base/log.h"
 #include "base/run_state.h"
 #include "draw/undo.h"
+#include "gui/menus.h"
 #include "gui/tooltips.h"
 #include "imagefile/tga.h"
+#include "platform/file_calls.h"
 #include "platform/files.h"
 #include "runtime/browser_state.h"
 #include "runtime/pixels.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
+#include "workspace/change_set.h"
 #include "workspace/folder.h"
 #include "workspace/frame_cache.h"
 #include "workspace/merged.h"
@@ -35,13 +38,6 @@ int mean_lightness(BITMAP* picture)
         }
     }
     return static_cast<int>(sum / (2L * picture->w * picture->h));
-}
-
-Bitmap read_stored_frame(const std::string& name)
-{
-    Bitmap merged = read_tga(name);
-    const bool large_enough = merged.width() >= least_frame_side && merged.height() >= least_frame_side;
-    return large_enough ? std::move(merged) : Bitmap();
 }
 
 bool load_onion(const std::string& name)
@@ -85,10 +81,35 @@ bool commit_frame(int frame)
 
 } // namespace
 
+Bitmap read_stored_frame(const std::string& name)
+{
+    if (!platform::file_exists(name)) log_line("[ ERROR ] : Tried to load non-existent file! Name = %s", name);
+    platform::forget_failure();
+    Bitmap merged = read_tga(name);
+    const bool large_enough = merged.width() >= least_frame_side && merged.height() >= least_frame_side;
+    return large_enough ? std::move(merged) : Bitmap();
+}
+
+bool frame_out_of_reach(int frame)
+{
+    if (platform::last_failure() == 0 || platform::file_size(frame_file(frame)) < 0) return false;
+    log_line("[ ERROR ] : Frame file can't be read: %s. Name = %s", platform::failure_reason(), frame_file(frame));
+    flash_failure(TIP_FRAME_NOT_READ, platform::failure_reason());
+    return true;
+}
+
+void show_stored_frame(int frame, Bitmap merged)
+{
+    if (!adopt_picture(std::move(merged), true)) replace_damaged_frame(frame);
+    store.current_frame = frame;
+    take_view(frame);
+}
+
 bool write_frame(int frame)
 {
     const std::string name = frame_file(frame);
-    if (write_tga(name, store.frame_bitmap.width(), store.frame_bitmap.height(), merged_rows())) return true;
+    if (settle_changes() && write_tga(name, store.frame_bitmap.width(), store.frame_bitmap.height(), merged_rows()))
+        return true;
     run_state.workspace_damaged = 1;
     report_unwritten(name, TIP_FRAME_NOT_WRITTEN);
     return false;
@@ -149,13 +170,17 @@ bool fetch_frame(int old_slot, int new_slot, int mode)
         store.onion_bitmap.reset();
         return load_frame_file(frame_file(new_slot), LOAD_ONION, 0);
     }
+    if (!settle_changes()) {
+        report_unwritten(frame_file(new_slot), TIP_FRAME_NOT_WRITTEN);
+        return false;
+    }
     if (swaps) {
         if (!commit_frame(old_slot)) return false;
         refresh_frame_cache();
     }
-    if (!load_frame_file(frame_file(new_slot), LOAD_STORED, 0)) replace_damaged_frame(new_slot);
-    store.current_frame = new_slot;
-    take_view(new_slot);
+    Bitmap merged = read_stored_frame(frame_file(new_slot));
+    if (!merged && frame_out_of_reach(new_slot)) return false;
+    show_stored_frame(new_slot, std::move(merged));
     return true;
 }
 

@@ -27,8 +27,8 @@ inline PictureReader read_picture = nullptr;
 
 /// Commits `old_slot` and makes `new_slot` the current frame. With equal slots nothing is committed and the edits of
 /// the live frame are gone. A mode that isn't 0 loads `new_slot` as the onion skin and changes nothing else. A frame
-/// that can't be read is replaced by a blank one. Returns false when nothing was fetched: the slot is out of range, or
-/// the old frame could not be written and stays in memory.
+/// that is damaged is replaced by a blank one. Returns false when nothing was fetched: the slot is out of range, the
+/// system wouldn't read the new frame, or the old one could not be written; the old one then stays in memory.
 bool fetch_frame(int old_slot, int new_slot, int mode);
 
 /// Reads a file of the working directory in one of the ways of LoadPurpose. The undo queues, coverage and backdrop
@@ -42,6 +42,16 @@ bool adopt_picture(Bitmap merged, bool becomes_restoration);
 /// Writes the live frame in merged form to `current.NNN` of the working directory. A failure is reported to the user,
 /// sets `workspace_damaged` and returns false; the old file then stands.
 bool write_frame(int frame);
+
+/// The picture of a frame's file of the working directory in merged form; empty when it can't be read.
+Bitmap read_stored_frame(const std::string& name);
+
+/// After a `read_stored_frame` that came out empty: true when the file is there and the system wouldn't read it, which
+/// is told to the user and is no damage. False: what it holds is no frame, or there is none.
+bool frame_out_of_reach(int frame);
+
+/// Makes a picture in merged form, that of the file, the current frame; a blank one where it is empty.
+void show_stored_frame(int frame, Bitmap merged);
 
 /// How many of the names current.000 to current.099 exist in the store's folder.
 int count_workspace_frames();

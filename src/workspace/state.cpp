@@ -19,6 +19,7 @@
 #include "runtime/view.h"
 #include "workspace/alternate.h"
 #include "workspace/blank_workspace.h"
+#include "workspace/change_set.h"
 #include "workspace/custom_tip.h"
 #include "workspace/folder.h"
 #include "workspace/frame_cache.h"
@@ -106,7 +107,16 @@ void load_current_frame()
 {
     store.frame_count = std::max(1, close_frame_gaps());
     store.current_frame = std::min<int>(store.current_frame, store.frame_count - 1);
-    if (!load_frame_file(frame_file(store.current_frame), LOAD_STORED, 0)) replace_damaged_frame(store.current_frame);
+    Bitmap merged = read_stored_frame(frame_file(store.current_frame));
+    // One that the system won't read stays as it is, and another frame takes its place on the screen.
+    if (!merged && frame_out_of_reach(store.current_frame)) {
+        run_state.workspace_damaged = 1;
+        for (int frame = 0; !merged && frame < store.frame_count; ++frame) {
+            merged = read_stored_frame(frame_file(frame));
+            if (merged) store.current_frame = frame;
+        }
+    }
+    if (!adopt_picture(std::move(merged), true)) replace_damaged_frame(store.current_frame);
 }
 
 } // namespace
@@ -161,6 +171,7 @@ void refresh_derived_state()
 
 int read_workspace_state(const std::string& file_name)
 {
+    finish_changes();
     bool alternate = platform::file_exists(set_file("spa", file_set::alternate));
     while (read_tag_file(file_name, set_file("spa", file_set::damaged), state_tags()) == TagFile::MISSING) {
         set_missing_state();

@@ -2,6 +2,7 @@
 
 #include "base/reader.h"
 #include "gui/slots.h"
+#include "gui/tooltips.h"
 #include "workspace_fixture.h"
 #include <map>
 
@@ -143,21 +144,19 @@ TEST_F(ArchiveTest, RefusesEveryDamageBeforeAnythingIsTouched)
     EXPECT_EQ(gui.active[0], 0);
 }
 
-TEST_F(ArchiveTest, FailedExtractionLeavesEveryFrameWhole)
+TEST_F(ArchiveTest, FailedExtractionChangesNothing)
 {
     pack(3);
     for (int i = 0; i < 3; ++i)
         put_frame(i, opaque | 0x77);
-    std::filesystem::create_directory(in_store(".current.001.kelu-new")); // the second frame can't be written
-    EXPECT_EQ(load_workspace_archive("w.wsp", show_bar), 0);
+    const auto files = store_files();
+    std::filesystem::create_directory(in_store(".next.001.kelu-new")); // the second frame can't be written
+    EXPECT_EQ(load_workspace_archive("w.wsp", show_bar), -1);
     EXPECT_TRUE(logged("[ ERROR ] : Workspace component is missing or corrupt! Aborting load!"));
-    EXPECT_EQ(stored_pixel(0), frame_color(0));
-    EXPECT_EQ(stored_pixel(1), opaque | 0x77);
-    EXPECT_EQ(stored_pixel(2), opaque | 0x77);
-    const Bitmap backup = read_tga(in_store("backup.000").string());
-    ASSERT_TRUE(backup);
-    EXPECT_EQ(row(backup, 0)[0], opaque | 0x77);
+    std::filesystem::remove(in_store(".next.001.kelu-new"));
+    EXPECT_TRUE(store_files() == files);
     EXPECT_EQ(store.frame_count, 3);
+    EXPECT_EQ(menus.reasoned_message, TIP_LOAD_FAILED);
     EXPECT_EQ(bar.back(), 100);
 }
 
@@ -173,23 +172,29 @@ TEST_F(ArchiveTest, FailedSaveLeavesTheOldArchive)
     EXPECT_TRUE(logged("[ ERROR ] : Couldn't write file! Name = missing/w.wsp"));
 }
 
-TEST_F(ArchiveTest, ZeroLengthBlockMakesAnEmptyFile)
+TEST_F(ArchiveTest, RefusesBlocksThatHoldNoPicture)
 {
-    Bytes archive;
-    ByteWriter out(archive);
-    out.text("kWSP");
-    out.byte(0);
-    out.byte(0);
-    out.big32(1);
-    for (int block = 0; block < 5; ++block)
-        out.big32(0);
-    put_archive("empty.wsp", archive);
-    make_frames(1);
-    EXPECT_EQ(load_workspace_archive("empty.wsp", show_bar), 0);
-    EXPECT_TRUE(exists("current.spa"));
-    EXPECT_EQ(bytes("current.spa"), "");
-    EXPECT_EQ(bytes("damaged.000"), ""); // put aside, and a blank frame in its place
-    EXPECT_EQ(stored_pixel(0), opaque);
+    pack(2);
+    const auto files = store_files();
+    const std::string names[] = {"current.000", "current.001", "current.cel",
+                                 "current.nal", "current.tip", "current.spa"};
+    for (const std::string& wrong : names) {
+        for (const bool empty : {false, true}) {
+            if (!empty && wrong == "current.spa") continue; // a state may hold what a later program knows
+            Bytes archive;
+            ByteWriter out(archive);
+            out.text("kWSP");
+            out.byte(0);
+            out.byte(0);
+            out.big32(2);
+            for (const std::string& name : names)
+                put_block(out, name != wrong ? bytes(name) : std::string(empty ? 0 : bytes(name).size(), 'j'));
+            put_archive("junk.wsp", archive);
+            EXPECT_EQ(load_workspace_archive("junk.wsp", show_bar), -1) << wrong;
+        }
+    }
+    EXPECT_TRUE(store_files() == files);
+    EXPECT_EQ(store.workspace_title, "PACKED");
 }
 
 } // namespace kelu

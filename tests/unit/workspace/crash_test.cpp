@@ -1,5 +1,6 @@
 // The program killed while it writes: whatever the moment, the next start finds every frame whole and a state that
 // reads. A child process does the work and is killed at a random time; the parent starts on what it left.
+#include "support/failing_calls.h"
 #include "workspace_fixture.h"
 #include <csignal>
 #include <random>
@@ -54,7 +55,7 @@ void work(unsigned step)
 
 class CrashTest : public WorkspaceTest {
 protected:
-    CrashTest() {}
+    CrashTest() : no_flush_(Fault::NONE, 0) {}
 
     /// Lets a child work until it is killed after some microseconds.
     static void work_and_die(unsigned seed, useconds_t after)
@@ -78,6 +79,9 @@ protected:
         const platform::DirectoryVisit visit("WORKSPACE");
         ASSERT_EQ(read_workspace_state("current.spa"), 1);
     }
+
+private:
+    FailingCalls no_flush_; ///< a process that is killed needs no flush to disk
 };
 
 } // namespace

@@ -140,7 +140,7 @@ TEST_F(FrameOrderTest, LastFreeNumberCanBeFilled)
 TEST_F(FrameOrderTest, FailedInsertPutsTheFramesBack)
 {
     make_frames(3);
-    std::filesystem::create_directory(in_store(".current.001.kelu-new")); // no way to write the new frame beside
+    std::filesystem::create_directory(in_store(".next.001.kelu-new")); // no way to write the new frame beside
     insert_frames(0, 1, INSERT_BLANKS);
     EXPECT_EQ(store.frame_count, 3);
     EXPECT_EQ(order(), (Order{0, 1, 2}));
