@@ -117,8 +117,7 @@ void write_keys(std::ostream& out)
     out << "| Action | Keys | On a spare mouse button |\n|---|---|---|\n";
     set_default_hotkeys();
     for (int action = 0; action < ACTION_LIST_END; ++action) {
-        out << "| " << ui_strings[first_action_name + action] << " | "
-            << keys_of(hotkeys.hotkey_table[static_cast<std::size_t>(action)]) << " | "
+        out << "| " << ui_strings[first_action_name + action] << " | " << keys_of(hotkeys.hotkey_table[action]) << " | "
             << (mouse_function_of(action) >= 0 ? "yes" : "") << " |\n";
     }
 }

@@ -62,7 +62,7 @@ void set_palette()
 {
     for (int i = 0; i < ramp_cells; ++i) {
         const int level = i * 255 / (ramp_cells - 1);
-        toolbox.extended_favorites[static_cast<std::size_t>(i)] = pack_rgb(level, level, level);
+        toolbox.extended_favorites[i] = pack_rgb(level, level, level);
     }
     for (int ramp = 0; ramp < hues; ++ramp)
         fill_ramp(static_cast<std::size_t>((ramp + 1) * ramp_cells), ramp * 255.0 / hues);

@@ -17,7 +17,7 @@ struct Nodes {
 
 Nodes nodes_of(InkId ink)
 {
-    const auto& cells = toolbox.ink_table[static_cast<std::size_t>(ink)];
+    const auto& cells = toolbox.ink_table[ink];
     return {cells[GRADIENT_START_X], cells[GRADIENT_START_Y], cells[GRADIENT_END_X], cells[GRADIENT_END_Y]};
 }
 

@@ -20,10 +20,7 @@ constexpr NodeColumns node_columns[] = {
     {INK_V_GRAD, -1, GRADIENT_START, -1, GRADIENT_END},
 };
 
-Shared<int>& option(int ink, int column)
-{
-    return toolbox.ink_table[static_cast<std::size_t>(ink)][static_cast<std::size_t>(column)];
-}
+Shared<int>& option(int ink, int column) { return toolbox.ink_table[ink][column]; }
 
 } // namespace
 

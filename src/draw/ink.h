@@ -17,8 +17,7 @@ namespace kelu {
 /// Cell of an ink's options, brought into low to high: the tables come from files.
 inline int ink_option(InkId ink, int column, int low, int high)
 {
-    return std::clamp<int>(toolbox.ink_table[static_cast<std::size_t>(ink)][static_cast<std::size_t>(column)], low,
-                           high);
+    return std::clamp<int>(toolbox.ink_table[ink][column], low, high);
 }
 /// Value of an option of an ink, clamped to the option's range.
 inline int ink_option(InkId ink, const DrawOption& option)

@@ -3,6 +3,7 @@
 // The class stands in the file of its family, with the instantiation of its loops.
 #pragma once
 
+#include "base/table.h"
 #include "draw/draw_options.h"
 #include "draw/tips.h"
 #include "gui/choice_names.h"
@@ -100,7 +101,7 @@ constexpr InkRow ink_row(int id, std::span<const DrawOption> options)
 }
 
 /// The rows, by InkId.
-inline constexpr std::array<InkRow, INK_COUNT> inks{
+inline constexpr Table<InkRow, INK_COUNT> inks{
     ink_row<Add>(INK_ADD, option_lists::strength<128>),
     ink_row<Bright>(INK_BRIGHT, option_lists::strength<64>),
     ink_row<Close>(INK_CLOSE, option_lists::strength<5>),

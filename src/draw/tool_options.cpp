@@ -5,17 +5,17 @@ namespace kelu {
 
 int tool_option(int tool, const DrawOption& option)
 {
-    const auto& row = toolbox.tool_table[static_cast<std::size_t>(tool)];
-    return option.clamped(row[static_cast<std::size_t>(option.column)]);
+    const auto& row = toolbox.tool_table[tool];
+    return option.clamped(row[option.column]);
 }
 
 bool tool_filled(int tool) { return tool_option(tool, options::filled) != 0; }
 
 void set_initial_options(OptionTable& table, const DrawChoice& choice)
 {
-    auto& row = table[static_cast<std::size_t>(choice.id)];
+    auto& row = table[choice.id];
     for (const DrawOption& option : choice.options)
-        if (option.widget != OptionWidget::BUTTON) row[static_cast<std::size_t>(option.column)] = option.initial;
+        if (option.widget != OptionWidget::BUTTON) row[option.column] = option.initial;
 }
 
 } // namespace kelu

@@ -142,7 +142,7 @@ Origin fitted_origin(int x, int y, int w, int h)
 Origin window_origin(const MenuLayout& screen)
 {
     if (screen.row >= 0 && screen.row < WINDOW_ROWS) {
-        const WindowPos stored = menus.window_pos[static_cast<std::size_t>(screen.row)];
+        const WindowPos stored = menus.window_pos[screen.row];
         if (stored.x != -1 || stored.y != -1) return {stored.x, stored.y};
     }
     return fitted_origin(screen.x, screen.y, screen.w, screen.h);

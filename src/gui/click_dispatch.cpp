@@ -65,7 +65,7 @@ bool flip_option(int slot, OptionTable& table, std::string_view owner, std::stri
         return false;
     }
     flip_kind(slot);
-    Shared<int>& value = table[static_cast<std::size_t>(row)][static_cast<std::size_t>(option)];
+    Shared<int>& value = table[row][option];
     value = value > 0 ? 0 : 1;
     return true;
 }

@@ -198,7 +198,7 @@ void gui_set_key_focus(int slot, bool to_end)
     if (!gui_check_slot(slot, "GUI_set_key_focus")) return;
     gui_logic.gui_key_focus = slot;
     const int font = std::clamp(int(gui.field_font[slot]), 0, FONT_SLOT_COUNT - 1);
-    const Font& shown = font_table[static_cast<std::size_t>(font)];
+    const Font& shown = font_table[font];
     if (shown.cell_w < 1 || shown.advance['A'] < 1) {
         log_line("[ ERROR ] : Width of text field font is less than one!");
         log_line("[ STATS ] : Font slot = %d", font);

@@ -16,7 +16,7 @@ void draw_caret(int slot, int colour)
 {
     if (gui_logic.gui_key_focus != slot || clock_state.caret_phase >= caret_shows_below) return;
     const int font_slot = std::clamp(int(gui.field_font[slot]), 0, FONT_SLOT_COUNT - 1);
-    const Font& font = font_table[static_cast<std::size_t>(font_slot)];
+    const Font& font = font_table[font_slot];
     const int x = gui.x[slot] + 2 + (gui.field_caret[slot] - gui.field_scroll[slot]) * font.advance['A'];
     fill_area(x, gui.y[slot] + 1, x, gui.y[slot] + 2 + font.cell_h, colour);
 }

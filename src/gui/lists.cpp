@@ -45,7 +45,7 @@ void draw_list_rows(int slot, bool centred)
     const int font = std::clamp(int(gui.row_font[slot]), 0, FONT_SLOT_COUNT - 1);
     const int pitch = gui.row_height[slot];
     const int width = gui.row_width[slot] ? gui.row_width[slot] : gui.w[slot];
-    const int inset = gui.row_text_y[slot] + (pitch - font_table[static_cast<std::size_t>(font)].cell_h) / 2;
+    const int inset = gui.row_text_y[slot] + (pitch - font_table[font].cell_h) / 2;
     for (int r = 0; r < gui.list_rows[slot]; ++r) {
         const int entry = r + gui.scroll_value[slot];
         if (entry < 0 || entry >= max_list_items) return;

@@ -1,6 +1,7 @@
 // The screen that runs now, where windows stand, and the line that the status bar flashes.
 #pragma once
 
+#include "base/table.h"
 #include "base/words.h"
 #include <array>
 #include <string>
@@ -89,9 +90,9 @@ struct GhostRect {
 /// screen that runs and, at the end of a timed one, by the logic tick.
 /// Writers: loop, tools, screens.
 struct Menus {
-    Shared<int> menu_id = MENU_DRAW;                 ///< the screen that runs
-    std::array<WindowPos, WINDOW_ROWS> window_pos{}; ///< main thread
-    GhostRect ghost_rect{};               ///< frozen picture of a menu, drawn dim behind a pop-up; freeze_menu
+    Shared<int> menu_id = MENU_DRAW;            ///< the screen that runs
+    Table<WindowPos, WINDOW_ROWS> window_pos{}; ///< main thread
+    GhostRect ghost_rect{};                     ///< frozen picture of a menu, drawn dim behind a pop-up; freeze_menu
     Shared<int> status_message = 0;       ///< tooltip row that the status bar shows; 0 none, -1 the readout in any case
     int reasoned_message = 0;             ///< row of `status_message` that has a reason, 0 none; main thread
     std::string status_reason;            ///< that reason, upper case; main thread

@@ -196,7 +196,7 @@ int draw_text(BITMAP* bitmap, int x, int y, const char* string)
         log_line("[ ERROR ] : Tried to write text using an invalid slot. Slot = %d", text_pen.text_slot);
         return 0;
     }
-    const Font& font = font_table[static_cast<std::size_t>(text_pen.text_slot)];
+    const Font& font = font_table[text_pen.text_slot];
     const bool draws = x != text_measure && font.glyph_sheet;
     static Glyph glyph; // kept between calls for its memory
     glyph.w = font.cell_w;

@@ -67,7 +67,7 @@ int palette_index(int colour)
 bool load_font(int slot, std::span<BITMAP* const> pictures)
 {
     if (slot < 0 || slot >= FONT_SLOT_COUNT) return false;
-    Font& font = font_table[static_cast<std::size_t>(slot)];
+    Font& font = font_table[slot];
     int first_cell = 0;
     for (BITMAP* picture : pictures) {
         mask_black(picture);

@@ -60,9 +60,7 @@ int dupe_hotkey_check(int major, int minor)
         log_line("[ ERROR ] : Minor OOB in call to dupe_hotkey_check! Minor = %d", minor);
         return 0;
     }
-    const auto keys_of = [](int action) -> const HotkeyRow& {
-        return hotkeys.hotkey_table[static_cast<std::size_t>(action)];
-    };
+    const auto keys_of = [](int action) -> const HotkeyRow& { return hotkeys.hotkey_table[action]; };
     const int code = minor == 0 ? keys_of(major).primary : keys_of(major).alternate;
     if (code == 0) return 0;
     for (int action = 0; action <= ACTION_LIST_END; ++action) {

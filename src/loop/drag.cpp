@@ -80,7 +80,7 @@ void gui_drag_window(int row, int dx, int dy, int first)
     } while (gui_button_state() == 0);
     while (gui_button_state() != 0)
         run_frame(0);
-    if (row >= 0 && row < WINDOW_ROWS) menus.window_pos[static_cast<std::size_t>(row)] = {gui.x[first], gui.y[first]};
+    if (row >= 0 && row < WINDOW_ROWS) menus.window_pos[row] = {gui.x[first], gui.y[first]};
     gui.frame_state[first] = 0;
     run_state.gui_clicks_enabled = 1;
 }

@@ -63,7 +63,7 @@ void build_favorites(Origin at)
         const int slot = SLOT_FAVORITE_0 + i;
         SlotRow cell = both_clicks(slot, 144 + 11 * (i % 5), 2 + 10 * (i / 5), 10, KIND_COLOR_CELL, TIP_NEW_SLOT_COLOR);
         build_slot(cell, at.x, at.y);
-        gui.colour[slot] = toolbox.favorites[static_cast<std::size_t>(i)];
+        gui.colour[slot] = toolbox.favorites[i];
     }
 }
 

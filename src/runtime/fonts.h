@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/bitmap.h"
-#include <array>
+#include "base/table.h"
 
 namespace kelu {
 
@@ -19,6 +19,6 @@ struct Font {
     int shadow_dx = 0, shadow_dy = 0; ///< offset of the shadow
     std::array<int, 8> ramp{};        ///< palette indices of the bottom row of the font's picture
 };
-inline std::array<Font, FONT_SLOT_COUNT> font_table;
+inline Table<Font, FONT_SLOT_COUNT> font_table;
 
 } // namespace kelu

@@ -71,7 +71,7 @@ bool hotkey_test(int action)
     if (action < 0 || action >= hotkey_rows) return false;
     if (mouse_function_test(action)) return true;
     const int held = modifiers_held();
-    const HotkeyRow& keys = hotkeys.hotkey_table[static_cast<std::size_t>(action)];
+    const HotkeyRow& keys = hotkeys.hotkey_table[action];
     for (const int code : {int(keys.primary), int(keys.alternate)}) {
         if (code <= 0) continue;
         const int scancode = code & ~key_modifiers;

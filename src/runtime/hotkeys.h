@@ -1,6 +1,7 @@
 // Keys and mouse buttons of every action, and the test whether one is being asked for.
 #pragma once
 
+#include "base/table.h"
 #include "base/words.h"
 #include <array>
 
@@ -85,7 +86,7 @@ struct HotkeyRow {
 /// Written by the settings file, the hotkey screen and the mouse button screen.
 /// Writers: screens.
 struct Hotkeys {
-    std::array<HotkeyRow, hotkey_rows> hotkey_table{};
+    Table<HotkeyRow, hotkey_rows> hotkey_table{};
     std::array<Shared<int>, 5> mouse_button_map{0, 1, 2, 3,
                                                 4}; ///< function of the left, right, middle, 4th, 5th button
 };

@@ -1,6 +1,7 @@
 // Macros: sets of tools, inks, tip and grid that one key puts in place.
 #pragma once
 
+#include "base/table.h"
 #include <array>
 
 namespace kelu {
@@ -25,7 +26,7 @@ struct Macro {
 /// Owner: the macro screen. Also written by the settings file.
 /// Writers: screens.
 struct Macros {
-    std::array<Macro, macro_count> macro_table{};
+    Table<Macro, macro_count> macro_table{};
     int macro_current = 0; ///< macro that the screen shows first
 };
 inline Macros macros;

@@ -123,7 +123,7 @@ void set_default_hotkeys()
     for (HotkeyRow& row : hotkeys.hotkey_table)
         row = {};
     for (const ActionRow& row : actions) {
-        HotkeyRow& keys = hotkeys.hotkey_table[static_cast<std::size_t>(row.action)];
+        HotkeyRow& keys = hotkeys.hotkey_table[row.action];
         keys.primary = row.primary;
         keys.alternate = row.alternate;
     }

@@ -110,7 +110,7 @@ void build_column(const ColumnRow& column, int x, int y)
     }
     build_slot({slot, 2, column.height - row_pitch, button_w, KIND_PUSH_DARK, TEXT_BACK, ACT_CLICK, ACT_NONE, TIP_BACK},
                x, y);
-    menus.window_pos[static_cast<std::size_t>(column.window_row)] = {x, y};
+    menus.window_pos[column.window_row] = {x, y};
     menus.menu_id = column.menu_id;
 }
 

@@ -36,13 +36,13 @@ constexpr int rows_in_view = 9; ///< of the list
 
 /// What tells the two menus apart.
 struct ChoiceMenu {
-    int menu_id, action;               ///< its id, and the key that leaves it
-    int title, options, description;   ///< texts of the labels
-    int first_name;                    ///< text of id 0; the others follow it
-    int first_id, last_id;             ///< ids of the list's first and last row
-    int toggle_action;                 ///< of the option buttons
-    std::array<Shared<int>, 6>& slots; ///< ids in the six slots
-    Shared<int>& selected;             ///< slot
+    int menu_id, action;             ///< its id, and the key that leaves it
+    int title, options, description; ///< texts of the labels
+    int first_name;                  ///< text of id 0; the others follow it
+    int first_id, last_id;           ///< ids of the list's first and last row
+    int toggle_action;               ///< of the option buttons
+    Table<Shared<int>, 6>& slots;    ///< ids in the six slots
+    Shared<int>& selected;           ///< slot
     OptionTable& table;
     const DrawChoice* (*row)(int id); ///< null for what is no tool or ink
 };
@@ -78,7 +78,7 @@ const ChoiceMenu ink_choice{
     .row = [](int id) -> const DrawChoice* { return find_ink(id); },
 };
 
-Shared<int>& id_of(const ChoiceMenu& menu, int choice) { return menu.slots[static_cast<std::size_t>(choice)]; }
+Shared<int>& id_of(const ChoiceMenu& menu, int choice) { return menu.slots[choice]; }
 
 /// Shows what a slot holds: its button's text, its description and its options.
 void show_choice(const ChoiceMenu& menu, int choice)

@@ -56,10 +56,7 @@ constexpr MenuLayout layout{.menu_id = MENU_FAVORITES,
 /// Number of the palette's colour that a cell shows.
 int palette_index(int slot) { return slot - SLOT_CELL_0 + cells_per_row * gui.scroll_value[SLOT_PANEL]; }
 
-Shared<int>& palette_entry(int slot)
-{
-    return toolbox.extended_favorites[static_cast<std::size_t>(palette_index(slot))];
-}
+Shared<int>& palette_entry(int slot) { return toolbox.extended_favorites[palette_index(slot)]; }
 
 void show_palette()
 {

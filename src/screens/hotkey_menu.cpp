@@ -60,7 +60,7 @@ KeyPlace place_of(int cell) { return {gui.scroll_value[SLOT_LIST] + cell / 2, ce
 
 Shared<int>& code_at(KeyPlace place)
 {
-    HotkeyRow& row = hotkeys.hotkey_table[static_cast<std::size_t>(place.action)];
+    HotkeyRow& row = hotkeys.hotkey_table[place.action];
     return place.column == 0 ? row.primary : row.alternate;
 }
 

@@ -18,7 +18,7 @@ constexpr int no_selection = -1;
 
 /// The records while they are edited.
 struct Editor {
-    std::array<Macro, macro_count> records;
+    Table<Macro, macro_count> records;
     int shown;
 
     Macro& record() { return records[static_cast<std::size_t>(shown)]; }

@@ -39,7 +39,7 @@ void exec_macro(int slot)
         log_line("[ ERROR ] : Slot value OOB in call to exec_macro. Slot = %d", slot);
         return;
     }
-    const Macro& record = macros.macro_table[static_cast<std::size_t>(slot)];
+    const Macro& record = macros.macro_table[slot];
     for (std::size_t i = 0; i < record.tools.size(); ++i) {
         if (record.tools[i] != 0) toolbox.tool_slots[i] = record.tools[i];
         if (record.inks[i] != 0) toolbox.ink_slots[i] = record.inks[i] - 1;

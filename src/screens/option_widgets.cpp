@@ -37,7 +37,7 @@ void build_option_widgets(const DrawChoice& choice, OptionTable& table, int togg
         gui_reset_slot(slot);
     int slot = first_option_slot;
     for (const DrawOption& option : choice.options) {
-        Shared<int>& cell = table[static_cast<std::size_t>(choice.id)][static_cast<std::size_t>(option.column)];
+        Shared<int>& cell = table[choice.id][option.column];
         if (option.widget == OptionWidget::SLIDER) {
             build_slider(option, cell, slot, x, y);
             slot += 2;

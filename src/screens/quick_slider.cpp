@@ -71,7 +71,7 @@ void apply_key(const DrawChoice& choice, OptionTable& table, int action)
 {
     const DrawOption* option = option_of_key(choice.options);
     if (!option) return;
-    Shared<int>& cell = table[static_cast<std::size_t>(choice.id)][static_cast<std::size_t>(option->column)];
+    Shared<int>& cell = table[choice.id][option->column];
     const OptionKey& key = option->key;
     if (key.effect == OptionKey::PLACE_GRADIENT) reposition_gradient(choice.id);
     if (key.effect == OptionKey::FLIP) flip(cell, key.message_off, key.message_on);
@@ -84,7 +84,7 @@ void brush_option_hotkey()
 {
     const int tool = current_tool();
     if (!choice_valid(toolbox.tool_slot, tool)) return;
-    apply_key(tools[static_cast<std::size_t>(tool)], toolbox.tool_table, ACTION_BRUSH_OPTION);
+    apply_key(tools[tool], toolbox.tool_table, ACTION_BRUSH_OPTION);
 }
 
 void ink_option_hotkey()

@@ -25,7 +25,7 @@ void draw_to_frame(int x, int y, int brush, int ink, int style)
     clear_to_color(store.coverage_bitmap, 0);
     if (brush >= TOOL_COUNT) return;
     const OperationScope scope(show_waiting_frame);
-    const StrokeRender render = tools[static_cast<std::size_t>(brush)].render;
+    const StrokeRender render = tools[brush].render;
     if (render) render({x, y, brush, ink, style, pointer_x, pointer_y});
 }
 

@@ -62,7 +62,7 @@ constexpr ToolRow tool_row(int id, std::span<const DrawOption> options, int (*ga
 
 using namespace option_lists;
 
-constexpr std::array<ToolRow, TOOL_COUNT> rows{
+constexpr Table<ToolRow, TOOL_COUNT> rows{
     tool_row(TOOL_NONE, none, nullptr),
     tool_row(TOOL_BOX, shape, gather_two_points, render_box),
     tool_row(TOOL_CIRCLE, shape, gather_two_points, render_circle),
@@ -95,12 +95,9 @@ constexpr ShapeSettings initial_shapes{
 
 } // namespace
 
-const std::array<ToolRow, TOOL_COUNT> tools = rows;
+const Table<ToolRow, TOOL_COUNT> tools = rows;
 
-const ToolRow* find_tool(int tool)
-{
-    return tool >= 0 && tool < TOOL_COUNT ? &tools[static_cast<std::size_t>(tool)] : nullptr;
-}
+const ToolRow* find_tool(int tool) { return tool >= 0 && tool < TOOL_COUNT ? &tools[tool] : nullptr; }
 
 int tool_dispatch()
 {

@@ -15,7 +15,7 @@ struct ToolRow : DrawChoice {
 };
 
 /// Rows by tool id, 0 to TOOL_COUNT - 1.
-extern const std::array<ToolRow, TOOL_COUNT> tools;
+extern const Table<ToolRow, TOOL_COUNT> tools;
 /// The row of a tool, or null for a number that is no tool.
 const ToolRow* find_tool(int tool);
 
