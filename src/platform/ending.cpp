@@ -12,7 +12,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr int ending_signals[] = {SIGTERM, SIGINT, SIGHUP};
+constexpr int ending_signals[] = {SIGTERM, SIGINT, SIGHUP, SIGQUIT};
 constexpr std::chrono::seconds patience{2};
 
 /// Written by the signal handler and by Allegro's event thread; read by the main thread.

@@ -7,7 +7,7 @@
 
 namespace kelu::platform {
 
-/// From here on the signals TERM, INT and HUP ask the program to end.
+/// From here on the signals TERM, INT, HUP and QUIT ask the program to end.
 void end_on_signals();
 /// Back to the system's own way: they kill the program.
 void release_signals();

@@ -17,7 +17,9 @@
 #include "loop/home_strip.h"
 #include "platform/clipboard.h"
 #include "platform/ending.h"
+#include "platform/file_calls.h"
 #include "platform/files.h"
+#include "platform/folder_lock.h"
 #include "platform/host.h"
 #include "runtime/actors.h"
 #include "runtime/clock.h"
@@ -41,12 +43,15 @@
 #include "workspace/resources.h"
 #include "workspace/settings.h"
 #include "workspace/state.h"
+#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 
 namespace kelu {
 namespace {
 
+constexpr int exit_in_use = 2;    ///< another program has the folder
+constexpr int exit_unwritten = 1; ///< some of the work could not be written
 constexpr const char* state_file = "current.spa";
 constexpr int preview_w = 117;
 constexpr int preview_h = 79;
@@ -60,6 +65,16 @@ void test_folder()
     if (platform::file_writable("config.def")) return;
     platform::host->start();
     fatal_stop(fatal_text::permissions);
+}
+
+/// Two programs in one folder would write over each other's work.
+void take_folder()
+{
+    if (platform::lock_folder()) return;
+    platform::host->start();
+    static std::string text; // stays while the process ends
+    text = "The program already runs in this folder: \n \n" + platform::working_directory();
+    fatal_stop(text.c_str(), exit_in_use);
 }
 
 void start_log()
@@ -156,6 +171,7 @@ void prepare()
 {
     run_state.timers_locked = 1;
     test_folder();
+    take_folder();
     start_log();
     run_state.program_dir = platform::working_directory();
     run_state.current_dir = run_state.program_dir;
@@ -178,12 +194,15 @@ void prepare()
     restore_workspace();
 }
 
-/// For a system that goes down while a menu is open: the program ends from inside it.
-[[noreturn]] void end_program_at_once()
+/// The way to say so when the window goes.
+void tell_unwritten(const char* what)
 {
-    shutdown_program();
-    std::exit(EXIT_SUCCESS);
+    std::fprintf(stderr, "%s couldn't be saved in %s: %s\n", what, run_state.program_dir.c_str(),
+                 platform::failure_reason());
 }
+
+/// For a system that goes down while a menu is open: the program ends from inside it.
+[[noreturn]] void end_program_at_once() { std::exit(shutdown_program()); }
 
 void enter_running()
 {
@@ -214,11 +233,10 @@ int run_program()
     prepare();
     enter_running();
     program.home_loop();
-    shutdown_program();
-    return 0;
+    return shutdown_program();
 }
 
-void shutdown_program()
+int shutdown_program()
 {
     log_line("[ END ] : User has opted to exit the program.");
     log_line("[ END ] : Switching off handlers and locking processes.");
@@ -227,9 +245,13 @@ void shutdown_program()
     run_state.gui_active = 0;
     log_line("[ END ] : Writing workspace to file.");
     end_frame_loan();
-    write_workspace_state(state_file, false);
+    bool written = write_workspace_state(state_file, false);
+    if (!written) tell_unwritten("The workspace");
     log_line("[ END ] : Writing user settings to file.");
-    write_user_settings();
+    if (!write_user_settings()) {
+        tell_unwritten("The user settings");
+        written = false;
+    }
     log_line("[ END ] : Closing font renderer hooks.");
     font_system_exit();
     log_line("[ END ] : Closing log.");
@@ -237,6 +259,8 @@ void shutdown_program()
     remove_interrupts();
     platform::clipboard_close();
     platform::host->stop();
+    platform::unlock_folder();
+    return written ? EXIT_SUCCESS : exit_unwritten;
 }
 
 } // namespace kelu

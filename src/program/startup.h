@@ -26,7 +26,8 @@ void install_interrupts();
 /// Removes them, so that nothing ticks while Allegro goes.
 void remove_interrupts();
 
-/// Writes the workspace and the user's settings, and closes what start-up opened.
-void shutdown_program();
+/// Writes the workspace and the user's settings, and closes what start-up opened. Returns the exit code: not 0, and a
+/// line on stderr, when something could not be written.
+int shutdown_program();
 
 } // namespace kelu

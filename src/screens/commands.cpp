@@ -41,8 +41,8 @@ void add_frame(int blank, int message)
     const int count = store.frame_count;
     insert_frames(store.current_frame, 1, blank);
     if (store.frame_count == count) return;
-    write_workspace_state(state_file, true);
-    flash_status_message(message, message_ticks);
+    // The message of a failure stands.
+    if (write_workspace_state(state_file, true)) flash_status_message(message, message_ticks);
 }
 
 void pick_color(Shared<int>& target) { target = grab_screen_color(); }

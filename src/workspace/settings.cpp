@@ -125,12 +125,13 @@ void read_user_settings()
     set_missing_settings();
 }
 
-void write_user_settings()
+bool write_user_settings()
 {
     platform::change_directory(run_state.program_dir);
     const platform::DirectoryVisit visit(settings_folder);
-    if (!visit.entered() || !write_tag_file(settings_file, rows))
-        report_unwritten(settings_file, TIP_SETTINGS_NOT_WRITTEN);
+    if (visit.entered() && write_tag_file(settings_file, rows)) return true;
+    report_unwritten(settings_file, TIP_SETTINGS_NOT_WRITTEN);
+    return false;
 }
 
 } // namespace kelu

@@ -20,6 +20,6 @@ std::span<const TagRow> settings_tags();
 void read_user_settings();
 
 /// Writes the settings. The process ends up in the program's folder. A failure is reported by log and status line.
-void write_user_settings();
+bool write_user_settings();
 
 } // namespace kelu

@@ -45,18 +45,20 @@ void check_name(const std::string& file_name)
     fatal_stop(line);
 }
 
-void write_container(const char* ending, bool written)
+bool write_container(const char* ending, bool written)
 {
     if (!written) report_unwritten(set_file(ending), TIP_WORKSPACE_NOT_WRITTEN);
+    return written;
 }
 
-void write_pictures()
+/// Tries all of them, whichever fails.
+bool write_pictures()
 {
-    write_frame(store.current_frame);
-    write_container("cel", write_bmp(set_file("cel"), store.cel_source_bitmap));
-    write_container("tip", save_custom_tip());
+    bool good = write_container("cel", write_bmp(set_file("cel"), store.cel_source_bitmap));
+    good = write_container("tip", save_custom_tip()) && good;
     update_frame_nail(0);
-    write_container("nal", write_bmp(set_file("nal"), store.nail_sheet));
+    good = write_container("nal", write_bmp(set_file("nal"), store.nail_sheet)) && good;
+    return write_frame(store.current_frame) && good;
 }
 
 bool load_cel()
@@ -121,13 +123,14 @@ void load_current_frame()
 
 } // namespace
 
-void write_workspace_state(const std::string& file_name, bool spa_only)
+bool write_workspace_state(const std::string& file_name, bool spa_only)
 {
     check_name(file_name);
     const auto frame = static_cast<std::size_t>(int(store.current_frame));
     view.frame_pan_x[frame] = view.pan_x;
     view.frame_pan_y[frame] = view.pan_y;
     view.frame_zoom[frame] = view.zoom;
+    bool written = false;
     const std::string browser_dir = browser_state.browser_dir;
     browser_state.browser_dir = platform::upper_case(platform::working_directory()).substr(0, longest_directory);
     {
@@ -139,10 +142,14 @@ void write_workspace_state(const std::string& file_name, bool spa_only)
             log_line("[ ERROR ] : WORKSPACE directory unavailable. Writing workspace to current location");
             log_line("[ STATS ] : Current location is: %s", platform::working_directory());
         }
-        if (!write_tag_file(file_name, state_tags())) report_unwritten(file_name, TIP_WORKSPACE_NOT_WRITTEN);
-        if (!spa_only) write_pictures();
+        written = spa_only || write_pictures();
+        if (!write_tag_file(file_name, state_tags())) {
+            report_unwritten(file_name, TIP_WORKSPACE_NOT_WRITTEN);
+            written = false;
+        }
     }
     browser_state.browser_dir = browser_dir;
+    return written;
 }
 
 void load_containers()
