@@ -76,6 +76,13 @@ void build_draw_menu()
     build_choices(at, SLOT_INK_0, 199, first_ink_name, toolbox.ink_slots, toolbox.ink_slot, TIP_INK_SLOT);
     build_favorites(at);
     gui.params[SLOT_SPECTRUM][0] = menu_scheme.scheme_border;
+    if (home_strip.hidden_by_user != 0) menu_hide(0);
+}
+
+void flip_draw_menu()
+{
+    menu_toggle_hidden(0);
+    home_strip.hidden_by_user = gui.hidden[0] != 0 ? 1 : 0;
 }
 
 } // namespace kelu

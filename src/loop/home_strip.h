@@ -24,7 +24,17 @@ enum HomeSlot : int {
     SLOT_FAVORITE_9 = SLOT_FAVORITE_0 + 9
 };
 
-/// Writes the strip's slots at its stored place. Called whenever a screen comes back to it.
+/// Owner: this file; a macro brings the strip back.
+/// Writers: screens.
+struct HomeStrip {
+    int hidden_by_user = 0; ///< 1: the strip comes back hidden, as the user has left it
+};
+inline HomeStrip home_strip;
+
+/// Writes the strip's slots at its stored place. Called whenever a screen comes back to it; a strip that the user had
+/// hidden is hidden again.
 void build_draw_menu();
+/// Hides the strip, or brings it back, for the user.
+void flip_draw_menu();
 
 } // namespace kelu

@@ -10,6 +10,7 @@
 #include "gui/scheme.h"
 #include "gui/slots.h"
 #include "loop/actions.h"
+#include "loop/home_strip.h"
 #include "loop/inspector.h"
 #include "runtime/actors.h"
 #include "runtime/animation.h"
@@ -56,6 +57,7 @@ void FW_initialize_variables()
     measure = {};
     inspector = {};
     action_state = {};
+    home_strip = {};
     clock_state = {};
     pointer = {};
     preferences = {};

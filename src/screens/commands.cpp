@@ -124,7 +124,7 @@ void ask_exit()
     if (ask(TEXT_EXIT_KELU, TEXT_CHANGES_PERSIST) != 0) run_state.exit_requested = 1;
 }
 
-void flip_menu() { menu_toggle_hidden(0); }
+void flip_menu() { flip_draw_menu(); }
 
 void pick_brush_color() { pick_color(toolbox.brush_color); }
 

@@ -49,6 +49,7 @@ void exec_macro(int slot)
     if (record.brush_tip != -1) set_brush_tip(record.brush_tip);
     apply_grid(record);
     gui_clear_window();
+    home_strip = {}; // what the macro has chosen shows
     build_draw_menu();
 }
 

@@ -12,6 +12,7 @@
 #include "tools/shape_panel.h"
 #include "tools/spiral_tool.h"
 #include "tools/supershape_tool.h"
+#include "tools/text_tool.h"
 
 namespace kelu {
 
@@ -66,6 +67,22 @@ TEST_F(ShapePanels, PolygonCancelsHidesAndDrags)
     EXPECT_TRUE(painted().empty());
     EXPECT_EQ(shape_settings.rpoly_settings.sides, 4);
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
+}
+
+TEST_F(ShapePanels, AStripThatTheUserHidStaysHiddenBehindAPanel)
+{
+    for (const int tool : {TOOL_RPOLY, TOOL_SPIRAL, TOOL_TEXT}) {
+        use(tool);
+        session.click_at(300, 20, RIGHT_BUTTON);
+        EXPECT_EQ(gui.hidden[0], 1);
+        session.click_at(150, 90);
+        EXPECT_NE(menus.menu_id, MENU_DRAW) << tool;
+        session.click(tool == TOOL_TEXT ? int(TEXT_SLOT_CANCEL) : int(PANEL_CANCEL));
+        EXPECT_EQ(menus.menu_id, MENU_DRAW) << tool;
+        EXPECT_EQ(gui.hidden[0], 1) << tool;
+        session.click_at(300, 20, RIGHT_BUTTON);
+        EXPECT_EQ(gui.hidden[0], 0) << tool;
+    }
 }
 
 TEST_F(ShapePanels, ADragOffASliderIsNoClickOnTheCanvas)
