@@ -3,6 +3,7 @@
 #include "draw/ink_rows.h"
 #include "draw/operation.h"
 #include "loop/frame.h"
+#include "loop/home_strip.h"
 #include "platform/scaler.h"
 #include "runtime/frame_flags.h"
 #include "runtime/input.h"
