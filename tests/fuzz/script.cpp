@@ -40,7 +40,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     using namespace kelu;
     run_state.timers_locked = 0;
-    register_framework_jobs();
+    register_framework_jobs([] {});
     std::vector<uint8_t> compiled{SCRIPT_RECORD, 0, script_id};
     compiled.insert(compiled.end(), data, data + size);
     run(compiled);
