@@ -24,6 +24,7 @@ void begin_operation()
             row(store.frame_bitmap, y)[x] = pack_rgb(x * y >> 6 & 255, x >> 2, y >> 2);
     }
     store.cel_source_bitmap = Bitmap(50, 40, 0x80a0c0);
+    reset_undo_slots();
     push_undo(false);
     toolbox.brush_color = 0x40c0f0;
     set_initial_ink_options();

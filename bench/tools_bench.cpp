@@ -43,6 +43,7 @@ void flood(benchmark::State& state, void (*paint)(BITMAP*), int x, int y)
     store.frame_bitmap = Bitmap(side, side);
     store.coverage_bitmap = Bitmap(side, side);
     paint(store.frame_bitmap);
+    reset_undo_slots();
     push_undo(false);
     toolbox.brush_color = 0x40c0f0;
     for (auto _ : state) {

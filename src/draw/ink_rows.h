@@ -84,6 +84,7 @@ extern template struct InkLoops<struct Xor>;
 
 /// One ink: what the menus show, and its loops.
 struct InkRow : DrawChoice {
+    int reach; ///< how far from the pixel under the brush it writes, in pixels
     void (*pixel)(int x, int y, int color, int tip_value);
     void (*stamp)(int x, int y, int color, const TipCell& tip);
     void (*span)(int left, int right, int y, int color);
@@ -91,9 +92,10 @@ struct InkRow : DrawChoice {
 };
 
 template <class Ink>
-constexpr InkRow ink_row(int id, std::span<const DrawOption> options)
+constexpr InkRow ink_row(int id, std::span<const DrawOption> options, int reach = 0)
 {
     return {{id, first_ink_name + id, ink_description_row + id, options},
+            reach,
             &InkLoops<Ink>::pixel,
             &InkLoops<Ink>::stamp,
             &InkLoops<Ink>::span,
@@ -108,7 +110,7 @@ inline constexpr Table<InkRow, INK_COUNT> inks{
     ink_row<Dark>(INK_DARK, option_lists::strength<64>),
     ink_row<Emboss>(INK_EMBOSS, option_lists::strength<128>),
     ink_row<Glass>(INK_GLASS, option_lists::strength<128>),
-    ink_row<Glow>(INK_GLOW, option_lists::glow),
+    ink_row<Glow>(INK_GLOW, option_lists::glow, options::glow_radius.highest()),
     ink_row<Grain>(INK_GRAIN, option_lists::grain),
     ink_row<Gray>(INK_GRAY, option_lists::strength<255>),
     ink_row<HGrad>(INK_H_GRAD, option_lists::gradient),

@@ -1,4 +1,4 @@
-// The calls through which tools, cels and text put ink on the frame.
+// The calls through which tools, cels and text put ink on the frame. Each reports what it touches.
 #pragma once
 
 #include "draw/ink_rows.h"

@@ -87,12 +87,10 @@ void draw_placed_text(BITMAP* overlay, Point origin)
 
 void ink_placed_text()
 {
-    push_undo(false);
-    clear_to_color(store.coverage_bitmap, 0);
-    const InkRow* ink = find_ink(current_ink());
-    if (!ink) return;
+    const UndoableOperation step;
+    const int ink = current_ink();
     visit_text(0, 0, store.frame_bitmap.width(), store.frame_bitmap.height(),
-               [&](int x, int y, int color) { ink->pixel(x, y, color, 0); });
+               [&](int x, int y, int color) { apply_ink(x, y, ink, color, 0); });
 }
 
 } // namespace kelu

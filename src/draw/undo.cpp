@@ -1,18 +1,21 @@
-// The two queues of snapshots, written as one: each function works on a view of the undo or of the redo side.
+// The two queues of slots, written as one: each function works on a view of the undo or of the redo side.
 #include "draw/undo.h"
 
 #include "base/log.h"
+#include "draw/touched.h"
 #include "runtime/preferences.h"
 #include "runtime/store.h"
 #include <algorithm>
+#include <new>
 #include <span>
+#include <utility>
 
 namespace kelu {
 namespace {
 
 /// One side of `undo`, cut to the slots in use.
 struct Queue {
-    std::span<Bitmap> bitmaps;
+    std::span<TileSet> slots;
     std::span<int> ages;
     int& head;
     const char* no_slot; ///< log line when nothing can be saved
@@ -20,95 +23,234 @@ struct Queue {
 
 std::size_t depth() { return static_cast<std::size_t>(std::clamp<int>(preferences.undo_depth, 0, max_undo_depth)); }
 
-Queue undo_queue()
+Queue undo_queue(std::size_t used)
 {
-    return {std::span(undo.undo_bitmaps).first(depth()), std::span(undo.undo_age).first(depth()), undo.undo_head,
+    return {std::span(undo.undo_slots).first(used), std::span(undo.undo_age).first(used), undo.undo_head,
             "[ ERROR ] : Couldn't locate a free undo slot to save to!"};
 }
 
-Queue redo_queue()
+Queue redo_queue(std::size_t used)
 {
-    return {std::span(undo.redo_bitmaps).first(depth()), std::span(undo.redo_age).first(depth()), undo.redo_head,
+    return {std::span(undo.redo_slots).first(used), std::span(undo.redo_age).first(used), undo.redo_head,
             "[ ERROR ] : Couldn't locate a free redo slot to save to!"};
 }
 
-/// Index of the first slot of that age, or -1.
-int slot_of_age(const Queue& queue, int age)
+/// The first slot of that age, or null.
+TileSet* slot_of_age(const Queue& queue, int age)
 {
     const auto found = std::find(queue.ages.begin(), queue.ages.end(), age);
-    return found == queue.ages.end() ? -1 : static_cast<int>(found - queue.ages.begin());
+    return found == queue.ages.end() ? nullptr : &queue.slots[static_cast<std::size_t>(found - queue.ages.begin())];
 }
 
-/// Copies the frame into a slot. A slot of another size is made anew, so that a copy is always whole.
-bool copy_frame_to(Bitmap& slot)
+/// The tile's pixels where a writer has changed them go to the newest picture of the queue, unless it has its own.
+void keep_in_newest(const Queue& queue, std::size_t tile)
 {
-    if (slot.width() == store.frame_bitmap.width() && slot.height() == store.frame_bitmap.height()) {
-        blit(store.frame_bitmap, slot, 0, 0, 0, 0, slot->w, slot->h);
-        return true;
-    }
-    slot.reset(); // first, so that two copies never stand in memory together
-    slot = store.frame_bitmap.copy();
-    return slot.get() != nullptr;
+    TileSet* newest = slot_of_age(queue, undo_slot_newest);
+    if (newest && newest->grid == TileGrid::of(undo.source_bitmap) && !newest->has(tile))
+        newest->keep(tile, undo.source_bitmap);
 }
 
-/// Puts the frame into the queue as its newest copy; false when it could not be saved.
-bool push(Queue queue)
+void keep_before(std::size_t tile)
+{
+    keep_in_newest(undo_queue(max_undo_depth), tile);
+    keep_in_newest(redo_queue(max_undo_depth), tile);
+}
+
+void settle_tile(std::size_t tile, bool keeps)
+{
+    const TileBox box = touched.grid.box(tile);
+    const Bitmap& frame = store.frame_bitmap;
+    Bitmap& coverage = store.coverage_bitmap;
+    if (TileGrid::of(coverage) == touched.grid) {
+        for (int y = box.y; y < box.y + box.h; ++y)
+            std::fill_n(row(coverage, y) + box.x, box.w, 0);
+    }
+    if (same_tile(frame, undo.source_bitmap, box)) return;
+    if (keeps) keep_before(tile);
+    copy_tile(frame, undo.source_bitmap, box);
+}
+
+/// The memory of pictures that have fallen out of their queues. At an operation's end, where nobody waits.
+void release_free_slots()
+{
+    undo.outworn = {};
+    for (std::size_t i = 0; i < max_undo_depth; ++i) {
+        if (undo.undo_age[i] == undo_slot_free) undo.undo_slots[i] = {};
+        if (undo.redo_age[i] == undo_slot_free) undo.redo_slots[i] = {};
+    }
+}
+
+void free_slots()
+{
+    undo.undo_age = undo.redo_age = all_undo_slots_free;
+    release_free_slots();
+}
+
+/// Makes the source a copy of the whole frame, in the old memory where the size is the same.
+void copy_source()
+{
+    const Bitmap& frame = store.frame_bitmap;
+    touched.restart(TileGrid::of(frame));
+    if (frame && TileGrid::of(frame) == TileGrid::of(undo.source_bitmap)) {
+        blit(frame, undo.source_bitmap, 0, 0, 0, 0, frame.width(), frame.height());
+        return;
+    }
+    undo.source_bitmap.reset(); // first, so that two copies never stand in memory together
+    if (frame) undo.source_bitmap = frame.copy();
+}
+
+/// The frame has another size: the newest pictures become whole, in theirs.
+void leave_size()
+{
+    if (undo.source_bitmap) {
+        for (std::size_t tile = 0; tile < TileGrid::of(undo.source_bitmap).count(); ++tile)
+            keep_before(tile);
+    }
+    copy_source();
+}
+
+void settle(bool keeps)
+{
+    if (!store.frame_bitmap) return;
+    if (TileGrid::of(store.frame_bitmap) != TileGrid::of(undo.source_bitmap)) {
+        leave_size();
+        return;
+    }
+    if (touched.tiles.empty()) return;
+    for (const std::size_t tile : touched.tiles)
+        settle_tile(tile, keeps);
+    touched.restart(touched.grid);
+    release_free_slots();
+}
+
+/// Settles the frame. When there is no memory for what it was before, no older picture can be had either.
+void settle_or_forget(bool keeps)
+{
+    try {
+        settle(keeps);
+    } catch (const std::bad_alloc&) {
+        log_line("[ ERROR ] : Not enough memory for undo");
+        free_slots();
+        copy_source();
+    }
+}
+
+/// A free slot as the newest of the queue; null when there is none.
+TileSet* add_newest(const Queue& queue)
 {
     for (int& age : queue.ages) {
         if (age != undo_slot_free && ++age >= static_cast<int>(queue.ages.size())) age = undo_slot_free;
     }
-    const int slot = slot_of_age(queue, undo_slot_free);
-    if (slot < 0 || !copy_frame_to(queue.bitmaps[static_cast<std::size_t>(slot)])) {
+    TileSet* slot = slot_of_age(queue, undo_slot_free);
+    if (!slot) {
         log_line(queue.no_slot);
-        return false;
+        return nullptr;
     }
-    queue.ages[static_cast<std::size_t>(slot)] = undo_slot_newest;
-    queue.head = slot;
-    return true;
+    queue.head = static_cast<int>(slot - queue.slots.data());
+    queue.ages[static_cast<std::size_t>(queue.head)] = undo_slot_newest;
+    return slot;
 }
 
-/// Blits the copy in `slot` over the frame and frees the slot.
-void pop(Queue queue, int slot)
+/// Exchanges the slot's tiles with those of a frame of its size.
+void exchange_tiles(TileSet& slot)
 {
-    BITMAP* copy = queue.bitmaps[static_cast<std::size_t>(slot)];
-    blit(copy, store.frame_bitmap, 0, 0, 0, 0, copy->w, copy->h);
-    queue.ages[static_cast<std::size_t>(slot)] = undo_slot_free;
-    for (int& age : queue.ages) {
-        if (age != undo_slot_free) --age;
+    TilePixels before;
+    for (std::size_t tile = 0; tile < slot.tiles.size(); ++tile) {
+        if (!slot.has(tile)) continue;
+        const TileBox box = slot.grid.box(tile);
+        before.take(store.frame_bitmap, box);
+        slot.tiles[tile]->put(store.frame_bitmap, box);
+        *slot.tiles[tile] = before;
+        touched.mark(tile);
     }
+}
+
+/// The part of a whole picture of another size that the frame has pixels for goes to the frame; the result is what the
+/// frame had there.
+TileSet exchange_picture(const TileSet& picture)
+{
+    const TileGrid grid = TileGrid::of(store.frame_bitmap);
+    TileSet before{grid, {}};
+    for (std::size_t tile = 0; tile < picture.tiles.size(); ++tile) {
+        TileBox box = picture.grid.box(tile);
+        if (box.x >= grid.w || box.y >= grid.h) continue;
+        const std::size_t there = grid.at(box.x, box.y);
+        before.keep(there, store.frame_bitmap);
+        box.w = std::min(box.w, grid.w - box.x);
+        box.h = std::min(box.h, grid.h - box.y);
+        picture.tiles[tile]->put(store.frame_bitmap, box);
+        touched.mark(there);
+    }
+    return before;
+}
+
+/// The next older picture learns what only its younger neighbour, which leaves the queue, has kept.
+void complete_older(const Queue& queue, const TileSet& newest)
+{
+    TileSet* older = slot_of_age(queue, undo_slot_newest + 1);
+    if (!older || older->grid != newest.grid) return;
+    older->tiles.resize(newest.grid.count());
+    for (std::size_t tile = 0; tile < newest.tiles.size(); ++tile)
+        if (!older->has(tile) && newest.has(tile))
+            older->tiles[tile] = std::make_unique<TilePixels>(*newest.tiles[tile]);
+}
+
+/// Brings the newest picture of a queue back; what it replaces becomes the newest of the other one.
+void step(const Queue& from, const Queue& to)
+{
+    settle_frame();
+    TileSet* newest = slot_of_age(from, undo_slot_newest);
+    if (!newest || !undo.source_bitmap) return;
+    try {
+        TileSet before;
+        if (newest->grid == touched.grid) {
+            exchange_tiles(*newest);
+            before = std::move(*newest);
+        } else {
+            complete_older(from, *newest);
+            before = exchange_picture(*newest);
+        }
+        from.ages[static_cast<std::size_t>(newest - from.slots.data())] = undo_slot_free;
+        for (int& age : from.ages) {
+            if (age != undo_slot_free) --age;
+        }
+        if (TileSet* slot = add_newest(to)) *slot = std::move(before);
+    } catch (const std::bad_alloc&) {
+        log_line("[ ERROR ] : Not enough memory for undo");
+        free_slots();
+    }
+    settle_or_forget(false);
 }
 
 } // namespace
 
 void push_undo(bool keep_redo)
 {
-    if (push(undo_queue()) && !keep_redo) undo.redo_age = all_undo_slots_free;
+    settle_frame();
+    const Queue queue = undo_queue(depth());
+    if (!undo.source_bitmap) {
+        log_line(queue.no_slot);
+        return;
+    }
+    TileSet* slot = add_newest(queue);
+    if (!slot) return;
+    undo.outworn = std::exchange(*slot, {touched.grid, {}});
+    if (!keep_redo) undo.redo_age = all_undo_slots_free;
 }
 
-void push_redo() { push(redo_queue()); }
+void settle_frame() { settle_or_forget(true); }
 
-void undo_step()
+void undo_step() { step(undo_queue(depth()), redo_queue(depth())); }
+
+void redo_step() { step(redo_queue(depth()), undo_queue(depth())); }
+
+void reset_undo_slots()
 {
-    const int slot = slot_of_age(undo_queue(), undo_slot_newest);
-    if (slot < 0) return;
-    push_redo();
-    pop(undo_queue(), slot);
+    free_slots();
+    undo.undo_head = undo.redo_head = 0;
+    copy_source();
 }
 
-void redo_step()
-{
-    const int slot = slot_of_age(redo_queue(), undo_slot_newest);
-    if (slot < 0) return;
-    push_undo(true);
-    pop(redo_queue(), slot);
-}
-
-void reset_undo_slots() { undo = {}; }
-
-BITMAP* stroke_source()
-{
-    BITMAP* newest = undo.undo_bitmaps[static_cast<std::size_t>(undo.undo_head)];
-    return newest ? newest : store.frame_bitmap.get();
-}
+BITMAP* stroke_source() { return undo.source_bitmap ? undo.source_bitmap.get() : store.frame_bitmap.get(); }
 
 } // namespace kelu

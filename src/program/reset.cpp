@@ -2,6 +2,7 @@
 #include "program/startup.h"
 
 #include "draw/operation.h"
+#include "draw/touched.h"
 #include "draw/undo.h"
 #include "framework/script.h"
 #include "framework/sound.h"
@@ -65,6 +66,7 @@ void FW_initialize_variables()
     store = {};
     toolbox = {};
     undo = {};
+    touched = {};
     stroke_position = {};
     frame_flags = {};
     animation = {};

@@ -3,6 +3,7 @@
 
 #include "base/run_state.h"
 #include "draw/grid.h"
+#include "draw/touched.h"
 #include "draw/undo.h"
 #include "gui/build.h"
 #include "loop/actions.h"
@@ -112,8 +113,9 @@ void delete_current_frame()
 
 void clear_picture()
 {
-    push_undo(false);
+    const UndoableOperation step;
     clear_to_color(store.frame_bitmap, toolbox.mask_color);
+    touch_frame();
 }
 
 void restore_picture() { restore_frame(); }

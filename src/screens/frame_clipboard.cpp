@@ -1,6 +1,7 @@
 // Copying and pasting of the frame.
 #include "screens/frame_clipboard.h"
 
+#include "draw/touched.h"
 #include "draw/undo.h"
 #include "gui/menus.h"
 #include "gui/tooltips.h"
@@ -35,8 +36,9 @@ void paste_from_clipboard(void (*offer_larger_frame)(int w, int h))
         paste_picture(std::move(picture));
         return;
     }
-    push_undo(false);
+    const UndoableOperation step;
     blit(picture, frame, 0, 0, 0, 0, picture.width(), picture.height());
+    touch_area(0, 0, picture.width() - 1, picture.height() - 1);
 }
 
 } // namespace kelu

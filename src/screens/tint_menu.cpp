@@ -3,6 +3,8 @@
 
 #include "base/log.h"
 #include "colour/tint.h"
+#include "draw/touched.h"
+#include "draw/undo.h"
 #include "loop/frame.h"
 #include "loop/home_strip.h"
 #include "loop/tool_loop.h"
@@ -117,6 +119,8 @@ void tint_menu()
         color_settings.tint_values = {chosen.shift.hue, chosen.shift.lightness, chosen.shift.saturation};
         color_settings.tint_ignore_mask = chosen.ignore_mask ? 1 : 0;
         tint_frame(true, chosen.ignore_mask, store.frame_bitmap, store.frame_bitmap, chosen.shift);
+        touch_frame();
+        settle_frame();
     }
     close_screen();
     build_draw_menu();

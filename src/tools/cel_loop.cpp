@@ -98,8 +98,8 @@ bool cel_drag()
 
 void anchor_cel(int mode, bool undoable)
 {
-    if (undoable) push_undo(false);
-    clear_to_color(store.coverage_bitmap, 0);
+    std::optional<UndoableOperation> step;
+    if (undoable) step.emplace();
     commit_cel(mode);
 }
 

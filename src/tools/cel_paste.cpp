@@ -104,7 +104,7 @@ void paste_picture(Bitmap picture)
     if (!store.cel_bitmap) return;
     store.cel_source_bitmap = std::move(picture);
     cel.cel_origin_x = cel.cel_origin_y = 0;
-    push_undo(false);
+    const UndoableOperation step;
     cel_paste(false, false);
     if (menus.menu_id == MENU_DRAW) build_draw_menu();
 }

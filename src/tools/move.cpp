@@ -4,6 +4,7 @@
 #include "draw/cel.h"
 #include "draw/tool_input.h"
 #include "draw/tool_options.h"
+#include "draw/touched.h"
 #include "draw/undo.h"
 #include "gui/build.h"
 #include "loop/freeze.h"
@@ -21,9 +22,11 @@ namespace {
 void fill_gap()
 {
     const bool with_brush_color = tool_option(TOOL_MOVE, options::leave_brush_color) != 0;
-    rectfill(store.frame_bitmap, cel.cel_origin_x, cel.cel_origin_y, cel.cel_origin_x + store.cel_bitmap.width() - 1,
-             cel.cel_origin_y + store.cel_bitmap.height() - 1,
+    const int right = cel.cel_origin_x + store.cel_bitmap.width() - 1;
+    const int bottom = cel.cel_origin_y + store.cel_bitmap.height() - 1;
+    rectfill(store.frame_bitmap, cel.cel_origin_x, cel.cel_origin_y, right, bottom,
              with_brush_color ? toolbox.brush_color : toolbox.mask_color);
+    touch_area(cel.cel_origin_x, cel.cel_origin_y, right, bottom);
 }
 
 } // namespace
@@ -40,7 +43,7 @@ void move_tool()
             menu_hide(0);
         }
         if (cel_get(corner.x, corner.y, false) == GRAB_TAKEN) {
-            push_undo(false);
+            const UndoableOperation step;
             fill_gap();
             if (!cel_paste(false, false)) undo_step(); // the program leaves: the piece goes back to its place
         }

@@ -21,8 +21,7 @@ void draw_to_frame(int x, int y, int brush, int ink, int style)
     if (!operation_arguments_valid(brush, ink, style) || !in_bitmap(store.frame_bitmap, x, y)) return;
     const int pointer_x = view.frame_mouse_x;
     const int pointer_y = view.frame_mouse_y;
-    push_undo(false);
-    clear_to_color(store.coverage_bitmap, 0);
+    const UndoableOperation step;
     if (brush >= TOOL_COUNT) return;
     const OperationScope scope(show_waiting_frame);
     const StrokeRender render = tools[brush].render;

@@ -55,9 +55,8 @@ bool choose_second_axis()
 void draw_oval()
 {
     const int ink = current_ink();
-    push_undo(false);
+    const UndoableOperation step;
     const OperationScope scope(show_waiting_frame);
-    clear_to_color(store.coverage_bitmap, 0);
     if (tool_filled(TOOL_OVAL)) {
         walk_row_extents(tool_input.point_list, [&](int left, int right, int y) { fill_span(left, right, y, ink); });
         return;

@@ -80,6 +80,7 @@ bool crop_frame(int x, int y, int w, int h)
     if (!fresh) return false;
     place(fresh, x, y, toolbox.mask_color);
     std::move(fresh).install();
+    settle_frame();
     return true;
 }
 

@@ -1,6 +1,7 @@
 // One exchange for everything that gives the frame a new size.
 #include "workspace/live_bitmaps.h"
 
+#include "draw/touched.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
 
@@ -11,6 +12,7 @@ void LiveBitmaps::install() &&
     store.frame_bitmap = std::move(frame);
     store.alpha_bitmap = std::move(alpha);
     store.coverage_bitmap = std::move(coverage);
+    touch_frame();
     note_frame_size();
     clamp_pan();
 }

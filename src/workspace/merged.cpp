@@ -2,6 +2,8 @@
 #include "workspace/merged.h"
 
 #include "base/log.h"
+#include "draw/touched.h"
+#include "draw/undo.h"
 #include "runtime/pixels.h"
 #include "runtime/store.h"
 #include <algorithm>
@@ -34,6 +36,14 @@ bool same_row(int y, const int* restored, int w)
     return true;
 }
 
+/// What the tools have drawn on the alpha picture turns to the grey that is kept.
+void turn_edited_alpha_grey()
+{
+    if (!store.alpha_edit_mode) return;
+    gray_normalize(store.frame_bitmap);
+    touch_frame();
+}
+
 bool same_size(const Bitmap& a, const Bitmap& b) { return a.width() == b.width() && a.height() == b.height(); }
 
 } // namespace
@@ -47,7 +57,7 @@ void alpha_merge(BITMAP* dest)
         log_line("[ ERROR ] : Whoops. Dest, frame, or swap bitmap is missing in alpha merge. Baborting.");
         return;
     }
-    if (store.alpha_edit_mode) gray_normalize(store.frame_bitmap);
+    turn_edited_alpha_grey();
     const int w = std::min({dest->w, store.frame_bitmap.width(), store.alpha_bitmap.width()});
     const int h = std::min({dest->h, store.frame_bitmap.height(), store.alpha_bitmap.height()});
     for (int y = 0; y < h; ++y)
@@ -56,7 +66,7 @@ void alpha_merge(BITMAP* dest)
 
 RowSource merged_rows()
 {
-    if (store.alpha_edit_mode) gray_normalize(store.frame_bitmap);
+    turn_edited_alpha_grey();
     return [](int y, int* pixels) { merge_row(y, pixels, store.frame_bitmap.width()); };
 }
 
@@ -95,12 +105,15 @@ void gray_normalize(BITMAP* bitmap)
 void toggle_alpha_edit()
 {
     if (!store.frame_bitmap || !same_size(store.frame_bitmap, store.alpha_bitmap)) return;
+    settle_frame();
     for (int y = 0; y < store.frame_bitmap.height(); ++y) {
         int* frame = row(store.frame_bitmap, y);
         std::swap_ranges(frame, frame + store.frame_bitmap.width(), row(store.alpha_bitmap, y));
     }
     if (store.alpha_edit_mode) gray_normalize(store.alpha_bitmap);
     store.alpha_edit_mode = !store.alpha_edit_mode;
+    touch_frame();
+    settle_frame();
 }
 
 bool frame_changed()

@@ -18,7 +18,7 @@ void restore_frame()
         log_line("[ ERROR ] : Not enough memory to restore the frame");
         return;
     }
-    push_undo(false);
+    const UndoableOperation step;
     std::move(fresh).install();
     alpha_strip(store.restoration_bitmap, store.frame_bitmap, store.alpha_bitmap);
     refresh_frame_cache();

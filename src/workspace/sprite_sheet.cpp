@@ -1,6 +1,8 @@
 // Cells in rows and columns.
 #include "workspace/sprite_sheet.h"
 
+#include "draw/touched.h"
+#include "draw/undo.h"
 #include "runtime/store.h"
 #include "workspace/frame_resize.h"
 
@@ -29,6 +31,8 @@ bool build_sprite_sheet(const SpriteSheet& sheet)
             rect(frame, x, y, right, bottom, sheet.border_color);
         }
     }
+    touch_frame();
+    settle_frame();
     return true;
 }
 

@@ -1,5 +1,6 @@
 // Cels by mouse: grabbing, dragging, anchoring, and the tool that lifts a piece of the frame.
 #include "draw/ink_rows.h"
+#include "draw/touched.h"
 #include "draw/undo.h"
 #include "framework/tint.h"
 #include "screens/cel_transform.h"
@@ -19,6 +20,7 @@ namespace {
 void paint_block(int left, int top, int right, int bottom, int color)
 {
     rectfill(store.frame_bitmap, left, top, right, bottom, color);
+    touch_area(left, top, right, bottom);
 }
 
 /// Gives a cel of w x h pixels of one colour.

@@ -1,5 +1,6 @@
 // Tools under a queue of events: presses act where they were, and strokes pass through every reported position.
 #include "draw/tool_input.h"
+#include "draw/touched.h"
 #include "gui/slots.h"
 #include "loop/input_turn.h"
 #include "platform/input_events.h"
@@ -65,6 +66,7 @@ TEST_F(Events, APressActsWhereItWas)
     for (const Case& made : cases) {
         use(made.tool);
         clear_to_color(store.frame_bitmap, 0);
+        touch_frame();
         tap(20, 30);
         tap(60, 70);
         event(100, 100, 0); // the pointer is elsewhere long before the program has seen the taps
@@ -81,6 +83,7 @@ TEST_F(Events, AStrokeReleasedInMotionReachesItsEnd)
     for (const int tool : {TOOL_DRAW, TOOL_FSHAPE}) {
         use(tool);
         clear_to_color(store.frame_bitmap, 0);
+        touch_frame();
         event(120, 50, 0);
         event(120, 50, LEFT_BUTTON);
         session.frame(6);
@@ -101,6 +104,7 @@ TEST_F(Events, AFastCircleStaysRoundAtEveryZoom)
     for (const int zoom : {1, 2, 3}) {
         use(TOOL_DRAW);
         clear_to_color(store.frame_bitmap, 0);
+        touch_frame();
         view.zoom = zoom;
         view.pan_x = 3;
         view.pan_y = 5;

@@ -3,6 +3,7 @@
 #include "draw/preview.h"
 #include "draw/spline.h"
 #include "draw/tool_input.h"
+#include "draw/touched.h"
 #include "runtime/clock.h"
 #include "runtime/jobs.h"
 #include "runtime/measure.h"
@@ -68,6 +69,7 @@ TEST_F(Tools, PaintAsTheyDid)
     for (const auto& [left, size] : {std::pair{20, 9}, {50, 3}, {80, 9}, {110, 9}, {140, 3}})
         rectfill(store.frame_bitmap, left, 150, left + size, 150 + size, left < 80 ? 0x800000 : left * 0x000101);
     rectfill(store.frame_bitmap, 170, 150, 179, 159, 110 * 0x000101);
+    touch_frame();
     for (const Work& work : {Work{TOOL_BOX, {}, {{60, 50}, {30, 20}}},
                              {TOOL_BOX, {1}, {{70, 50}, {100, 20}}},
                              {TOOL_CIRCLE, {}, {{140, 40}, {155, 60}}},
@@ -116,6 +118,7 @@ TEST_F(Tools, TheGridTakesTheNodesAndTheStrokes)
     session.key(KEY_U);
     // The tools that go by colour take the pixel that was clicked.
     row(store.frame_bitmap, 101)[103] = 0x0000ff;
+    touch_frame();
     use(TOOL_FILL, {1});
     session.click_at(103, 101);
     EXPECT_EQ(painted(), (Pixels{{103, 101}}));
@@ -191,14 +194,14 @@ TEST(LongOperations, AreTheSameWithFramesInBetween)
         toolbox.ink_table[INK_SOFTEN][0] = 200;
         Bitmap before = test::paint(320, 240, [](int x, int y) { return x * 7919 * (y + 3) & 0xffffff; });
         blit(before, store.frame_bitmap, 0, 0, 0, 0, 320, 240);
+        touch_frame();
         session.click_at(2, 3);
         session.move(310, 180);
-        clear_to_color(store.coverage_bitmap, 0);
         // A job that stays in the queue makes a frame due at every display test.
         constexpr int job_type = 60;
         set_job_handler(job_type, [](int) { clock_state.tool_ticks = 9; });
         const int job = show ? push_to_job(job_type, 0, 0, 0, 0, 0, 0, 0, 0, 0) : -1;
-        const auto covered = [](int x, int y) { return row(store.coverage_bitmap, y)[x] != 0; };
+        const auto covered = [&](int x, int y) { return frame_pixel(x, y) != row(before, y)[x]; };
         session.press();
         session.release();
         EXPECT_TRUE(session.frames_until(

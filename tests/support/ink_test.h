@@ -2,6 +2,7 @@
 #pragma once
 
 #include "draw/inks.h"
+#include "draw/touched.h"
 #include "draw/undo.h"
 #include "runtime/cel.h"
 #include "runtime/color_band.h"
@@ -27,6 +28,7 @@ protected:
         if (store.coverage_bitmap.width() != store.frame_bitmap.width() ||
             store.coverage_bitmap.height() != store.frame_bitmap.height())
             store.coverage_bitmap = Bitmap(store.frame_bitmap.width(), store.frame_bitmap.height());
+        touch_frame();
         push_undo(false);
         clear_to_color(store.coverage_bitmap, 0);
     }

@@ -2,6 +2,7 @@
 #include "support/session.h"
 
 #include "base/run_state.h"
+#include "draw/touched.h"
 #include "gui/menus.h"
 #include "gui/slots.h"
 #include "platform/host.h"
@@ -191,6 +192,7 @@ void replace_frame(int w, int h, int color)
     store.frame_bitmap = Bitmap(w, h, color);
     store.alpha_bitmap = Bitmap(w, h, 0xffffff);
     store.coverage_bitmap = Bitmap(w, h);
+    touch_frame();
 }
 
 void remove_program_folder(const std::string& folder)

@@ -5,6 +5,7 @@
 #include "base/run_state.h"
 #include "draw/cel_render.h"
 #include "draw/ink_rows.h"
+#include "draw/touched.h"
 #include "draw/undo.h"
 #include "runtime/frame_snapshot.h"
 #include "runtime/pixels.h"
@@ -47,6 +48,7 @@ protected:
     {
         store.frame_bitmap = test::from_text(lines, legend);
         store.coverage_bitmap = Bitmap(store.frame_bitmap.width(), store.frame_bitmap.height());
+        touch_frame();
         push_undo(false);
     }
     static void set_cel(const Lines& lines)
