@@ -59,15 +59,19 @@ copy_program() {
 }
 
 find_window() {
-    window=$(xdotool search --onlyvisible --name '^Kelu v1.6$' | head -n 1)
+    window=$(xdotool search --onlyvisible --name '^Kelu v[0-9.]*$' | head -n 1)
     [ -n "$window" ]
 }
 
-# start_program FOLDER: starts it and waits until it takes input.
+# start_program FOLDER [COMMAND...]: starts ./kelu, or the command, in the folder that has its log, and waits until it
+# takes input.
 start_program() {
     local folder=$1
+    shift
+    [ $# -gt 0 ] || set -- ./kelu
+    mkdir -p "$folder"
     rm -f "$folder/FW_log.txt"
-    (cd "$folder" && exec ./kelu >"$scratch/output" 2>&1) &
+    (cd "$folder" && exec "$@" >"$scratch/output" 2>&1) &
     program=$!
     wait_for 'the start of the program' grep -q 'Entering program loop' "$folder/FW_log.txt"
     wait_for 'the window' find_window

@@ -19,10 +19,18 @@ struct RunState {
     uint8_t workspace_damaged = 0;            ///< 1: the drawing menu tells of repairs at its next entry; workspace/
     int start_month = 0;                      ///< month of the start, 0 to 11
     int start_day = 1;                        ///< day of the month of the start
-    std::string program_dir;                  ///< folder of the executable, no separator at its end
-    std::string current_dir;                  ///< folder that workspace and browser routines go back to
+    std::string program_dir; ///< folder of the user's work and settings, no separator at its end: the executable's own,
+                             ///< or one below the user's home where the program is installed
+    std::string art_dir;     ///< folder that resource/ and fonts/ as delivered lie in; empty: `program_dir`
+    std::string current_dir; ///< folder that workspace and browser routines go back to
 };
 inline RunState run_state;
+
+/// A folder of what is delivered, "resource" or "fonts"; relative where it lies in `program_dir`.
+inline std::string delivered_folder(const std::string& name)
+{
+    return run_state.art_dir.empty() ? name : run_state.art_dir + "/" + name;
+}
 
 /// The logical screen and how it is shown. Written by start-up.
 struct Screen {

@@ -1,4 +1,5 @@
 // Kinds that hold whole texts: descriptions, the help page, the about box.
+#include "base/version.h"
 #include "gui/help_layout.h"
 #include "gui/painters.h"
 #include "gui/panels.h"
@@ -86,7 +87,7 @@ void draw_about(int slot, const Look&)
     fill_area(x + 90, y + 57, x + 176, y + 63, menu_scheme.scheme_highlight_back);
     fill_area(x + 90, y + 67, x + 176, y + 73, menu_scheme.scheme_highlight_back);
     draw_line(slot, 4, 58, SET_HIGHLIGHT, "KELU VERSION");
-    draw_line(slot, 93, 58, SET_SELECTED, "1.6");
+    draw_line(slot, 93, 58, SET_SELECTED, version());
     draw_line(slot, 4, 68, SET_HIGHLIGHT, "COMPILED");
     draw_line(slot, 93, 68, SET_SELECTED, "01/29/2013");
     draw_line(slot, 4, 80, SET_HIGHLIGHT, "PAINTS, ANIMATES, RUNS ON");

@@ -107,6 +107,7 @@ enum TextId : int {
     TEXT_RESIZE_TO_MATCH,
     TEXT_WORKSPACE_DAMAGED,
     TEXT_REPAIRS_MADE,
+    TEXT_REPLACE_WORKSPACE,
 
     // Brush tool and ink menus, tips, quick slider.
     TEXT_BRUSHES,

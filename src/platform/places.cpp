@@ -20,13 +20,6 @@ constexpr int home_drive = 'H' - 'A';
 /// Below these folders the system mounts what the user plugs in.
 constexpr std::array<std::string_view, 3> mount_folders = {"/media/", "/run/media/", "/mnt/"};
 
-std::string home_folder()
-{
-    if (const char* home = std::getenv("HOME"); home && home[0] == '/') return home;
-    const passwd* user = getpwuid(getuid());
-    return user && user->pw_dir ? user->pw_dir : "/";
-}
-
 /// The mount table writes blanks, tabs, newlines and backslashes as "\" and three octal digits.
 std::string decode_mount(const std::string& text)
 {
@@ -65,6 +58,20 @@ bool holds(const std::string& root, const std::string& folder)
 }
 
 } // namespace
+
+std::string home_folder()
+{
+    if (const char* home = std::getenv("HOME"); home && home[0] == '/') return home;
+    const passwd* user = getpwuid(getuid());
+    return user && user->pw_dir ? user->pw_dir : "/";
+}
+
+std::string user_data_folder()
+{
+    // A relative path is no path here, by the convention of desktops.
+    if (const char* folder = std::getenv("XDG_DATA_HOME"); folder && folder[0] == '/') return folder;
+    return home_folder() + "/.local/share";
+}
 
 void scan_drives()
 {

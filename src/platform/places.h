@@ -18,6 +18,10 @@ struct Places {
 };
 inline Places places;
 
+/// The user's home: $HOME, or what the system's list of users says. Absolute.
+std::string home_folder();
+/// Where programs keep what belongs to the user: $XDG_DATA_HOME, or .local/share in the home. It needn't exist yet.
+std::string user_data_folder();
 /// Finds the drives and logs each.
 void scan_drives();
 /// True when drive 0 (A:) to 25 (Z:) stands for a place.

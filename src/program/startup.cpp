@@ -3,6 +3,7 @@
 
 #include "base/log.h"
 #include "base/run_state.h"
+#include "base/version.h"
 #include "draw/tips.h"
 #include "framework/framework_jobs.h"
 #include "framework/resource_files.h"
@@ -46,6 +47,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <string>
 
 namespace kelu {
 namespace {
@@ -81,7 +83,7 @@ void start_log()
 {
     log_open();
     log_line("[ INIT ] : Old resources swept up");
-    log_line("[ INIT ] : Kelu v1.6 now loading");
+    log_line("[ INIT ] : Kelu v%s now loading", version());
     log_line("[ INIT ] : DEFCON 1 - Standard logging");
 }
 
@@ -92,13 +94,13 @@ void start_machine()
         fatal_stop("No display was found. Start the program from a graphical desktop.");
     }
     log_line("[ INIT ] : Initialized Allegro");
-    platform::host->set_title("Kelu v1.6");
+    platform::host->set_title((std::string("Kelu v") + version()).c_str());
 }
 
 void load_resources()
 {
     {
-        const platform::DirectoryVisit folder("resource");
+        const platform::DirectoryVisit folder(delivered_folder("resource"));
         load_object_library();
     }
     log_line("[ INIT ] : Loaded application audio resources");

@@ -19,6 +19,7 @@
 #include "screens/commands.h"
 #include "screens/dialogs.h"
 #include "screens/favorites_menu.h"
+#include "screens/opened_files.h"
 #include "screens/screen_pick.h"
 #include "screens/tip_menu.h"
 #include "tools/tools.h"
@@ -126,6 +127,7 @@ void draw_menu()
         read_columns();
         read_colors();
         read_choices();
+        open_waiting_files();
         stroke_position = {};
     }
 }

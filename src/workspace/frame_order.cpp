@@ -147,6 +147,29 @@ void insert_frames(int start, int count, int blank)
     animation.anim_count = build_anim_list();
 }
 
+bool append_frame(const Bitmap& merged)
+{
+    if (store.frame_count > max_frames - 1) {
+        tell(TEXT_CANT_ADD_FRAMES, TEXT_MAXIMUM_FRAMES);
+        return false;
+    }
+    const WorkspaceVisit visit(run_state.program_dir);
+    const int frame = store.frame_count;
+    ChangeSet changes;
+    if (!visit.entered() || !write_tga(changes.stage(frame_file(frame)), merged) || !changes.commit()) {
+        report_unchanged();
+        return false;
+    }
+    const auto slot = static_cast<std::size_t>(frame);
+    view.frame_pan_x[slot] = view.frame_pan_y[slot] = 0;
+    view.frame_zoom[slot] = 1;
+    draw_nail(frame, merged);
+    save_nails();
+    store.frame_count = frame + 1;
+    animation.anim_count = build_anim_list();
+    return true;
+}
+
 void delete_frames(int start, int count)
 {
     if (store.frame_count == 1) return tell(TEXT_FRAME_CANT_BE_DELETED, TEXT_NONE);

@@ -2,6 +2,7 @@
 #include "workspace/resources.h"
 
 #include "base/log.h"
+#include "base/run_state.h"
 #include "framework/resource_files.h"
 #include "gui/text.h"
 #include "gui/text_colours.h"
@@ -157,7 +158,7 @@ void make_pattern_tiles()
 
 void load_application_resources()
 {
-    const platform::DirectoryVisit visit(resource_folder);
+    const platform::DirectoryVisit visit(delivered_folder(resource_folder));
     sheets.app_sheet = needed(load_png(app_sheet_file), app_sheet_file);
     sheets.enlarged_picture = enlarge_emblem(sheets.app_sheet);
     make_pattern_tiles();
@@ -166,7 +167,7 @@ void load_application_resources()
 
 void load_framework_video()
 {
-    const platform::DirectoryVisit visit(resource_folder);
+    const platform::DirectoryVisit visit(delivered_folder(resource_folder));
     sheets.gui_sheet = load_resource_bitmap("FW_GUI");
     mask_black(sheets.gui_sheet);
     load_resource_bitmap("PALETTE"); // for its palette alone

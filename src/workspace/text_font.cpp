@@ -13,13 +13,13 @@ namespace kelu {
 namespace {
 
 constexpr const char* system_font = "system.ttf";
-constexpr const char* font_folder = "fonts"; ///< below the program's folder
+constexpr const char* font_folder = "fonts"; ///< of the user, and of the program's own font
 
-/// The program's own font, from the program's own folder.
+/// The program's own font, from the folder in which it was delivered.
 void load_system_font()
 {
     platform::change_directory(run_state.program_dir);
-    platform::change_directory(font_folder);
+    platform::change_directory(delivered_folder(font_folder));
     if (load_vector_font(system_font) != 1) {
         log_line("[ ERROR ] : Preferred font AND system font are missing. Reinstall program!");
         fatal_stop(fatal_text::system_font);

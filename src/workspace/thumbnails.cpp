@@ -15,9 +15,11 @@ constexpr int stretched_side = 160; // a frame smaller than a cell is stretched 
 
 } // namespace
 
-void draw_nail(int frame)
+void draw_nail(int frame) { draw_nail(frame, color_picture()); }
+
+void draw_nail(int frame, BITMAP* picture)
 {
-    BITMAP* source = color_picture();
+    BITMAP* source = picture;
     if (!source || !store.nail_sheet) return;
     Bitmap stretched;
     if (source->w < nail_side || source->h < nail_side) {

@@ -1,6 +1,8 @@
 // The sheet of thumbnails: one cell a frame.
 #pragma once
 
+#include <allegro.h>
+
 namespace kelu {
 
 constexpr int nail_side = 40;                              ///< pixels of a cell's side
@@ -14,6 +16,8 @@ constexpr int nail_y(int frame) { return frame / nails_per_row * nail_side; }
 void update_frame_nail(int save);
 /// Draws the current frame's colours into the cell of another frame, 0 to 99.
 void draw_nail(int frame);
+/// Draws a picture into the cell of a frame.
+void draw_nail(int frame, BITMAP* picture);
 /// Fills a frame's cell with black.
 void clear_nail(int frame);
 /// Copies a cell within the sheet.

@@ -1,4 +1,5 @@
 // Strokes with "DRAW" and "OPAQUE" by mouse, and the three ways back by key.
+#include "base/version.h"
 #include "draw/operation.h"
 #include "support/screen_session.h"
 
@@ -103,7 +104,8 @@ TEST(Life, RapidExitEndsTheProgramAndItsLog)
     EXPECT_TRUE(session.frames_until([&] { return session.ended(); }));
     EXPECT_EQ(session.exit_code(), 0);
     const std::string log = session.log();
-    EXPECT_TRUE(log.starts_with("[ INIT ] : Old resources swept up\n[ INIT ] : Kelu v1.6 now loading\n"));
+    EXPECT_TRUE(log.starts_with("[ INIT ] : Old resources swept up\n[ INIT ] : Kelu v" + std::string(version()) +
+                                " now loading\n"));
     EXPECT_NE(log.find("[ INIT ] : Requesting 640x480 windowed resolution\n[ INIT ] : Resolution accepted\n"),
               std::string::npos);
     EXPECT_TRUE(log.ends_with("[ END ] : Closing font renderer hooks.\n[ END ] : Closing log.\n"));

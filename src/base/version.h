@@ -1,0 +1,11 @@
+// The program's version. It stands in the build's own project line, and the build hands it to version.cpp.
+#pragma once
+
+namespace kelu {
+
+/// As in "1.6".
+const char* version();
+/// The day of what was built, as in "2026-11-25": of SOURCE_DATE_EPOCH where that is set, else of the newest commit.
+const char* build_date();
+
+} // namespace kelu
