@@ -2,6 +2,7 @@
 #include "base/bitmap.h"
 
 #include "base/memory.h"
+#include "base/sizes.h"
 
 namespace kelu {
 namespace {
@@ -10,7 +11,7 @@ namespace {
 BITMAP* allocate(int w, int h)
 {
     BITMAP* bitmap = create_bitmap_ex(32, w, h);
-    const std::size_t pixels = static_cast<std::size_t>(w) * static_cast<std::size_t>(h);
+    const std::size_t pixels = product(w, h);
     if (bitmap) platform::prefer_large_pages(bitmap->dat, pixels * sizeof(int));
     return bitmap;
 }

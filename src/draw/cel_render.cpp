@@ -148,7 +148,7 @@ void commit_stretched()
 
 bool overlaps_view(int x, int y)
 {
-    const auto level = static_cast<std::size_t>(frame_snapshot.zoom);
+    const int level = frame_snapshot.zoom;
     return x + store.cel_bitmap.width() > 0 && y + store.cel_bitmap.height() > 0 &&
            static_cast<float>(x) < view.view_w[level] && static_cast<float>(y) < view.view_h[level];
 }

@@ -50,7 +50,7 @@ void draw_gradient_nodes(BITMAP* overlay, Point origin, int ink)
 {
     const NodeColumns* columns = columns_of(ink);
     if (!columns) return;
-    const auto level = static_cast<std::size_t>(frame_snapshot.zoom);
+    const int level = frame_snapshot.zoom;
     const int w = static_cast<int>(view.view_w[level]);
     const int h = static_cast<int>(view.view_h[level]);
     const Point middle{origin.x + w / 2, origin.y + h / 2};

@@ -75,8 +75,7 @@ Channels channels_of(int pixel)
 Channels weighted_sum(const Canvas& canvas, int x, int y, const std::array<float, 9>& weights)
 {
     Channels sum{};
-    visit_source(canvas, x, y,
-                 [&](int pixel, int index) { sum += channels_of(pixel) * weights[static_cast<std::size_t>(index)]; });
+    visit_source(canvas, x, y, [&](int pixel, int index) { sum += channels_of(pixel) * weights[index]; });
     return sum;
 }
 

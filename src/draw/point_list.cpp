@@ -60,10 +60,10 @@ void walk_circle(Point center, int radius, PointVisit visit)
 void walk_disc(Point center, int radius, int height, SpanVisit span)
 {
     constexpr int no_span = -1;
-    std::vector<int> leftmost(static_cast<std::size_t>(std::max(height, 0)), no_span);
+    std::vector<int> leftmost(std::max(height, 0), no_span);
     walk_circle(center, radius, [&](int x, int y) {
         if (x > center.x || y < 0 || y >= height) return;
-        int& left = leftmost[static_cast<std::size_t>(y)];
+        int& left = leftmost[y];
         const int right = x + 2 * (center.x - x);
         if (left == no_span) {
             span(x, right, y);
@@ -133,7 +133,7 @@ void walk_row_extents(std::span<const Point> points, SpanVisit span)
     const int first = top->y;
     std::vector<Extent> extents(static_cast<std::size_t>(bottom->y - first) + 1);
     for (const Point& p : points) {
-        Extent& extent = extents[static_cast<std::size_t>(p.y - first)];
+        Extent& extent = extents[p.y - first];
         extent.min = extent.min == unset ? p.x : std::min(extent.min, p.x);
         extent.max = extent.max == unset ? p.x : std::max(extent.max, p.x);
     }

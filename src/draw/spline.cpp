@@ -25,9 +25,9 @@ fixed node_dist(const SplineNode& a, const SplineNode& b)
 void set_tangents(SplineNodes& nodes, int count)
 {
     for (int i = 1; i <= count + 1; ++i) {
-        const SplineNode& before = nodes[static_cast<std::size_t>(i) - 1];
-        const SplineNode& after = nodes[static_cast<std::size_t>(i) + 1];
-        nodes[static_cast<std::size_t>(i)].tangent = fixatan2(itofix(after.y - before.y), itofix(after.x - before.x));
+        const SplineNode& before = nodes[i - 1];
+        const SplineNode& after = nodes[i + 1];
+        nodes[i].tangent = fixatan2(itofix(after.y - before.y), itofix(after.x - before.x));
     }
 }
 
@@ -37,13 +37,13 @@ bool closed_curve() { return tool_option(TOOL_SPLINE, options::closed) != 0; }
 
 void prepare_spline_nodes(const NodeTable& table, int n, bool closed, SplineNodes& nodes)
 {
-    const auto at = [&](int i) -> SplineNode& { return nodes[static_cast<std::size_t>(i)]; };
+    const auto at = [&](int i) -> SplineNode& { return nodes[i]; };
     const auto copy = [&](int to, int from) {
         at(to).x = at(from).x;
         at(to).y = at(from).y;
     };
     for (int i = 1; i < n; ++i) {
-        const Point node = table[static_cast<std::size_t>(i)];
+        const Point node = table[i];
         if (node.x == unset_node) continue;
         at(i).x = node.x;
         at(i).y = node.y;
@@ -68,7 +68,7 @@ std::array<int, 8> spline_control_points(const SplineNode& a, const SplineNode& 
 
 Points build_spline(SplineNodes& nodes, int count, bool closed, int curve)
 {
-    const auto at = [&](int i) -> SplineNode& { return nodes[static_cast<std::size_t>(i)]; };
+    const auto at = [&](int i) -> SplineNode& { return nodes[i]; };
     if (!closed) {
         at(0) = dummy_node(at(1), at(2));
         at(count + 3) = dummy_node(at(count + 2), at(count + 1));

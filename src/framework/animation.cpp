@@ -51,7 +51,7 @@ void FW_randomize_anim(int who, int table)
         ++count;
     }
     const int slot = check_behavior(who, table == ANIM_STANDING ? BEHAVIOR_STANDING_ANIMATION : BEHAVIOR_ANIMATE);
-    if (slot >= 0) actor_at(who).behavior_params[static_cast<std::size_t>(slot)][2] = rnd(count);
+    if (slot >= 0) actor_at(who).behavior_params[slot][2] = rnd(count);
 }
 
 } // namespace kelu

@@ -64,18 +64,17 @@ static_assert(std::is_sorted(std::begin(behavior_rows), std::end(behavior_rows),
 constexpr auto behavior_table = [] {
     std::array<BehaviorRow, max_behavior_id + 1> all{};
     for (const BehaviorRow& row : behavior_rows)
-        all[static_cast<std::size_t>(row.id)] = row;
+        all[row.id] = row;
     return all;
 }();
 
 void run_slots(int who, Actor& actor)
 {
     for (int slot = 0; slot < max_behaviors; ++slot) {
-        const auto s = static_cast<std::size_t>(slot);
-        const int counter = actor.behavior_counter[s] + 1;
-        const bool due = counter > actor.behavior_interval[s];
-        actor.behavior_counter[s] = due ? 0 : counter;
-        if (due && actor.BEHAVIOR[s] != BEHAVIOR_NONE && FW_check_behaviors(who, slot) == held_up) return;
+        const int counter = actor.behavior_counter[slot] + 1;
+        const bool due = counter > actor.behavior_interval[slot];
+        actor.behavior_counter[slot] = due ? 0 : counter;
+        if (due && actor.BEHAVIOR[slot] != BEHAVIOR_NONE && FW_check_behaviors(who, slot) == held_up) return;
     }
 }
 
@@ -121,7 +120,7 @@ void behavior_tick()
 int FW_check_behaviors(int who, int slot)
 {
     if (!check_who_slot(who, slot, "FW_check_behaviors()!")) return 0;
-    const int id = actor_at(who).BEHAVIOR[static_cast<std::size_t>(slot)];
+    const int id = actor_at(who).BEHAVIOR[slot];
     run_behavior(id, who, slot);
     return id == BEHAVIOR_FORCE_PAUSE ? held_up : 0;
 }
@@ -129,10 +128,10 @@ int FW_check_behaviors(int who, int slot)
 void run_behavior(int id, int who, int slot)
 {
     if (id <= BEHAVIOR_NONE || id > max_behavior_id) return;
-    const BehaviorRow& row = behavior_table[static_cast<std::size_t>(id)];
+    const BehaviorRow& row = behavior_table[id];
     if (!row.step || !check_who_slot(who, slot, row.guard)) return;
     Actor& actor = actor_at(who);
-    const Run run{who, slot, actor, actor.behavior_params[static_cast<std::size_t>(slot)]};
+    const Run run{who, slot, actor, actor.behavior_params[slot]};
     if (row.step(run) == Outcome::ENDS) BE_clear_behavior(who, slot);
 }
 
@@ -140,19 +139,18 @@ void BE_clear_behavior(int who, int slot)
 {
     if (!check_who_slot(who, slot, "BE_clear_behavior()!")) return;
     Actor& actor = actor_at(who);
-    const auto s = static_cast<std::size_t>(slot);
-    actor.BEHAVIOR[s] = BEHAVIOR_NONE;
-    actor.behavior_interval[s] = 0;
-    actor.behavior_counter[s] = 0;
-    for (Shared16& parameter : actor.behavior_params[s])
+    actor.BEHAVIOR[slot] = BEHAVIOR_NONE;
+    actor.behavior_interval[slot] = 0;
+    actor.behavior_counter[slot] = 0;
+    for (Shared16& parameter : actor.behavior_params[slot])
         parameter = 0;
-    if (actor.behavior_autokill[s] != 0) FW_destroy_actor(who, "BE_clear_behavior");
+    if (actor.behavior_autokill[slot] != 0) FW_destroy_actor(who, "BE_clear_behavior");
 }
 
 void clear_behaviors(int who, int behavior, int kept_slot)
 {
     for (int slot = 0; slot < max_behaviors; ++slot) {
-        if (slot == kept_slot || actor_at(who).BEHAVIOR[static_cast<std::size_t>(slot)] != behavior) continue;
+        if (slot == kept_slot || actor_at(who).BEHAVIOR[slot] != behavior) continue;
         BE_clear_behavior(who, slot);
     }
 }

@@ -29,19 +29,18 @@ Outcome play(const Run& run, std::span<AnimEntry> table, int behavior)
     }
     if (table[0].duration == 0 || static_cast<std::size_t>(entry) >= table.size()) return Outcome::GOES_ON;
     runs = runs + 1;
-    if (runs >= table[static_cast<std::size_t>(entry)].duration) {
+    if (runs >= table[entry].duration) {
         runs = 0;
         const int next = next_entry(table, entry);
         entry = next < 0 ? 0 : next;
         if (next < 0) {
             for (AnimEntry& spent : table)
                 spent = AnimEntry{};
-            if (run.actor.behavior_autokill[static_cast<std::size_t>(run.slot)] != 0)
-                FW_destroy_actor(run.who, "BE_animate");
+            if (run.actor.behavior_autokill[run.slot] != 0) FW_destroy_actor(run.who, "BE_animate");
             return Outcome::GOES_ON;
         }
     }
-    const AnimEntry& shown = table[static_cast<std::size_t>(entry)];
+    const AnimEntry& shown = table[entry];
     run.actor.actor_cel = shown.cel;
     run.actor.actor_cel_option = shown.option;
     return Outcome::GOES_ON;

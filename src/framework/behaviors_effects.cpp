@@ -37,7 +37,7 @@ void age_plasma(Plasma& plasma)
 /// Makes the last place of a row younger.
 void light(Plasma& plasma, int line, int amount)
 {
-    Shared<uint8_t>& place = plasma.field[static_cast<std::size_t>(line & (plasma_side - 1))].back();
+    Shared<uint8_t>& place = plasma.field[line & (plasma_side - 1)].back();
     place = static_cast<uint8_t>(std::max(place - amount, 0));
 }
 
@@ -74,7 +74,7 @@ Outcome BE_particle(const Run& run)
         return Outcome::GOES_ON;
     }
     for (int i = 0; i < total; ++i) {
-        Particle& particle = all.particles[static_cast<std::size_t>(i)];
+        Particle& particle = all.particles[i];
         for (std::size_t axis = 0; axis < particle.offset.size(); ++axis)
             particle.offset[axis] = particle.offset[axis] + particle.direction[axis];
         if (reaches_limit(particle.age, all.age_limit)) restart(particle, all.spread);
@@ -116,11 +116,11 @@ Outcome BE_spawn_trail(const Run& run)
             actor = run.actor;
             if (p[2] != 0) actor.actor_velocity = {};
             for (int slot = 0; slot < max_behaviors; ++slot) {
-                actor.behavior_autokill[static_cast<std::size_t>(slot)] = 0;
+                actor.behavior_autokill[slot] = 0;
                 BE_clear_behavior(copy, slot);
             }
             const int slot = fade_actor(copy, 0, 1, p[3]);
-            actor.behavior_autokill[static_cast<std::size_t>(slot)] = 1;
+            actor.behavior_autokill[slot] = 1;
         }
     }
     return p[4] == -1 ? Outcome::GOES_ON : count_down(p[4]);

@@ -44,8 +44,7 @@ Outcome BE_index_fade(const Run& run)
     auto& p = run.params;
     const int channel = p[3];
     if (channel >= 0 && channel <= 2) {
-        Shared16& level =
-            channel == 1 ? run.actor.actor_opacity : run.actor.fade_levels[static_cast<std::size_t>(channel / 2)];
+        Shared16& level = channel == 1 ? run.actor.actor_opacity : run.actor.fade_levels[channel / 2];
         level = std::clamp(level + (p[0] == 0 ? int(p[1]) : -p[1]), 0, max_opacity);
     }
     return count_down(p[2]);

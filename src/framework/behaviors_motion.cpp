@@ -120,7 +120,7 @@ Outcome BE_slide_unit(const Run& run)
     const auto state = static_cast<std::size_t>(p[1]);
     if (state < states.size()) {
         const State& now = states[state];
-        const auto direction = static_cast<std::size_t>(p[0] & 3);
+        const int direction = p[0] & 3;
         p[2] = p[2] + 1;
         // A state that moves waits before its move; the rest takes just its runs.
         if (p[2] < now.wait + (now.move != 0 ? 1 : 0)) return Outcome::GOES_ON;
@@ -141,7 +141,7 @@ Outcome BE_jitter(const Run& run)
 {
     static constexpr std::array<int, 8> offset_x{0, 1, 1, 1, 0, -1, -1, -1};
     static constexpr std::array<int, 8> offset_y{-1, -1, 0, 1, 1, 1, 0, -1};
-    const auto offset = static_cast<std::size_t>(rnd(8));
+    const int offset = rnd(8);
     run.actor.actor_pos[x_axis] = run.params[0] + offset_x[offset];
     run.actor.actor_pos[y_axis] = run.params[1] + offset_y[offset];
     return count_down(run.params[3]);

@@ -75,7 +75,7 @@ Outcome BE_modify_variable(const Run& run)
     auto& p = run.params;
     for (const VariableRow& row : variable_rows) {
         if (row.id != p[0] || (row.indices > 0 && (p[3] < 0 || p[3] >= row.indices))) continue;
-        Shared16& field = row.field(run.actor, static_cast<std::size_t>(p[3]));
+        Shared16& field = row.field(run.actor, p[3]);
         field = apply(row.rule, field, p[1]);
     }
     return p[2] == 0 ? Outcome::GOES_ON : count_down(p[2]);

@@ -14,7 +14,7 @@ constexpr int highest_fog = 331;
 int find_fog_job()
 {
     for (int index = 0; index < max_jobs; ++index) {
-        const int type = job_queue[static_cast<std::size_t>(index)].type;
+        const int type = job_queue[index].type;
         if (type == JOB_FREE || type == JOB_DRAW_ACTOR) return index;
     }
     return -1;
@@ -30,7 +30,7 @@ Outcome BE_control_fog(const Run& run)
     if (level < lowest_fog || level > highest_fog) return Outcome::ENDS;
     const int index = find_fog_job();
     if (index < 0) return Outcome::GOES_ON;
-    Job& job = job_queue[static_cast<std::size_t>(index)];
+    Job& job = job_queue[index];
     job.arguments[0] = level;
     job.type = JOB_DRAW_ACTOR;
     return Outcome::GOES_ON;

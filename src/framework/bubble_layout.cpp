@@ -27,7 +27,7 @@ struct Word {
 struct Words {
     std::array<Word, max_words> list{};
     int count = 0;
-    std::span<const Word> all() const { return std::span(list).first(static_cast<std::size_t>(count)); }
+    std::span<const Word> all() const { return std::span(list).first(count); }
 };
 
 bool is_digit(char c) { return c >= '0' && c <= '9'; }
@@ -44,7 +44,7 @@ public:
         for (std::size_t i = 0; i < text.size();)
             i += read_code(text.substr(i));
         end_word();
-        bubble_.bubble_text[static_cast<std::size_t>(length_)] = bubble_text_end;
+        bubble_.bubble_text[length_] = bubble_text_end;
     }
     Words words;
 
@@ -59,8 +59,7 @@ private:
         }
         if (by_hand_ && rest.size() >= 4 && rest[0] == '|' && rest[1] == 'h' && is_digit(rest[2]) &&
             is_digit(rest[3])) {
-            bubble_.bubble_marks[static_cast<std::size_t>(digit_value(rest[2]))] =
-                static_cast<uint8_t>(digit_value(rest[3]));
+            bubble_.bubble_marks[digit_value(rest[2])] = static_cast<uint8_t>(digit_value(rest[3]));
             return 4;
         }
         if (!by_hand_ && rest[0] == forced_end) {
@@ -74,9 +73,8 @@ private:
     void put(char c)
     {
         if (length_ >= max_characters) return;
-        const auto place = static_cast<std::size_t>(length_);
-        bubble_.bubble_text[place] = static_cast<uint8_t>(c);
-        bubble_.bubble_colours[place] = static_cast<uint8_t>(colour_);
+        bubble_.bubble_text[length_] = static_cast<uint8_t>(c);
+        bubble_.bubble_colours[length_] = static_cast<uint8_t>(colour_);
         if (c == ' ') {
             end_word();
         } else if (word_start_ < 0) {
@@ -88,7 +86,7 @@ private:
     void end_word()
     {
         if (word_start_ < 0 || words.count >= max_words) return;
-        words.list[static_cast<std::size_t>(words.count++)] = {word_start_, length_ - 1, false};
+        words.list[words.count++] = {word_start_, length_ - 1, false};
         word_start_ = -1;
     }
 
@@ -98,7 +96,7 @@ private:
         put(' ');
         if (words.count == 0) return;
         const int word = words.count - 1;
-        words.list[static_cast<std::size_t>(word)].ends_line = true;
+        words.list[word].ends_line = true;
         log_line("[BREAK] at %d", word);
     }
 
@@ -119,7 +117,7 @@ struct Lines {
 void end_line(Lines& lines, std::size_t word, int length)
 {
     lines.longest = std::max(lines.longest, length);
-    if (lines.count < max_lines) lines.last_words[static_cast<std::size_t>(lines.count++)] = static_cast<int16_t>(word);
+    if (lines.count < max_lines) lines.last_words[lines.count++] = static_cast<int16_t>(word);
 }
 
 /// Fills lines of `width` characters one after the other. A word at the head of a line that doesn't fit makes the
@@ -176,7 +174,7 @@ void lay_out_bubble(Bubble& bubble, std::string_view text)
     const Lines lines = by_hand ? stack(reader.words.all()) : wrap_best(reader.words.all());
     for (std::size_t i = 0; i < static_cast<std::size_t>(lines.count); ++i)
         bubble.bubble_breaks[i] = lines.last_words[i];
-    bubble.bubble_breaks[static_cast<std::size_t>(lines.count)] = -1;
+    bubble.bubble_breaks[lines.count] = -1;
     bubble.bubble_height = 6 * std::max(lines.count, 1) + 7;
     bubble.bubble_width = bubble_character_w * lines.longest + 6;
 }
@@ -196,7 +194,7 @@ int place_bubble_text(const Bubble& bubble, std::array<BubblePlace, bubble_text_
             if (word == 0) pen.column = 0;
             at_line_end = false;
         }
-        if (blank && in_word) at_line_end = bubble.bubble_breaks[static_cast<std::size_t>(pen.line)] == word;
+        if (blank && in_word) at_line_end = bubble.bubble_breaks[pen.line] == word;
         in_word = !blank;
         places[i] = pen;
         ++pen.column;

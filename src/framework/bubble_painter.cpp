@@ -37,12 +37,11 @@ void draw_characters(BITMAP* picture, const Bubble& bubble, Corner corner)
     const int length = place_bubble_text(bubble, places);
     const int in_play = std::min(length, int(bubble.bubble_typed));
     for (int index = 0; index < in_play; ++index) {
-        const auto i = static_cast<std::size_t>(index);
-        const int fade = bubble.bubble_fades[i];
-        const char character[] = {static_cast<char>(bubble.bubble_text[i]), 0};
-        set_text(FONT_NARROW, bubble.bubble_colours[i], 0, 0, 0, 0, fade < opaque ? 1 : 0, fade);
-        draw_text(picture, corner.x + margin + places[i].column * bubble_character_w,
-                  corner.y + margin + places[i].line * bubble_line_h, character);
+        const int fade = bubble.bubble_fades[index];
+        const char character[] = {static_cast<char>(bubble.bubble_text[index]), 0};
+        set_text(FONT_NARROW, bubble.bubble_colours[index], 0, 0, 0, 0, fade < opaque ? 1 : 0, fade);
+        draw_text(picture, corner.x + margin + places[index].column * bubble_character_w,
+                  corner.y + margin + places[index].line * bubble_line_h, character);
     }
 }
 
@@ -54,7 +53,7 @@ void draw_bubbles(BITMAP* picture)
         const Bubble& bubble = bubble_at(index);
         const int who = bubble.bubble_actor;
         if (!actor_exists(who)) continue;
-        const Corner corner = corner_of(bubble, actor_shadow[static_cast<std::size_t>(who)], picture);
+        const Corner corner = corner_of(bubble, actor_shadow[who], picture);
         const int opened = std::min(int(bubble.bubble_open), int(bubble.bubble_height));
         const int state = bubble.bubble_state;
         blend_rect(picture, corner.x, corner.y, bubble.bubble_width, opened, palette_color[bubble.bubble_colour & 255],

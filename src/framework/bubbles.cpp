@@ -51,7 +51,7 @@ void type(Bubble& bubble)
         }
         can_be_seen = bubble.bubble_fades[i] > bubble.bubble_reveal;
     }
-    const bool more = in_play == typed && bubble.bubble_text[static_cast<std::size_t>(typed)] != bubble_text_end;
+    const bool more = in_play == typed && bubble.bubble_text[typed] != bubble_text_end;
     if (more && can_be_seen) {
         bubble.bubble_typed = std::min(typed + bubble.bubble_type_rate, bubble_text_size - 1);
         changed = true;

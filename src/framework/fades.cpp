@@ -22,15 +22,14 @@ void start_wave(int who, int slot, const WaveShape& shape, std::size_t axis, con
     wave.b = shape.b;
     wave.phase = rnd(255);
 
-    const auto s = static_cast<std::size_t>(taken);
-    auto& params = actor.behavior_params[s];
-    actor.BEHAVIOR[s] = BEHAVIOR_NONE;
+    auto& params = actor.behavior_params[taken];
+    actor.BEHAVIOR[taken] = BEHAVIOR_NONE;
     params[0] = VARIABLE_WAVE_PHASE;
     params[1] = shape.amount;
     params[2] = 0;
     params[3] = static_cast<int>(axis);
-    actor.behavior_interval[s] = shape.interval;
-    actor.BEHAVIOR[s] = BEHAVIOR_MODIFY_VARIABLE;
+    actor.behavior_interval[taken] = shape.interval;
+    actor.BEHAVIOR[taken] = BEHAVIOR_MODIFY_VARIABLE;
 }
 
 } // namespace
@@ -40,14 +39,13 @@ int fade_actor(int who, int mode, int step, int interval)
     const int slot = get_free_behavior(who);
     if (!actor_exists(who)) return 0;
     Actor& actor = actor_at(who);
-    const auto s = static_cast<std::size_t>(slot);
-    actor.BEHAVIOR[s] = BEHAVIOR_NONE;
-    actor.behavior_params[s][0] = mode == 0 ? -step : step;
+    actor.BEHAVIOR[slot] = BEHAVIOR_NONE;
+    actor.behavior_params[slot][0] = mode == 0 ? -step : step;
     actor.actor_opacity = mode == 0 ? max_opacity : 1;
     actor.Mode = MODE_TRANSLUCENT;
-    actor.behavior_interval[s] = interval;
-    actor.behavior_counter[s] = 0;
-    actor.BEHAVIOR[s] = BEHAVIOR_TRUE_FADE;
+    actor.behavior_interval[slot] = interval;
+    actor.behavior_counter[slot] = 0;
+    actor.BEHAVIOR[slot] = BEHAVIOR_TRUE_FADE;
     return slot;
 }
 

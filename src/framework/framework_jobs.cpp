@@ -17,7 +17,7 @@ void (*run_one_frame)() = nullptr; // handed over with the registration; main th
 constexpr int scratch_w = 320, scratch_h = 200;
 
 /// Argument of a record: 0 to 7 for a to h.
-int argument(int index, std::size_t which) { return job_queue[static_cast<std::size_t>(index)].arguments[which]; }
+int argument(int index, std::size_t which) { return job_queue[index].arguments[which]; }
 
 void play_sample_job(int index)
 {
@@ -30,7 +30,7 @@ void draw_actor_job(int index)
     const int who = argument(index, 0);
     Bitmap& scratch = actor_pictures.scratch_bitmap;
     if (!scratch) scratch = Bitmap(scratch_w, scratch_h, mask_magenta);
-    if (scratch && actor_exists(who)) draw_actor(scratch, actor_shadow[static_cast<std::size_t>(who)]);
+    if (scratch && actor_exists(who)) draw_actor(scratch, actor_shadow[who]);
     job_clear(index);
 }
 

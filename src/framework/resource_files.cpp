@@ -35,7 +35,7 @@ public:
     int index() const { return index_; }
     void step()
     {
-        index_ = (index_ + 1 + table_[static_cast<std::size_t>(index_)] % divisor_) & 63;
+        index_ = (index_ + 1 + table_[index_] % divisor_) & 63;
         divisor_ = ((divisor_ + 1) & 30) + 1; // 1, 3, 5 ... 31 and again
     }
 
@@ -89,15 +89,9 @@ constexpr ScrambleTable scramble_table = {
 };
 // clang-format on
 
-uint8_t scramble_byte(const ScrambleTable& table, int index, uint8_t byte)
-{
-    return reversed(byte) ^ table[static_cast<std::size_t>(index)];
-}
+uint8_t scramble_byte(const ScrambleTable& table, int index, uint8_t byte) { return reversed(byte) ^ table[index]; }
 
-uint8_t unscramble_byte(const ScrambleTable& table, int index, uint8_t byte)
-{
-    return reversed(byte ^ table[static_cast<std::size_t>(index)]);
-}
+uint8_t unscramble_byte(const ScrambleTable& table, int index, uint8_t byte) { return reversed(byte ^ table[index]); }
 
 Bytes scramble(std::span<const uint8_t> plain, int start)
 {

@@ -32,8 +32,7 @@ struct Command {
 /// Word of a program; behind its last word it has ended.
 int word_at(const ScriptSlot& script, int index)
 {
-    return index >= 0 && index < script_program_size ? int(script.script_program[static_cast<std::size_t>(index)])
-                                                     : SCRIPT_END;
+    return index >= 0 && index < script_program_size ? int(script.script_program[index]) : SCRIPT_END;
 }
 
 void sleep(const Command& c) { c.script.script_wait = c.arg(0); }
@@ -50,7 +49,7 @@ void wait_for_behavior(const Command& c)
     }
     script.script_pending = 0;
     const bool known = actor_exists(who) && slot >= 0 && slot < max_behaviors;
-    const bool runs = known && actor_at(who).BEHAVIOR[static_cast<std::size_t>(slot)] != 0;
+    const bool runs = known && actor_at(who).BEHAVIOR[slot] != 0;
     script.script_waiting = runs ? 1 : 0;
     if (runs) return;
     script.script_wait_actor = -1;
@@ -100,7 +99,7 @@ void fade(const Command& c)
     int who = c.script.script_owner;
     if (named != -1) {
         const bool kept = named >= 0 && named < script_var_count;
-        who = kept ? int(c.script.script_vars[static_cast<std::size_t>(named)]) : -1;
+        who = kept ? int(c.script.script_vars[named]) : -1;
     }
     fade_actor(who, c.arg(1), step, c.arg(2));
     c.script.script_wait_actor = actor_layer.event_actor;
@@ -111,7 +110,7 @@ void fade(const Command& c)
 void keep_job(const Command& c, int variable)
 {
     if (variable < 0 || variable >= script_var_count) return;
-    c.script.script_vars[static_cast<std::size_t>(variable)] = static_cast<uint8_t>(c.pass.last_job);
+    c.script.script_vars[variable] = static_cast<uint8_t>(c.pass.last_job);
 }
 
 void keep_job_by_fifth(const Command& c) { keep_job(c, c.arg(4)); }

@@ -52,7 +52,7 @@ struct WaveDisplacer {
 };
 inline std::array<WaveDisplacer, 3> wave_displacers;
 
-inline ScriptSlot& script_at(int slot) { return scripts[static_cast<std::size_t>(slot)]; }
+inline ScriptSlot& script_at(int slot) { return scripts[slot]; }
 constexpr bool script_slot_exists(int slot) { return slot >= 0 && slot < max_scripts; }
 
 /// Makes a slot free and blank. A number outside the table: a line in the log.

@@ -16,7 +16,7 @@ bool find_body(std::span<const uint8_t> file, int id, std::span<const uint8_t>& 
     for (std::size_t i = 0; i + 2 < file.size(); ++i) {
         if (file[i] != SCRIPT_RECORD || file[i + 1] * 100 + file[i + 2] != id) continue;
         body = file.subspan(i + 3);
-        body = body.first(static_cast<std::size_t>(std::find(body.begin(), body.end(), SCRIPT_RECORD) - body.begin()));
+        body = body.first(std::find(body.begin(), body.end(), SCRIPT_RECORD) - body.begin());
         return true;
     }
     return false;

@@ -23,13 +23,12 @@ void sfx_play(int slot, int frequency, int volume)
         log_line("[ ERROR ] Sample slot is out of range in sfx_play()! Slot = %d", slot);
         return;
     }
-    const auto index = static_cast<std::size_t>(slot);
-    const Sample& sample = sound.samples[index];
+    const Sample& sample = sound.samples[slot];
     if (sample.sample_state == sample_invalid || !sample.handle) {
         log_line("Requested invalid sample in cache. Slot = %d", slot);
         return;
     }
-    if (clock_state.sample_played[index] != 0) return;
+    if (clock_state.sample_played[slot] != 0) return;
     const int master = sound.master_volume;
     const float taken = static_cast<float>(master) * sample.sample_attenuation;
     int loudness = master - static_cast<int>(std::lround(taken));
@@ -38,7 +37,7 @@ void sfx_play(int slot, int frequency, int volume)
     if (volume != -1) loudness = std::clamp(loudness * volume / 100, 0, 255);
     const int pitch = frequency == -1 ? lowest_random_frequency + rnd(random_frequencies) : frequency;
     sound.play(sample.handle, loudness, middle_pan, pitch, 0);
-    clock_state.sample_played[index] = 1;
+    clock_state.sample_played[slot] = 1;
 }
 
 void queue_sfx(int slot, int frequency, int delay)

@@ -189,7 +189,7 @@ void set_list_texts(int slot, int first, int count)
 {
     auto& rows = gui.list_items[slot];
     for (int i = 0; i < max_list_items; ++i)
-        rows[static_cast<std::size_t>(i)] = i < count ? first + i : 0;
+        rows[i] = i < count ? first + i : 0;
 }
 
 void set_field_text(int slot, const char* text)

@@ -191,8 +191,7 @@ constinit const std::array<const char*, description_row_count* description_lines
     std::array<const char*, description_row_count * description_lines> all{};
     for (const Description& description : descriptions) {
         for (int line = 0; line < description_lines; ++line)
-            all[static_cast<std::size_t>(description.row) * description_lines + static_cast<std::size_t>(line)] =
-                description.lines[static_cast<std::size_t>(line)];
+            all[description.row * description_lines + line] = description.lines[line];
     }
     return all;
 }();

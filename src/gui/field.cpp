@@ -25,12 +25,12 @@ struct FieldKey {
 int text_length(int slot)
 {
     int length = 0;
-    while (length < field_bytes - 1 && gui.field_text[slot][static_cast<std::size_t>(length)] != 0)
+    while (length < field_bytes - 1 && gui.field_text[slot][length] != 0)
         ++length;
     return length;
 }
 
-Cell<char, 0>& character_at(int slot, int position) { return gui.field_text[slot][static_cast<std::size_t>(position)]; }
+Cell<char, 0>& character_at(int slot, int position) { return gui.field_text[slot][position]; }
 
 /// Nothing stands behind the last character that the field takes.
 void clear_tail(int slot)
@@ -145,7 +145,7 @@ constexpr auto keys = [] {
 /// Counts the passes of a key; true in those in which it acts.
 bool key_acts(int scancode)
 {
-    int& passes = field_keys.key_repeat[static_cast<std::size_t>(scancode)];
+    int& passes = field_keys.key_repeat[scancode];
     if (!::key[scancode]) {
         passes = 0;
         return false;

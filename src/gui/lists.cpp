@@ -20,11 +20,10 @@ constexpr int bar_room = 13;  // pixels that a bar takes from a highlighted row
 
 int file_set(int entry, bool pointed)
 {
-    const auto index = static_cast<std::size_t>(entry);
     if (pointed) return SET_TOOLTIP;
     const bool selectable = browser_listing.selected_row < 0 || browser_listing.selected_row == entry;
-    if (selectable && browser_state.browser_file == browser_listing.browser_list[index].data()) return SET_SELECTED;
-    return browser_listing.browser_isdir[index] ? SET_FOLDER : SET_BUTTON;
+    if (selectable && browser_state.browser_file == browser_listing.browser_list[entry].data()) return SET_SELECTED;
+    return browser_listing.browser_isdir[entry] ? SET_FOLDER : SET_BUTTON;
 }
 
 } // namespace
@@ -49,7 +48,7 @@ void draw_list_rows(int slot, bool centred)
     for (int r = 0; r < gui.list_rows[slot]; ++r) {
         const int entry = r + gui.scroll_value[slot];
         if (entry < 0 || entry >= max_list_items) return;
-        const int id = gui.list_items[slot][static_cast<std::size_t>(entry)];
+        const int id = gui.list_items[slot][entry];
         const char* text = ui_strings[id];
         if (id == 0 || *text == 0) continue;
         set_plain_text(font, SET_LIGHT);
@@ -81,9 +80,8 @@ void draw_file_list(int slot, const Look& look)
             const int top = y + 1 + file_pitch * r;
             fill_area(x + 2, top, right, top + file_pitch, menu_scheme.scheme_shadow);
         }
-        draw_characters(x + 3, y + 2 + file_pitch * r,
-                        browser_listing.browser_list[static_cast<std::size_t>(entry)].data(), gui.field_visible[slot],
-                        file_set(entry, r == pointed));
+        draw_characters(x + 3, y + 2 + file_pitch * r, browser_listing.browser_list[entry].data(),
+                        gui.field_visible[slot], file_set(entry, r == pointed));
     }
 }
 

@@ -97,7 +97,7 @@ bool in_row(int slot, int r)
 bool row_filled(int slot, int r)
 {
     const int entry = r + gui.scroll_value[slot];
-    return entry >= 0 && entry < max_list_items && gui.list_items[slot][static_cast<std::size_t>(entry)] != 0;
+    return entry >= 0 && entry < max_list_items && gui.list_items[slot][entry] != 0;
 }
 
 /// Two rows meet in a line of pixels that belongs to both: there it is the row that the renderer highlights.

@@ -91,7 +91,7 @@ constexpr auto kinds = [] {
     for (KindRow& row : all)
         row.draw = draw_nothing;
     for (const KindRow& row : kind_rows)
-        all[static_cast<std::size_t>(row.kind)] = row;
+        all[row.kind] = row;
     return all;
 }();
 
@@ -106,7 +106,7 @@ void gui_render_to(BITMAP* target)
         if (!slot_live(slot)) continue;
         const int kind = gui.kind[slot];
         if (kind >= 0 && kind < KIND_COUNT) {
-            const KindRow& row = kinds[static_cast<std::size_t>(kind)];
+            const KindRow& row = kinds[kind];
             row.draw(slot, row.look);
         }
         if (gui.scroll_on[slot]) draw_scroll_bar(slot);

@@ -38,7 +38,7 @@ bool pointer_in_rail(int slot)
     const int cross = knobs[knob_cross];
     if (cross == 0 || steps < 1) return false;
     const int first = knobs[0];
-    const int reach = knobs[static_cast<std::size_t>(steps - 1)] - first;
+    const int reach = knobs[steps - 1] - first;
     const int knob_w = gui.knob_sheet[slot][2];
     const int knob_h = gui.knob_sheet[slot][3];
     return gui.scroll_horizontal[slot] ? pointer_strictly_in(first, cross, reach + knob_w, knob_h)
@@ -84,7 +84,7 @@ void drag_knob(int slot)
     const auto& knobs = gui.knob_pos[slot];
     int index = 0;
     for (int k = 0; k < steps; ++k) {
-        if (knobs[static_cast<std::size_t>(k)] < at - 2) index = k;
+        if (knobs[k] < at - 2) index = k;
     }
     const int min = gui.scroll_min[slot];
     const int max = gui.scroll_max[slot];
@@ -129,7 +129,7 @@ void build_knob_table(int slot)
                                : box[3] + 1 - gui.knob_sheet[slot][3] - box[1] - gui.arrow_h[slot];
     const double share = steps > 1 ? static_cast<double>(way) / (steps - 1) : 0.0;
     for (int k = 0; k < steps; ++k)
-        gui.knob_pos[slot][static_cast<std::size_t>(k)] = static_cast<int16_t>(start + static_cast<int>(share * k));
+        gui.knob_pos[slot][k] = static_cast<int16_t>(start + static_cast<int>(share * k));
     gui.knob_pos[slot][knob_cross] = static_cast<int16_t>(horizontal ? bar_y(slot) : bar_x(slot) - 2);
 }
 

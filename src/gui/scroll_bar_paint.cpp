@@ -56,7 +56,7 @@ void draw_rail(int x1, int y1, int x2, int y2, const Rail& rail)
 /// Arrow 0 or 1, in its lit form while it is held and under the pointer.
 void draw_arrow(int slot, int which)
 {
-    const auto at = std::size_t{2} * static_cast<std::size_t>(which);
+    const auto at = 2 * which;
     const bool held =
         gui_logic.gui_capture == 2 + which && pointer.gui_hold_slot == slot && pointer.gui_hover_slot == slot;
     const int w = gui.arrow_w[slot];
@@ -80,7 +80,7 @@ void draw_tag(int slot, int knob_x, int y)
     std::snprintf(text.data(), text.size(), "%d", int(*shown));
     set_plain_text(FONT_NARROW, SET_SLIDER_TAG);
     const int width = text_width(text.data());
-    const int last = gui.knob_pos[slot][static_cast<std::size_t>(std::max(1, int(gui.scroll_steps[slot])) - 1)];
+    const int last = gui.knob_pos[slot][std::max(1, int(gui.scroll_steps[slot])) - 1];
     const bool at_left = last < width + 5 + knob_x;
     const int left = at_left ? knob_x - width - 1 : knob_x + gui.knob_sheet[slot][2];
     fill_area(left, y, left + width, y + cap_h - 1,
@@ -124,7 +124,7 @@ void draw_scroll_bar(int slot)
 {
     place_arrows(slot);
     if (gui.knob_pos[slot][knob_cross] == 0) build_knob_table(slot);
-    const int knob = gui.knob_pos[slot][static_cast<std::size_t>(knob_index(slot))];
+    const int knob = gui.knob_pos[slot][knob_index(slot)];
     if (gui.scroll_horizontal[slot]) {
         draw_horizontal(slot, knob, rail_colours(slot));
     } else {

@@ -430,7 +430,7 @@ constexpr LabelRow label_rows[] = {
 constexpr auto labels = [] {
     std::array<const char*, text_rows> all{};
     for (const LabelRow& row : label_rows) {
-        const char*& place = all[static_cast<std::size_t>(row.id)];
+        const char*& place = all[row.id];
         place = place ? throw "two labels on one row" : row.text;
     }
     return all;
@@ -453,11 +453,11 @@ constexpr Block blocks[] = {
 const char* UiStrings::operator[](int row) const
 {
     if (row < 0 || row >= text_rows) return "";
-    if (const char* label = labels[static_cast<std::size_t>(row)]) return label;
+    if (const char* label = labels[row]) return label;
     for (const Block& block : blocks) {
         const int place = row - block.first;
         if (place < 0 || place >= static_cast<int>(block.rows.size())) continue;
-        const char* text = block.rows[static_cast<std::size_t>(place)];
+        const char* text = block.rows[place];
         return text ? text : "";
     }
     return "";

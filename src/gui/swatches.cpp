@@ -60,7 +60,7 @@ void draw_spectrum(int slot, const Look&)
     const int x = gui.x[slot];
     const int y = gui.y[slot];
     const int columns = gui.w[slot] - 2;
-    const auto ink = static_cast<std::size_t>(current_ink());
+    const int ink = current_ink();
     const auto bands = static_cast<float>(toolbox.ink_table[ink][banding_option]);
     for (int i = 0; i < columns; ++i) {
         const float position = static_cast<float>(i) / static_cast<float>(columns);

@@ -3,6 +3,7 @@
 // A glyph is resolved once into its working colours and goes straight to the target's lines; only shadows and the
 // translucent modes, which the program uses rarely, go through a work bitmap.
 #include "gui/text.h"
+#include "base/sizes.h"
 
 #include "base/log.h"
 #include "runtime/pixels.h"
@@ -39,7 +40,7 @@ Inks working_inks(int set, bool recolour)
     std::copy_n(palette_color + first_marker, marker_count, inks.markers.begin());
     inks.colours = inks.markers;
     if (!recolour) return inks;
-    const ColourSet& entries = text_colours[static_cast<std::size_t>(std::clamp(set, 0, text_set_count - 1))];
+    const ColourSet& entries = text_colours[std::clamp(set, 0, text_set_count - 1)];
     for (int& colour : inks.colours) {
         for (std::size_t k = 0; k < marker_count; ++k) {
             if (colour == inks.markers[k] && entries[k] != marker_stays) colour = entries[k];
@@ -201,7 +202,7 @@ int draw_text(BITMAP* bitmap, int x, int y, const char* string)
     static Glyph glyph; // kept between calls for its memory
     glyph.w = font.cell_w;
     glyph.h = font.cell_h;
-    glyph.pixels.resize(static_cast<std::size_t>(glyph.w) * static_cast<std::size_t>(glyph.h));
+    glyph.pixels.resize(product(glyph.w, glyph.h));
     Inks inks = working_inks(text_pen.text_colour_set, text_pen.text_colour_set != 0);
     int pen = 0;
     for (const char* at = string; *at != 0; ++at) {

@@ -63,12 +63,12 @@ void init_text_colours()
     for (ColourSet& set : text_colours)
         set.fill(marker_stays);
     for (const SetRow& row : rows)
-        text_colours[static_cast<std::size_t>(row.set)] = row.colours;
+        text_colours[row.set] = row.colours;
 }
 
 void set_letter_colour(int set, int colour)
 {
-    ColourSet& colours = text_colours[static_cast<std::size_t>(set)];
+    ColourSet& colours = text_colours[set];
     colours[0] = colour;
     colours[1] = colour;
 }

@@ -49,10 +49,9 @@ void take_cells(Font& font, BITMAP* picture, int first_cell)
         blit(picture, font.glyph_sheet, x + 1, y + 1, place, 0, font.cell_w, font.cell_h);
         const int code = number_at(picture, x, y);
         if (code > highest_code) continue;
-        const auto glyph = static_cast<std::size_t>(code);
-        font.glyph_x[glyph] = place;
-        font.glyph_y[glyph] = number_at(picture, x + 1, y);
-        font.advance[glyph] = number_at(picture, x + 2, y);
+        font.glyph_x[code] = place;
+        font.glyph_y[code] = number_at(picture, x + 1, y);
+        font.advance[code] = number_at(picture, x + 2, y);
     }
 }
 

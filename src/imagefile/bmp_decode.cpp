@@ -4,6 +4,7 @@
 // of 40 or more. For depths up to 8 a palette follows, of blue green red, and 0 but in the oldest. Rows are padded to 4
 // bytes, the bottom one first unless the height is negative. 8 and 4 bits may be run-length coded, 16 and 32 bits may
 // tell by masks where their channels lie.
+#include "base/sizes.h"
 #include "imagefile/bmp.h"
 
 #include "base/reader.h"
@@ -33,10 +34,7 @@ struct Head {
 
     bool by_masks() const { return compression == BY_MASKS || compression == BY_MASKS_WITH_ALPHA; }
     bool by_runs() const { return compression == RUNS_OF_8 || compression == RUNS_OF_4; }
-    std::size_t row_bytes() const
-    {
-        return (static_cast<std::size_t>(width) * static_cast<std::size_t>(bits) + 31) / 32 * 4;
-    }
+    std::size_t row_bytes() const { return (product(width, bits) + 31) / 32 * 4; }
     /// The bitmap's row for the n-th row of the file.
     int target_row(int n) const { return top_down ? n : height - 1 - n; }
     bool known() const
@@ -112,10 +110,10 @@ void decode_row(const Head& head, const Palette& palette, std::span<const uint8_
     for (int x = 0; x < head.width; ++x) {
         if (head.bits <= 8) { // pixels stand in a byte from its high bits down
             const int bit = x * head.bits;
-            const int index = line[static_cast<std::size_t>(bit / 8)] >> (8 - head.bits - bit % 8);
-            out[x] = palette[static_cast<std::size_t>(index & ((1 << head.bits) - 1))];
+            const int index = line[bit / 8] >> (8 - head.bits - bit % 8);
+            out[x] = palette[index & ((1 << head.bits) - 1)];
         } else if (head.bits >= 24 && !head.by_masks()) {
-            const uint8_t* color = &line[static_cast<std::size_t>(x) * static_cast<std::size_t>(head.bits / 8)];
+            const uint8_t* color = &line[x * (head.bits / 8)];
             out[x] = pack_rgb(color[2], color[1], color[0]);
         } else {
             const uint32_t pixel = head.bits == 16 ? static_cast<uint32_t>(in.little16()) : in.little32();
@@ -132,7 +130,7 @@ void decode_runs(ByteReader in, const Head& head, const Palette& palette, BITMAP
     // Of two pixels in a byte the high one comes first; with 8 bits a byte is a pixel.
     const auto pixel_of = [&](int byte, int n) { return head.bits == 8 ? byte : n % 2 == 0 ? byte >> 4 : byte & 15; };
     const auto put = [&](int index) {
-        if (x < head.width) row(bitmap, head.target_row(y))[x++] = palette[static_cast<std::size_t>(index)];
+        if (x < head.width) row(bitmap, head.target_row(y))[x++] = palette[index];
     };
     while (y < head.height && !in.ended()) {
         const int count = in.byte(), value = in.byte();
@@ -148,10 +146,10 @@ void decode_runs(ByteReader in, const Head& head, const Palette& palette, BITMAP
             x = std::min(head.width, x + in.byte());
             y += in.byte();
         } else {
-            const std::size_t bytes = static_cast<std::size_t>(head.bits == 8 ? value : (value + 1) / 2);
+            const std::size_t bytes = head.bits == 8 ? value : (value + 1) / 2;
             const auto run = in.take(bytes);
             for (int n = 0; n < value && static_cast<std::size_t>(head.bits == 8 ? n : n / 2) < run.size(); ++n)
-                put(pixel_of(run[static_cast<std::size_t>(head.bits == 8 ? n : n / 2)], n));
+                put(pixel_of(run[head.bits == 8 ? n : n / 2], n));
             in.skip(bytes % 2);
         }
     }
@@ -181,7 +179,7 @@ Bitmap decode_bmp(std::span<const uint8_t> bytes)
 
 Bitmap read_bmp(const std::string& name)
 {
-    constexpr std::size_t limit = 65536U + static_cast<std::size_t>(max_bitmap_pixels) * 4U;
+    constexpr std::size_t limit = 65536U + 4U * max_bitmap_pixels;
     Bytes bytes;
     if (!platform::read_file(name, limit, bytes)) return {};
     return decode_bmp(bytes);

@@ -1,5 +1,6 @@
 // The BMP writer: a file header of 14 bytes, an info header of 40, rows of blue green red padded to 4 bytes, the bottom
 // one first.
+#include "base/sizes.h"
 #include "imagefile/bmp.h"
 
 #include "base/reader.h"
@@ -13,15 +14,12 @@ constexpr std::size_t file_header = 14, info_header = 40;
 constexpr int pixels_per_metre = 2834; // 72 dpi
 constexpr int pixel_bits = 24;         // of what is written
 
-std::size_t row_bytes(int w, int bits)
-{
-    return (static_cast<std::size_t>(w) * static_cast<std::size_t>(bits) + 31U) / 32U * 4U;
-}
+std::size_t row_bytes(int w, int bits) { return (product(w, bits) + 31U) / 32U * 4U; }
 
 /// Writes both headers of a picture of 24 bits.
 void put_heads(BITMAP* bitmap, Bytes& bytes)
 {
-    const std::size_t size = row_bytes(bitmap->w, pixel_bits) * static_cast<std::size_t>(bitmap->h);
+    const std::size_t size = row_bytes(bitmap->w, pixel_bits) * bitmap->h;
     ByteWriter out(bytes);
     out.text("BM");
     out.little32(static_cast<uint32_t>(file_header + info_header + size));
@@ -43,7 +41,7 @@ void put_heads(BITMAP* bitmap, Bytes& bytes)
 void encode_row(BITMAP* bitmap, int y, Bytes& line)
 {
     const int* pixels = row(bitmap, y);
-    for (std::size_t x = 0; x < static_cast<std::size_t>(bitmap->w); ++x) {
+    for (int x = 0; x < bitmap->w; ++x) {
         line[3 * x] = static_cast<uint8_t>(blue_of(pixels[x]));
         line[3 * x + 1] = static_cast<uint8_t>(green_of(pixels[x]));
         line[3 * x + 2] = static_cast<uint8_t>(red_of(pixels[x]));

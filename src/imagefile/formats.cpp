@@ -138,7 +138,7 @@ int format_from_signature(const std::string& name)
     }
     for (const FormatRow& format : formats) {
         ByteReader in(bytes);
-        in.seek(static_cast<std::size_t>(format.signature_at));
+        in.seek(format.signature_at);
         if (!format.signature.empty() && in.starts_with(format.signature)) return format.id;
     }
     return starts_as_pcx(bytes) ? FORMAT_PCX : FORMAT_NONE;

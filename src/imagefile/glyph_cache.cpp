@@ -1,5 +1,6 @@
 // Rendering of glyphs. FreeType bounds what it computes; what it allocates is bounded here, before it does.
 #include "imagefile/glyph_cache.h"
+#include "base/sizes.h"
 
 #include <algorithm>
 #include FT_GLYPH_H
@@ -77,7 +78,7 @@ GlyphForm form_of(FT_Library library, const FT_BitmapGlyphRec& rendered)
     form.h = static_cast<int>(bytes->rows);
     form.left = rendered.left;
     form.top = rendered.top;
-    form.pixels.reserve(static_cast<std::size_t>(form.w) * static_cast<std::size_t>(form.h));
+    form.pixels.reserve(product(form.w, form.h));
     for (unsigned y = 0; y < bytes->rows; ++y) {
         const uint8_t* line = bytes.line(y);
         for (unsigned x = 0; x < bytes->width; ++x)

@@ -1,4 +1,5 @@
 // The ICO reader.
+#include "base/sizes.h"
 #include "imagefile/ico.h"
 
 #include "base/log.h"
@@ -20,10 +21,7 @@ struct Image {
 
     bool known() const { return bits == 1 || bits == 4 || bits == 8 || bits == 24 || bits == 32; }
     /// Bytes of a stored row of pixels of so many bits, padded to 4.
-    std::size_t row_bytes(int pixel_bits) const
-    {
-        return (static_cast<std::size_t>(width) * static_cast<std::size_t>(pixel_bits) + 31) / 32 * 4;
-    }
+    std::size_t row_bytes(int pixel_bits) const { return (product(width, pixel_bits) + 31) / 32 * 4; }
 };
 
 /// The number of palette entries that the directory's colour count stands for, or -1 for one that can't be.
@@ -76,14 +74,14 @@ void read_colors(ByteReader& in, const Image& image, const std::array<int, 256>&
         for (int x = 0; x < image.width; ++x) {
             uint32_t alpha = opaque;
             if (image.bits >= 24) {
-                const uint8_t* at = &line[static_cast<std::size_t>(x * image.bits / 8)];
+                const uint8_t* at = &line[x * image.bits / 8];
                 pixels[x] = pack_rgb(at[2], at[1], at[0]);
                 if (image.bits == 32) alpha = uint32_t{at[3]} << 24;
             } else { // from the high bits of a byte down
                 const int bit = x * image.bits;
-                const int byte = line[static_cast<std::size_t>(bit / 8)];
+                const int byte = line[bit / 8];
                 const int index = byte >> (8 - image.bits - bit % 8) & ((1 << image.bits) - 1);
-                pixels[x] = palette[static_cast<std::size_t>(index)];
+                pixels[x] = palette[index];
             }
             pixels[x] |= static_cast<int>(alpha);
         }
@@ -97,8 +95,7 @@ void read_mask(ByteReader& in, const Image& image, Bitmap& picture)
         const auto line = in.take(image.row_bytes(1));
         if (in.ended()) return;
         for (int x = 0; x < image.width; ++x) {
-            if (line[static_cast<std::size_t>(x / 8)] >> (7 - x % 8) & 1)
-                row(picture, y)[x] &= ~static_cast<int>(opaque);
+            if (line[x / 8] >> (7 - x % 8) & 1) row(picture, y)[x] &= ~static_cast<int>(opaque);
         }
     }
 }
@@ -110,11 +107,11 @@ Bitmap read_image(ByteReader in, Image image)
     if (image.known() && image.bits <= 8) {
         const int entries = palette_entries(image);
         if (entries < 0) return refuse("Bad number of colors!");
-        for (std::size_t i = 0; i < static_cast<std::size_t>(entries); ++i)
+        for (int i = 0; i < entries; ++i)
             palette[i] = static_cast<int>(in.little32() & 0xffffff);
     }
     // All rows have to be there before memory is asked for.
-    const std::size_t rows = image.row_bytes(image.bits) * static_cast<std::size_t>(image.height);
+    const std::size_t rows = image.row_bytes(image.bits) * image.height;
     if (in.ended() || (image.known() && in.left() < rows)) return refuse(refusal::ends_early);
     Bitmap picture(image.width, image.height, static_cast<int>(opaque));
     if (!picture || !image.known()) return picture;

@@ -37,7 +37,7 @@ void admit_first_entry(RGB_MAP& table, const RGB* palette)
 Bytes index_pixels(BITMAP* bitmap, const RGB* palette)
 {
     const auto w = static_cast<std::size_t>(bitmap->w);
-    Bytes indices(w * static_cast<std::size_t>(bitmap->h));
+    Bytes indices(w * bitmap->h);
     uint8_t* out = indices.data();
     if (bitmap_color_depth(bitmap) == 8) {
         for (int y = 0; y < bitmap->h; ++y, out += w)

@@ -19,7 +19,7 @@ struct Form {
         const auto w = static_cast<std::size_t>(width);
         return bitplanes ? (w + 15) / 16 * 2 : (w + 1) / 2 * 2;
     }
-    std::size_t stored_planes() const { return bitplanes ? static_cast<std::size_t>(planes + (masked ? 1 : 0)) : 1; }
+    std::size_t stored_planes() const { return bitplanes ? planes + (masked ? 1 : 0) : 1; }
 };
 
 bool read_header(ByteReader chunk, Form& form)
@@ -55,7 +55,7 @@ Bytes unpack(ByteReader& in, std::size_t size)
         const int count = in.byte();
         const std::size_t room = size - out.size();
         if (count < 128) {
-            const auto run = in.take(static_cast<std::size_t>(count) + 1);
+            const auto run = in.take(count + 1);
             out.insert(out.end(), run.begin(), run.begin() + static_cast<std::ptrdiff_t>(std::min(room, run.size())));
         } else if (count > 128) {
             out.insert(out.end(), std::min(room, static_cast<std::size_t>(257 - count)),
@@ -71,7 +71,7 @@ int planar_pixel(const Bytes& rows, std::size_t plane_bytes, int planes, int x)
     const auto column = static_cast<std::size_t>(x) / 8;
     int value = 0;
     for (int p = 0; p < planes; ++p)
-        value |= (rows[static_cast<std::size_t>(p) * plane_bytes + column] >> (7 - x % 8) & 1) << p;
+        value |= (rows[p * plane_bytes + column] >> (7 - x % 8) & 1) << p;
     return value;
 }
 
@@ -108,11 +108,9 @@ Bitmap read_body(ByteReader body, const Form& form, const RGB* palette)
         if (line.size() < plane * form.stored_planes()) return refuse(refusal::ends_early);
         int* out = row(bitmap, y);
         for (int x = 0; x < form.width; ++x) {
-            const int value =
-                form.bitplanes ? planar_pixel(line, plane, form.planes, x) : line[static_cast<std::size_t>(x)];
+            const int value = form.bitplanes ? planar_pixel(line, plane, form.planes, x) : line[x];
             // With 24 planes the bits are the colour itself, red lowest.
-            out[x] = form.planes == 24 ? pack_rgb(value & 255, value >> 8 & 255, value >> 16 & 255)
-                                       : colors[static_cast<std::size_t>(value)];
+            out[x] = form.planes == 24 ? pack_rgb(value & 255, value >> 8 & 255, value >> 16 & 255) : colors[value];
         }
     }
     return bitmap;

@@ -31,7 +31,7 @@ private:
     {
         // After the empty block nothing more is taken for data.
         if (at_ == block_.size() && !closed_) {
-            block_ = in_.take(static_cast<std::size_t>(in_.byte()));
+            block_ = in_.take(in_.byte());
             at_ = 0;
             closed_ = block_.empty();
         }
@@ -90,9 +90,9 @@ void lzw_decode(ByteReader& in, int minimum_size, std::size_t limit, Bytes& pixe
         else if (previous.length == 0)
             return; // a string right behind a clear code, where none can be known
         else
-            append_run(pixels, code <= top ? table[static_cast<std::size_t>(code)] : previous.longer(), limit);
+            append_run(pixels, code <= top ? table[code] : previous.longer(), limit);
         // The string before and the first pixel of this one stand side by side: that is the new string.
-        if (previous.length > 0 && top < table_mask) table[static_cast<std::size_t>(++top)] = previous.longer();
+        if (previous.length > 0 && top < table_mask) table[++top] = previous.longer();
         if (top == (1 << width) - 1 && width < lzw_max_width) ++width;
         previous = {start, pixels.size() - start};
     }

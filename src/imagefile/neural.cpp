@@ -39,7 +39,7 @@ int smallest(const NeuralNetwork::Row& values)
 {
     int best = INT_MAX;
     for (int i = 0; i < network_size; ++i)
-        best = std::min(best, values[static_cast<std::size_t>(i)] * network_size + i);
+        best = std::min(best, values[i] * network_size + i);
     return best & (network_size - 1);
 }
 
@@ -55,7 +55,7 @@ int contest(const Color& color)
         net.freq[i] -= beta_freq;
         net.bias[i] += beta_freq << gamma_shift;
     }
-    const auto best = static_cast<std::size_t>(smallest(plain));
+    const int best = smallest(plain);
     net.freq[best] += beta;
     net.bias[best] -= beta_gamma;
     return smallest(biased);
@@ -64,10 +64,9 @@ int contest(const Color& color)
 /// Moves a neuron towards a colour by weight / scale of the way, rounded towards zero.
 void alter(int neuron, const Color& color, int weight, int scale)
 {
-    const auto i = static_cast<std::size_t>(neuron);
-    network.b[i] -= weight * (network.b[i] - color.b) / scale;
-    network.g[i] -= weight * (network.g[i] - color.g) / scale;
-    network.r[i] -= weight * (network.r[i] - color.r) / scale;
+    network.b[neuron] -= weight * (network.b[neuron] - color.b) / scale;
+    network.g[neuron] -= weight * (network.g[neuron] - color.g) / scale;
+    network.r[neuron] -= weight * (network.r[neuron] - color.r) / scale;
 }
 
 using RadPower = std::array<int, initial_radius>;
@@ -76,7 +75,7 @@ using RadPower = std::array<int, initial_radius>;
 void set_radpower(RadPower& radpower, int rad, int alpha)
 {
     for (int i = 0; i < rad; ++i)
-        radpower[static_cast<std::size_t>(i)] = alpha * ((rad * rad - i * i) * rad_bias / (rad * rad));
+        radpower[i] = alpha * ((rad * rad - i * i) * rad_bias / (rad * rad));
 }
 
 void alter_neighbours(int rad, int winner, const Color& color, const RadPower& radpower)
@@ -84,7 +83,7 @@ void alter_neighbours(int rad, int winner, const Color& color, const RadPower& r
     const int low = std::max(winner - rad, -1);
     const int high = std::min(winner + rad, network_size);
     for (int d = 1; winner + d < high || winner - d > low; ++d) {
-        const int weight = radpower[static_cast<std::size_t>(d)];
+        const int weight = radpower[d];
         if (winner + d < high) alter(winner + d, color, weight, alpha_rad_bias);
         if (winner - d > low) alter(winner - d, color, weight, alpha_rad_bias);
     }
@@ -121,7 +120,7 @@ void learn()
 {
     const std::size_t length = network.pixels.size();
     const int alpha_decrease = 30 + (network.sample_factor - 1) / 3;
-    const std::size_t samples = length / (3 * static_cast<std::size_t>(network.sample_factor));
+    const std::size_t samples = length / (3UL * network.sample_factor);
     const std::size_t delta = std::max<std::size_t>(1, samples / cycles);
     const std::size_t step = sample_step(length);
     int alpha = initial_alpha;

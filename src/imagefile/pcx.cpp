@@ -1,5 +1,6 @@
 // Reader and writer of PCX.
 #include "imagefile/pcx.h"
+#include "base/sizes.h"
 
 #include "imagefile/indexed.h"
 #include "imagefile/refusal.h"
@@ -19,7 +20,7 @@ struct Head {
     int width = 0, height = 0;
     std::size_t plane_bytes = 0; ///< of one row
 
-    std::size_t row_bytes() const { return plane_bytes * static_cast<std::size_t>(planes); }
+    std::size_t row_bytes() const { return plane_bytes * planes; }
     bool true_color() const { return bits == 8 && planes == 3; }
 };
 
@@ -46,11 +47,11 @@ bool read_head(ByteReader& in, Head& head, RGB* palette)
     read_colors(in, 16, palette);
     in.skip(1);
     head.planes = in.byte();
-    head.plane_bytes = static_cast<std::size_t>(in.little16());
+    head.plane_bytes = in.little16();
     const bool indexed = (head.bits == 1 && head.planes >= 1 && head.planes <= 4) ||
                          (head.planes == 1 && (head.bits == 2 || head.bits == 4 || head.bits == 8));
     return in.seek(head_bytes) && (indexed || head.true_color()) && bitmap_size_valid(head.width, head.height) &&
-           head.plane_bytes * 8 >= static_cast<std::size_t>(head.width) * static_cast<std::size_t>(head.bits);
+           head.plane_bytes * 8 >= product(head.width, head.bits);
 }
 
 /// The colours of a picture with a palette: those at the end of the file for 256, else those of the head.
@@ -106,7 +107,7 @@ int pixel_value(const Head& head, const Bytes& line, int x)
     const int bit = x * head.bits;
     int value = 0;
     for (int p = 0; p < head.planes; ++p) {
-        const uint8_t byte = line[static_cast<std::size_t>(p) * head.plane_bytes + static_cast<std::size_t>(bit / 8)];
+        const uint8_t byte = line[p * head.plane_bytes + bit / 8];
         value |= (byte >> (8 - head.bits - bit % 8) & ((1 << head.bits) - 1)) << p;
     }
     return value;
@@ -117,12 +118,11 @@ void put_runs(ByteWriter& out, const Bytes& line)
 {
     for (std::size_t i = 0; i < line.size();) {
         int count = 1;
-        while (i + static_cast<std::size_t>(count) < line.size() &&
-               line[i + static_cast<std::size_t>(count)] == line[i] && count < longest_run)
+        while (i + count < line.size() && line[i + count] == line[i] && count < longest_run)
             ++count;
         if (count > 1 || (line[i] & run_mark) == run_mark) out.byte(run_mark | count);
         out.byte(line[i]);
-        i += static_cast<std::size_t>(count);
+        i += count;
     }
 }
 
@@ -137,7 +137,7 @@ Bitmap decode_pcx(std::span<const uint8_t> bytes, RGB* palette)
     Head head;
     if (!read_head(in, head, palette)) return refuse("Not a known PCX file!");
     // Two bytes stand for 63 at most, so a short file can't ask for a large picture.
-    if (head.row_bytes() * static_cast<std::size_t>(head.height) / 32 > in.left()) return refuse(refusal::ends_early);
+    if (head.row_bytes() * head.height / 32 > in.left()) return refuse(refusal::ends_early);
     complete_palette(bytes, head, palette);
 
     const auto colors = palette_colors(palette);
@@ -150,7 +150,7 @@ Bitmap decode_pcx(std::span<const uint8_t> bytes, RGB* palette)
         int* out = row(bitmap, y);
         for (int x = 0; x < head.width; ++x) {
             const int value = pixel_value(head, line, x);
-            out[x] = head.true_color() ? value : colors[static_cast<std::size_t>(value)];
+            out[x] = head.true_color() ? value : colors[value];
         }
     }
     return bitmap;

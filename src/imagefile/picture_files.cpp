@@ -25,7 +25,7 @@ int save_by(Encode encode, const char* file_name, BITMAP* bitmap, const RGB* pal
 void* load_datafile_png(PACKFILE* file, long size)
 {
     if (size < 0 || static_cast<std::size_t>(size) > max_picture_file) return nullptr;
-    Bytes bytes(static_cast<std::size_t>(size));
+    Bytes bytes(size);
     const long got = pack_fread(bytes.data(), size, file);
     return decode_png({bytes.data(), static_cast<std::size_t>(std::max(got, 0L))}).release();
 }

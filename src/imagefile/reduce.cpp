@@ -1,5 +1,6 @@
 // The three ways to a palette.
 #include "imagefile/reduce.h"
+#include "base/sizes.h"
 
 #include "imagefile/neural.h"
 #include "runtime/pixels.h"
@@ -15,7 +16,7 @@ constexpr int best_sample_factor = 1;
 /// Blue, green, red of each pixel.
 std::vector<uint8_t> pixel_bytes(BITMAP* frame)
 {
-    std::vector<uint8_t> bytes(static_cast<std::size_t>(frame->w) * static_cast<std::size_t>(frame->h) * 3);
+    std::vector<uint8_t> bytes(product(frame->w, frame->h) * 3);
     uint8_t* out = bytes.data();
     for (int y = 0; y < frame->h; ++y) {
         for (int x = 0; x < frame->w; ++x, out += 3) {

@@ -3,6 +3,7 @@
 // 18 bytes of header, an id and a colour map that are passed over, then the pixels. A run-length packet is a byte n
 // and then one pixel for n - 127 of them (n above 127) or n + 1 pixels; packets may run over the end of a row.
 #include "imagefile/tga.h"
+#include "base/sizes.h"
 
 #include "base/reader.h"
 #include "platform/files.h"
@@ -56,7 +57,7 @@ private:
 /// Rows of plain words as the file has them: the form in which the frames themselves are kept, so it must be fast.
 void read_words(ByteReader& in, BITMAP* picture, bool from_top)
 {
-    const std::size_t row_bytes = static_cast<std::size_t>(picture->w) * sizeof(int);
+    const std::size_t row_bytes = picture->w * sizeof(int);
     for (int y = 0; y < picture->h; ++y) {
         const auto run = in.take(row_bytes);
         std::memcpy(row(picture, from_top ? y : picture->h - 1 - y), run.data(), run.size());
@@ -77,7 +78,7 @@ void read_pixels(PixelStream pixels, BITMAP* picture, const ByteReader& in, int 
 Bitmap decode_tga(std::span<const uint8_t> bytes)
 {
     ByteReader in(bytes);
-    const auto id_size = static_cast<std::size_t>(in.byte());
+    const int id_size = in.byte();
     const bool mapped = in.byte() != 0;
     const int type = in.byte();
     in.skip(2); // first entry of the map
@@ -86,11 +87,11 @@ Bitmap decode_tga(std::span<const uint8_t> bytes)
     const int w = in.little16(), h = in.little16(), bits = in.byte(), descriptor = in.byte();
     if ((type != type_plain && type != type_runs) || (bits != 24 && bits != 32) || !bitmap_size_valid(w, h)) return {};
     in.skip(id_size);
-    if (mapped) in.skip(static_cast<std::size_t>(map_length) * static_cast<std::size_t>((map_bits + 7) / 8));
+    if (mapped) in.skip(product(map_length, (map_bits + 7) / 8));
 
     // A packet holds at most 128 pixels: fewer bytes than that can't be a picture of this size, however it is coded.
-    const auto pixel_count = static_cast<std::size_t>(w) * static_cast<std::size_t>(h);
-    const auto least = type == type_plain ? pixel_count * static_cast<std::size_t>(bits / 8) : pixel_count / 128;
+    const auto pixel_count = product(w, h);
+    const auto least = type == type_plain ? pixel_count * (bits / 8) : pixel_count / 128;
     if (in.ended() || in.left() < least) return {};
 
     Bitmap picture = Bitmap::unfilled(w, h); // where the data ends early, nothing is given out
@@ -105,7 +106,7 @@ Bitmap decode_tga(std::span<const uint8_t> bytes)
 
 Bitmap read_tga(const std::string& name)
 {
-    constexpr std::size_t limit = header_size + 255U + 65536U * 4U + static_cast<std::size_t>(max_bitmap_pixels) * 5U;
+    constexpr std::size_t limit = header_size + 255U + 65536U * 4U + 5U * max_bitmap_pixels;
     Bytes bytes;
     if (!platform::read_file(name, limit, bytes)) return {};
     return decode_tga(bytes);
@@ -125,7 +126,7 @@ bool write_tga(const std::string& name, int w, int h, const RowSource& rows)
     out.byte(8); // eight bits of alpha, origin at the bottom left
     platform::FileReplacement file(name);
     bool good = file.write(header);
-    std::vector<int> line(static_cast<std::size_t>(w));
+    std::vector<int> line(w);
     Bytes bytes(line.size() * 4);
     for (int y = h - 1; good && y >= 0; --y) {
         rows(y, line.data());
@@ -138,7 +139,7 @@ bool write_tga(const std::string& name, int w, int h, const RowSource& rows)
 bool write_tga(const std::string& name, BITMAP* bitmap)
 {
     return bitmap && write_tga(name, bitmap->w, bitmap->h, [bitmap](int y, int* pixels) {
-               std::memcpy(pixels, row(bitmap, y), static_cast<std::size_t>(bitmap->w) * sizeof(int));
+               std::memcpy(pixels, row(bitmap, y), bitmap->w * sizeof(int));
            });
 }
 

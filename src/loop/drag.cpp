@@ -27,7 +27,7 @@ Places places_in_window(int first, int end)
 {
     Places places{};
     for (int slot = first + 1; slot < end; ++slot)
-        places[static_cast<std::size_t>(slot)] = {gui.x[slot] - gui.x[first], gui.y[slot] - gui.y[first]};
+        places[slot] = {gui.x[slot] - gui.x[first], gui.y[slot] - gui.y[first]};
     return places;
 }
 
@@ -42,8 +42,8 @@ void move_window(int first, int end, const Places& places, int x, int y)
     gui.x[first] = x;
     gui.y[first] = y;
     for (int slot = first + 1; slot < end; ++slot) {
-        gui.x[slot] = x + places[static_cast<std::size_t>(slot)].x;
-        gui.y[slot] = y + places[static_cast<std::size_t>(slot)].y;
+        gui.x[slot] = x + places[slot].x;
+        gui.y[slot] = y + places[slot].y;
     }
     // The next frame builds the bars' knobs at the new place.
     forget_knob_tables(first, end - first);
@@ -51,9 +51,7 @@ void move_window(int first, int end, const Places& places, int x, int y)
 
 void drag_window_job(int index)
 {
-    const auto argument = [&job = job_queue[static_cast<std::size_t>(index)]](std::size_t i) {
-        return int(job.arguments[i]);
-    };
+    const auto argument = [&job = job_queue[index]](std::size_t i) { return int(job.arguments[i]); };
     const int row = argument(0);
     const int dx = argument(1);
     const int dy = argument(2);

@@ -87,7 +87,7 @@ void paint_crosshairs(BITMAP* target)
     const int opacity = preferences.crosshair_opacity;
     if (opacity == 0 || toolbox.brush_tip == one_pixel_tip) return;
     constexpr std::array<int, 3> colors{0xffffff, 0x808080, 0x000000};
-    const int color = colors[static_cast<std::size_t>(std::clamp(int(preferences.crosshair_color), 0, 2))];
+    const int color = colors[std::clamp(int(preferences.crosshair_color), 0, 2)];
     const Units at = pointer_units(preferences.crosshair_scaling != 0);
     const TipReach gap = gap_around_pointer();
     const int left = at.x * at.size;

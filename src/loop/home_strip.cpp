@@ -50,7 +50,7 @@ void build_choices(Origin at, int first_slot, int x, int first_text, std::span<c
 {
     for (int i = 0; i < 6; ++i) {
         const int kind = i == selected ? KIND_BUTTON_LIT : KIND_BUTTON;
-        const int text = first_text + ids[static_cast<std::size_t>(i)];
+        const int text = first_text + ids[i];
         build_slot({first_slot + i, x + 40 * (i % 3), 12 + 10 * (i / 3), standard_button_w, kind, text, ACT_CLICK,
                     ACT_RIGHT_CLICK, tooltip},
                    at.x, at.y);

@@ -49,7 +49,7 @@ int pan_for(int frame_size, int picture_size, int at, float in_view)
 
 void move_view_to_pointer()
 {
-    const auto level = static_cast<std::size_t>(int(view.zoom));
+    const int level = view.zoom;
     view.pan_x = pan_for(store.frame_bitmap.width(), picture_w, pointer.mouse_x - margin, view.view_w[level]);
     view.pan_y = pan_for(store.frame_bitmap.height(), picture_h, pointer.mouse_y - margin, view.view_h[level]);
     clamp_pan();

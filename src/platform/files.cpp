@@ -40,7 +40,7 @@ bool write_all(int handle, std::span<const uint8_t> bytes)
         if (written < 0 && errno == EINTR) continue;
         if (written == 0) errno = ENOSPC;
         if (written <= 0) return note_failure();
-        bytes = bytes.subspan(static_cast<std::size_t>(written));
+        bytes = bytes.subspan(written);
     }
     return true;
 }
@@ -54,7 +54,7 @@ bool read_all(int handle, std::vector<uint8_t>& bytes)
         if (count < 0 && errno == EINTR) continue;
         if (count < 0) return note_failure();
         if (count == 0) break;
-        at += static_cast<std::size_t>(count);
+        at += count;
     }
     bytes.resize(at);
     return true;
@@ -73,9 +73,9 @@ bool read_once(const std::string& name, std::size_t limit, std::vector<uint8_t>&
         errno = S_ISDIR(status.st_mode) ? EISDIR : EFBIG;
         return note_failure();
     }
-    bytes.reserve(static_cast<std::size_t>(status.st_size));
+    bytes.reserve(status.st_size);
     prefer_large_pages(bytes.data(), bytes.capacity());
-    bytes.resize(static_cast<std::size_t>(status.st_size));
+    bytes.resize(status.st_size);
     return read_all(handle, bytes);
 }
 

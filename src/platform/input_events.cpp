@@ -92,11 +92,10 @@ void drop_pointer_event() { pointer_events.drop(); }
 void append_key_event(int scancode, bool down)
 {
     if (scancode <= 0 || scancode >= KEY_MAX) return;
-    const auto key = static_cast<std::size_t>(scancode);
-    const bool repeated = keys_down[key] != 0;
-    keys_down[key] = down ? 1 : 0;
+    const bool repeated = keys_down[scancode] != 0;
+    keys_down[scancode] = down ? 1 : 0;
     if (!down || repeated) return;
-    new_presses[key] = 1;
+    new_presses[scancode] = 1;
     field_presses.append({scancode, keys_down[KEY_LSHIFT] != 0 || keys_down[KEY_RSHIFT] != 0});
 }
 
@@ -109,7 +108,7 @@ KeyPress take_field_press()
     return press;
 }
 
-bool key_pressed_lately(int scancode) { return late_presses[static_cast<std::size_t>(scancode)] != 0; }
+bool key_pressed_lately(int scancode) { return late_presses[scancode] != 0; }
 
 void turn_key_presses()
 {

@@ -91,17 +91,14 @@ void scan_drives()
     }
 }
 
-bool drive_exists(int drive)
-{
-    return drive >= 0 && drive < drive_count && !places.drive_root[static_cast<std::size_t>(drive)].empty();
-}
+bool drive_exists(int drive) { return drive >= 0 && drive < drive_count && !places.drive_root[drive].empty(); }
 
 int drive_of(const std::string& folder)
 {
     int best = -1;
     std::size_t length = 0;
     for (int drive = 0; drive < drive_count; ++drive) {
-        const std::string& root = places.drive_root[static_cast<std::size_t>(drive)];
+        const std::string& root = places.drive_root[drive];
         if (root.size() <= length || !holds(root, folder)) continue;
         best = drive;
         length = root.size();

@@ -12,7 +12,7 @@ std::string program_folder()
     std::array<char, 4096> path{};
     const ssize_t length = readlink("/proc/self/exe", path.data(), path.size());
     if (length <= 0) return working_directory();
-    const std::string name(path.data(), static_cast<std::size_t>(length));
+    const std::string name(path.data(), length);
     return name.substr(0, name.rfind('/'));
 }
 

@@ -1,5 +1,6 @@
 // The scaler: one row is widened by a loop of fixed scale, and then copied for the rows below it.
 #include "platform/scaler.h"
+#include "base/sizes.h"
 
 #include "base/bitmap.h"
 #include <array>
@@ -41,9 +42,9 @@ constexpr auto exchanged_loops = widen_loops<ChannelOrder::EXCHANGED>(scales);
 
 void scale_rows(BITMAP* picture, BITMAP* scaled, int scale, int first, int last, ChannelOrder order)
 {
-    const auto loop = static_cast<std::size_t>(scale - min_scale);
+    const int loop = scale - min_scale;
     const Widen widen_row = order == ChannelOrder::PLAIN ? plain_loops[loop] : exchanged_loops[loop];
-    const std::size_t row_bytes = static_cast<std::size_t>(picture->w) * static_cast<std::size_t>(scale) * sizeof(int);
+    const std::size_t row_bytes = product(picture->w, scale) * sizeof(int);
     for (int y = first; y <= last; ++y) {
         int* const top = row(scaled, y * scale);
         widen_row(row(picture, y), top, picture->w);

@@ -129,7 +129,7 @@ int get_free_behavior(int who)
         return 0;
     }
     for (int slot = 0; slot < max_behaviors - 1; ++slot) {
-        if (actor_at(who).BEHAVIOR[static_cast<std::size_t>(slot)] == 0) return slot;
+        if (actor_at(who).BEHAVIOR[slot] == 0) return slot;
     }
     return max_behaviors - 1;
 }
@@ -141,7 +141,7 @@ int check_behavior(int who, int behavior)
         return 0;
     }
     for (int slot = max_behaviors - 1; slot >= 0; --slot) {
-        if (actor_at(who).BEHAVIOR[static_cast<std::size_t>(slot)] == behavior) return slot;
+        if (actor_at(who).BEHAVIOR[slot] == behavior) return slot;
     }
     return -1;
 }

@@ -125,7 +125,7 @@ struct ActorLayer {
 };
 inline ActorLayer actor_layer;
 
-inline Actor& actor_at(int who) { return actors[static_cast<std::size_t>(who)]; }
+inline Actor& actor_at(int who) { return actors[who]; }
 constexpr bool actor_exists(int who) { return who >= 0 && who < max_actors; }
 
 /// True for an actor that may be killed, 1 to 48; logs a line and returns false for any other number.

@@ -9,17 +9,13 @@ namespace {
 constexpr int most_counts = 1000; ///< the timer starts anew above this
 
 /// The frame at a place of the list, -1 for none.
-int frame_at(int pos)
-{
-    return pos >= 0 && pos < max_frames ? int(animation.anim_list[static_cast<std::size_t>(pos)]) : -1;
-}
+int frame_at(int pos) { return pos >= 0 && pos < max_frames ? int(animation.anim_list[pos]) : -1; }
 
 /// True when the delay of the frame at a place of the list has passed.
 bool delay_over(int pos)
 {
     const int frame = frame_at(pos);
-    return frame >= 0 && frame < max_frames &&
-           animation.anim_delay[static_cast<std::size_t>(frame)] < animation.anim_timer;
+    return frame >= 0 && frame < max_frames && animation.anim_delay[frame] < animation.anim_timer;
 }
 
 void step_to(int pos)

@@ -36,7 +36,7 @@ struct Bubble {
 };
 inline std::array<Bubble, max_bubbles> bubbles;
 
-inline Bubble& bubble_at(int row) { return bubbles[static_cast<std::size_t>(row)]; }
+inline Bubble& bubble_at(int row) { return bubbles[row]; }
 /// Frees a row, 1 to 31; any other number does nothing.
 void release_bubble(int row);
 

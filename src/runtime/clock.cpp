@@ -23,7 +23,7 @@ void clock_tick()
     const int phase = (clock_state.phase_counter + 1) % 500;
     clock_state.phase_counter = phase;
     for (int k = 1; k <= 8; ++k) {
-        if (phase % k == 0) advance(clock_state.phase[static_cast<std::size_t>(k)], 1);
+        if (phase % k == 0) advance(clock_state.phase[k], 1);
     }
 }
 

@@ -105,13 +105,13 @@ void paint_zoomed(BITMAP* target, const Visible& part, bool overlay)
     std::array<int, logical_w> line{};
     const int left = part.x0 * factor;
     const int right = part.x1 * factor; // every factor divides the width of the view
-    const auto widen_line = widen_by_zoom[static_cast<std::size_t>(frame_snapshot.zoom - 2)];
+    const auto widen_line = widen_by_zoom[frame_snapshot.zoom - 2];
     for (int j = part.y0; j < part.y1; ++j) {
         compose_line(line.data(), j, part, overlay);
         int* first = row(target, j * factor);
         widen_line(line.data() + part.x0, first + left, part.x1 - part.x0);
         const int bottom = std::min((j + 1) * factor, logical_h);
-        const std::size_t bytes = sizeof(int) * static_cast<std::size_t>(right - left);
+        const std::size_t bytes = sizeof(int) * (right - left);
         for (int y = j * factor + 1; y < bottom; ++y)
             std::memcpy(row(target, y) + left, first + left, bytes);
     }

@@ -10,7 +10,7 @@ namespace {
 constexpr int max_job_type = 63;
 std::array<JobHandler, max_job_type + 1> handlers{}; // by type; filled at start-up
 
-Job& job(int index) { return job_queue[static_cast<std::size_t>(index)]; }
+Job& job(int index) { return job_queue[index]; }
 
 } // namespace
 
@@ -65,7 +65,7 @@ void run_jobs()
     for (int i = 0; i < max_jobs; ++i) {
         const int type = job(i).type;
         if (type <= 0 || type > max_job_type || job(i).delay != 0) continue;
-        if (const JobHandler handler = handlers[static_cast<std::size_t>(type)]) handler(i);
+        if (const JobHandler handler = handlers[type]) handler(i);
     }
 }
 
@@ -78,6 +78,6 @@ void count_job_delays()
     }
 }
 
-void set_job_handler(int type, JobHandler handler) { handlers[static_cast<std::size_t>(type)] = handler; }
+void set_job_handler(int type, JobHandler handler) { handlers[type] = handler; }
 
 } // namespace kelu

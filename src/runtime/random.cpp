@@ -45,7 +45,7 @@ public:
             left = state_words;
         }
         left_ = left - 1;
-        uint32_t word = state_[static_cast<std::size_t>(state_words - left)];
+        uint32_t word = state_[state_words - left];
         word ^= word >> 11;
         word ^= word << 7 & 0x9d2c5680U;
         word ^= word << 15 & 0xefc60000U;

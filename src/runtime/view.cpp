@@ -9,7 +9,7 @@
 namespace kelu {
 namespace {
 
-std::size_t level() { return static_cast<std::size_t>(std::clamp(int(view.zoom), 1, max_zoom)); }
+int level() { return std::clamp(int(view.zoom), 1, max_zoom); }
 
 /// The pan within half a view of the frame's edges. `screen` is the logical size of the axis, `frame` the frame's.
 int clamped(int pan, int screen, int frame)

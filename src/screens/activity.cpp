@@ -131,7 +131,7 @@ int clicked_slot(const ColumnRow& column)
 
 void activity_menu(ActivityColumn which, int slot)
 {
-    const ColumnRow& column = columns[static_cast<std::size_t>(which)];
+    const ColumnRow& column = columns[static_cast<int>(which)];
     const int x = gui.x[slot] - column.left;
     const int button_y = gui.y[slot];
     const int y = button_y - (button_y < column.opens_down_above ? 2 : column.rise);

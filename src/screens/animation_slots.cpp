@@ -54,10 +54,7 @@ constexpr MenuLayout layout{.menu_id = MENU_ANIMATION,
 /// The position that the delay sliders have taken their values for.
 Cell<int, 0>& taken_position() { return gui.list_items[SLOT_TIMING][0]; }
 
-int frame_at(int pos)
-{
-    return pos >= 0 && pos < animation.anim_count ? int(animation.anim_list[static_cast<std::size_t>(pos)]) : no_frame;
-}
+int frame_at(int pos) { return pos >= 0 && pos < animation.anim_count ? int(animation.anim_list[pos]) : no_frame; }
 
 void show_slot(int slot, bool shown)
 {
@@ -95,7 +92,7 @@ void bind_delay(int slot, int pos, bool take)
 {
     const int frame = frame_at(pos);
     if (take && frame != no_frame) {
-        Shared<int>& delay = animation.anim_delay[static_cast<std::size_t>(frame)];
+        Shared<int>& delay = animation.anim_delay[frame];
         gui.scroll_bind_on[slot] = 0;
         gui.scroll_bind[slot] = &delay;
         gui.scroll_value[slot] = std::clamp(int(delay), 0, max_anim_delay);

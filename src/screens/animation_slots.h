@@ -29,7 +29,7 @@ enum AnimationSlot : int {
 constexpr int animation_nails = 7; ///< thumbnails that show of all frames, from SLOT_NAIL_0 on
 
 /// Whether a frame, 0 to 99, is part of the animation.
-inline Shared<uint8_t>& tag_of(int frame) { return animation.anim_tag[static_cast<std::size_t>(frame)]; }
+inline Shared<uint8_t>& tag_of(int frame) { return animation.anim_tag[frame]; }
 
 /// Opens the screen.
 void build_animation_menu();

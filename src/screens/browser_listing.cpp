@@ -61,7 +61,7 @@ std::string without_drive(const std::string& path)
     if (path.size() < 2 || path[1] != ':') return path;
     const int drive = std::toupper(static_cast<unsigned char>(path[0])) - 'A';
     if (!platform::drive_exists(drive)) return path;
-    return platform::places.drive_root[static_cast<std::size_t>(drive)] + "/" + path.substr(2);
+    return platform::places.drive_root[drive] + "/" + path.substr(2);
 }
 
 } // namespace

@@ -101,10 +101,7 @@ void show_current_drive()
     }
 }
 
-const std::string& drive_root_of(int slot)
-{
-    return platform::places.drive_root[static_cast<std::size_t>(gui.text_id[slot] - first_drive_name)];
-}
+const std::string& drive_root_of(int slot) { return platform::places.drive_root[gui.text_id[slot] - first_drive_name]; }
 
 void show_home_button(bool is_set)
 {

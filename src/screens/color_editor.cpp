@@ -49,7 +49,7 @@ void show_swatches()
     gui.colour[EDITOR_MASK] = int(toolbox.mask_color);
 }
 
-Shared<int>& favorite_of(int slot) { return toolbox.favorites[static_cast<std::size_t>(slot - EDITOR_FAVORITE_0)]; }
+Shared<int>& favorite_of(int slot) { return toolbox.favorites[slot - EDITOR_FAVORITE_0]; }
 
 /// Gives a slider the range of a colour space.
 void set_range(int slot, const SliderRange& range)
@@ -102,7 +102,7 @@ void ColorEditor::build(Origin at)
     build_slot(SlotRow{map_slot_, 159, 32, 159, KIND_RGB_PLANE, TEXT_NONE, ACT_PRESS, ACT_NONE, TIP_COLOR_MAP}.high(59),
                at.x, at.y);
     for (int i = 0; i < color_sliders; ++i)
-        gui.items[map_slot_][static_cast<std::size_t>(i)] = EDITOR_SLIDER_0 + i;
+        gui.items[map_slot_][i] = EDITOR_SLIDER_0 + i;
     write_sliders(last_);
     wear_colorspace();
     show_swatches();
@@ -162,21 +162,21 @@ ColorEditor::Sliders ColorEditor::read_sliders()
 {
     Sliders values{};
     for (int i = 0; i < color_sliders; ++i)
-        values[static_cast<std::size_t>(i)] = gui.scroll_value[EDITOR_SLIDER_0 + i];
+        values[i] = gui.scroll_value[EDITOR_SLIDER_0 + i];
     return values;
 }
 
 void ColorEditor::write_sliders(const Sliders& values)
 {
     for (int i = 0; i < color_sliders; ++i)
-        gui.scroll_value[EDITOR_SLIDER_0 + i] = values[static_cast<std::size_t>(i)];
+        gui.scroll_value[EDITOR_SLIDER_0 + i] = values[i];
 }
 
 void ColorEditor::wear_colorspace()
 {
     const SliderRange& range = slider_ranges[color_settings.colorspace];
     for (int i = 0; i < color_sliders; ++i) {
-        gui.text_id[EDITOR_NAME_0 + i] = range.names[static_cast<std::size_t>(i)];
+        gui.text_id[EDITOR_NAME_0 + i] = range.names[i];
         set_range(EDITOR_SLIDER_0 + i, range);
     }
     gui.kind[map_slot_] = KIND_VGA_PLANE + color_settings.colorspace;

@@ -84,7 +84,7 @@ void go_to(int frame)
 int pan_step()
 {
     constexpr std::array<int, max_zoom + 1> steps{1, 3, 2, 1, 1, 1, 1};
-    return steps[static_cast<std::size_t>(int(view.zoom))];
+    return steps[int(view.zoom)];
 }
 
 void pan_by(Shared<int>& pan, int step)

@@ -21,7 +21,7 @@ struct Editor {
     Table<Macro, macro_count> records;
     int shown;
 
-    Macro& record() { return records[static_cast<std::size_t>(shown)]; }
+    Macro& record() { return records[shown]; }
 };
 
 void read_numbers(Editor& editor)
@@ -68,7 +68,7 @@ void read_block(Editor& editor, const MacroBlock& block)
         if (event == 0) continue;
         if (event == EVENT_RIGHT) {
             const int word = choose_from_list(block.list, gui.x[slot], gui.y[slot]);
-            if (word != no_choice) (record.*block.words)[static_cast<std::size_t>(i)] = word;
+            if (word != no_choice) (record.*block.words)[i] = word;
             build_macro_menu(editor.shown, record);
         } else {
             record.*block.selected = record.*block.selected == i ? no_selection : i;

@@ -58,7 +58,7 @@ int lit(bool on) { return on ? KIND_BUTTON_LIT : KIND_BUTTON; }
 void show_macro_block(const MacroBlock& block, const Macro& record)
 {
     for (int i = 0; i < macro_choices; ++i) {
-        const int word = (record.*block.words)[static_cast<std::size_t>(i)];
+        const int word = (record.*block.words)[i];
         gui.text_id[block.first_slot + i] = word == 0 ? int(TEXT_DOTS) : block.list.first_text + word;
         gui.kind[block.first_slot + i] = lit(i == record.*block.selected);
     }

@@ -46,7 +46,7 @@ constexpr MenuLayout layout{.menu_id = MENU_MOUSE,
                             .slot_count = menu_slots,
                             .slots = layout_rows};
 
-Shared<int>& function_of(int button) { return hotkeys.mouse_button_map[static_cast<std::size_t>(button)]; }
+Shared<int>& function_of(int button) { return hotkeys.mouse_button_map[button]; }
 
 void build_mouse_menu()
 {
@@ -71,7 +71,7 @@ void show_buttons()
     const std::array<bool, buttons> down{pointer.mouse_left != 0, pointer.mouse_right != 0, pointer.mouse_middle != 0,
                                          pointer.mouse_button_4 != 0, pointer.mouse_button_5 != 0};
     for (int i = 0; i < buttons; ++i)
-        gui.kind[SLOT_BUTTON_1 + i] = down[static_cast<std::size_t>(i)] ? KIND_BUTTON_LIT : KIND_BUTTON;
+        gui.kind[SLOT_BUTTON_1 + i] = down[i] ? KIND_BUTTON_LIT : KIND_BUTTON;
 }
 
 void read_functions()

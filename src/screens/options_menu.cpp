@@ -60,7 +60,7 @@ constexpr MenuLayout layout{.menu_id = MENU_OPTIONS,
                             .slot_count = menu_slots,
                             .slots = layout_rows};
 
-const OptionRow& row_of(int option) { return options_table()[static_cast<std::size_t>(option)]; }
+const OptionRow& row_of(int option) { return options_table()[option]; }
 
 /// Place of a radio in its row.
 struct RadioPlace {
@@ -74,7 +74,7 @@ void build_radios(const OptionRow& row, int first_slot, Origin at, int y)
 {
     const RadioPlace* places = row.choices == 2 ? two_radios : three_radios;
     for (int i = 0; i < row.choices; ++i) {
-        const OptionValue& value = row.values[static_cast<std::size_t>(i)];
+        const OptionValue& value = row.values[i];
         const int kind = *row.word == value.value ? KIND_RADIO_ON : KIND_RADIO_OFF;
         const int slot = build_slot(
             SlotRow{first_slot + i, places[i].x, y, places[i].w, kind, value.text, ACT_RADIO}.no_hover(), at.x, at.y);

@@ -68,7 +68,7 @@ struct Playback {
     bool resized = false;   ///< a frame of another size has shown, at whose edges the view was held
 };
 
-int frame_at(int pos) { return animation.anim_list[static_cast<std::size_t>(pos % max_frames)]; }
+int frame_at(int pos) { return animation.anim_list[pos % max_frames]; }
 
 void show_number() { gui.list_items[SLOT_NUMBER][0] = frame_at(animation.anim_pos); }
 

@@ -135,7 +135,7 @@ void read_swatches(const SchemeColours& worn)
         const int event = gui.event[slot].take();
         if (event == 0) continue;
         if (event == EVENT_RIGHT) {
-            gui.colour[slot] = scheme_default[static_cast<std::size_t>(row)];
+            gui.colour[slot] = scheme_default[row];
         } else {
             freeze_menu();
             run_over_editor(worn, [slot] { gui.colour[slot] = color_menu(ColorTarget::VALUE, gui.colour[slot]); });
@@ -162,7 +162,7 @@ void apply_scheme(SchemeStep step)
         return;
     }
     for (int row = 0; row < SCHEME_ROWS; ++row) {
-        int& kept = menu_scheme.scheme[static_cast<std::size_t>(row)];
+        int& kept = menu_scheme.scheme[row];
         if (step == SWATCHES_TO_SCHEME)
             kept = gui.colour[swatch_slot(row)];
         else

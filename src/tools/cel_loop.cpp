@@ -109,7 +109,7 @@ Point mouse_in_view() { return in_view(frame_mouse()); }
 
 void center_view_on(Point frame)
 {
-    const auto level = static_cast<std::size_t>(int(view.zoom));
+    const int level = view.zoom;
     view.pan_x = frame.x - static_cast<int>(view.view_w[level]) / 2;
     view.pan_y = frame.y - static_cast<int>(view.view_h[level]) / 2;
     clamp_pan();

@@ -17,7 +17,7 @@
 namespace kelu {
 namespace {
 
-Point& user_node(int i) { return tool_input.tool_nodes[static_cast<std::size_t>(i)]; }
+Point& user_node(int i) { return tool_input.tool_nodes[i]; }
 
 /// Picks up every node near the pointer, one after the other; true when there was one.
 bool pick_up_nodes()

@@ -49,7 +49,7 @@ void spray_along(const Stroke& stroke, std::span<const Point> centers)
     const int radius = tool_option(TOOL_SPRAY, options::spray_radius);
     const int count = static_cast<int>(centers.size());
     for (int i = 0; i < count; ++i) {
-        const Point center = snapped(centers[static_cast<std::size_t>(i)]);
+        const Point center = snapped(centers[i]);
         const int share = density * (i + 1) / count - density * i / count;
         spray_points(center.x, center.y, share, radius,
                      [&](int x, int y) { stamp_tip(x, y, TOOL_SPRAY, stroke.ink, no_tip); });

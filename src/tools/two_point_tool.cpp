@@ -22,7 +22,7 @@ bool rubber_band(int node, int message)
         sample_press();
         if (left_down()) {
             given = true;
-            tool_input.tool_nodes[static_cast<std::size_t>(node)] = {pointer.press_x, pointer.press_y};
+            tool_input.tool_nodes[node] = {pointer.press_x, pointer.press_y};
             wait_left_release();
         }
         if (right_down()) {

@@ -50,7 +50,7 @@ private:
     {}
     /// The same words n times over, one block behind the other: an array in memory.
     constexpr Field repeated(std::size_t n) const { return {base_, width_, count_ * static_cast<int>(n), stride_}; }
-    void* at(int i) const { return static_cast<std::byte*>(base_) + static_cast<std::size_t>(i) * stride_; }
+    void* at(int i) const { return static_cast<std::byte*>(base_) + i * stride_; }
 
     void* base_ = nullptr;
     Width width_ = Width::CONSTANT;

@@ -12,9 +12,9 @@
 namespace kelu {
 namespace {
 
-int& reference(int frame) { return frame_cache.frame_cache_ref[static_cast<std::size_t>(frame)]; }
-Bitmap& slot_bitmap(int slot) { return frame_cache.frame_cache[static_cast<std::size_t>(slot)]; }
-bool tagged(int frame) { return animation.anim_tag[static_cast<std::size_t>(frame)] != 0; }
+int& reference(int frame) { return frame_cache.frame_cache_ref[frame]; }
+Bitmap& slot_bitmap(int slot) { return frame_cache.frame_cache[slot]; }
+bool tagged(int frame) { return animation.anim_tag[frame] != 0; }
 
 bool in_anim_list(int frame)
 {
@@ -97,7 +97,7 @@ void cache_maintenance()
     for (int frame = 0; frame < max_frames; ++frame) {
         if (reference(frame) == not_cached) continue;
         if (tagged(frame))
-            used[static_cast<std::size_t>(reference(frame))] = true;
+            used[reference(frame)] = true;
         else
             reference(frame) = not_cached;
     }
@@ -117,13 +117,12 @@ void drop_cached_frame(int frame)
 void shift_cache_entry(int from, int to)
 {
     if (!cached_frame(from)) return;
-    const auto source = static_cast<std::size_t>(from), target = static_cast<std::size_t>(to);
     drop_cached_frame(to);
     reference(to) = std::exchange(reference(from), not_cached);
-    animation.anim_tag[target] = animation.anim_tag[source];
-    animation.anim_delay[target] = animation.anim_delay[source];
-    animation.anim_tag[source] = 0;
-    animation.anim_delay[source] = 0;
+    animation.anim_tag[to] = animation.anim_tag[from];
+    animation.anim_delay[to] = animation.anim_delay[from];
+    animation.anim_tag[from] = 0;
+    animation.anim_delay[from] = 0;
 }
 
 } // namespace kelu

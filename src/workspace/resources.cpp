@@ -132,7 +132,7 @@ void load_object_library()
         const long words = 2L * record[object_row_head - 1];
         for (long word = 0; word < words && numbers.more(); ++word) {
             const int number = numbers.next();
-            if (word < 2 * object_row_pairs) record[object_row_head + static_cast<std::size_t>(word)] = number;
+            if (word < 2 * object_row_pairs) record[object_row_head + word] = number;
         }
         record[object_row_head - 1] = std::clamp(record[object_row_head - 1], 0, object_row_pairs);
     }
@@ -144,10 +144,9 @@ void copy_object_record(int slot, int row)
         log_line("[ ERROR ] : OOB in call to copy_object_record. slot = %d, row = %d", slot, row);
         return;
     }
-    const auto& record = object_library.rows[static_cast<std::size_t>(row)];
-    const auto target = static_cast<std::size_t>(slot);
-    actor_outlines.pair_count[target] = record[object_row_head - 1];
-    std::copy_n(record.begin() + object_row_head, 2 * object_row_pairs, actor_outlines.pairs[target].begin());
+    const auto& record = object_library.rows[row];
+    actor_outlines.pair_count[slot] = record[object_row_head - 1];
+    std::copy_n(record.begin() + object_row_head, 2 * object_row_pairs, actor_outlines.pairs[slot].begin());
 }
 
 void make_pattern_tiles()

@@ -126,7 +126,7 @@ void load_current_frame()
 bool write_workspace_state(const std::string& file_name, bool spa_only)
 {
     check_name(file_name);
-    const auto frame = static_cast<std::size_t>(int(store.current_frame));
+    const int frame = store.current_frame;
     view.frame_pan_x[frame] = view.pan_x;
     view.frame_pan_y[frame] = view.pan_y;
     view.frame_zoom[frame] = view.zoom;

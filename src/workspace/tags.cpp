@@ -23,7 +23,7 @@ void write_words(const TagRow& row, int minor, ByteWriter& out)
 
 void write_text(const TagRow& row, ByteWriter& out)
 {
-    const std::string_view text = std::string_view(*row.text).substr(0, static_cast<std::size_t>(row.text_room - 1));
+    const std::string_view text = std::string_view(*row.text).substr(0, row.text_room - 1);
     out.big32(static_cast<uint32_t>(text.size()));
     out.text(text);
     out.fill(tag_text_bytes - text.size());
