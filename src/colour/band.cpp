@@ -8,7 +8,7 @@ namespace {
 
 /// Where a position of 1 and more is taken: the band never quite reaches its end.
 constexpr float last_position = 0.99F;
-/// Carries a position that stands on the edge of a band over it.
+/// Carries a position that is on the edge of a band over it.
 constexpr float band_edge = 0.01F;
 
 float folded(float t)

@@ -1,6 +1,6 @@
 // The cel: a rectangle of picture held apart from the frames, the editor's own clipboard and the texture of two inks.
 //
-// This file is the model: taking a cel, masking it, changing it as a picture. Placing it is told in cel_render.h, the
+// This file is the model: taking a cel, masking it, changing it as a picture. Placing it is in cel_render.h, the
 // loops in which the user does so in cel_grab.h, cel_paste.h, cel_turn.h and cel_stretch.h.
 #pragma once
 

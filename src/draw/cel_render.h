@@ -23,7 +23,7 @@ struct StretchBox {
 /// The box between the corners of `cel_place`, frame pixels.
 StretchBox stretch_box();
 
-/// Where the size stands beside the pointer, as offsets of a text from the overlay's corner.
+/// Where the size is beside the pointer, as offsets of a text from the overlay's corner.
 struct LabelPlace {
     int x, y;
 };

@@ -1,6 +1,6 @@
 // The options of tools and inks: one row an option, and the lists that the rows of tools and inks name.
 //
-// A row says where the option's value stands, what values it takes, and which widget sets it. The menus, the option
+// A row says where the option's value is, what values it takes, and which widget sets it. The menus, the option
 // keys, the values of a fresh workspace, the document of reference and the readers in this folder go by it.
 #pragma once
 
@@ -148,11 +148,11 @@ inline constexpr DrawOption banding = slider_option(2, TEXT_BANDING, lower_slide
 
 } // namespace options
 
-/// The lists: what several tools or inks share stands here once.
+/// The lists: what several tools or inks share is here once.
 namespace option_lists {
 
 inline constexpr std::array shape{options::filled_by_key};
-inline constexpr std::array panel_polygon{options::filled}; ///< its panel stands open while it is drawn: no key
+inline constexpr std::array panel_polygon{options::filled}; ///< its panel is open while it is drawn: no key
 inline constexpr std::array tolerance{options::tolerance};
 inline constexpr std::array dabs{options::dab_radius, options::taper};
 inline constexpr std::array move{options::leave_brush_color};
@@ -172,7 +172,7 @@ inline constexpr std::span<const DrawOption> none;
 
 } // namespace option_lists
 
-/// True when the rows stand in the order of their ids, from 0 on.
+/// True when the rows are in the order of their ids, from 0 on.
 template <class Row, std::size_t N>
 constexpr bool in_order(const std::array<Row, N>& rows)
 {

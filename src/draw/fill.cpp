@@ -1,6 +1,6 @@
 // The flood fill.
 //
-// A run is a maximal stretch of close pixels in a row. The first run of each row stands in the row's head, all others
+// A run is a maximal stretch of close pixels in a row. The first run of each row is in the row's head, all others
 // in a queue. The runs are swept: the heads from the top down, stepping back whenever work moves upward, then the
 // queue; again until no head waits. A bit a pixel says what is still to be filled, so that a row above or below a run
 // is looked over 64 pixels at a time.

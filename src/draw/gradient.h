@@ -1,4 +1,4 @@
-// Nodes of the gradient inks: where they stand in the option table, and what is derived from them.
+// Nodes of the gradient inks: where they are in the option table, and what is derived from them.
 #pragma once
 
 #include "runtime/toolbox.h"

@@ -9,7 +9,7 @@
 namespace kelu {
 
 /// The plain colour. At full strength it knows no coverage, so that it paints over a soft stamp of the same stroke; a
-/// soft rim blends over the pixel as it now stands and builds up.
+/// soft rim blends over the pixel as it is now and builds up.
 struct Opaque {
     explicit Opaque(const Canvas&) {}
     void apply(const Dab& dab) const

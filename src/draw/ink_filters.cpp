@@ -47,7 +47,7 @@ void visit_source(const Canvas& canvas, int x, int y, Visit visit)
     }
 }
 
-/// The block of the frame as it now stands.
+/// The block of the frame as it is now.
 template <class Visit>
 void visit_frame(const Canvas& canvas, int x, int y, Visit visit)
 {

@@ -66,7 +66,7 @@ void add_light(int* pixels, const float* shares, int count, float w, int color)
 
 } // namespace
 
-/// Reads and writes the frame as it now stands. The coverage is a flag of the pixel that sends the light.
+/// Reads and writes the frame as it is now. The coverage is a flag of the pixel that sends the light.
 struct Glow {
     explicit Glow(const Canvas& on)
         : canvas(on), radius(ink_option(INK_GLOW, options::glow_radius)),

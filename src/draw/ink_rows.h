@@ -1,6 +1,6 @@
 // The inks: enumerator, class and row of each, in the order of the menus.
 //
-// The class stands in the file of its family, with the instantiation of its loops.
+// The class is in the file of its family, with the instantiation of its loops.
 #pragma once
 
 #include "base/table.h"

@@ -31,7 +31,7 @@ void put_shifted(const Dab& dab, int shifted, int weight)
 } // namespace
 
 /// Blends towards the pixel's own grey: of the stroke source at full strength, under a soft tip of the pixel as it
-/// now stands.
+/// now is.
 struct Gray {
     explicit Gray(const Canvas&) : s(ink_strength(INK_GRAY)) {}
     void apply(const Dab& dab) const

@@ -38,7 +38,7 @@ void stamp_tip(int x, int y, int brush, int ink, int style);
 /// due. Ignores its first and last argument.
 void line_stamp(BITMAP* bitmap, int x, int y, int d);
 
-/// What the running operation was handed. Owner: whoever begins an operation, by `OperationScope`. Main thread.
+/// What the running operation was given. Owner: whoever begins an operation, by `OperationScope`. Main thread.
 struct Operation {
     void (*show_progress)() = nullptr; ///< brings the picture on the screen up to date; null: nobody looks
 };

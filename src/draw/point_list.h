@@ -37,7 +37,7 @@ constexpr bool adjacent(Point a, Point b)
 
 /// The rectangle round a list of points, all sides included.
 struct Bounds {
-    int left = 99999, top = 99999, right = 0, bottom = 0; ///< as they stand before the first point
+    int left = 99999, top = 99999, right = 0, bottom = 0; ///< as they are before the first point
     void widen(Point p)
     {
         left = std::min(left, p.x);

@@ -44,7 +44,7 @@ int plot_polygon(int cx, int cy, int degrees, int radius, int sides, Points& poi
 
 void plot_shown_polygon()
 {
-    // A radius of 0 stands on the slider's first place and is the smallest polygon.
+    // A radius of 0 is on the slider's first place and is the smallest polygon.
     plot_polygon(tool_input.tool_nodes[0].x, tool_input.tool_nodes[0].y, shown_polygon.angle,
                  std::max(shown_polygon.radius, smallest_radius), shown_polygon.sides, tool_input.point_list,
                  tool_input.bounds);

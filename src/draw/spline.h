@@ -39,7 +39,7 @@ inline Spline spline;
 
 /// True when the option joins the last node to the first.
 bool closed_curve();
-/// Rebuilds the point list from the nodes as they stand; empty with fewer than two nodes on an open curve.
+/// Rebuilds the point list from the nodes as they are; empty with fewer than two nodes on an open curve.
 void rebuild_spline();
 
 } // namespace kelu

@@ -95,7 +95,7 @@ void copy_source()
         blit(frame, undo.source_bitmap, 0, 0, 0, 0, frame.width(), frame.height());
         return;
     }
-    undo.source_bitmap.reset(); // first, so that two copies never stand in memory together
+    undo.source_bitmap.reset(); // first, so that two copies are never in memory together
     if (frame) undo.source_bitmap = frame.copy();
 }
 

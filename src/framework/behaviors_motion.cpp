@@ -148,7 +148,7 @@ Outcome BE_jitter(const Run& run)
 }
 
 /// p0 to p2 start, p3 to p5 target, p6 percent of the way at full speed, p7 passes a run. Ends when all three axes
-/// stand on the target.
+/// are on the target.
 Outcome BE_vector_movement_threshold(const Run& run)
 {
     auto& p = run.params;

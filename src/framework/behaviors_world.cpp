@@ -77,7 +77,7 @@ Outcome BE_bloom_control(const Run& run)
 Outcome BE_framework_event(const Run& run)
 {
     const auto& p = run.params;
-    push_to_job(p[0], p[2], p[3], p[4], p[5], p[6], p[7], p[8], p[9], rnd_script(p[1]));
+    push_to_job(p[0], {p[2], p[3], p[4], p[5], p[6], p[7], p[8], p[9]}, rnd_script(p[1]));
     return Outcome::GOES_ON;
 }
 

@@ -90,7 +90,7 @@ private:
         word_start_ = -1;
     }
 
-    /// A forced end stands in the text as a blank.
+    /// A forced end is in the text as a blank.
     void force_line_end()
     {
         put(' ');

@@ -19,7 +19,7 @@ void lay_out_bubble(Bubble& bubble, std::string_view text);
 struct BubblePlace {
     int column = 0, line = 0;
 };
-/// Fills the places of all characters and returns their number. Blanks at a line's end stand behind it.
+/// Fills the places of all characters and returns their number. Blanks at a line's end are behind it.
 int place_bubble_text(const Bubble& bubble, std::array<BubblePlace, bubble_text_size>& places);
 
 } // namespace kelu

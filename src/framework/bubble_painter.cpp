@@ -39,7 +39,10 @@ void draw_characters(BITMAP* picture, const Bubble& bubble, Corner corner)
     for (int index = 0; index < in_play; ++index) {
         const int fade = bubble.bubble_fades[index];
         const char character[] = {static_cast<char>(bubble.bubble_text[index]), 0};
-        set_text(FONT_NARROW, bubble.bubble_colours[index], 0, 0, 0, 0, fade < opaque ? 1 : 0, fade);
+        set_text({.slot = FONT_NARROW,
+                  .colour_set = bubble.bubble_colours[index],
+                  .mode = fade < opaque ? 1 : 0,
+                  .opacity = fade});
         draw_text(picture, corner.x + margin + places[index].column * bubble_character_w,
                   corner.y + margin + places[index].line * bubble_line_h, character);
     }

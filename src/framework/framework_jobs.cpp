@@ -12,7 +12,7 @@ namespace kelu {
 namespace {
 
 constexpr int dust_life = 150;     // behaviour ticks, 140 a second
-void (*run_one_frame)() = nullptr; // handed over with the registration; main thread
+void (*run_one_frame)() = nullptr; // set with the registration; main thread
 
 constexpr int scratch_w = 320, scratch_h = 200;
 

@@ -64,7 +64,7 @@ void queue_event(const Command& c, int type)
         c.pass.ended = true;
         return;
     }
-    c.pass.last_job = push_to_job(type, c.arg(1), c.arg(2), c.arg(3), c.arg(4), 0, 0, 0, c.slot, 0);
+    c.pass.last_job = push_to_job(type, {c.arg(1), c.arg(2), c.arg(3), c.arg(4), 0, 0, 0, c.slot});
 }
 
 void queue_script_event(const Command& c) { queue_event(c, JOB_SCRIPT_EVENT); }

@@ -30,7 +30,7 @@ enum ScriptMark : int {
 struct ScriptSlot {
     Shared<int> script_pc = 0;                                    ///< index of the next word of the program
     Shared16 script_wait = 0;                                     ///< ticks left to sleep
-    Shared16 script_owner = 0;                                    ///< actor that the script speaks for
+    Shared16 script_owner = 0;                                    ///< actor that the script controls
     Shared<uint8_t> script_waiting = 0;                           ///< 1: waits for a behaviour to end
     Shared<uint8_t> script_pending = 0;                           ///< 1: waits for `script_wait_actor` to be known
     Shared16 script_wait_actor = -1;                              ///< actor whose behaviour is waited for, -1 none

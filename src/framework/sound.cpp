@@ -43,7 +43,7 @@ void sfx_play(int slot, int frequency, int volume)
 void queue_sfx(int slot, int frequency, int delay)
 {
     constexpr int full_volume = -1;
-    if (push_to_job(JOB_PLAY_SAMPLE, slot, frequency, full_volume, 0, 0, 0, 0, 0, delay) < 0)
+    if (push_to_job(JOB_PLAY_SAMPLE, {slot, frequency, full_volume}, delay) < 0)
         log_line("[ ERROR ] : Couldn't locate free event while queueing sound effect!");
 }
 

@@ -54,7 +54,7 @@ struct TextField {
     int font = 5;
 };
 
-/// One slot of a screen. The first members stand in the order of a layout table; the rest is added by name, as in
+/// One slot of a screen. The first members are in the order of a layout table; the rest is added by name, as in
 /// `SlotRow{SLOT_LIST, 2, 12, 72, KIND_LIST}.high(65).with(ListRows{...})`.
 struct SlotRow {
     int slot = 0;

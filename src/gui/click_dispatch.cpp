@@ -84,8 +84,7 @@ bool start_drag(int slot)
     const int window = slot - 1;
     if (window < 0) return true;
     const int row = gui.label_row[slot] ? gui.label_row[slot] : menus.menu_id;
-    push_to_job(JOB_DRAG_WINDOW, row, pointer.mouse_x - gui.x[window], pointer.mouse_y - gui.y[window], window, 0, 0, 0,
-                0, 0);
+    push_to_job(JOB_DRAG_WINDOW, {row, pointer.mouse_x - gui.x[window], pointer.mouse_y - gui.y[window], window});
     return true;
 }
 

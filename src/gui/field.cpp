@@ -32,7 +32,7 @@ int text_length(int slot)
 
 Cell<char, 0>& character_at(int slot, int position) { return gui.field_text[slot][position]; }
 
-/// Nothing stands behind the last character that the field takes.
+/// Nothing is behind the last character that the field takes.
 void clear_tail(int slot)
 {
     for (int i = std::max(0, int(gui.field_max[slot])); i < field_bytes; ++i)

@@ -1,4 +1,4 @@
-// The layout of a help page: where its words stand.
+// The layout of a help page: where its words are.
 #pragma once
 
 #include <string_view>
@@ -15,7 +15,7 @@ struct HelpWord {
 };
 
 /// Walks a page word by word. Words are separated by blanks; one that begins with "|" and is no colour code ends the
-/// line, and what follows the bars stands on the new one. A word that would pass the last column starts a new line.
+/// line, and what follows the bars is on the new one. A word that would pass the last column starts a new line.
 class HelpWalk {
 public:
     explicit HelpWalk(std::string_view page) : rest_(page) {}

@@ -1,5 +1,5 @@
 // The pages of the help screen, made from assets/help.txt. A page is one text: the word "|" ends a line, and the title
-// and key words stand in colours of their own.
+// and key words are in colours of their own.
 #include "gui/text_blocks.h"
 
 namespace kelu {

@@ -1,4 +1,4 @@
-// The screen that runs now, where windows stand, and the line that the status bar flashes.
+// The screen that runs now, where windows are, and the line that the status bar flashes.
 #pragma once
 
 #include "base/table.h"
@@ -104,12 +104,12 @@ inline Menus menus;
 /// Shows row `id` of the tooltip table in the status bar for `ticks` logic ticks. A negative id is refused with a line
 /// in the log.
 void flash_status_message(int id, int ticks);
-/// The same for a failure and its reason, which stands behind the row's text, or in its place where both are too wide.
+/// The same for a failure and its reason, which is behind the row's text, or in its place where both are too wide.
 /// Main thread.
 void flash_failure(int id, std::string_view reason);
 /// Counts a timed message down and takes it away at its end. Called by the logic tick.
 void count_status_message();
-/// No menu stands frozen behind a pop-up any more.
+/// No menu is frozen behind a pop-up any more.
 void clear_ghost();
 
 } // namespace kelu

@@ -78,10 +78,10 @@ void draw_about(int slot, const Look&)
 {
     const int x = gui.x[slot];
     const int y = gui.y[slot];
-    // The title of the box stands above: the slot covers the window, and leaves those rows alone.
+    // The title of the box is above: the slot covers the window, and leaves those rows alone.
     fill_area(x + 1, y + title_rows, x + gui.w[slot] - 2, y + gui.h[slot] - 2, menu_scheme.scheme_background);
     draw_border(slot, menu_scheme.scheme_border);
-    // The logo stands on a band of the slot's colour.
+    // The logo is on a band of the slot's colour.
     fill_area(x + 1, y + 13, x + gui.w[slot] - 2, y + 14 + logo_h + 1, gui.colour[slot]);
     if (sheets.app_sheet) masked_blit(sheets.app_sheet, gui_canvas, 0, 0, x + 4, y + 15, logo_w, logo_h);
     fill_area(x + 90, y + 57, x + 176, y + 63, menu_scheme.scheme_highlight_back);

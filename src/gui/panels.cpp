@@ -138,7 +138,7 @@ bool look_hovered(int slot)
 void draw_centred(int slot, const char* text, int colour_set, int opacity)
 {
     const int length = static_cast<int>(std::strlen(text));
-    set_text(FONT_WIDE, colour_set, 0, 0, 0, 0, opacity > 0 ? 1 : 0, opacity);
+    set_text({.slot = FONT_WIDE, .colour_set = colour_set, .mode = opacity > 0 ? 1 : 0, .opacity = opacity});
     draw_text(gui_canvas, gui.x[slot] + 1 + gui.w[slot] / 2 - half_character * length, gui.y[slot] + 2, text);
 }
 

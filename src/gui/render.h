@@ -9,7 +9,7 @@ namespace kelu {
 void gui_render();
 /// The same into any bitmap of the screen's size.
 void gui_render_to(BITMAP* target);
-/// Keeps the picture of the open menu for a pop-up to stand over: clears the bitmap to magenta, draws the table into
+/// Keeps the picture of the open menu for a pop-up to be drawn over: clears the bitmap to magenta, draws the table into
 /// it and sets `ghost_rect`.
 void freeze_menu(BITMAP* bitmap);
 

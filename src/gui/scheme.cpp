@@ -10,7 +10,8 @@ namespace {
 
 constexpr int preview_offset = SET_PREVIEW_BUTTON - SET_BUTTON; // from a set to its twin in the editor's preview
 
-/// Rows 111 to 163 hold arrows, knobs and marks: the grey master in columns 60 to 109, the worn form 60 to the left.
+/// Rows 111 to 163 hold arrows, knobs and marks: the grey master in columns 60 to 109, the coloured form 60 to the
+/// left.
 constexpr int master_top = 111, master_bottom = 163;
 constexpr int master_left = 60, master_columns = 50;
 /// The caps of a slider's number tag.

@@ -1,4 +1,4 @@
-// The colours of the menus: what the user's scheme says, and what the painters wear.
+// The colours of the menus: what the user's scheme says, and what the painters draw with.
 #pragma once
 
 #include "base/bitmap.h"
@@ -49,7 +49,7 @@ inline MenuScheme menu_scheme;
 void apply_scheme();
 /// Takes `scheme` into the text colour sets of the editor's preview.
 void preview_scheme();
-/// Recolours arrows, knobs and marks of the GUI sheet to four colours, from the grey master that stands beside them,
+/// Recolours arrows, knobs and marks of the GUI sheet to four colours, from the grey master that is beside them,
 /// and the colour set of the sliders' number tags.
 void recolor_gui_sheet(int background, int border, int shadow, int fill);
 

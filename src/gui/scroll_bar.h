@@ -1,4 +1,4 @@
-// Scroll bars and sliders: where arrows, rail and knob stand, and how pointer and wheel move the value.
+// Scroll bars and sliders: where arrows, rail and knob are, and how pointer and wheel move the value.
 //
 // The geometry is computed on the main thread, by builds and the renderer; the logic tick reads it. A bar whose cross
 // position is 0 is not built yet: it is neither hit nor dragged before the next frame.

@@ -49,7 +49,7 @@ int gui_reset_slot(int slot)
 
 int gui_find_free_slot(int direction)
 {
-    constexpr int highest_from_above = 121; // above it stand the overlays that outlive a menu
+    constexpr int highest_from_above = 121; // above it are the overlays that outlive a menu
     const auto is_free = [](int slot) { return gui.active[slot] == 0 && gui.reserved[slot] == 0; };
     if (direction == 0) {
         for (int slot = 1; slot < gui_slots; ++slot) {

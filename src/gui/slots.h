@@ -139,7 +139,7 @@ struct Gui {
     Block<int, 4> knob_sheet;                    ///< knob in the GUI sheet: x, y, w, h
     Block<int, 4, -1> arrow_sheet;               ///< arrows in the GUI sheet: x, y, x, y
     Column<int, 10> arrow_w, arrow_h;            ///< size of an arrow
-    Block<int, 4> arrow_box;                     ///< where the arrows stand: x, y, x, y; the renderer
+    Block<int, 4> arrow_box;                     ///< where the arrows are: x, y, x, y; the renderer
     Block<int16_t, max_knob_steps + 1> knob_pos; ///< knob at each step, and knob_cross: 0 not built; the renderer
     Column<Shared<int>*> scroll_show;            ///< number that shows at the knob
     Column<Shared<int>*> scroll_bind;            ///< option that takes the value at each logic pass ...

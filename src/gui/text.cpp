@@ -172,24 +172,24 @@ void keep_unless_unset(int& value, int argument)
 
 } // namespace
 
-void set_text(int slot, int colour_set, int shadow, int shadow_colour, int, int outline, int mode, int opacity)
+void set_text(const TextStyle& style)
 {
-    if (slot < 0 || slot >= FONT_SLOT_COUNT) {
-        log_line("[ ERROR ] : Tried to set font attribute for invalid slot. Slot = %d", slot);
+    if (style.slot < 0 || style.slot >= FONT_SLOT_COUNT) {
+        log_line("[ ERROR ] : Tried to set font attribute for invalid slot. Slot = %d", style.slot);
         return;
     }
-    text_pen.text_slot = slot;
-    keep_unless_unset(text_pen.text_colour_set, colour_set);
-    keep_unless_unset(text_pen.text_shadow, shadow);
-    keep_unless_unset(text_pen.text_shadow_colour, shadow_colour);
-    keep_unless_unset(text_pen.text_outline, outline);
-    keep_unless_unset(text_pen.text_mode, mode);
-    keep_unless_unset(text_pen.text_opacity, opacity);
+    text_pen.text_slot = style.slot;
+    keep_unless_unset(text_pen.text_colour_set, style.colour_set);
+    keep_unless_unset(text_pen.text_shadow, style.shadow);
+    keep_unless_unset(text_pen.text_shadow_colour, style.shadow_colour);
+    keep_unless_unset(text_pen.text_outline, style.outline);
+    keep_unless_unset(text_pen.text_mode, style.mode);
+    keep_unless_unset(text_pen.text_opacity, style.opacity);
 }
 
-void set_plain_text(int slot, int colour_set) { set_text(slot, colour_set, 0, 0, 0, 0, 0, 0); }
+void set_plain_text(int slot, int colour_set) { set_text({.slot = slot, .colour_set = colour_set}); }
 
-void set_outlined_text(int slot, int colour_set) { set_text(slot, colour_set, 0, 0, 0, 1, 0, 0); }
+void set_outlined_text(int slot, int colour_set) { set_text({.slot = slot, .colour_set = colour_set, .outline = 1}); }
 
 int draw_text(BITMAP* bitmap, int x, int y, const char* string)
 {

@@ -25,10 +25,19 @@ struct TextPen {
 };
 inline TextPen text_pen;
 
-/// Sets the pen. An argument of -1 keeps the old value; the slot is always taken. A slot of 16 or more is refused with
-/// a line in the log.
-void set_text(int slot, int colour_set, int shadow, int shadow_colour, int reserved, int outline, int mode,
-              int opacity);
+/// What `set_text` sets: the words of the pen. -1 keeps the old value.
+struct TextStyle {
+    int slot;
+    int colour_set;
+    int shadow = 0;
+    int shadow_colour = 0;
+    int outline = 0;
+    int mode = 0;
+    int opacity = 0;
+};
+
+/// Sets the pen. The slot is always taken; a slot of 16 or more is refused with a line in the log.
+void set_text(const TextStyle& style);
 /// A pen without shadow, outline and mode.
 void set_plain_text(int slot, int colour_set);
 /// A pen with an outline of palette index 1.

@@ -21,7 +21,7 @@ Bitmap read_bmp(const std::string& name);
 void encode_bmp(BITMAP* bitmap, std::vector<uint8_t>& out);
 
 /// Writes the bitmap, or a sub-bitmap, with 24 bits a pixel; top bytes are left out. The file takes the place of an
-/// old one only when it is whole; false when that failed, and the old one stands.
+/// old one only when it is whole; false when that failed, and the old one stays.
 bool write_bmp(const std::string& name, BITMAP* bitmap);
 
 } // namespace kelu

@@ -108,7 +108,7 @@ void decode_row(const Head& head, const Palette& palette, std::span<const uint8_
 {
     ByteReader in(line);
     for (int x = 0; x < head.width; ++x) {
-        if (head.bits <= 8) { // pixels stand in a byte from its high bits down
+        if (head.bits <= 8) { // pixels are in a byte from its high bits down
             const int bit = x * head.bits;
             const int index = line[bit / 8] >> (8 - head.bits - bit % 8);
             out[x] = palette[index & ((1 << head.bits) - 1)];

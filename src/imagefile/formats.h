@@ -34,7 +34,7 @@ struct SaveOptions {
 /// One row a format. What a format doesn't have is empty.
 struct FormatRow {
     int id;
-    int signature_at;           ///< where in its files the signature stands
+    int signature_at;           ///< where in its files the signature is
     std::string_view extension; ///< upper case
     std::string_view signature; ///< bytes that identify it
     bool previews;              ///< the browser shows its content

@@ -137,7 +137,7 @@ Bitmap decode_ico(std::span<const uint8_t> bytes)
         return refuse("Not an icon!");
     }
     Image image;
-    in.skip(2); // the sides stand in the image as well, without the limit of a byte
+    in.skip(2); // the sides are in the image as well, without the limit of a byte
     image.colors = in.byte();
     in.skip(3);
     image.bits = in.little16();

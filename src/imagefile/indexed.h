@@ -8,7 +8,7 @@
 namespace kelu {
 
 /// The index of each pixel, row by row without gaps. Pixels of 32 bits go through Allegro's colour table, which knows
-/// five bits a channel; an 8-bit bitmap hands out its own bytes.
+/// five bits a channel; an 8-bit bitmap gives its own bytes.
 /// `palette`: 256 entries of 6 bits a channel; null means Allegro's default palette.
 Bytes index_pixels(BITMAP* bitmap, const RGB* palette);
 

@@ -1,7 +1,7 @@
 // JPEG reader and writer on libjpeg.
 //
 // libjpeg leaves by a long jump when it meets an error. Between a setjmp and the last call of the library nothing with
-// a destructor is made: such objects stand in the frame of the caller.
+// a destructor is made: such objects are in the frame of the caller.
 #include "imagefile/jpeg.h"
 
 #include "base/log.h"

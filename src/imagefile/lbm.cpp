@@ -46,7 +46,7 @@ void read_colors(ByteReader chunk, RGB* palette)
 }
 
 /// Unpacks runs into `size` bytes: a count n up to 127 is followed by n + 1 bytes as they are, one from 129 on by a
-/// byte that stands 257 - n times. Fewer bytes come back when the data ends before.
+/// byte that is repeated 257 - n times. Fewer bytes come back when the data ends before.
 Bytes unpack(ByteReader& in, std::size_t size)
 {
     Bytes out;

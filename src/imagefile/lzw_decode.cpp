@@ -91,7 +91,7 @@ void lzw_decode(ByteReader& in, int minimum_size, std::size_t limit, Bytes& pixe
             return; // a string right behind a clear code, where none can be known
         else
             append_run(pixels, code <= top ? table[code] : previous.longer(), limit);
-        // The string before and the first pixel of this one stand side by side: that is the new string.
+        // The string before and the first pixel of this one are side by side: that is the new string.
         if (previous.length > 0 && top < table_mask) table[++top] = previous.longer();
         if (top == (1 << width) - 1 && width < lzw_max_width) ++width;
         previous = {start, pixels.size() - start};

@@ -49,7 +49,7 @@ private:
 };
 
 /// The strings so far. A string is the pair of its prefix, a code, and its suffix, a pixel or the end code, so no pair
-/// stands twice and any way of finding it gives the same code.
+/// is there twice and any way of finding it gives the same code.
 class Dictionary {
 public:
     Dictionary() { cells_.fill(free_cell); }

@@ -69,7 +69,7 @@ void complete_palette(std::span<const uint8_t> bytes, const Head& head, RGB* pal
     }
 }
 
-/// Hands out bytes of the rows. Runs may go on from row to row.
+/// Gives the bytes of the rows. Runs may go on from row to row.
 class RunReader {
 public:
     explicit RunReader(ByteReader& in) : in_(in) {}

@@ -1,4 +1,4 @@
-// The filters of PNG rows: what a row's bytes are told against, byte by byte.
+// The filters of PNG rows: what is subtracted from each byte of a row.
 //
 // `step` is the distance in bytes from a byte to its counterpart in the pixel to the left: 1 below 8 bits a pixel.
 #pragma once

@@ -17,7 +17,7 @@ Bitmap decode_tga(std::span<const uint8_t> bytes);
 Bitmap read_tga(const std::string& name);
 
 /// Writes a picture of w x h merged pixels: uncompressed, 32 bits, bottom row first, blue green red alpha. The file
-/// takes the place of an old one only when it is whole; false when that failed, and the old one stands.
+/// takes the place of an old one only when it is whole; false when that failed, and the old one stays.
 bool write_tga(const std::string& name, int w, int h, const RowSource& rows);
 
 /// Writes a bitmap in merged form.

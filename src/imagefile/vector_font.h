@@ -16,7 +16,7 @@ constexpr int max_font_spacing = 4096;
 /// Text mode in which nothing is drawn behind the letters.
 constexpr int text_mode_transparent = -1;
 
-/// A loaded font: face, size, spacing, glyph cache. Its members stand in glyph_cache.h.
+/// A loaded font: face, size, spacing, glyph cache. Its members are in glyph_cache.h.
 struct VectorFont;
 /// Frees glyphs, face and record. Null is accepted.
 void font_destroy(VectorFont* font);
@@ -44,7 +44,7 @@ void font_system_exit();
 /// Loads a font of the working directory: outlines, or bitmaps of fixed sizes. Empty on any error: not a regular file,
 /// larger than 128 MB, no font, no size of a sensible height. An outline font has no size yet and draws nothing.
 FontOwner font_load(const std::string& name);
-/// Sets the height of a line, in pixels. 0; or -1 when it can't be set, and the old size stands. A font of fixed sizes
+/// Sets the height of a line, in pixels. 0; or -1 when it can't be set, and the old size stays. A font of fixed sizes
 /// has just these.
 int font_set_size(VectorFont& font, int height);
 /// Extra pixels that are added to every advance, held to 0 to `max_font_spacing`.

@@ -1,4 +1,4 @@
-// What a key or a spare mouse button can do, and the dispatcher. The rows stand in the screens' table of actions.
+// What a key or a spare mouse button can do, and the dispatcher. The rows are in the screens' table of actions.
 #pragma once
 
 #include "base/words.h"

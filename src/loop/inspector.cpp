@@ -32,7 +32,7 @@ Line three_numbers(const char* name, double a, double b, double c)
     return line;
 }
 
-/// The six digits in pairs, which stand below the three numbers.
+/// The six digits in pairs, which are below the three numbers.
 Line hex_digits(int color)
 {
     Line line{};

@@ -27,7 +27,7 @@ bool right_down();
 void wait_left_release();
 void wait_right_release();
 
-/// One pass of a tool that stands beside menus: a frame, then the hotkeys that answer in a menu.
+/// One pass of a tool that is beside menus: a frame, then the hotkeys that answer in a menu.
 void run_tool_pass();
 
 /// Presses that begin on the bare canvas. A press that begins on a slot stays the slot's, wherever it is dragged.

@@ -3,7 +3,7 @@
 
 namespace kelu {
 
-/// Opens or closes the window as zoom level, options and open menu require: it stands on the drawing menu alone, from
+/// Opens or closes the window as zoom level, options and open menu require: it is on the drawing menu alone, from
 /// level 2 on. Called by every frame; main thread.
 void update_zoom_preview();
 

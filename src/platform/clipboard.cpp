@@ -34,7 +34,7 @@ public:
         link_->handle = [this](const XEvent& event) { owner_->handle(event); };
         wake_ = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
         ending_ = false;
-        // Signals are the main thread's: the new thread takes over the mask that stands at its start.
+        // Signals are the main thread's: the new thread takes over the mask that is at its start.
         sigset_t all, before;
         sigfillset(&all);
         pthread_sigmask(SIG_SETMASK, &all, &before);

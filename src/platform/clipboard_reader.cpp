@@ -14,7 +14,7 @@ constexpr std::size_t most_targets = 64 * 1024;
 using Property = ClipboardLink::Property;
 using TimePoint = ClipboardClock::time_point;
 
-/// Reads what stands in the property, and deletes it: the other side then knows that we have it.
+/// Reads what is in the property, and deletes it: the other side then knows that we have it.
 bool take_property(ClipboardLink& link, std::size_t limit, Property& property)
 {
     const bool good = link.read_property(link.window(), link.atoms().received, limit, property);

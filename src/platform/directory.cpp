@@ -23,7 +23,7 @@ bool before_case_blind(std::string_view a, std::string_view b)
     return std::ranges::lexicographical_compare(a, b, {}, upper, upper);
 }
 
-/// Folders first, then by name; names that differ only in case stand in byte order, so that the order is the same
+/// Folders first, then by name; names that differ only in case are in byte order, so that the order is the same
 /// wherever the folder lies.
 bool listed_before(const Entry& a, const Entry& b)
 {

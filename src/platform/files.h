@@ -1,7 +1,7 @@
 // Files and folders: case-blind names, listing, and replacement that never harms the old file.
 //
 // Names are UTF-8 and keep their true case on disk. State that holds upper-case names finds its files again through
-// `resolve_name` and `resolve_path`; all other calls take names as they stand. Main thread: the working directory
+// `resolve_name` and `resolve_path`; all other calls take names as they are. Main thread: the working directory
 // belongs to the process. Nothing here logs; each call says by its result whether it could,
 // and `failure_reason` why not.
 #pragma once
@@ -73,7 +73,7 @@ private:
 };
 
 /// A file that is written beside under a temporary name and takes the place of the old one at `commit`, after a
-/// flush to disk. Without a commit the old file stands and the temporary one goes. A link stays a link, and the new
+/// flush to disk. Without a commit the old file stays and the temporary one goes. A link stays a link, and the new
 /// file has the old one's permissions; a file that the user can't write is not replaced. The working directory may
 /// change between the calls.
 class FileReplacement {
@@ -84,7 +84,7 @@ public:
     FileReplacement& operator=(const FileReplacement&) = delete;
     /// Appends bytes; after a failure all further calls fail.
     bool write(std::span<const uint8_t> bytes);
-    /// Flushes, renames, flushes the folder. False: something failed, and the old file stands.
+    /// Flushes, renames, flushes the folder. False: something failed, and the old file stays.
     bool commit();
 
 private:

@@ -39,7 +39,10 @@
 #include "screens/action_table.h"
 
 namespace kelu {
-void FW_initialize_variables()
+namespace {
+
+/// The framework: actors and what belongs to them, jobs and scripts.
+void reset_framework()
 {
     clear_jobs();
     reset_actors();
@@ -51,6 +54,11 @@ void FW_initialize_variables()
         release_bubble(bubble);
     for (int slot = 0; slot < max_scripts; ++slot)
         reset_script(slot);
+}
+
+/// Input, windows and what the loops share.
+void reset_interface()
+{
     for (int slot = 0; slot < gui_slots; ++slot)
         gui_reset_slot(slot);
     gui_logic = {};
@@ -61,14 +69,22 @@ void FW_initialize_variables()
     home_strip = {};
     clock_state = {};
     pointer = {};
+    frame_flags = {};
+    stroke_position = {};
+    hotkeys = {};
+    action_rows = action_table();
+    set_default_hotkeys();
+}
+
+/// What the user works on and works with.
+void reset_work()
+{
     preferences = {};
     view = {};
     store = {};
     toolbox = {};
     undo = {};
     touched = {};
-    stroke_position = {};
-    frame_flags = {};
     animation = {};
     browser_state = {};
     cel = {};
@@ -79,11 +95,17 @@ void FW_initialize_variables()
     menu_scheme = {};
     shape_settings = {};
     text_settings = {};
-    hotkeys = {};
-    action_rows = action_table();
-    set_default_hotkeys();
     for (Shared<int>& favorite : toolbox.favorites)
         favorite = random_color();
+}
+
+} // namespace
+
+void FW_initialize_variables()
+{
+    reset_framework();
+    reset_interface();
+    reset_work();
 }
 
 } // namespace kelu

@@ -24,7 +24,7 @@ enum ActorType : int {
     ACTOR_FREE = 0,
     ACTOR_DUST = 9,
     ACTOR_ELEMENT = 12,
-    ACTOR_SPEAKER = 51,  ///< its bubbles can be told to close
+    ACTOR_SPEAKER = 51,  ///< its bubbles can be closed by a job
     ACTOR_RESERVED = 99, ///< row 0, taken for good
     ACTOR_TINT = 666
 };
@@ -85,7 +85,7 @@ struct Follow {
 
 /// One actor. The initialisers are the values of a free row.
 struct Actor : ActorLook {
-    // What the behaviour pass reads of every row at every tick stands together.
+    // What the behaviour pass reads of every row at every tick is together.
     alignas(64) std::array<Published16, max_behaviors> BEHAVIOR{}; ///< behaviour id of each slot; 0 is free
     std::array<Shared16, max_behaviors> behavior_interval{};       ///< ticks to wait between two runs
     std::array<Shared16, max_behaviors> behavior_counter{};        ///< ticks since the last run
@@ -110,7 +110,7 @@ struct Actor : ActorLook {
     Plasma plasma;
     Splash splash;
 
-    Published16 Type = ACTOR_FREE; ///< 0: free; stands last, so that a reset frees the row when all else is blank
+    Published16 Type = ACTOR_FREE; ///< 0: free; is last, so that a reset frees the row when all else is blank
 };
 inline std::array<Actor, max_actors> actors;
 

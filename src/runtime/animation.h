@@ -1,4 +1,4 @@
-// The frames that make up the animation, and where its playback stands.
+// The frames that make up the animation, and where its playback is.
 #pragma once
 
 #include "base/words.h"

@@ -1,4 +1,4 @@
-// Where the file screens stand.
+// Where the file screens are.
 #pragma once
 
 #include <string>

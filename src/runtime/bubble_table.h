@@ -1,4 +1,4 @@
-// The table of speech bubbles. It stands beside the actors, since the end of an actor ends its bubbles.
+// The table of speech bubbles. It is beside the actors, since the end of an actor ends its bubbles.
 #pragma once
 
 #include "base/words.h"
@@ -11,14 +11,14 @@ constexpr int max_bubbles = 32;         ///< rows of the table; row 0 isn't used
 constexpr int bubble_text_size = 1500;  ///< bytes of a text, its end mark with it
 constexpr int bubble_break_count = 255; ///< line ends of a text, the end mark with it
 constexpr int bubble_mark_count = 10;
-constexpr int bubble_text_end = 0xff; ///< stands behind the last character
+constexpr int bubble_text_end = 0xff; ///< is behind the last character
 
 enum BubbleState : int { BUBBLE_OPENING, BUBBLE_TYPING, BUBBLE_HOLDING, BUBBLE_CLOSING };
 
 /// One bubble. `bubble_say` fills a row and writes `bubble_actor` last; the bubble tick moves it; the painter reads.
 struct Bubble {
     Shared<int> bubble_state = BUBBLE_OPENING;
-    Shared<int> bubble_life = 0;                                    ///< ticks to hold (45 Hz), -1: until told
+    Shared<int> bubble_life = 0;                                    ///< ticks to hold (45 Hz), -1: until it is closed
     std::array<Shared<uint8_t>, bubble_text_size> bubble_text{};    ///< characters without colour codes
     std::array<Shared<uint8_t>, bubble_text_size> bubble_colours{}; ///< colour set of each character
     std::array<Shared16, bubble_text_size> bubble_fades{};          ///< opacity of each character, 31 to 255
@@ -32,7 +32,7 @@ struct Bubble {
     Shared<int> bubble_height = 0;    ///< pixels
     Shared<int> bubble_open = 0;      ///< height opened so far, pixels
     Shared<int> bubble_colour = 0;    ///< palette index of the panel
-    Published<int> bubble_actor = -1; ///< actor that speaks; -1: free
+    Published<int> bubble_actor = -1; ///< the actor whose bubble it is; -1: free
 };
 inline std::array<Bubble, max_bubbles> bubbles;
 

@@ -1,4 +1,4 @@
-// Where the cel came from and how it was last turned. Its pictures stand in store.h.
+// Where the cel came from and how it was last turned. Its pictures are in store.h.
 #pragma once
 
 namespace kelu {

@@ -11,7 +11,7 @@ enum FontSlot { FONT_NARROW = 4, FONT_WIDE = 5, FONT_SLOT_COUNT = 16 };
 
 /// One bitmap font. Owner: gui/text, which loads it; everyone may read its measures.
 struct Font {
-    Bitmap glyph_sheet;               ///< a strip of 255 cells; glyphs stand in the marker colours of the palette
+    Bitmap glyph_sheet;               ///< a strip of 255 cells; glyphs are in the marker colours of the palette
     int cell_w = 0, cell_h = 0;       ///< size of a glyph's cell in pixels
     std::array<int, 256> glyph_x{};   ///< by character code: x of the glyph in the strip; 0 is the empty cell
     std::array<int, 256> glyph_y{};   ///< by character code: added to the pen's y, for what hangs below the line

@@ -33,7 +33,7 @@ int gui_button_state();
 /// Sets `press_x`, `press_y` for a press on the frame: the position at which the pointer stood still, when that is
 /// within 2 pixels and the option is on, else the present frame position.
 void sample_press();
-/// Where the wheel stands; a rise is a turn away from the user.
+/// Where the wheel is; a rise is a turn away from the user.
 int wheel_position();
 /// Timer callback: pointer position and its stable position, then the animation's.
 void mouse_tick();

@@ -14,16 +14,14 @@ Job& job(int index) { return job_queue[index]; }
 
 } // namespace
 
-int push_to_job(int type, int a, int b, int c, int d, int e, int f, int g, int h, int delay)
+int push_to_job(int type, const JobWords& words, int delay)
 {
     const int index = job_find_free();
     if (index < 0) {
         log_line("[ ERROR ] : Ran out of job queue slots in call to push_to_job! Job = %d", type);
         return -1;
     }
-    const std::array<int, 8> arguments{a, b, c, d, e, f, g, h};
-    for (std::size_t i = 0; i < arguments.size(); ++i)
-        job(index).arguments[i] = arguments[i];
+    std::ranges::copy(words, job(index).arguments.begin());
     job(index).delay = delay;
     job(index).type = type;
     return index;

@@ -30,8 +30,12 @@ struct Job {
 };
 inline std::array<Job, max_jobs> job_queue;
 
-/// Fills the first free record; returns its index, or logs and returns -1 when there is none. Arguments a to h.
-int push_to_job(int type, int a, int b, int c, int d, int e, int f, int g, int h, int delay);
+/// The words a to h of a job, by its type.
+using JobWords = std::array<int, 8>;
+
+/// Fills the first free record; returns its index, or logs and returns -1 when there is none. The delay counts world
+/// ticks (45 Hz).
+int push_to_job(int type, const JobWords& words = {}, int delay = 0);
 /// First free index, or -1.
 int job_find_free();
 /// First record of that type (JOB_ANY: of any), or -1.

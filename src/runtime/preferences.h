@@ -18,7 +18,7 @@ struct Preferences {
     Shared<int> anti_jitter = 1;           ///< 1: a press takes the position at which the pointer last stood still
     Shared<int> frame_limiter = 2;         ///< 0 waits for the display, 1 sleeps 2 ms, 2 sleeps 10 ms a frame
     Shared<int> color_reduction = 0;       ///< to 256 colours: 0 fast, 1 good, 2 best
-    Shared<int> zoom_preview_on = 0;       ///< 1: the zoom preview window stands while zoomed
+    Shared<int> zoom_preview_on = 0;       ///< 1: the zoom preview window is shown while zoomed
     Shared<int> zoom_preview_size = 1;     ///< 1 small, 2 medium, 3 large
     Shared<int> crosshair_opacity = 13;    ///< 0 (off) to 255
     Shared<int> crosshair_scaling = 1;     ///< 1: the bars are as wide as a frame pixel

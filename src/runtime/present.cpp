@@ -31,7 +31,7 @@ void present_back_buffer()
     if (paced) clock_state.present_ready = 1;
     if (paced && by_display) wait_for_blank();
     platform::host->present(screen_state.back_buffer);
-    // Asleep with the picture on the screen and not before: what the hand does shows ten milliseconds earlier.
+    // The sleep comes after the picture is on the screen, not before: an input shows ten milliseconds earlier.
     if (paced && !by_display) platform::host->rest(preferences.frame_limiter == 1 ? low_saving_ms : high_saving_ms);
 }
 

@@ -14,7 +14,7 @@ constexpr int tips_per_row = 12;
 constexpr int tile_side = 64;
 
 /// Owner: workspace/resources. Also written by the screen of colour schemes (`recolor_gui_sheet`). The sheet of all
-/// tips travels with the workspace and stands in `store.tip_sheet`.
+/// tips travels with the workspace and is in `store.tip_sheet`.
 /// Writers: workspace.
 struct Sheets {
     Bitmap gui_sheet;        ///< arrows, knobs and caps, recoloured to the scheme; magenta shows what lies below

@@ -46,7 +46,7 @@ struct Toolbox {
     int brush_tip = 0;                                      ///< 0 to 35, 36 the custom tip; set by set_brush_tip alone
     Shared<int> brush_color = 0xffffff;                     ///< packed colour
     Shared<int> mask_color = 0;                             ///< packed colour
-    Table<Shared<int>, 100> favorites{};                    ///< colours; the first 10 stand in the drawing menu
+    Table<Shared<int>, 100> favorites{};                    ///< colours; the first 10 are in the drawing menu
     Table<Shared<int>, 256> extended_favorites{};           ///< colours of the favourites menu
     OptionTable tool_table{};                               ///< options by tool id
     OptionTable ink_table{};                                ///< options by ink id

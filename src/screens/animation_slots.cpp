@@ -74,7 +74,7 @@ void show_nail(int slot, int frame)
 
 void show_value(int slot) { gui.scroll_show[slot] = &gui.scroll_value[slot]; }
 
-/// The bar of the timing strip: one step for each tagged frame. Returns the position that it stands on.
+/// The bar of the timing strip: one step for each tagged frame. Returns the position that it is on.
 int update_timing_bar(int count)
 {
     if (gui.scroll_steps[SLOT_TIMING] != count && count > 0) {

@@ -32,7 +32,7 @@ void build_file_browser(int task);
 /// Lights the button of the drive that holds the working directory, of several the one with the longest root.
 void show_current_drive();
 
-/// The folder of the drive whose button stands in a slot.
+/// The folder of the drive whose button is in a slot.
 const std::string& drive_root_of(int slot);
 
 /// The button HOME sets a home folder, or FLOAT clears the one that is set.

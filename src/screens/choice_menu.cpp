@@ -1,4 +1,4 @@
-// One layout and one loop for both menus; what differs stands in two rows.
+// One layout and one loop for both menus; what differs is in two rows.
 #include "screens/choice_menu.h"
 
 #include "draw/inks.h"

@@ -34,12 +34,12 @@ constexpr SlotRow palette_cell_row(int slot, int x, int y)
 /// the rounding of the colour space that is chosen.
 class ColorEditor {
 public:
-    /// Edits `target`; the map stands in slot `map_slot`.
+    /// Edits `target`; the map is in slot `map_slot`.
     ColorEditor(Shared<int>& target, int map_slot);
     ColorEditor(const ColorEditor&) = delete;
     ColorEditor& operator=(const ColorEditor&) = delete;
 
-    /// Builds the shared slots in the open window at `at`; the sliders stand as they did last.
+    /// Builds the shared slots in the open window at `at`; the sliders are as they were last.
     void build(Origin at);
     /// One pass of the menu's loop: a frame, hotkeys and the shared slots. False when the menu is to be left: after a
     /// right click on no slot, a press of the menu's own `action`, or when the program ends.

@@ -42,7 +42,7 @@ void add_frame(int blank, int message)
     const int count = store.frame_count;
     insert_frames(store.current_frame, 1, blank);
     if (store.frame_count == count) return;
-    // The message of a failure stands.
+    // The message of a failure stays.
     if (write_workspace_state(state_file, true)) flash_status_message(message, message_ticks);
 }
 

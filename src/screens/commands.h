@@ -12,7 +12,7 @@ void clear_picture();
 void restore_picture();
 /// Asks whether to end the program.
 void ask_exit();
-/// Flips the menu that stands in slot 0.
+/// Flips the menu that is in slot 0.
 void flip_menu();
 /// The brush or mask colour becomes the one on the screen under the pointer.
 void pick_brush_color();

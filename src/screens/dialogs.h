@@ -3,7 +3,7 @@
 
 namespace kelu {
 
-/// Where a dialog stands in the table of slots.
+/// The first slot of a dialog.
 enum class DialogSlots {
     LOW, ///< slots 0 to 5, in place of the open menu
     HIGH ///< slots 120 to 125, so that the menu below keeps its slots

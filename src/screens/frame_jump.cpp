@@ -1,4 +1,4 @@
-// Five rows of seven cells; the base frame stands in the middle one.
+// Five rows of seven cells; the base frame is in the middle one.
 #include "screens/frame_jump.h"
 
 #include "base/run_state.h"
@@ -106,7 +106,7 @@ void frame_jump()
 {
     clock_state.hold_counter = 0;
     if (frame_changed()) update_frame_nail(0);
-    // Not the drawing menu's id, for the zoom preview would stand on the cells.
+    // Not the drawing menu's id, for the zoom preview would cover the cells.
     menus.menu_id = MENU_DIALOG;
     const int frame = choose_frame();
     const bool held = clock_state.hold_counter > hold_counts;

@@ -1,4 +1,4 @@
-// The frame's place while another picture stands in it.
+// The frame's place while another picture is in it.
 #include "screens/frame_loan.h"
 
 #include "loop/actions.h"

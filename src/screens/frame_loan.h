@@ -1,4 +1,4 @@
-// The frame's place, lent to a picture that is only looked at.
+// Another picture in the frame's place, to be looked at only.
 //
 // Previews show a picture by putting it in the place of `frame_bitmap`. Meanwhile the frame is kept here and no action
 // may commit, swap, replace or save it; and whatever way the program ends, the frame is back before it is written.
@@ -23,7 +23,7 @@ public:
     FrameLoan& operator=(const FrameLoan&) = delete;
 };
 
-/// Puts the frame back, if it is lent.
+/// Puts the frame back, if another is in its place.
 void end_frame_loan();
 
 } // namespace kelu

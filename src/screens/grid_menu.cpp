@@ -146,7 +146,7 @@ void grid_menu()
     wait_for_release(ACTION_PIC_GRID);
     const bool accepted = choose_grid();
     const int active = shows_active() ? 1 : 0;
-    close_screen(); // first: the slider writes its word as long as it stands
+    close_screen(); // first: the slider writes its word as long as its slot is built
     if (accepted) {
         grid.grid_on = active;
     } else {

@@ -3,7 +3,7 @@
 
 namespace kelu {
 
-/// Runs the help screen; the drawing menu stands at the end.
+/// Runs the help screen; the drawing menu is open at the end.
 void help_menu();
 /// Shows the about box until OKAY. The caller builds its own menu.
 void about_menu();

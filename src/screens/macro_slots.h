@@ -55,7 +55,7 @@ void build_macro_menu(int shown, const Macro& record);
 void show_macro_block(const MacroBlock& block, const Macro& record);
 void show_macro_grid_mode(const Macro& record);
 void show_macro_tip(const Macro& record);
-/// The numbers that stand in the fields go into the record. Text that is no number is 0.
+/// The numbers that are in the fields go into the record. Text that is no number is 0.
 void store_macro_fields(Macro& record);
 
 } // namespace kelu

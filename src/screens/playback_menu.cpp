@@ -27,7 +27,7 @@ enum {
     SLOT_OKAY = 8,
     SLOT_SPEED = 9,
     SLOT_NUMBER = 10,
-    SLOT_SHOW = 11, ///< stands alone while the window is hidden
+    SLOT_SHOW = 11, ///< is alone while the window is hidden
     menu_slots = 11
 };
 

@@ -6,7 +6,7 @@
 
 namespace kelu {
 
-/// What stands in the place of a preview.
+/// What is in the place of a preview.
 enum PreviewMessage : int { PREVIEW_UNAVAILABLE, PREVIEW_DAMAGED, PREVIEW_DISABLED, PREVIEW_TOO_LARGE };
 
 /// The picture of a file, top bytes 0, determined by extension, else by signature. Empty for all that isn't a picture.

@@ -9,10 +9,10 @@ enum SchemeStep : int {
     SCHEME_TO_LIVE,     ///< `scheme` into the live colours and text sets
     SCHEME_TO_SWATCHES  ///< `scheme` into the swatches
 };
-/// Takes one of the ways; the editor's slots must stand.
+/// Takes one of the ways; the editor's slots must be built.
 void apply_scheme(SchemeStep step);
 
-/// Runs the editor. The caller has cleared the slots; the drawing menu stands at the end.
+/// Runs the editor. The caller has cleared the slots; the drawing menu is open at the end.
 void scheme_menu();
 
 } // namespace kelu

@@ -3,7 +3,7 @@
 
 namespace kelu {
 
-/// Runs the screen; the drawing menu stands at the end.
+/// Runs the screen; the drawing menu is open at the end.
 void workspace_menu();
 
 } // namespace kelu

@@ -19,7 +19,7 @@ namespace {
 
 constexpr int clip_shown = 300; ///< counts of the 500 Hz clock that a clipped box is shown
 
-/// The menu out of the way of a grab, if it stands.
+/// The menu out of the way of a grab, if it is open.
 class MenuAside {
 public:
     explicit MenuAside(bool wanted) : hidden_(wanted && slot_live(0))

@@ -1,4 +1,4 @@
-// What run_frame draws of a grab stands in `cel_work`; this is its scope.
+// What run_frame draws of a grab is in `cel_work`; this is its scope.
 #include "tools/grab_marker.h"
 
 #include "base/run_state.h"

@@ -163,7 +163,7 @@ void TextLine::choose_font()
     text_settings.text_string = text.data();
     placed_text.shown = 0;
     gui_clear_window();
-    push_to_job(JOB_CHOOSE_FONT, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+    push_to_job(JOB_CHOOSE_FONT);
     run_frame(0); // its last step runs the job
     gui_clear_window();
     build_text_window(at.x, at.y, true);

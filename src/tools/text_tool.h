@@ -20,7 +20,7 @@ constexpr int characters = 120, size = 350, gap = 32;
 
 /// Runs after the tool's first click, whose place is node 0: the user types, chooses size, gap and font, and drags the
 /// text, until OKAY, Enter or the right button puts it on the frame, or CANCEL or the program's end gives it up. The
-/// drawing menu stands again afterwards.
+/// drawing menu is open again afterwards.
 void text_tool();
 
 } // namespace kelu

@@ -41,7 +41,7 @@ struct CloseFile {
 };
 using File = std::unique_ptr<std::FILE, CloseFile>;
 
-/// What stands before the blocks.
+/// What is before the blocks.
 struct ArchiveHead {
     std::string title, notes;
     int frames = 0;

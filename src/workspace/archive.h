@@ -12,11 +12,11 @@
 
 namespace kelu {
 
-/// Shows how far an archive has come: one frame of the program, handed in by the caller.
+/// Shows how far an archive has come: one frame of the program, given by the caller.
 using ShowProgress = void (*)();
 
 /// Commits the open frame and the state, and packs the workspace into a file of the working directory. What fails is
-/// reported by log and status line, and an old file of that name stands. The working directory is the same afterwards.
+/// reported by log and status line, and an old file of that name stays. The working directory is the same afterwards.
 /// Returns 0.
 int save_workspace_archive(const std::string& file_name, ShowProgress show_progress);
 
@@ -30,7 +30,7 @@ int load_workspace_archive(const std::string& file_name, ShowProgress show_progr
 bool copy_file_to_archive(const std::string& file_name, platform::FileReplacement& archive, std::span<uint8_t> buffer);
 
 /// Writes the next `length` bytes of the archive as a file of the working directory, through the buffer. Returns 0; or
-/// -1, and a line in the log, when the file can't be written, and its old form stands.
+/// -1, and a line in the log, when the file can't be written, and its old form stays.
 int extract_block(std::FILE* archive, const std::string& file_name, std::span<uint8_t> buffer, uint32_t length);
 
 } // namespace kelu

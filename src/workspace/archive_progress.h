@@ -5,7 +5,7 @@
 
 namespace kelu {
 
-/// Stands from its making to its end, which leaves the screen without a window.
+/// Exists from its making to its end, which leaves the screen without a window.
 class ArchiveProgress {
 public:
     /// `title` is a row of the strings. `steps` frames make the whole bar; `show_progress` brings the picture on the

@@ -5,7 +5,7 @@
 
 namespace kelu {
 
-/// Write the colours to a file of the working directory. False when that failed, and an old file stands.
+/// Write the colours to a file of the working directory. False when that failed, and an old file stays.
 bool save_scheme_file(const std::string& name);
 bool save_favorites_file(const std::string& name);
 

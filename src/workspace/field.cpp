@@ -14,6 +14,8 @@ int Field::get(int i) const
         return *static_cast<uint8_t*>(at(i)) != 0;
     case Width::SHARED_FLAG:
         return *static_cast<Shared<uint8_t>*>(at(i)) != 0;
+    case Width::LISTED:
+        return **static_cast<int**>(at(i));
     case Width::CONSTANT:
         break;
     }
@@ -34,6 +36,9 @@ void Field::set(int i, int word) const
         break;
     case Width::SHARED_FLAG:
         *static_cast<Shared<uint8_t>*>(at(i)) = static_cast<uint8_t>(word != 0);
+        break;
+    case Width::LISTED:
+        **static_cast<int**>(at(i)) = word;
         break;
     case Width::CONSTANT:
         break;

@@ -28,6 +28,10 @@ public:
         count_ = count;
         stride_ = stride;
     }
+    /// Words that are anywhere, in the order of a list that lives as long as the field.
+    template <std::size_t N>
+    constexpr Field(int* const (&words)[N]) : Field(const_cast<int**>(words), Width::LISTED, N, sizeof words[0])
+    {}
     /// A field that always reads as `word` and keeps nothing.
     static constexpr Field constant(int word)
     {
@@ -43,7 +47,7 @@ public:
     void set(int i, int word) const;
 
 private:
-    enum class Width : uint8_t { CONSTANT, PLAIN, SHARED, FLAG, SHARED_FLAG };
+    enum class Width : uint8_t { CONSTANT, PLAIN, SHARED, FLAG, SHARED_FLAG, LISTED };
 
     constexpr Field(void* base, Width width, int count, std::size_t stride)
         : base_(base), width_(width), count_(count), stride_(stride)

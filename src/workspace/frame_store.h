@@ -40,14 +40,14 @@ bool load_frame_file(const std::string& name, int how, int kind);
 bool adopt_picture(Bitmap merged, bool becomes_restoration);
 
 /// Writes the live frame in merged form to `current.NNN` of the working directory. A failure is reported to the user,
-/// sets `workspace_damaged` and returns false; the old file then stands.
+/// sets `workspace_damaged` and returns false; the old file then stays.
 bool write_frame(int frame);
 
 /// The picture of a frame's file of the working directory in merged form; empty when it can't be read.
 Bitmap read_stored_frame(const std::string& name);
 
 /// After a `read_stored_frame` that came out empty: true when the file is there and the system wouldn't read it, which
-/// is told to the user and is no damage. False: what it holds is no frame, or there is none.
+/// is reported to the user and is no damage. False: what it holds is no frame, or there is none.
 bool frame_out_of_reach(int frame);
 
 /// Makes a picture in merged form, that of the file, the current frame; a blank one where it is empty.

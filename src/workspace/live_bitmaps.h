@@ -1,4 +1,4 @@
-// New live bitmaps of the current frame, made apart so that the old ones stand until all of them exist.
+// New live bitmaps of the current frame, made apart so that the old ones stay until all of them exist.
 #pragma once
 
 #include "base/bitmap.h"

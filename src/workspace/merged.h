@@ -18,7 +18,7 @@ Bitmap& alpha_picture();
 /// made grey first. A missing bitmap is refused with a line in the log.
 void alpha_merge(BITMAP* dest);
 
-/// The current frame as rows in merged form, for writers. The frame must stand as long as the source is in use.
+/// The current frame as rows in merged form, for writers. The frame must exist as long as the source is in use.
 RowSource merged_rows();
 
 /// Splits merged pixels: the colours go to `first` and the grey alpha to `second`, or the other way round in alpha

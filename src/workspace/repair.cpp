@@ -16,7 +16,7 @@
 namespace kelu {
 namespace {
 
-constexpr int cel_side = 16; // pixels of a cel that stands in for a lost one
+constexpr int cel_side = 16; // pixels of a cel that is used instead of a lost one
 constexpr int opaque_black = static_cast<int>(0xff000000U);
 
 bool repair_cel()

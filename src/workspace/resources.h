@@ -1,5 +1,5 @@
 // What the program brings in from resource/ at start: pictures, tips, palette, fonts and the outline library. The
-// bitmaps stand in `sheets`, the tips in `store`, the fonts in `font_table`. Main thread, before the timers.
+// bitmaps are in `sheets`, the tips in `store`, the fonts in `font_table`. Main thread, before the timers.
 #pragma once
 
 #include "runtime/actors.h"

@@ -109,7 +109,7 @@ void set_missing_settings()
 
 int hotkey_row_of(int minor)
 {
-    // Rows 6 and 7 stand at the end of the file; row 11 and those from 65 on are not kept.
+    // Rows 6 and 7 are at the end of the file; row 11 and those from 65 on are not kept.
     if (minor < 6) return minor;
     if (minor < 9) return minor + 2;
     return minor < 62 ? minor + 3 : minor - 56;

@@ -9,7 +9,7 @@
 namespace kelu {
 namespace {
 
-/// Pixels of `count` cells along one axis: neighbours without spacing stand one pixel apart, border beside border.
+/// Pixels of `count` cells along one axis: neighbours without spacing are one pixel apart, border beside border.
 int extent(int count, int pitch, int spacing) { return count * pitch + 1 - spacing; }
 
 } // namespace

@@ -12,7 +12,7 @@ std::span<const TagRow> state_tags();
 
 /// Writes the state to `file_name` in the store, and unless `spa_only` the current frame and the containers of cel,
 /// custom tip and thumbnails beside it. The process ends up in the program's folder. What can't be written is reported
-/// by log and status line, the old file stands, and the result is false.
+/// by log and status line, the old file stays, and the result is false.
 bool write_workspace_state(const std::string& file_name, bool spa_only);
 
 /// Reads a state and what belongs to it: the current frame, the containers and the font. The working directory must be

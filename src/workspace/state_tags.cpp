@@ -43,12 +43,16 @@ constexpr Range rpoly_ranges[] = {degrees_range, {0, 500}, {0, 32}};
 constexpr Range shift_range{-128, 128};
 constexpr Range tint_ranges[] = {shift_range, shift_range, shift_range, flag_range};
 
-/// A record of a few ints in memory, first to last.
-template <class Record>
-constexpr Field ints_of(Record&, int& first)
-{
-    return Field(first, static_cast<int>(sizeof(Record) / sizeof(int)), sizeof(int));
-}
+/// The words of a record, in the order of its file.
+constexpr SupershapeSettings& supershape = shape_settings.supershape_settings;
+constexpr int* supershape_words[] = {&supershape.degrees, &supershape.n1,   &supershape.n2,
+                                     &supershape.n3,      &supershape.arms, &supershape.magnitude};
+constexpr SpiralSettings& spiral = shape_settings.spiral_settings;
+constexpr int* spiral_words[] = {&spiral.angle, &spiral.scale, &spiral.wraps, &spiral.spread, &spiral.flip};
+constexpr RpolySettings& rpoly = shape_settings.rpoly_settings;
+constexpr int* rpoly_words[] = {&rpoly.angle, &rpoly.radius, &rpoly.sides};
+constexpr int* tint_words[] = {&color_settings.tint_values[0], &color_settings.tint_values[1],
+                               &color_settings.tint_values[2], &color_settings.tint_ignore_mask};
 
 /// Only the favourites of the drawing menu are kept.
 constexpr int stored_favorites = 10;
@@ -57,9 +61,6 @@ constexpr Field window_x(menus.window_pos[0].x, WINDOW_ROWS, sizeof(WindowPos));
 constexpr Field window_y(menus.window_pos[0].y, WINDOW_ROWS, sizeof(WindowPos));
 
 constexpr Range animation_ranges[] = {flag_range, percent_range};
-/// The three shifts and the flag behind them.
-constexpr Field tint_field(color_settings.tint_values[0], 4, sizeof(int));
-static_assert(offsetof(ColorSettings, tint_ignore_mask) == offsetof(ColorSettings, tint_values) + 3 * sizeof(int));
 
 constexpr TagRow rows[] = {
     {1, tool_range, toolbox.tool_slots},
@@ -76,15 +77,9 @@ constexpr TagRow rows[] = {
     {12, {0, 3}, spectrum.spectrum_fold},
     {13, flag_range, preferences.cel_masking},
     {14, {0, custom_tip}, toolbox.brush_tip},
-    {.tag = 15,
-     .a = ints_of(shape_settings.supershape_settings, shape_settings.supershape_settings.degrees),
-     .ranges = supershape_ranges},
-    {.tag = 16,
-     .a = ints_of(shape_settings.spiral_settings, shape_settings.spiral_settings.angle),
-     .ranges = spiral_ranges},
-    {.tag = 17,
-     .a = ints_of(shape_settings.rpoly_settings, shape_settings.rpoly_settings.angle),
-     .ranges = rpoly_ranges},
+    {.tag = 15, .a = supershape_words, .ranges = supershape_ranges},
+    {.tag = 16, .a = spiral_words, .ranges = spiral_ranges},
+    {.tag = 17, .a = rpoly_words, .ranges = rpoly_ranges},
     {18, color_range, favorites_field},
     {19, color_range, toolbox.extended_favorites},
     {20, any_word, store.alpha_edit_mode},
@@ -122,7 +117,7 @@ constexpr TagRow rows[] = {
     {.tag = 52, .text = &browser_state.home_font_dir, .text_room = long_text},
     {.tag = 53, .text = &text_settings.font_file, .text_room = short_text},
     {.tag = 54, .text = &text_settings.font_dir, .text_room = long_text},
-    {.tag = 60, .a = tint_field, .ranges = tint_ranges},
+    {.tag = 60, .a = tint_words, .ranges = tint_ranges},
 };
 
 } // namespace

@@ -14,7 +14,7 @@ enum class TagFile { MISSING, READ };
 /// kept there, so that the next write loses nothing.
 TagFile read_tag_file(const std::string& name, const std::string& damaged_name, std::span<const TagRow> rows);
 
-/// Writes the file. False when that failed, and the old file stands.
+/// Writes the file. False when that failed, and the old file stays.
 bool write_tag_file(const std::string& name, std::span<const TagRow> rows);
 
 } // namespace kelu

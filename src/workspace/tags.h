@@ -36,7 +36,7 @@ constexpr Range flag_range{0, 1};
 constexpr Range level_range{0, 255};
 constexpr Range color_range{0, 0xffffff, Range::COLOR};
 
-/// One tag. Rows stand in the order in which the file is written. A row without words and text is passed over by the
+/// One tag. Rows are in the order in which the file is written. A row without words and text is passed over by the
 /// reader and left out by the writer.
 struct TagRow {
     int tag;

@@ -100,7 +100,7 @@ TEST(Framework, TheMainThreadWaitsOnActorsAndInJobs)
     EXPECT_FALSE(waited);
     EXPECT_TRUE(session.frames_until([] { return waited; }, 60));
     // A wait job runs frames of its own inside the frame that runs it; its record is free by then.
-    push_to_job(JOB_WAIT, 100, 0, 0, 0, 0, 0, 0, 0, 0);
+    push_to_job(JOB_WAIT, {100});
     session.frame(5);
     EXPECT_EQ(job_find(JOB_WAIT), -1);
     session.frame(30);

@@ -200,7 +200,7 @@ TEST(LongOperations, AreTheSameWithFramesInBetween)
         // A job that stays in the queue makes a frame due at every display test.
         constexpr int job_type = 60;
         set_job_handler(job_type, [](int) { clock_state.tool_ticks = 9; });
-        const int job = show ? push_to_job(job_type, 0, 0, 0, 0, 0, 0, 0, 0, 0) : -1;
+        const int job = show ? push_to_job(job_type) : -1;
         const auto covered = [&](int x, int y) { return frame_pixel(x, y) != row(before, y)[x]; };
         session.press();
         session.release();

@@ -78,12 +78,12 @@ TEST_F(FrameworkJobsTest, JobsClearDrawAnswerScriptsAndSpawnDust)
     actor_layer.event_slot = 2;
     actor_at(5).actor_pos[0] = 40;
     actor_at(5).actor_pos[2] = 9;
-    push_to_job(JOB_CLEAR, 0, 0, 0, 0, 0, 0, 0, 0, 0);
-    push_to_job(JOB_SCRIPT_EVENT, 0, 0, 0, 0, 0, 0, 0, 19, 0);
-    push_to_job(JOB_SCRIPT_EVENT, 0, 0, 0, 0, 0, 0, 0, 20, 0); // no such script
-    push_to_job(JOB_DRAW_ACTOR, 331, 0, 0, 0, 0, 0, 0, 0, 0);  // no such actor
-    push_to_job(JOB_DUST, 5, 0, 0, 0, 0, 0, 0, 0, 0);
-    push_to_job(JOB_DUST, -1, 0, 0, 0, 0, 0, 0, 0, 0);
+    push_to_job(JOB_CLEAR);
+    push_to_job(JOB_SCRIPT_EVENT, {0, 0, 0, 0, 0, 0, 0, 19});
+    push_to_job(JOB_SCRIPT_EVENT, {0, 0, 0, 0, 0, 0, 0, 20}); // no such script
+    push_to_job(JOB_DRAW_ACTOR, {331});                       // no such actor
+    push_to_job(JOB_DUST, {5});
+    push_to_job(JOB_DUST, {-1});
     run_jobs();
     EXPECT_EQ(job_find(JOB_ANY), -1);
     EXPECT_EQ(script_at(19).script_wait_actor, 12);
@@ -96,7 +96,7 @@ TEST_F(FrameworkJobsTest, JobsClearDrawAnswerScriptsAndSpawnDust)
     EXPECT_EQ(actor_at(1).actor_pos[2], 9);
     for (int who = 1; who <= 48; ++who)
         actor_at(who).Type = ACTOR_ELEMENT;
-    push_to_job(JOB_DUST, 5, 0, 0, 0, 0, 0, 0, 0, 0);
+    push_to_job(JOB_DUST, {5});
     run_jobs();
     EXPECT_EQ(log.take(), (Lines{"[ ERROR ] : Attempted to grab object, but none available!",
                                  "ERROR: No free actors while spawning dust emitter! slot = -1"}));
@@ -114,7 +114,7 @@ TEST_F(FrameworkJobsTest, ActorsAreDrawnAsDiscs)
     actor.actor_pos[1] = 60;
     actor.actor_pos[2] = 10;
     update_actor_shadow();
-    push_to_job(JOB_DRAW_ACTOR, 2, 0, 0, 0, 0, 0, 0, 0, 0);
+    push_to_job(JOB_DRAW_ACTOR, {2});
     run_jobs();
     BITMAP* scratch = actor_pictures.scratch_bitmap;
     EXPECT_EQ(row(scratch, 50)[100], 0xffffff);

@@ -141,7 +141,7 @@ TEST_F(ScriptTest, ALongScriptAndAFullQueueEndThePass)
 
     start("0001\n [10] 0 1 2 3 4 [99]", 0);
     for (int i = 0; i < max_jobs; ++i)
-        push_to_job(63, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+        push_to_job(63);
     tick();
     EXPECT_EQ(log.take().back(), "[ ERROR ] : Ran out of job queue slots inside script! Job = -1");
     run_state.timers_locked = 1;

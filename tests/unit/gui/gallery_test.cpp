@@ -267,11 +267,18 @@ TEST_F(Gallery, TheWholeOfBothFonts)
         ++place;
     }
     y += 6 * 9;
-    const int modes[][6] = {{0, 0, 0, 0, 0, 0}, {1, 9, 0, 0, 0, 0},  {2, 128, 0, 0, 0, 0}, {3, 9, 0, 0, 0, 0},
-                            {0, 0, 0, 1, 0, 0}, {0, 0, 0, 0, 1, 96}, {0, 0, 0, 0, -2, 96}};
+    const TextStyle modes[] = {
+        {FONT_WIDE, SET_MESSAGE},
+        {.slot = FONT_WIDE, .colour_set = SET_MESSAGE, .shadow = 1, .shadow_colour = 9},
+        {.slot = FONT_WIDE, .colour_set = SET_MESSAGE, .shadow = 2, .shadow_colour = 128},
+        {.slot = FONT_WIDE, .colour_set = SET_MESSAGE, .shadow = 3, .shadow_colour = 9},
+        {.slot = FONT_WIDE, .colour_set = SET_MESSAGE, .outline = 1},
+        {.slot = FONT_WIDE, .colour_set = SET_MESSAGE, .mode = 1, .opacity = 96},
+        {.slot = FONT_WIDE, .colour_set = SET_MESSAGE, .mode = -2, .opacity = 96},
+    };
     int x = 4;
-    for (const auto& m : modes) {
-        set_text(FONT_WIDE, SET_MESSAGE, m[0], m[1], m[2], m[3], m[4], m[5]);
+    for (const TextStyle& style : modes) {
+        set_text(style);
         draw_text(screen_state.back_buffer, x, y, "SHADES");
         x += 45;
     }

@@ -89,13 +89,13 @@ TEST_F(Text, OnlyWhatLiesOnTheBitmapIsDrawn)
 
 TEST_F(Text, ThePenKeepsWhatIsNotNamed)
 {
-    set_text(font, 24, 1, 9, 0, 3, 0, 77);
-    set_text(5, -1, -1, -1, -1, -1, -1, -1);
+    set_text({.slot = font, .colour_set = 24, .shadow = 1, .shadow_colour = 9, .outline = 3, .opacity = 77});
+    set_text({5, -1, -1, -1, -1, -1, -1});
     EXPECT_EQ(text_pen.text_slot, 5);
     EXPECT_EQ(text_pen.text_colour_set, 24);
     EXPECT_EQ(text_pen.text_outline, 3);
     EXPECT_EQ(text_pen.text_opacity, 77);
-    set_text(16, 1, 0, 0, 0, 0, 0, 0);
+    set_text({.slot = 16, .colour_set = 1});
     EXPECT_EQ(text_pen.text_slot, 5);
     EXPECT_EQ(text_pen.text_colour_set, 24);
 }

@@ -154,9 +154,9 @@ TEST(Jobs, RunInTableOrderOnceTheirDelayIsUp)
         ran.push_back(job_queue[static_cast<std::size_t>(index)].arguments[0]);
         job_clear(index);
     });
-    EXPECT_EQ(push_to_job(40, 1, 0, 0, 0, 0, 0, 0, 0, 2), 0);
-    EXPECT_EQ(push_to_job(40, 2, 0, 0, 0, 0, 0, 0, 0, 0), 1);
-    EXPECT_EQ(push_to_job(63, 3, 0, 0, 0, 0, 0, 0, 9, 0), 2);
+    EXPECT_EQ(push_to_job(40, {1}, 2), 0);
+    EXPECT_EQ(push_to_job(40, {2}), 1);
+    EXPECT_EQ(push_to_job(63, {3, 0, 0, 0, 0, 0, 0, 9}), 2);
     run_jobs();
     EXPECT_EQ(ran, std::vector{2});
     count_job_delays();
@@ -169,8 +169,8 @@ TEST(Jobs, RunInTableOrderOnceTheirDelayIsUp)
     EXPECT_EQ(job_find(JOB_ANY), 2) << "a type that nobody serves stays";
     EXPECT_EQ(job_queue[2].arguments[7], 9);
     for (int i = 0; i < max_jobs - 1; ++i)
-        push_to_job(63, 0, 0, 0, 0, 0, 0, 0, 0, 9);
-    EXPECT_EQ(push_to_job(40, 0, 0, 0, 0, 0, 0, 0, 0, 0), -1) << "the queue is full";
+        push_to_job(63, {}, 9);
+    EXPECT_EQ(push_to_job(40), -1) << "the queue is full";
     clear_jobs();
     EXPECT_EQ(job_find_free(), 0);
 }
