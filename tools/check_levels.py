@@ -7,7 +7,7 @@ levels.txt lists the folders bottom up, one level a folder. Prints, and then end
 - each function that a header declares below the folder of its body;
 - each write to a state from a folder that its comment doesn't name.
 
-A state is an `inline` variable of a struct type in a header. Its header's own folder may write it; others are named in a
+A state is an `inline` variable in a header: of a struct type, or a table of one. Its header's own folder may write it; others are named in a
 line `/// Writers: folder, folder.` above the struct or the variable. Start-up and reset, in program/, may write all.
 """
 import re
@@ -19,7 +19,7 @@ INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 EXTERN = re.compile(r'^\s*extern\b(?!\s*("C"|template\b)).*', re.MULTILINE)
 DECLARATION = re.compile(r'^[A-Za-z_][\w:<>,&*\s]*?[\s&*](\w+)\([^;{}]*\)\s*;', re.MULTILINE)
 BODY = re.compile(r'^[A-Za-z_][\w:<>,&*\s]*?[\s&*](\w+)\([^;{}]*\)\s*(?:\n?\{)', re.MULTILINE)
-STATE = re.compile(r'^inline (?!constexpr\b)(?:std::\w+<.*> )?(\w+)(?:<.*>)? (\w+)(?:\{.*\})?;', re.MULTILINE)
+STATE = re.compile(r'^inline (?!constexpr\b)(?:(?:std::array|Table)<(\w+),.*>|(\w+)(?:<.*>)?) (\w+)(?:\{.*\})?;', re.MULTILINE)
 WRITERS = re.compile(r'///.*?\bWriters: ([a-z, ]+)')
 COMMENT = re.compile(r'//[^\n]*')
 ANONYMOUS = re.compile(r'^namespace \{$.*?^\} // namespace$', re.MULTILINE | re.DOTALL)
@@ -85,7 +85,7 @@ def read_states(files):
             continue
         lines = text.splitlines()
         for match in STATE.finditer(text):
-            kind, variable = match.groups()
+            kind, variable = match.group(1) or match.group(2), match.group(3)
             index = text.count("\n", 0, match.start())
             comment = comment_above(lines, index)
             for struct, line in enumerate(lines):
