@@ -12,6 +12,7 @@ namespace kelu {
 /// Writers: platform, runtime, workspace, loop, screens.
 struct RunState {
     Shared<uint8_t> exit_requested = 0; ///< 1: the drawing menu returns at its next pass; close button, signals, QUIT
+    Shared<uint8_t> end_now = 0;        ///< 1: every loop returns as by its CANCEL; a second request, signals
     Shared<uint8_t> close_button_pressed = 0; ///< 1: set together with it by the close button
     Shared<uint8_t> timers_locked = 1;        ///< 1: actor, behaviour and script timers return at once; also workspace/
     Shared<uint8_t> gui_active = 0;           ///< 1 from the main loop on: clicks are dispatched and job delays run
@@ -30,6 +31,14 @@ inline RunState run_state;
 inline std::string delivered_folder(const std::string& name)
 {
     return run_state.art_dir.empty() ? name : run_state.art_dir + "/" + name;
+}
+
+/// A request to end the program: the first one lets the user leave what is open, the next one doesn't wait for that.
+/// Any thread.
+inline void request_end()
+{
+    if (run_state.exit_requested != 0) run_state.end_now = 1;
+    run_state.exit_requested = 1;
 }
 
 /// The logical screen and how it is shown. Written by start-up.

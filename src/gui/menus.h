@@ -101,9 +101,11 @@ struct Menus {
 };
 inline Menus menus;
 
+constexpr int message_ticks = 120; ///< logic ticks that a message shows that nobody need act upon
+
 /// Shows row `id` of the tooltip table in the status bar for `ticks` logic ticks. A negative id is refused with a line
 /// in the log.
-void flash_status_message(int id, int ticks);
+void flash_status_message(int id, int ticks = message_ticks);
 /// The same for a failure and its reason, which is behind the row's text, or in its place where both are too wide.
 /// Main thread.
 void flash_failure(int id, std::string_view reason);

@@ -26,11 +26,12 @@ constexpr int bottom_line = logical_h - status_bar_h;
 /// On the top edge, or out of the way of the pointer and of a menu there.
 int bar_y()
 {
-    const bool menu_on_top = gui.y[0] < status_bar_h && gui.kind[0] != 0;
+    const bool menu_in_view = gui.hidden[0] == 0 && gui.kind[0] != 0;
+    const bool menu_on_top = menu_in_view && gui.y[0] < status_bar_h;
     const int menu_end = gui.y[0] + gui.h[0];
     if (menu_on_top) return frame_snapshot.mouse_y < bottom_line ? bottom_line : menu_end + 1;
     if (frame_snapshot.mouse_y >= status_bar_h) return 0;
-    return menu_end < bottom_line ? bottom_line : gui.y[0] - status_bar_h;
+    return !menu_in_view || menu_end < bottom_line ? bottom_line : gui.y[0] - status_bar_h;
 }
 
 void draw_in_the_middle(int y, int colour_set, const char* text)
@@ -75,9 +76,12 @@ void draw_readout(int y)
 
 void draw_status_bar()
 {
-    const int message = frame_snapshot.status_message;
-    const bool shown = preferences.status_bar_on != 0 && menus.status_bar_away == 0 && gui.hidden[0] == 0;
-    if (!shown && message != readout_in_any_case) return;
+    // The end that waits for the user comes before all but what shows for a while only, such as a failure.
+    const bool end_waits = run_state.exit_requested != 0 && menus.status_message_ticks == 0;
+    const int message = end_waits ? TIP_LEAVE_TO_END : int(frame_snapshot.status_message);
+    const bool prompts = message > 0;
+    const bool shown = preferences.status_bar_on != 0 && menus.status_bar_away == 0 && (gui.hidden[0] == 0 || prompts);
+    if (!shown && !end_waits && message != readout_in_any_case) return;
     const int y = bar_y();
     blend_rect(screen_state.back_buffer, 0, y, logical_w, status_bar_h, fixed_colours.black,
                std::min(int(preferences.status_opacity), darkest));

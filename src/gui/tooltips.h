@@ -3,7 +3,8 @@
 
 namespace kelu {
 
-/// Rows of the table. 0 is no tooltip; the rows behind TIP_CEL_QUARTER_TURN tell of failures.
+/// Rows of the table. 0 is no tooltip; the rows behind TIP_CEL_QUARTER_TURN tell of failures,
+/// and last of what the program waits for and of what a key has done.
 enum TooltipId : int {
     TIP_NONE,
     TIP_DRAG_MENU,
@@ -169,6 +170,15 @@ enum TooltipId : int {
     TIP_PICTURE_TOO_LARGE,
     TIP_FOLDER_NOT_OPENED,
     TIP_CLIPBOARD_FAILED,
+    TIP_LEAVE_TO_END,
+    TIP_MACRO_DONE_1,
+    TIP_MACRO_DONE_2,
+    TIP_MACRO_DONE_3,
+    TIP_MACRO_DONE_4,
+    TIP_MACRO_DONE_5,
+    TIP_MACRO_DONE_6,
+    TIP_MACRO_DONE_7,
+    TIP_MACRO_DONE_8,
     TIP_COUNT
 };
 

@@ -4,9 +4,9 @@
 #include "base/log.h"
 #include "gui/kinds.h"
 #include "gui/slots.h"
-#include "loop/frame.h"
 #include "loop/inspector.h"
 #include "loop/measurement.h"
+#include "loop/pass.h"
 #include "loop/quick_pan.h"
 #include "runtime/hotkeys.h"
 #include "runtime/store.h"
@@ -46,8 +46,7 @@ void hotkey_dispatch(int context)
 
 void wait_for_release(int action)
 {
-    while (hotkey_test(action))
-        run_frame(0);
+    while (hotkey_test(action) && run_pass(passes::plain)) {}
 }
 
 int dupe_hotkey_check(int major, int minor)

@@ -54,7 +54,7 @@ inline std::span<const ActionRow> action_rows;
 /// Runs every action that is being asked for and answers in the context: 0 drawing menu, 1 any menu, 2 logic tick,
 /// 3 moving a node.
 void hotkey_dispatch(int context);
-/// Runs frames until the action's key or button is up.
+/// Runs passes until the action's key or button is up.
 void wait_for_release(int action);
 /// 1 when another action has the same key as the one of `major` (action) and `minor` (0 primary, 1 alternate).
 int dupe_hotkey_check(int major, int minor);

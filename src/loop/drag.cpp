@@ -5,7 +5,7 @@
 #include "gui/menus.h"
 #include "gui/scroll_bar.h"
 #include "gui/slots.h"
-#include "loop/frame.h"
+#include "loop/pass.h"
 #include "runtime/input.h"
 #include "runtime/jobs.h"
 #include <algorithm>
@@ -74,10 +74,8 @@ void gui_drag_window(int row, int dx, int dy, int first)
         const int x = follow(gui.x[first], pointer.mouse_x - dx, gui.w[first], logical_w);
         const int y = follow(gui.y[first], pointer.mouse_y - dy, gui.h[first], logical_h);
         move_window(first, end, places, x, y);
-        run_frame(0);
-    } while (gui_button_state() == 0);
-    while (gui_button_state() != 0)
-        run_frame(0);
+    } while (run_pass(passes::plain) && gui_button_state() == 0);
+    while (gui_button_state() != 0 && run_pass(passes::plain)) {}
     if (row >= 0 && row < WINDOW_ROWS) menus.window_pos[row] = {gui.x[first], gui.y[first]};
     gui.frame_state[first] = 0;
     run_state.gui_clicks_enabled = 1;

@@ -5,7 +5,7 @@
 #include "base/run_state.h"
 #include "gui/build.h"
 #include "gui/previews.h"
-#include "loop/actions.h"
+#include "loop/pass.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
 #include "runtime/pixels.h"
@@ -73,7 +73,7 @@ void quick_pan()
     build_slot(SlotRow{slot, margin, margin, slot_w, KIND_QUICK_PAN}.high(slot_h).no_hover(), 0, 0);
     gui.reserved[slot] = 1;
     wait_for_release(ACTION_QUICK_PAN);
-    move_view_to_pointer();
+    if (!ending()) move_view_to_pointer();
     gui_reset_slot(slot);
     quick_pan_picture.quickpan_bitmap.reset();
 }

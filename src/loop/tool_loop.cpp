@@ -1,11 +1,8 @@
-// Buttons, the snapped pointer and the measurement, for the loops of the tools.
+// The snapped pointer, presses and the measurement, for the loops of the tools.
 #include "loop/tool_loop.h"
 
-#include "base/run_state.h"
 #include "draw/grid.h"
 #include "gui/slots.h"
-#include "loop/actions.h"
-#include "loop/frame.h"
 #include "runtime/input.h"
 #include "runtime/measure.h"
 #include "runtime/preferences.h"
@@ -13,8 +10,6 @@
 
 namespace kelu {
 namespace {
-
-constexpr int context_menu = 1; ///< hotkeys that answer in nearly every menu
 
 bool pointer_over_menu()
 {
@@ -45,38 +40,6 @@ Point frame_mouse()
 Point snapped_mouse() { return snapped(frame_mouse()); }
 
 Point snapped_press() { return snapped({pointer.press_x, pointer.press_y}); }
-
-bool leaving() { return run_state.exit_requested != 0; }
-
-bool left_down()
-{
-    poll_mouse_buttons();
-    return pointer.mouse_left != 0;
-}
-
-bool right_down()
-{
-    poll_mouse_buttons();
-    return pointer.mouse_right != 0;
-}
-
-void wait_left_release()
-{
-    while (left_down() && !leaving())
-        run_frame(0);
-}
-
-void wait_right_release()
-{
-    while (right_down() && !leaving())
-        run_frame(0);
-}
-
-void run_tool_pass()
-{
-    run_frame(0);
-    hotkey_dispatch(context_menu);
-}
 
 bool CanvasButtons::left_pressed() { return pressed_on_canvas(left_down(), left_was_down_); }
 

@@ -1,11 +1,9 @@
-// What the loops of the tools share: waiting for buttons, the snapped pointer, presses on the bare canvas, and the
-// measurement that a tool shows.
-//
-// When the program is asked to exit, every wait here ends and `leaving()` is true; a tool then gives up what it was
-// gathering.
+// What the loops of the tools share: the snapped pointer, presses on the bare canvas, and the measurement that a tool
+// shows.
 #pragma once
 
 #include "draw/point_list.h"
+#include "loop/pass.h"
 
 namespace kelu {
 
@@ -17,18 +15,6 @@ Point snapped(Point at);
 Point snapped_mouse();
 /// The press that `sample_press` took, on the grid while that is on.
 Point snapped_press();
-
-/// True when the program has been asked to exit.
-bool leaving();
-/// Polls the buttons; true while the raw left or right one is down.
-bool left_down();
-bool right_down();
-/// Runs frames until the button is up.
-void wait_left_release();
-void wait_right_release();
-
-/// One pass of a tool that is beside menus: a frame, then the hotkeys that answer in a menu.
-void run_tool_pass();
 
 /// Presses that begin on the bare canvas. A press that begins on a slot stays the slot's, wherever it is dragged.
 class CanvasButtons {

@@ -29,7 +29,7 @@ std::array<void (*)(), 16> installed_ticks{};
 void close_button_callback()
 {
     run_state.close_button_pressed = 1;
-    run_state.exit_requested = 1;
+    request_end();
 }
 
 /// Threads that are started from here on may sleep this much longer than they ask for; 0: the system's default. The

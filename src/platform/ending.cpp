@@ -13,24 +13,20 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr int ending_signals[] = {SIGTERM, SIGINT, SIGHUP, SIGQUIT};
-constexpr std::chrono::seconds patience{2};
+constexpr std::chrono::milliseconds patience{1500};
 
-/// Written by the signal handler and by Allegro's event thread; read by the main thread.
-struct Ending {
-    Shared<uint8_t> asked = 0;        ///< 1: the program was asked to end
-    Shared<uint8_t> display_lost = 0; ///< 1: the display has gone
-};
-Ending ending;
+/// 1: the display has gone. Written by Allegro's event thread; read by the main thread.
+Shared<uint8_t> display_gone = 0;
 
-/// When the main thread first saw that the program was asked; it alone.
+/// When the main thread first saw that the program is to end now; it alone.
 Clock::time_point seen;
 
 // A lock-free word is the one thing that a signal handler may write.
 static_assert(std::atomic<uint8_t>::is_always_lock_free);
 void ask(int)
 {
-    ending.asked = 1;
     run_state.exit_requested = 1;
+    run_state.end_now = 1;
 }
 
 void set_handlers(void (*handler)(int))
@@ -50,15 +46,15 @@ void release_signals() { set_handlers(SIG_DFL); }
 
 void note_display_lost()
 {
-    ending.display_lost = 1;
+    display_gone = 1;
     ask(0);
 }
 
-bool display_lost() { return ending.display_lost != 0; }
+bool display_lost() { return display_gone != 0; }
 
 void end_when_overdue()
 {
-    if (ending.asked == 0 || run_state.timers_locked != 0) return;
+    if (run_state.end_now == 0 || run_state.timers_locked != 0) return;
     const Clock::time_point now = Clock::now();
     if (seen == Clock::time_point{}) seen = now;
     if (now - seen < patience || !end_at_once) return;

@@ -1,8 +1,8 @@
 // What asks the program to end from outside: signals, and a display that goes away.
 //
-// Both set `exit_requested`, which the home screen sees at its next pass. A menu that is open stays open until its user
-// closes it; but a system that goes down doesn't wait, and without a display there is no user. So after a while of
-// patience the main thread ends the program from where it is, and the work is kept.
+// A system that goes down doesn't wait for the user, and without a display there is none: both set `end_now`, upon
+// which every loop returns as by its CANCEL. Only a long operation has no loop that returns; after a while of patience
+// the main thread ends the program from inside it, and the work is kept.
 #pragma once
 
 namespace kelu::platform {
@@ -16,7 +16,7 @@ void release_signals();
 void note_display_lost();
 bool display_lost();
 
-/// Once a frame, main thread: calls `end_at_once` when the program has been asked to end for longer than it may take.
+/// Once a frame, main thread: calls `end_at_once` when the program is to end now for longer than that may take.
 /// While the workspace is being transferred (`timers_locked`) it waits on.
 void end_when_overdue();
 

@@ -23,6 +23,7 @@
 #include "platform/folder_lock.h"
 #include "platform/host.h"
 #include "runtime/actors.h"
+#include "runtime/browser_state.h"
 #include "runtime/clock.h"
 #include "runtime/failure.h"
 #include "runtime/input.h"
@@ -206,6 +207,15 @@ void tell_unwritten(const char* what)
 /// For a system that goes down while a menu is open: the program ends from inside it.
 [[noreturn]] void end_program_at_once() { std::exit(shutdown_program()); }
 
+/// The folder in which the user last looked for files, if it is still there.
+void enter_last_folder()
+{
+    const std::string& last = browser_state.browser_dir;
+    const bool entered = !last.empty() && platform::change_directory(last);
+    if (entered) run_state.current_dir = platform::working_directory();
+    platform::change_directory(run_state.current_dir);
+}
+
 void enter_running()
 {
     platform::end_at_once = end_program_at_once;
@@ -214,7 +224,7 @@ void enter_running()
     log_line("[ INIT ] : All preparations complete. Entering program loop");
     log_line(" ");
     if (run_state.start_month == 0 && run_state.start_day == 29) log_line("[ DERP ] : Birthday mode engaged!");
-    platform::change_directory(run_state.current_dir);
+    enter_last_folder();
     run_state.gui_active = 1;
     run_state.gui_clicks_enabled = 1;
     tint.tint_red = 0;
@@ -247,6 +257,7 @@ int shutdown_program()
     run_state.gui_active = 0;
     log_line("[ END ] : Writing workspace to file.");
     end_frame_loan();
+    platform::change_directory(run_state.current_dir); // the state keeps the folder that the user was in
     bool written = write_workspace_state(state_file, false);
     if (!written) tell_unwritten("The workspace");
     log_line("[ END ] : Writing user settings to file.");

@@ -36,8 +36,6 @@
 namespace kelu {
 namespace {
 
-void exit_at_once() { run_state.exit_requested = 1; }
-
 constexpr ActionRow actions[] = {
     {ACTION_CEL_GET, KEY_ESC, 0, IN_DRAW_MENU, CHANGES_FRAME, get_cel},
     {ACTION_CEL_CLIP, KEY_TAB, 0, IN_DRAW_MENU, CHANGES_FRAME, clip_cel},
@@ -103,7 +101,7 @@ constexpr ActionRow actions[] = {
     {ACTION_ONION_TOGGLE, KEY_O, 0, IN_DRAW_MENU, ONCE, flip_onion},
     {ACTION_PLAY, KEY_Z, 0, IN_DRAW_MENU, CHANGES_FRAME, over_draw_menu<playback_menu>},
     {ACTION_EXIT, KEY_Q, 0, IN_DRAW_MENU, IN_FIELD | CHANGES_FRAME, ask_exit},
-    {ACTION_RAPID_EXIT, KEY_Q + key_shift, 0, IN_ANY_MENU, ONCE | IN_FIELD, exit_at_once},
+    {ACTION_RAPID_EXIT, KEY_Q + key_shift, 0, IN_ANY_MENU, ONCE | IN_FIELD, request_end},
     {ACTION_LIST_END, 0, 0, 0, 0, nullptr},
 };
 static_assert(std::size(actions) == ACTION_LIST_END + 1, "the row of an action is missing");

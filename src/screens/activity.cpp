@@ -2,12 +2,9 @@
 #include "screens/activity.h"
 
 #include "gui/build.h"
-#include "loop/actions.h"
-#include "loop/frame.h"
 #include "loop/freeze.h"
 #include "loop/home_strip.h"
-#include "loop/quick_pan.h"
-#include "loop/waits.h"
+#include "loop/pass.h"
 #include "runtime/view.h"
 #include "screens/animation_menu.h"
 #include "screens/cel_commands.h"
@@ -114,17 +111,15 @@ void build_column(const ColumnRow& column, int x, int y)
     menus.menu_id = column.menu_id;
 }
 
-/// Waits for a click; returns the slot of the entry, or of BACK.
+/// Waits for a click; returns the slot of the entry, or of BACK, also when the program ends.
 int clicked_slot(const ColumnRow& column)
 {
-    for (;;) {
-        run_frame(0);
-        hotkey_dispatch(1);
-        run_quick_pan();
+    while (run_pass({.hotkeys = IN_ANY_MENU, .quick_pan = true})) {
         for (int slot = first_entry_slot; slot <= back_slot(column); ++slot) {
             if (gui.event[slot].take() != 0) return slot;
         }
     }
+    return back_slot(column);
 }
 
 } // namespace

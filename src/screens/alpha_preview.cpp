@@ -3,9 +3,8 @@
 
 #include "base/log.h"
 #include "base/run_state.h"
-#include "loop/actions.h"
-#include "loop/frame.h"
-#include "loop/tool_loop.h"
+#include "draw/point_list.h"
+#include "loop/pass.h"
 #include "runtime/frame_picture.h"
 #include "runtime/hotkeys.h"
 #include "runtime/pixels.h"
@@ -63,8 +62,7 @@ void run_preview(const Pictures& pictures)
         const Point corner = corner_of_part();
         if (corner != last) blend_part(pictures, corner);
         last = corner;
-        run_tool_pass();
-    } while (hotkey_test(ACTION_ALPHA_PREVIEW) && !leaving());
+    } while (run_pass(passes::menu) && hotkey_test(ACTION_ALPHA_PREVIEW));
 }
 
 } // namespace

@@ -2,9 +2,7 @@
 #include "screens/animation_menu.h"
 
 #include "gui/build.h"
-#include "loop/actions.h"
-#include "loop/frame.h"
-#include "loop/waits.h"
+#include "loop/pass.h"
 #include "runtime/hotkeys.h"
 #include "runtime/store.h"
 #include "screens/animation_slots.h"
@@ -36,18 +34,14 @@ void read_tags()
 /// Runs the loop; true after OKAY.
 bool choose_frames()
 {
-    for (;;) {
-        hide_on_right_press();
+    constexpr Pass pass{.right_click = RightClick::HIDES, .leave_key = ACTION_ANIMATE};
+    while (run_pass(pass)) {
         read_tags();
         update_animation_menu();
-        run_frame(0);
-        if (hotkey_test(ACTION_ANIMATE)) {
-            wait_for_release(ACTION_ANIMATE);
-            return false;
-        }
         if (gui.event[SLOT_CANCEL].take() != 0) return false;
         if (gui.event[SLOT_OKAY].take() != 0) return true;
     }
+    return false;
 }
 
 /// What the screen edits goes back to how it was; playback's position is not its own.

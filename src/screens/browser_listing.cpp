@@ -20,7 +20,6 @@ constexpr int shown_rows = 13;
 constexpr int row_pitch = 6;
 constexpr int most_steps = 1023;
 constexpr int bar_x = 183; ///< a press further right of the list's edge is the bar's
-constexpr int message_ticks = 120;
 constexpr std::size_t longest_dir = 255;
 
 /// What a row shows of a name. The font has the letters of ASCII alone.
@@ -105,7 +104,7 @@ bool enter_folder(const std::string& path)
 {
     if (platform::change_directory(without_drive(path))) return true;
     log_line("[ ERROR ] : Couldn't open the folder! Name = %s", path);
-    flash_status_message(TIP_FOLDER_NOT_OPENED, message_ticks);
+    flash_status_message(TIP_FOLDER_NOT_OPENED);
     return false;
 }
 

@@ -2,7 +2,7 @@
 #include "screens/cel_transform.h"
 
 #include "loop/home_strip.h"
-#include "loop/tool_loop.h"
+#include "loop/pass.h"
 #include "runtime/measure.h"
 #include "runtime/preferences.h"
 #include "runtime/store.h"
@@ -57,9 +57,7 @@ void center_cel()
 /// Runs the loop; true after OKAY.
 bool change_cel(BITMAP* scratch)
 {
-    while (!leaving()) {
-        center_cel();
-        run_cel_pass();
+    for (center_cel(); run_pass(passes::cel); center_cel()) {
         for (const TransformRow& row : transforms) {
             if (gui.event[row.slot].take() != 0) row.change(store.cel_bitmap, scratch);
         }

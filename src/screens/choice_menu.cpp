@@ -3,11 +3,8 @@
 
 #include "draw/inks.h"
 #include "gui/build.h"
-#include "loop/actions.h"
-#include "loop/frame.h"
 #include "loop/home_strip.h"
-#include "loop/tool_loop.h"
-#include "loop/waits.h"
+#include "loop/pass.h"
 #include "runtime/hotkeys.h"
 #include "runtime/toolbox.h"
 #include "screens/draw_menu.h"
@@ -142,27 +139,15 @@ void read_list(const ChoiceMenu& menu, int choice)
     wait_left_release();
 }
 
-bool wants_to_leave(const ChoiceMenu& menu)
-{
-    if (right_press_on_bare_frame()) {
-        wait_right_release();
-        return true;
-    }
-    if (!hotkey_test(menu.action)) return false;
-    wait_for_release(menu.action);
-    return true;
-}
-
 /// The gradient whose position is to be placed, -1 when the menu was left in another way.
 int run_choice_menu(const ChoiceMenu& menu, int choice)
 {
     build_choice_menu(menu);
     light_choice(menu, choice);
     wait_for_release(menu.action);
+    const Pass pass{.hotkeys = IN_ANY_MENU, .right_click = RightClick::LEAVES, .leave_key = menu.action};
     int gradient = -1;
-    while (gradient < 0 && !wants_to_leave(menu)) {
-        run_frame(0);
-        hotkey_dispatch(1);
+    while (gradient < 0 && run_pass(pass)) {
         read_list(menu, choice);
         for (int i = 0; i < choices; ++i) {
             if (gui.event[SLOT_CHOICE_0 + i].take() == 0) continue;

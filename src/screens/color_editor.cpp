@@ -6,10 +6,7 @@
 #include "gui/planes.h"
 #include "gui/scheme.h"
 #include "gui/scroll_bar.h"
-#include "loop/actions.h"
-#include "loop/frame.h"
 #include "loop/freeze.h"
-#include "loop/waits.h"
 #include "runtime/color_settings.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
@@ -111,9 +108,9 @@ void ColorEditor::build(Origin at)
 bool ColorEditor::run_pass(int action)
 {
     show_swatches();
-    run_frame(0);
-    hotkey_dispatch(1);
-    run_quick_pan();
+    if (!kelu::run_pass(
+            {.hotkeys = IN_ANY_MENU, .quick_pan = true, .right_click = RightClick::LEAVES, .leave_key = action}))
+        return false;
     read_spectrum();
     read_canvas();
     for (int slot = EDITOR_FAVORITE_0; slot <= EDITOR_FAVORITE_9; ++slot)
@@ -121,15 +118,7 @@ bool ColorEditor::run_pass(int action)
     read_fold_and_invert();
     read_map();
     follow_sliders();
-    if (buttons_.right_pressed()) {
-        wait_right_release();
-        return false;
-    }
-    if (hotkey_test(action)) {
-        wait_for_release(action);
-        return false;
-    }
-    return !leaving();
+    return true;
 }
 
 void ColorEditor::read_palette_cell(int slot, Shared<int>& entry)

@@ -6,10 +6,9 @@
 #include "draw/touched.h"
 #include "draw/undo.h"
 #include "gui/build.h"
-#include "loop/actions.h"
-#include "loop/frame.h"
 #include "loop/freeze.h"
 #include "loop/home_strip.h"
+#include "loop/pass.h"
 #include "runtime/clock.h"
 #include "runtime/frame_flags.h"
 #include "runtime/hotkeys.h"
@@ -32,7 +31,6 @@ namespace kelu {
 namespace {
 
 constexpr const char* state_file = "current.spa";
-constexpr int message_ticks = 120;
 constexpr int first_repeat = 200; ///< counts of 1/500 s until a held key steps again
 constexpr int next_repeat = 35;
 
@@ -43,7 +41,7 @@ void add_frame(int blank, int message)
     insert_frames(store.current_frame, 1, blank);
     if (store.frame_count == count) return;
     // The message of a failure stays.
-    if (write_workspace_state(state_file, true)) flash_status_message(message, message_ticks);
+    if (write_workspace_state(state_file, true)) flash_status_message(message);
 }
 
 void pick_color(Shared<int>& target) { target = grab_screen_color(); }
@@ -69,8 +67,7 @@ void step_while_held(int action, int step)
         const int count = store.frame_count;
         step_to((store.current_frame + count + step) % count, step);
         do {
-            run_frame(0);
-            if (!hotkey_test(action)) return;
+            if (!run_pass(passes::plain) || !hotkey_test(action)) return;
         } while (clock_state.wait_counter <= wait);
     }
 }
@@ -144,7 +141,7 @@ void flip_grid()
 {
     repair_grid();
     grid.grid_on = grid.grid_on == 0 ? 1 : 0;
-    flash_status_message(grid.grid_on != 0 ? TIP_GRID_ACTIVE : TIP_GRID_DISABLED, message_ticks);
+    flash_status_message(grid.grid_on != 0 ? TIP_GRID_ACTIVE : TIP_GRID_DISABLED);
 }
 
 void flip_alpha() { switch_alpha_mode(); }

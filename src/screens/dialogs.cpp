@@ -2,18 +2,17 @@
 #include "screens/dialogs.h"
 
 #include "gui/build.h"
-#include "loop/actions.h"
-#include "loop/frame.h"
 #include "loop/freeze.h"
 #include "loop/home_strip.h"
-#include "screens/draw_menu.h"
+#include "loop/pass.h"
+#include <utility>
 
 namespace kelu {
 namespace {
 
 enum { WINDOW = 0, TITLE = 1, SLOT_OKAY = 2, SLOT_CANCEL = 3, FIRST_LINE = 4, SECOND_LINE = 5, DIALOG_SLOTS = 6 };
 
-constexpr int high_window = 120; ///< first slot of a dialog that leaves the open menu's slots alone
+constexpr int high_window = 120; ///< window of a dialog that leaves the open window's slots alone
 constexpr int left = 60, top = 80, width = 200, height = 60;
 constexpr int button_w = 59;
 constexpr int first_line_colour = 37, second_line_colour = 40;
@@ -48,31 +47,48 @@ void build_ground(int first)
     build_slot(shifted(title_row(2, 2, width - 3, TEXT_LISTEN), first), left, top);
 }
 
-} // namespace
-
-int confirm_dialog(int first_text, int second_text, DialogSlots slots, DialogButtons buttons)
+/// Builds the dialog from slot `first` on and runs it.
+int run_dialog(int first, int first_text, int second_text, DialogButtons buttons)
 {
-    const int first = slots == DialogSlots::HIGH ? high_window : WINDOW;
     const int menu_before = menus.menu_id;
     menus.menu_id = MENU_DIALOG;
     build_ground(first);
     build_buttons(first, buttons);
     build_lines(first, first_text, second_text);
-    int answer = -1;
-    while (answer < 0) {
-        run_frame(0);
-        hotkey_dispatch(1);
-        if (gui.event[first + SLOT_OKAY].take() != 0) answer = 1;
-        if (gui.event[first + SLOT_CANCEL].take() != 0) answer = 0;
+    bool accepted = false;
+    while (!accepted && run_pass(passes::menu)) {
+        accepted = gui.event[first + SLOT_OKAY].take() != 0;
+        if (gui.event[first + SLOT_CANCEL].take() != 0) break;
     }
     menus.menu_id = menu_before;
+    return accepted ? 1 : 0;
+}
+
+} // namespace
+
+int confirm_dialog(int first_text, int second_text, DialogButtons buttons)
+{
+    return run_dialog(WINDOW, first_text, second_text, buttons);
+}
+
+int confirm_over_window(int first_text, int second_text, DialogButtons buttons)
+{
+    const int focus = std::exchange(gui_logic.gui_key_focus, -1);
+    freeze_menu();
+    menu_hide(WINDOW);
+    const int answer = run_dialog(high_window, first_text, second_text, buttons);
+    for (int slot = high_window; slot < high_window + DIALOG_SLOTS; ++slot)
+        gui_reset_slot(slot);
+    clear_ghost();
+    menu_show(WINDOW);
+    gui_logic.gui_key_focus = focus;
     return answer;
 }
 
 int ask(int first_text, int second_text, DialogButtons buttons)
 {
     gui_clear_window();
-    const int answer = confirm_dialog(first_text, second_text, DialogSlots::LOW, buttons);
+    const int answer = confirm_dialog(first_text, second_text, buttons);
     gui_clear_window();
     build_draw_menu();
     return answer;

@@ -23,8 +23,6 @@
 namespace kelu {
 namespace {
 
-constexpr int message_ticks = 120;
-
 /// The format that a browser mode stands for by itself, or the one determined from the file.
 int format_in_mode(int file_format, int browser_mode)
 {
@@ -91,7 +89,7 @@ bool loaded(bool good, const std::string& reason)
 }
 bool saved(bool good)
 {
-    if (!good) flash_status_message(TIP_SAVE_FAILED, message_ticks);
+    if (!good) flash_status_message(TIP_SAVE_FAILED);
     return good;
 }
 
@@ -104,7 +102,7 @@ bool too_large_for(int format)
 bool save_frame(const std::string& name, int format)
 {
     if (too_large_for(format)) {
-        flash_status_message(TIP_PICTURE_TOO_LARGE, message_ticks);
+        flash_status_message(TIP_PICTURE_TOO_LARGE);
         return false;
     }
     SaveOptions options{.color_reduction = preferences.color_reduction};

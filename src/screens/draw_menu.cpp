@@ -6,12 +6,9 @@
 #include "draw/undo.h"
 #include "gui/build.h"
 #include "gui/scheme.h"
-#include "loop/actions.h"
-#include "loop/frame.h"
 #include "loop/freeze.h"
 #include "loop/home_strip.h"
-#include "loop/tool_loop.h"
-#include "loop/waits.h"
+#include "loop/pass.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
 #include "screens/activity.h"
@@ -27,9 +24,6 @@
 
 namespace kelu {
 namespace {
-
-constexpr int first_overlay_slot = 120; ///< slots that outlive a menu, cleared after the damage dialog
-constexpr int last_overlay_slot = 127;
 
 void draw_on_press()
 {
@@ -97,18 +91,12 @@ void read_choices()
     }
 }
 
-/// Tells once of repairs, over a frozen and hidden strip whose slots stay as they are.
+/// Tells once of repairs.
 void tell_of_damage()
 {
     if (run_state.workspace_damaged == 0) return;
     run_state.workspace_damaged = 0;
-    freeze_menu();
-    menu_toggle_hidden(SLOT_WINDOW);
-    confirm_dialog(TEXT_WORKSPACE_DAMAGED, TEXT_REPAIRS_MADE, DialogSlots::HIGH, DialogButtons::OKAY);
-    for (int slot = first_overlay_slot; slot <= last_overlay_slot; ++slot)
-        gui_reset_slot(slot);
-    clear_ghost();
-    menu_toggle_hidden(SLOT_WINDOW);
+    confirm_over_window(TEXT_WORKSPACE_DAMAGED, TEXT_REPAIRS_MADE, DialogButtons::OKAY);
 }
 
 } // namespace
@@ -118,12 +106,9 @@ void draw_menu()
     build_draw_menu();
     tell_of_damage();
     menus.menu_id = MENU_DRAW;
-    while (run_state.exit_requested == 0) {
-        run_frame(0);
-        hotkey_dispatch(0);
-        hotkey_dispatch(1);
+    constexpr Pass pass{.hotkeys = IN_DRAW_MENU | IN_ANY_MENU, .right_click = RightClick::HIDES, .is_home = true};
+    while (run_pass(pass)) {
         draw_on_press();
-        hide_on_right_press();
         read_columns();
         read_colors();
         read_choices();

@@ -3,8 +3,7 @@
 
 #include "gui/build.h"
 #include "loop/actions.h"
-#include "loop/frame.h"
-#include "loop/tool_loop.h"
+#include "loop/pass.h"
 
 namespace kelu {
 namespace {
@@ -33,10 +32,7 @@ void show_failure(int code)
     build_failure_panel(code);
     // What was to be read may be half there, and no key may change frames before it is whole.
     ++action_state.frame_locked;
-    do {
-        run_frame(0);
-        hotkey_dispatch(1);
-    } while (!left_down() && !leaving());
+    while (run_pass(passes::menu) && !left_down()) {}
     wait_left_release();
     --action_state.frame_locked;
     for (const int slot : {SLOT_PANEL, SLOT_FIRST_LINE, SLOT_SECOND_LINE})

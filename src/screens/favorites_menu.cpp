@@ -101,8 +101,7 @@ void clear_palette(ColorEditor& editor)
 {
     freeze_menu();
     gui_clear_window();
-    const int answer =
-        confirm_dialog(TEXT_CLEAR_FAVORITES, TEXT_CANT_BE_UNDONE, DialogSlots::LOW, DialogButtons::OKAY_AND_CANCEL);
+    const int answer = confirm_dialog(TEXT_CLEAR_FAVORITES, TEXT_CANT_BE_UNDONE);
     clear_ghost();
     if (answer != 0) {
         for (Shared<int>& entry : toolbox.extended_favorites)

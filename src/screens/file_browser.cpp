@@ -7,10 +7,7 @@
 #include "gui/scheme.h"
 #include "imagefile/font_preview.h"
 #include "imagefile/formats.h"
-#include "loop/frame.h"
-#include "loop/freeze.h"
-#include "loop/tool_loop.h"
-#include "loop/waits.h"
+#include "loop/pass.h"
 #include "platform/files.h"
 #include "runtime/browser_list.h"
 #include "runtime/browser_state.h"
@@ -30,7 +27,6 @@ namespace kelu {
 namespace {
 
 constexpr int double_click = 250; ///< counts of 1/500 s
-constexpr int dialog_first_slot = 120;
 
 /// One opening of the screen.
 class Browser {
@@ -49,7 +45,6 @@ private:
     bool chosen();
     bool okay();
     bool choose_font(const std::string& name);
-    bool may_replace() const;
     void reload();
 
     int task_, file_kind_;
@@ -133,21 +128,6 @@ bool Browser::chosen()
     return by_button || by_key || by_clicks;
 }
 
-/// Asks over the browser, which keeps its slots. Keys typed meanwhile are not the fields'.
-bool Browser::may_replace() const
-{
-    const int focus = std::exchange(gui_logic.gui_key_focus, -1);
-    freeze_menu();
-    menu_hide(0);
-    const int answer = confirm_dialog(TEXT_FILE_EXISTS, TEXT_NONE, DialogSlots::HIGH, DialogButtons::OKAY_AND_CANCEL);
-    for (int slot = dialog_first_slot; slot < gui_slots; ++slot)
-        gui_reset_slot(slot);
-    clear_ghost();
-    menu_show(0);
-    gui_logic.gui_key_focus = focus;
-    return answer != 0;
-}
-
 /// True when the font is the text tool's now; otherwise that keeps the one it has.
 bool Browser::choose_font(const std::string& name)
 {
@@ -166,7 +146,7 @@ bool Browser::okay()
     if (task_ == BROWSER_FONT) {
         cancelled_ = !choose_font(name);
     } else if (task_ == BROWSER_SAVE) {
-        if (platform::file_exists(name) && !may_replace()) return false;
+        if (platform::file_exists(name) && confirm_over_window(TEXT_FILE_EXISTS, TEXT_NONE) == 0) return false;
         save_picture_file(name, file_kind_);
     } else if (load_picture_file(name, file_kind_)) {
         update_frame_nail(0);
@@ -187,13 +167,9 @@ void Browser::reload()
 
 bool Browser::run_pass()
 {
-    run_frame(0);
+    cancelled_ = !kelu::run_pass({.right_click = RightClick::LEAVES});
+    if (cancelled_) return false;
     show_preview();
-    cancelled_ = right_press_on_bare_frame();
-    if (cancelled_) {
-        wait_right_release();
-        return false;
-    }
     read_list();
     reload_ |= read_places(task_);
     read_home(task_);
@@ -211,13 +187,19 @@ void file_browser(int task, int file_kind)
 {
     std::optional<FontPlace> font_place;
     if (task == BROWSER_FONT) font_place.emplace();
-    if (const std::string& home = home_dir(task); !home.empty()) enter_folder(home);
+    const std::string& home = home_dir(task);
+    if (!home.empty()) {
+        enter_folder(home);
+    } else if (!font_place) {
+        platform::change_directory(run_state.current_dir); // writing the workspace may have left it
+    }
     Browser browser(task, file_kind);
     browser.open();
     while (browser.run_pass()) {}
     clear_to_color(screen_state.preview_bitmap, menu_scheme.scheme_background);
     gui_logic.gui_key_focus = -1;
     close_screen();
+    if (!font_place) run_state.current_dir = platform::working_directory();
     if (font_place && !browser.cancelled()) FontPlace::keep();
 }
 

@@ -10,23 +10,19 @@
 #include "tools/cel_paste.h"
 
 namespace kelu {
-namespace {
-
-constexpr int message_ticks = 120;
-
-} // namespace
+namespace {} // namespace
 
 void copy_frame_to_clipboard()
 {
     const bool copied = copy_to_clipboard(store.frame_bitmap);
-    flash_status_message(copied ? TIP_COPIED : TIP_CLIPBOARD_FAILED, message_ticks);
+    flash_status_message(copied ? TIP_COPIED : TIP_CLIPBOARD_FAILED);
 }
 
 void paste_from_clipboard(void (*offer_larger_frame)(int w, int h))
 {
     Bitmap picture = picture_from_clipboard();
     if (!picture) {
-        flash_status_message(TIP_CLIPBOARD_EMPTY, message_ticks);
+        flash_status_message(TIP_CLIPBOARD_EMPTY);
         return;
     }
     const Bitmap& frame = store.frame_bitmap;

@@ -3,9 +3,8 @@
 
 #include "base/run_state.h"
 #include "gui/build.h"
-#include "loop/frame.h"
 #include "loop/home_strip.h"
-#include "loop/tool_loop.h"
+#include "loop/pass.h"
 #include "runtime/clock.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
@@ -67,7 +66,7 @@ int turned_base(int base, int wheel)
 }
 
 /// Shows the cells until the key comes up. Returns the frame that was chosen, which needn't exist; the current one when
-/// none was.
+/// none was, or when the program ends.
 int choose_frame()
 {
     int wheel_was = wheel_position();
@@ -81,13 +80,13 @@ int choose_frame()
         if (turned != base) build_frame_jump(base = turned);
         chosen = chosen_cell(chosen);
         gui.list_items[0][0] = chosen;
-        run_frame(0);
+        if (!run_pass(passes::plain)) return store.current_frame;
         if (left_down() && chosen != no_cell) {
             wait_left_release();
             const int clicked = frame_in(base, chosen);
             if (clicked >= 0 && clicked < store.frame_count) build_frame_jump(base = clicked);
         }
-    } while (hotkey_test(ACTION_FRAME_JUMP) && !leaving());
+    } while (hotkey_test(ACTION_FRAME_JUMP));
     return chosen == no_cell ? int(store.current_frame) : frame_in(base, chosen);
 }
 

@@ -3,10 +3,7 @@
 
 #include "gui/build.h"
 #include "gui/scheme.h"
-#include "loop/actions.h"
-#include "loop/frame.h"
-#include "loop/tool_loop.h"
-#include "loop/waits.h"
+#include "loop/pass.h"
 #include "runtime/grid.h"
 #include "runtime/hotkeys.h"
 #include <algorithm>
@@ -114,27 +111,19 @@ void show_switch()
     gui.tooltip[SLOT_ACTIVE] = shows_active() ? TIP_GRID_TURN_OFF : TIP_GRID_ACTIVATE;
 }
 
-/// True when CANCEL or the screen's own key gives everything up.
-bool cancelled()
-{
-    if (gui.event[SLOT_CANCEL].take() != 0 || leaving()) return true;
-    if (!hotkey_test(ACTION_PIC_GRID)) return false;
-    wait_for_release(ACTION_PIC_GRID);
-    return true;
-}
-
-/// Runs the loop; true after OKAY.
+/// Runs the loop; true after OKAY. The screen's own key gives everything up, as CANCEL does.
 bool choose_grid()
 {
-    for (;;) {
-        const bool good = read_fields();
-        show_switch();
-        run_frame(0);
-        run_quick_pan();
-        hide_on_right_press();
-        if (cancelled()) return false;
+    constexpr Pass pass{.quick_pan = true, .right_click = RightClick::HIDES, .leave_key = ACTION_PIC_GRID};
+    bool good = read_fields();
+    show_switch();
+    while (run_pass(pass)) {
+        if (gui.event[SLOT_CANCEL].take() != 0) return false;
         if (gui.event[SLOT_OKAY].take() != 0 && good) return true;
+        good = read_fields();
+        show_switch();
     }
+    return false;
 }
 
 } // namespace

@@ -3,9 +3,8 @@
 
 #include "gui/build.h"
 #include "loop/actions.h"
-#include "loop/frame.h"
 #include "loop/home_strip.h"
-#include "loop/tool_loop.h"
+#include "loop/pass.h"
 #include "screens/draw_menu.h"
 #include <array>
 
@@ -81,10 +80,8 @@ void help_menu()
     menus.status_bar_away = 1; // not by the option: a system that goes down meanwhile would store it
     build_screen(help_layout);
     show_page(0);
-    while (gui.event[SLOT_EXIT].take() == 0) {
-        run_frame(0);
+    while (run_pass(passes::plain) && gui.event[SLOT_EXIT].take() == 0)
         read_topics();
-    }
     close_screen();
     build_draw_menu();
     menus.status_bar_away = 0;
@@ -94,8 +91,7 @@ void about_menu()
 {
     clear_ghost();
     build_screen(about_layout);
-    while (gui.event[SLOT_OKAY].take() == 0)
-        run_frame(0);
+    while (run_pass(passes::plain) && gui.event[SLOT_OKAY].take() == 0) {}
     menus.menu_id = MENU_USER;
 }
 

@@ -4,10 +4,8 @@
 #include "gui/build.h"
 #include "gui/scheme.h"
 #include "loop/actions.h"
-#include "loop/frame.h"
 #include "loop/freeze.h"
-#include "loop/tool_loop.h"
-#include "loop/waits.h"
+#include "loop/pass.h"
 #include "runtime/hotkeys.h"
 #include "screens/action_table.h"
 #include "screens/dialogs.h"
@@ -129,19 +127,20 @@ bool any_double()
 bool keys_accepted()
 {
     if (!any_double()) return true;
-    return over_frozen_screen([] {
-               return confirm_dialog(TEXT_DUPLICATE_KEYS, TEXT_REALLY_WANT_THAT, DialogSlots::LOW,
-                                     DialogButtons::OKAY_AND_CANCEL);
-           }) != 0;
+    return over_frozen_screen([] { return confirm_dialog(TEXT_DUPLICATE_KEYS, TEXT_REALLY_WANT_THAT); }) != 0;
 }
 
-/// True when the screen was left by CANCEL or a right click.
-bool cancelled()
+/// Runs the loop; true after OKAY.
+bool choose_keys()
 {
-    if (gui.event[SLOT_CANCEL].take() != 0) return true;
-    if (!right_press_on_bare_frame()) return false;
-    wait_right_release();
-    return true;
+    constexpr Pass pass{.hotkeys = IN_ANY_MENU, .right_click = RightClick::LEAVES};
+    for (show_keys(); run_pass(pass); show_keys()) {
+        read_cells();
+        if (gui.event[SLOT_DEFAULTS].take() != 0) set_default_hotkeys();
+        if (gui.event[SLOT_CANCEL].take() != 0) return false;
+        if (gui.event[SLOT_OKAY].take() != 0 && keys_accepted()) return true;
+    }
+    return false;
 }
 
 } // namespace
@@ -152,18 +151,7 @@ void hotkey_menu()
     gui_clear_window();
     build_hotkey_menu();
     menus.status_message = TIP_REMAP;
-    for (bool open = true; open;) {
-        show_keys();
-        run_frame(0);
-        hotkey_dispatch(1);
-        read_cells();
-        if (gui.event[SLOT_DEFAULTS].take() != 0) set_default_hotkeys();
-        if (cancelled()) {
-            hotkeys.hotkey_table = backup;
-            break;
-        }
-        if (gui.event[SLOT_OKAY].take() != 0) open = !keys_accepted();
-    }
+    if (!choose_keys()) hotkeys.hotkey_table = backup;
     menus.status_message = TIP_NONE;
     close_screen();
 }

@@ -3,7 +3,7 @@
 
 #include "gui/build.h"
 #include "imagefile/jpeg.h"
-#include "loop/tool_loop.h"
+#include "loop/pass.h"
 #include "runtime/browser_state.h"
 #include "runtime/store.h"
 #include "screens/frame_loan.h"
@@ -55,12 +55,14 @@ void show_as_jpeg(BITMAP* untouched, int quality)
 bool choose_quality(BITMAP* untouched)
 {
     gui.event[SLOT_VIEW] = 1; // the first view comes by itself
-    for (;;) {
+    const auto view = [untouched] {
         if (gui.event[SLOT_VIEW].take() != 0 && untouched) show_as_jpeg(untouched, gui.scroll_value[SLOT_QUALITY]);
-        run_tool_pass();
+    };
+    for (view(); run_pass(passes::menu); view()) {
         if (gui.event[SLOT_OKAY].take() != 0) return true;
         if (gui.event[SLOT_CANCEL].take() != 0) return false;
     }
+    return false;
 }
 
 } // namespace

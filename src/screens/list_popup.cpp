@@ -3,9 +3,8 @@
 
 #include "base/run_state.h"
 #include "gui/build.h"
-#include "loop/frame.h"
 #include "loop/freeze.h"
-#include "loop/tool_loop.h"
+#include "loop/pass.h"
 #include <algorithm>
 
 namespace kelu {
@@ -32,8 +31,7 @@ void build_list(const ListPopup& list, int x, int y)
 
 int pressed_row()
 {
-    for (;;) {
-        run_frame(0);
+    while (run_pass(passes::plain)) {
         if (left_down() && gui.hover_row[list_slot] >= 0) {
             const int row = gui.hover_row[list_slot] + gui.scroll_value[list_slot];
             wait_left_release();
@@ -44,6 +42,7 @@ int pressed_row()
             return no_choice;
         }
     }
+    return no_choice;
 }
 
 } // namespace

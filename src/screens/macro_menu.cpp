@@ -2,9 +2,8 @@
 #include "screens/macro_menu.h"
 
 #include "gui/build.h"
-#include "loop/actions.h"
-#include "loop/frame.h"
 #include "loop/home_strip.h"
+#include "loop/pass.h"
 #include "runtime/hotkeys.h"
 #include "screens/draw_menu.h"
 #include "screens/macro_slots.h"
@@ -77,15 +76,21 @@ void read_block(Editor& editor, const MacroBlock& block)
     }
 }
 
-/// True when the screen is to close; `keep` says whether the records are stored.
-bool wants_to_leave(bool& keep)
+/// Runs the loop; true after OKAY.
+bool edit_records(Editor& editor)
 {
-    if (hotkey_test(ACTION_MACRO_MENU)) {
-        wait_for_release(ACTION_MACRO_MENU);
-        return true;
+    constexpr Pass pass{.hotkeys = IN_ANY_MENU, .leave_key = ACTION_MACRO_MENU};
+    while (run_pass(pass)) {
+        read_numbers(editor);
+        read_grid_mode(editor.record());
+        read_tip(editor);
+        for (const MacroBlock& block : macro_blocks)
+            read_block(editor, block);
+        editor.record().grid_opacity = gui.scroll_value[MACRO_SLOT_OPACITY];
+        if (gui.event[MACRO_SLOT_OKAY].take() != 0) return true;
+        if (gui.event[MACRO_SLOT_CANCEL].take() != 0) return false;
     }
-    keep = gui.event[MACRO_SLOT_OKAY].take() != 0;
-    return keep || gui.event[MACRO_SLOT_CANCEL].take() != 0;
+    return false;
 }
 
 void store_records(Editor& editor)
@@ -103,18 +108,7 @@ void macro_menu()
     Editor editor{macros.macro_table, macros.macro_current};
     build_macro_menu(editor.shown, editor.record());
     wait_for_release(ACTION_MACRO_MENU);
-    bool keep = false;
-    do {
-        run_frame(0);
-        hotkey_dispatch(1);
-        read_numbers(editor);
-        read_grid_mode(editor.record());
-        read_tip(editor);
-        for (const MacroBlock& block : macro_blocks)
-            read_block(editor, block);
-        editor.record().grid_opacity = gui.scroll_value[MACRO_SLOT_OPACITY];
-    } while (!wants_to_leave(keep));
-    if (keep) store_records(editor);
+    if (edit_records(editor)) store_records(editor);
     macros.macro_current = editor.shown;
     close_screen();
     build_draw_menu();

@@ -2,7 +2,9 @@
 #include "base/log.h"
 #include "draw/grid.h"
 #include "draw/tips.h"
+#include "gui/menus.h"
 #include "gui/slots.h"
+#include "gui/tooltips.h"
 #include "loop/home_strip.h"
 #include "runtime/toolbox.h"
 #include "screens/draw_menu.h"
@@ -51,6 +53,7 @@ void exec_macro(int slot)
     gui_clear_window();
     home_strip = {}; // what the macro has chosen shows
     build_draw_menu();
+    flash_status_message(TIP_MACRO_DONE_1 + slot);
 }
 
 Macro valid_macro(Macro record)

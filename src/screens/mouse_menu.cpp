@@ -3,8 +3,8 @@
 
 #include "base/run_state.h"
 #include "gui/build.h"
-#include "loop/frame.h"
 #include "loop/freeze.h"
+#include "loop/pass.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
 #include "screens/dialogs.h"
@@ -26,7 +26,6 @@ enum {
 };
 
 constexpr int buttons = 5;
-constexpr int message_ticks = 130;
 constexpr int accept_function = 1, cancel_function = 2; ///< functions that some button must have
 constexpr ListPopup function_list{.first_text = first_mouse_function, .items = 28, .positions = 20, .w = 112};
 
@@ -99,7 +98,7 @@ bool buttons_accepted()
     if (accept_and_cancel_mapped()) return true;
     freeze_menu();
     gui_clear_window();
-    confirm_dialog(TEXT_ACCEPT_AND_CANCEL, TEXT_MUST_BE_MAPPED, DialogSlots::LOW, DialogButtons::OKAY);
+    confirm_dialog(TEXT_ACCEPT_AND_CANCEL, TEXT_MUST_BE_MAPPED, DialogButtons::OKAY);
     clear_ghost();
     gui_clear_window();
     build_mouse_menu();
@@ -111,7 +110,19 @@ void set_default_buttons()
     for (int i = 0; i < buttons; ++i)
         function_of(i) = i + 1;
     build_mouse_menu();
-    flash_status_message(TIP_DEFAULTS_RESTORED, message_ticks);
+    flash_status_message(TIP_DEFAULTS_RESTORED);
+}
+
+/// Runs the loop; true after OKAY.
+bool choose_functions()
+{
+    for (show_buttons(); run_pass(passes::plain); show_buttons()) {
+        read_functions();
+        if (gui.event[SLOT_DEFAULTS].take() != 0) set_default_buttons();
+        if (gui.event[SLOT_CANCEL].take() != 0) return false;
+        if (gui.event[SLOT_OKAY].take() != 0 && buttons_accepted()) return true;
+    }
+    return false;
 }
 
 } // namespace
@@ -121,18 +132,7 @@ void mouse_button_menu()
     const auto backup = hotkeys.mouse_button_map;
     gui_clear_window();
     build_mouse_menu();
-    for (bool open = true; open;) {
-        show_buttons();
-        run_frame(0);
-        read_functions();
-        if (gui.event[SLOT_DEFAULTS].take() != 0) set_default_buttons();
-        if (gui.event[SLOT_CANCEL].take() != 0) {
-            hotkeys.mouse_button_map = backup;
-            open = false;
-        } else if (gui.event[SLOT_OKAY].take() != 0) {
-            open = !buttons_accepted();
-        }
-    }
+    if (!choose_functions()) hotkeys.mouse_button_map = backup;
     close_screen();
 }
 

@@ -5,10 +5,7 @@
 #include "draw/undo.h"
 #include "gui/build.h"
 #include "gui/logic.h"
-#include "loop/actions.h"
-#include "loop/frame.h"
-#include "loop/tool_loop.h"
-#include "loop/waits.h"
+#include "loop/pass.h"
 #include "runtime/preferences.h"
 #include "runtime/view.h"
 #include "screens/commands.h"
@@ -159,33 +156,26 @@ void set_default_options()
     preferences.mouse_speed = default_mouse_speed;
 }
 
-bool cancelled()
-{
-    if (gui.event[SLOT_CANCEL].take() != 0) return true;
-    if (!right_press_on_bare_frame()) return false;
-    wait_right_release();
-    return true;
-}
-
-/// Runs the loop; false after CANCEL. When the program ends, the options stay as they were set.
+/// Runs the loop; true after OKAY.
 bool choose_options()
 {
+    constexpr Pass pass{.hotkeys = IN_ANY_MENU, .right_click = RightClick::LEAVES};
     constexpr int not_built = -1;
     int built = not_built;
-    while (!leaving()) {
+    const auto follow_list = [&built] {
         const int first = gui.scroll_value[SLOT_LIST];
         if (built != first) build_rows(first);
         built = first;
-        run_frame(0);
-        hotkey_dispatch(1);
+    };
+    for (follow_list(); run_pass(pass); follow_list()) {
         if (gui.event[SLOT_DEFAULTS].take() != 0) {
             set_default_options();
             built = not_built;
         }
-        if (cancelled()) return false;
-        if (gui.event[SLOT_OKAY].take() != 0) break;
+        if (gui.event[SLOT_CANCEL].take() != 0) return false;
+        if (gui.event[SLOT_OKAY].take() != 0) return true;
     }
-    return true;
+    return false;
 }
 
 /// What follows from the options and isn't looked up when it is needed.

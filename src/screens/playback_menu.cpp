@@ -3,9 +3,7 @@
 
 #include "base/log.h"
 #include "gui/build.h"
-#include "loop/actions.h"
 #include "loop/tool_loop.h"
-#include "loop/waits.h"
 #include "runtime/animation.h"
 #include "runtime/hotkeys.h"
 #include "runtime/store.h"
@@ -31,7 +29,6 @@ enum {
     menu_slots = 11
 };
 
-constexpr int message_ticks = 120;
 constexpr int none_shown = -1;
 constexpr int near_x = 5, near_y = 5, far_x = 280, far_y = 226; ///< places of SLOT_SHOW
 constexpr int left_third = 108, upper_third = 81;               ///< a window before these has it at the near place
@@ -92,9 +89,9 @@ void flip_window()
     build_slot({SLOT_SHOW, x, y, 35, KIND_GHOST_BUTTON, TEXT_PLAY, ACT_CLICK}, 0, 0);
 }
 
-void read_window()
+void read_window(CanvasButtons& buttons)
 {
-    const bool right = right_press_on_bare_frame();
+    const bool right = buttons.right_pressed();
     if (right) wait_right_release();
     const bool button = gui.event[SLOT_HIDE].take() != 0;
     if (gui.event[SLOT_SHOW].take() != 0 || button || right) flip_window();
@@ -133,20 +130,17 @@ void show_position(Playback& run)
 
 void run_playback(Playback& run)
 {
-    for (bool open = true; open && !leaving();) {
-        read_window();
+    constexpr Pass pass{.hotkeys = IN_ANY_MENU, .leave_key = ACTION_PLAY};
+    CanvasButtons buttons;
+    while (run_pass(pass)) {
+        read_window(buttons);
         if (gui.event[SLOT_OKAY].take() != 0) {
             stop_animation();
-            open = false;
+            return;
         }
         read_transport(run);
         show_position(run);
         show_number();
-        run_tool_pass();
-        if (hotkey_test(ACTION_PLAY)) {
-            wait_for_release(ACTION_PLAY);
-            open = false;
-        }
     }
 }
 
@@ -168,7 +162,7 @@ void show_playback(Playback& run, Bitmap picture)
 void playback_menu()
 {
     if (animation.anim_count < 2) {
-        flash_status_message(TIP_TAG_MORE_FRAMES, message_ticks);
+        flash_status_message(TIP_TAG_MORE_FRAMES);
         return;
     }
     Playback run;

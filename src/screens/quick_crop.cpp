@@ -17,8 +17,7 @@ std::optional<Point> clicked_pixel(int message)
 {
     menus.status_message = message;
     CanvasButtons buttons;
-    while (!leaving()) {
-        run_cel_pass();
+    while (run_pass(passes::cel)) {
         if (buttons.left_pressed()) {
             const Point at = frame_mouse();
             wait_left_release();

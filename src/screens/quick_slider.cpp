@@ -22,7 +22,6 @@ namespace {
 
 constexpr int slider_slot = 2;
 constexpr int window_slots = 3;
-constexpr int message_ticks = 120;
 constexpr int last_slot = 6; ///< highest slot number that the checks let pass
 
 void build_quick_slider(const OptionKey& key, Shared<int>& cell)
@@ -50,7 +49,7 @@ void quick_slider(const OptionKey& key, Shared<int>& cell, int action)
 void flip(Shared<int>& cell, int message_off, int message_on)
 {
     cell = cell == 0 ? 1 : 0;
-    flash_status_message(cell != 0 ? message_on : message_off, message_ticks);
+    flash_status_message(cell != 0 ? message_on : message_off);
 }
 
 bool choice_valid(int slot, int tool)

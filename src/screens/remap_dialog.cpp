@@ -4,7 +4,7 @@
 #include "gui/build.h"
 #include "gui/key_labels.h"
 #include "loop/actions.h"
-#include "loop/frame.h"
+#include "loop/pass.h"
 #include "platform/input_events.h"
 #include "runtime/hotkeys.h"
 #include <allegro.h>
@@ -49,20 +49,20 @@ int remap_key_dialog()
     std::string label = key_label(key_awaiting);
     gui.ptr[SLOT_KEY] = label.c_str();
     int code = no_key_seen;
-    for (;;) {
+    bool accepted = false;
+    while (!accepted && run_pass(passes::plain)) {
         const int seen = key_down_now();
         if (seen != no_key_seen && seen != code) {
             code = seen;
             label = spelt_key_label(code);
             gui.ptr[SLOT_KEY] = label.c_str();
         }
-        run_frame(0);
-        const bool cancel = gui.event[SLOT_CANCEL].take() != 0;
-        if (!cancel && gui.event[SLOT_OKAY].take() == 0) continue;
-        gui_clear_window();
-        menus.menu_id = MENU_HOTKEYS;
-        return cancel ? no_key_seen : code;
+        if (gui.event[SLOT_CANCEL].take() != 0) break;
+        accepted = gui.event[SLOT_OKAY].take() != 0;
     }
+    gui_clear_window();
+    menus.menu_id = MENU_HOTKEYS;
+    return accepted ? code : no_key_seen;
 }
 
 } // namespace kelu

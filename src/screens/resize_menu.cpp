@@ -3,10 +3,7 @@
 
 #include "gui/build.h"
 #include "gui/field.h"
-#include "loop/actions.h"
-#include "loop/frame.h"
-#include "loop/tool_loop.h"
-#include "loop/waits.h"
+#include "loop/pass.h"
 #include "runtime/hotkeys.h"
 #include "runtime/store.h"
 #include "screens/quick_crop.h"
@@ -159,9 +156,7 @@ bool resized(int anchor)
 bool run_pass(ResizeScreen& screen)
 {
     show_placement(screen.anchor);
-    run_frame(0);
-    run_quick_pan();
-    hide_on_right_press();
+    if (!kelu::run_pass({.quick_pan = true, .right_click = RightClick::HIDES})) return false;
     read_anchors(screen);
     if (gui.event[SLOT_CROP].take() != 0) {
         gui_clear_window();
@@ -171,7 +166,7 @@ bool run_pass(ResizeScreen& screen)
     if (gui.event[SLOT_WIDTH].take() != 0) gui_set_key_focus(SLOT_HEIGHT, true);
     if (gui.event[SLOT_CANCEL].take() != 0 || resized(screen.anchor)) return false;
     read_percent(screen);
-    return !leaving();
+    return true;
 }
 
 } // namespace

@@ -3,11 +3,9 @@
 
 #include "gui/build.h"
 #include "gui/scheme.h"
-#include "loop/actions.h"
-#include "loop/frame.h"
 #include "loop/freeze.h"
 #include "loop/home_strip.h"
-#include "loop/waits.h"
+#include "loop/pass.h"
 #include "screens/color_menu.h"
 #include "screens/dispatch.h"
 #include "screens/draw_menu.h"
@@ -153,6 +151,20 @@ void read_files(const SchemeColours& worn)
     apply_scheme(SCHEME_TO_SWATCHES);
 }
 
+/// Runs the loop; true after OKAY.
+bool edit_scheme(const SchemeColours& worn)
+{
+    constexpr Pass pass{.hotkeys = IN_ANY_MENU, .right_click = RightClick::HIDES};
+    const auto follow = [] { apply_scheme(SWATCHES_TO_SCHEME); };
+    for (follow(); run_pass(pass); follow()) {
+        read_swatches(worn);
+        read_files(worn);
+        if (gui.event[SLOT_CANCEL].take() != 0) return false;
+        if (gui.event[SLOT_OKAY].take() != 0) return true;
+    }
+    return false;
+}
+
 } // namespace
 
 void apply_scheme(SchemeStep step)
@@ -175,20 +187,10 @@ void scheme_menu()
 {
     const SchemeColours worn = menu_scheme.scheme;
     build_scheme_menu();
-    for (bool open = true; open;) {
-        apply_scheme(SWATCHES_TO_SCHEME);
-        run_frame(0);
-        hotkey_dispatch(1);
-        hide_on_right_press();
-        read_swatches(worn);
-        read_files(worn);
-        if (gui.event[SLOT_CANCEL].take() != 0) {
-            menu_scheme.scheme = worn;
-            open = false;
-        } else if (gui.event[SLOT_OKAY].take() != 0) {
-            apply_scheme(SCHEME_TO_LIVE);
-            open = false;
-        }
+    if (edit_scheme(worn)) {
+        apply_scheme(SCHEME_TO_LIVE);
+    } else {
+        menu_scheme.scheme = worn;
     }
     recolor_sheet(menu_scheme.scheme);
     close_screen();

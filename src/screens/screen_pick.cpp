@@ -7,10 +7,8 @@
 #include "gui/scheme.h"
 #include "gui/slots.h"
 #include "gui/tooltips.h"
-#include "loop/actions.h"
-#include "loop/frame.h"
 #include "loop/freeze.h"
-#include "loop/tool_loop.h"
+#include "loop/pass.h"
 #include "runtime/color_band.h"
 #include "runtime/input.h"
 #include <cstdint>
@@ -43,12 +41,10 @@ bool pointer_on_screen()
     return pointer.mouse_x >= 0 && pointer.mouse_x < logical_w && pointer.mouse_y >= 0 && pointer.mouse_y < logical_h;
 }
 
-/// Runs frames, each followed by `after_frame`, until a button goes down: the colour that was pressed on.
-int wait_for_color(void (*after_frame)())
+/// Runs passes until a button goes down: the colour that was pressed on.
+int wait_for_color(const Pass& pass)
 {
-    while (!leaving()) {
-        run_frame(0);
-        after_frame();
+    while (run_pass(pass)) {
         if (left_down()) {
             const int color = pointer_on_screen() ? grab_screen_color() : off_the_screen;
             wait_left_release();
@@ -66,7 +62,7 @@ int wait_for_color(void (*after_frame)())
 int wait_for_end_color(int message)
 {
     menus.status_message = message;
-    return wait_for_color([] { hotkey_dispatch(1); });
+    return wait_for_color(passes::menu);
 }
 
 } // namespace
@@ -74,7 +70,7 @@ int wait_for_end_color(int message)
 int pick_screen_color()
 {
     const PickScope scope;
-    return wait_for_color([] {});
+    return wait_for_color(passes::plain);
 }
 
 void pick_spectrum(int spectrum_slot)

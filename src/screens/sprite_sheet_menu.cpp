@@ -2,11 +2,8 @@
 #include "screens/sprite_sheet_menu.h"
 
 #include "gui/build.h"
-#include "loop/actions.h"
-#include "loop/frame.h"
 #include "loop/freeze.h"
-#include "loop/tool_loop.h"
-#include "loop/waits.h"
+#include "loop/pass.h"
 #include "screens/color_menu.h"
 #include "workspace/sprite_sheet.h"
 #include <array>
@@ -134,11 +131,8 @@ void sprite_sheet_menu()
     SpriteSheet sheet{.sprite_color = fill_colour(FILL_HIGHLIGHT_FORE)};
     build_sheet_menu(sheet);
     gui_logic.gui_key_focus = -1;
-    while (!leaving()) {
-        run_frame(0);
-        hotkey_dispatch(1);
-        run_quick_pan();
-        hide_on_right_press();
+    constexpr Pass pass{.hotkeys = IN_ANY_MENU, .quick_pan = true, .right_click = RightClick::HIDES};
+    while (run_pass(pass)) {
         read_colors(sheet);
         const bool good = read_numbers(sheet);
         if (gui.event[SLOT_CANCEL].take() != 0) break;

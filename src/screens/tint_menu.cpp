@@ -7,7 +7,7 @@
 #include "draw/undo.h"
 #include "loop/frame.h"
 #include "loop/home_strip.h"
-#include "loop/tool_loop.h"
+#include "loop/pass.h"
 #include "runtime/color_settings.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
@@ -93,11 +93,12 @@ bool choose_tint(Bitmap picture)
     const FrameLoan loan(std::move(picture));
     const Bitmap& untouched = lent_frame.kept_frame;
     std::optional<Shown> last;
-    while (!leaving()) {
+    const auto follow = [&] {
         const Shown now = read_screen();
         if (now != last) tint_frame(false, now.ignore_mask, untouched, store.frame_bitmap, now.shift);
         last = now;
-        run_tool_pass();
+    };
+    for (follow(); run_pass(passes::menu); follow()) {
         if (gui.event[SLOT_OKAY].take() != 0) return true;
         if (gui.event[SLOT_CANCEL].take() != 0) return false;
     }

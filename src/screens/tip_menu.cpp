@@ -10,7 +10,6 @@
 #include "loop/frame.h"
 #include "loop/home_strip.h"
 #include "loop/tool_loop.h"
-#include "loop/waits.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
 #include "runtime/pixels.h"
@@ -98,15 +97,13 @@ void pick_custom_tip()
     wait_right_release();
     const PreviewScope overlay(no_preview);
     gui.frame_state[SLOT_CUSTOM] = 2;
-    for (;;) {
-        draw_selection();
-        run_frame(0);
+    for (draw_selection(); run_pass(passes::plain); draw_selection()) {
         if (left_down()) {
             wait_left_release();
             take_custom_tip(view.frame_mouse_x, view.frame_mouse_y);
             break;
         }
-        if (pointer.mouse_right != 0) {
+        if (right_down()) {
             wait_right_release();
             break;
         }
@@ -135,9 +132,8 @@ int tip_menu()
         chosen = tip;
         mark_tip(tip);
     };
-    while (!right_press_on_bare_frame() && !hotkey_test(ACTION_TIP_SELECT)) {
-        run_frame(0);
-        hotkey_dispatch(1);
+    constexpr Pass pass{.hotkeys = IN_ANY_MENU, .right_click = RightClick::LEAVES, .leave_key = ACTION_TIP_SELECT};
+    while (run_pass(pass)) {
         if (left_down() && hovered_tip() >= 0) {
             choose(hovered_tip());
             wait_left_release();
@@ -146,8 +142,6 @@ int tip_menu()
         if (custom > 0) choose(custom_tip);
         if (custom == EVENT_RIGHT) pick_custom_tip();
     }
-    wait_right_release();
-    wait_for_release(ACTION_TIP_SELECT);
     menus.menu_id = menu_before;
     return chosen;
 }

@@ -2,11 +2,8 @@
 #include "screens/workspace_menu.h"
 
 #include "gui/build.h"
-#include "loop/actions.h"
-#include "loop/frame.h"
 #include "loop/home_strip.h"
-#include "loop/quick_pan.h"
-#include "loop/waits.h"
+#include "loop/pass.h"
 #include "runtime/store.h"
 #include "screens/dialogs.h"
 #include "screens/dispatch.h"
@@ -54,8 +51,7 @@ void take_text(int slot, std::string& text)
 
 void clear_after_question()
 {
-    const int answer =
-        confirm_dialog(TEXT_CLEAR_WORKSPACE, TEXT_CANNOT_BE_UNDONE, DialogSlots::LOW, DialogButtons::OKAY_AND_CANCEL);
+    const int answer = confirm_dialog(TEXT_CLEAR_WORKSPACE, TEXT_CANNOT_BE_UNDONE);
     if (answer != 0) clear_workspace();
 }
 
@@ -88,14 +84,12 @@ void workspace_menu()
     build_screen(layout);
     set_field_text(SLOT_TITLE, store.workspace_title.c_str());
     set_field_text(SLOT_NOTES, store.workspace_notes.c_str());
-    do {
-        run_frame(0);
-        hotkey_dispatch(1);
+    constexpr Pass pass{.hotkeys = IN_ANY_MENU, .quick_pan = true, .right_click = RightClick::HIDES};
+    while (run_pass(pass)) {
         take_text(SLOT_TITLE, store.workspace_title);
         take_text(SLOT_NOTES, store.workspace_notes);
-        hide_on_right_press();
-        run_quick_pan();
-    } while (!read_buttons());
+        if (read_buttons()) break;
+    }
     close_screen();
     build_draw_menu();
 }

@@ -61,8 +61,7 @@ GrabResult cel_get(int x0, int y0, bool hide_menu)
         CanvasButtons buttons;
         while (!second) {
             menus.status_message = first ? TIP_GRAB_SECOND : TIP_GRAB_FIRST;
-            run_cel_pass();
-            if (leaving()) return GRAB_CANCELLED;
+            if (!run_pass(passes::cel)) return GRAB_CANCELLED;
             if (buttons.left_pressed()) {
                 sample_press();
                 const Point corner = snapped_press();
@@ -94,11 +93,10 @@ void cel_clip(int color)
     if (box.width() <= 1 || box.height() <= 1 || !take_cel(box)) return;
     const PreviewScope shown(no_preview); // the overlay is in use
     clock_state.wait_counter = 0;
-    while (clock_state.wait_counter < clip_shown && !leaving()) {
+    do {
         clear_to_color(screen_state.tool_overlay, mask_magenta);
         DashPen(screen_state.tool_overlay).rectangle(in_view({box.left, box.top}), in_view({box.right, box.bottom}));
-        run_frame(0);
-    }
+    } while (run_pass(passes::plain) && clock_state.wait_counter < clip_shown);
     clear_to_color(screen_state.tool_overlay, mask_magenta);
 }
 

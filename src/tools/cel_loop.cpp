@@ -5,11 +5,8 @@
 #include "draw/cel_render.h"
 #include "draw/preview.h"
 #include "draw/undo.h"
-#include "loop/frame.h"
 #include "loop/home_strip.h"
-#include "loop/quick_pan.h"
 #include "loop/tool_loop.h"
-#include "runtime/hotkeys.h"
 #include "runtime/input.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
@@ -22,31 +19,23 @@ enum OffscreenSlot : int { SLOT_FIRST = 2, SLOT_SECOND = 3, SLOT_END = 4 };
 
 } // namespace
 
-void run_cel_pass()
-{
-    run_tool_pass();
-    if (hotkey_test(ACTION_QUICK_PAN)) quick_pan();
-}
-
 std::optional<Point> ask_point(int message)
 {
     menus.status_message = message;
     CanvasButtons buttons;
     std::optional<Point> point;
-    bool cancelled = false;
-    while (!point && !cancelled && !leaving()) {
-        run_cel_pass();
+    while (!point && run_pass(passes::cel)) {
         if (buttons.left_pressed()) {
             sample_press();
             point = Point{pointer.press_x, pointer.press_y};
             wait_left_release();
         } else if (buttons.right_pressed()) {
-            cancelled = true;
             wait_right_release();
+            break;
         }
     }
     menus.status_message = TIP_NONE;
-    return leaving() ? std::nullopt : point;
+    return ending() ? std::nullopt : point;
 }
 
 FloatingCel::FloatingCel(int mode, Point at)
@@ -73,7 +62,7 @@ bool cel_drag()
     CelPlace& place = cel_work.cel_place;
     const CelPlace start = place;
     const Point grabbed = snapped_mouse();
-    while (!leaving()) {
+    const auto follow = [&] {
         const Point mouse = snapped_mouse();
         place.x = start.x + mouse.x - grabbed.x;
         place.y = start.y + mouse.y - grabbed.y;
@@ -81,7 +70,8 @@ bool cel_drag()
             place.x2 = start.x2 + mouse.x - grabbed.x;
             place.y2 = start.y2 + mouse.y - grabbed.y;
         }
-        run_frame(0);
+    };
+    for (follow(); run_pass(passes::plain); follow()) {
         if (left_down()) {
             wait_left_release();
             cel.cel_origin_x = place.x;
@@ -118,7 +108,9 @@ void center_view_on(Point frame)
 
 void OffscreenWindow::open()
 {
+    menu_stood_ = gui.active[0] != 0;
     menu_was_hidden_ = gui.hidden[0] != 0;
+    menu_before_ = menus.menu_id;
     constexpr int row_w = window_w - 3;
     const std::array rows{
         title_row(2, 2, row_w, texts_[0]),
@@ -140,12 +132,11 @@ void OffscreenWindow::close()
     if (!is_open_) return;
     is_open_ = false;
     close_screen();
-    if (behind_ == Behind::NOTHING) {
-        menus.menu_id = MENU_DIALOG;
-        return;
+    if (menu_stood_) {
+        build_draw_menu();
+        if (menu_was_hidden_) menu_hide(0);
     }
-    build_draw_menu();
-    if (menu_was_hidden_) menu_hide(0);
+    menus.menu_id = menu_before_;
 }
 
 void OffscreenWindow::show(bool needed)

@@ -9,11 +9,8 @@
 
 namespace kelu {
 
-/// One pass of a cel operation: a frame, the hotkeys that answer in a menu, and quick pan while its key is held.
-void run_cel_pass();
-
 /// Waits for a click on the canvas under a status message: its frame position, not on the grid; empty when the right
-/// button cancelled it or the program is leaving.
+/// button cancelled it or the program ends.
 std::optional<Point> ask_point(int message);
 
 /// A floating cel from its first preview to its end: the overlay is in use, and the place is reset in the end.
@@ -39,15 +36,11 @@ Point mouse_in_view();
 /// Moves the view so that a frame position is in its middle, as far as the pan may go.
 void center_view_on(Point frame);
 
-/// The window that offers a way back when what is being placed has left the view. The screen's slots give way to it.
+/// The window that offers a way back when what is being placed has left the view. The drawing menu's slots give way to
+/// it and come back, hidden if they were, unless the operation has put the menu away before.
 class OffscreenWindow {
 public:
-    /// What comes back when the window closes.
-    enum class Behind {
-        DRAW_MENU, ///< hidden if it was
-        NOTHING    ///< a tool that has put the menu away
-    };
-    OffscreenWindow(int title, int first, int second, Behind behind) : texts_{title, first, second}, behind_(behind) {}
+    OffscreenWindow(int title, int first, int second) : texts_{title, first, second} {}
     ~OffscreenWindow() { close(); }
     OffscreenWindow(const OffscreenWindow&) = delete;
     OffscreenWindow& operator=(const OffscreenWindow&) = delete;
@@ -62,9 +55,9 @@ private:
     void open();
     void close();
     std::array<int, 3> texts_;
-    Behind behind_;
     bool is_open_ = false;
-    bool menu_was_hidden_ = false;
+    bool menu_stood_ = false, menu_was_hidden_ = false;
+    int menu_before_ = MENU_DRAW;
 };
 
 } // namespace kelu

@@ -28,15 +28,13 @@ void clear_tool_measure()
     if (measure.measure_state == 0 && preferences.show_tool_distance != 0) measure = {};
 }
 
-/// Lets the user place the floating cel. True when it was anchored, false when the program is leaving.
+/// Lets the user place the floating cel. True when it was anchored, false when the program ends.
 bool place_cel()
 {
-    OffscreenWindow offscreen(TEXT_CEL_OFFSCREEN, TEXT_JUMP_TO_CEL, TEXT_BRING_CEL_HERE,
-                              OffscreenWindow::Behind::DRAW_MENU);
+    OffscreenWindow offscreen(TEXT_CEL_OFFSCREEN, TEXT_JUMP_TO_CEL, TEXT_BRING_CEL_HERE);
     CanvasButtons buttons;
-    while (!leaving()) {
-        menus.status_message = TIP_CEL_REPOSITION;
-        run_cel_pass();
+    const auto prompt = [] { menus.status_message = TIP_CEL_REPOSITION; };
+    for (prompt(); run_pass(passes::cel); prompt()) {
         if (buttons.left_pressed() && on_cel(frame_mouse())) {
             wait_left_release();
             const ToolMeasure distance(snapped_mouse(), true);

@@ -30,15 +30,16 @@ bool choose_size()
 {
     CelPlace& place = cel_work.cel_place;
     CanvasButtons buttons;
-    while (!leaving()) {
-        const bool sizing = place.show_outline == 0;
-        if (sizing) follow_mouse();
-        menus.status_message = sizing ? TIP_STRETCH_SIZE : TIP_STRETCH_OR_MOVE;
-        run_cel_pass();
+    const auto sizing = [&place] { return place.show_outline == 0; };
+    const auto follow = [&sizing] {
+        if (sizing()) follow_mouse();
+        menus.status_message = sizing() ? TIP_STRETCH_SIZE : TIP_STRETCH_OR_MOVE;
+    };
+    for (follow(); run_pass(passes::cel); follow()) {
         if (buttons.left_pressed()) {
             const bool inside = in_box(mouse_in_view());
             wait_left_release();
-            if (sizing) {
+            if (sizing()) {
                 place.show_outline = 1;
             } else if (!inside) {
                 place.show_outline = 0;

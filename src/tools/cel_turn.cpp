@@ -32,8 +32,8 @@ void open_panel(Point center)
     const Point shown = in_view(center);
     const int factor = zoom_factor();
     build_screen(MenuLayout{.menu_id = MENU_DIALOG,
-                            .x = shown.x * factor < logical_w / 2 ? logical_w - panel_w : 0,
-                            .y = shown.y * factor < logical_h / 2 ? logical_h - panel_h : 0,
+                            .x = shown.x * factor < logical_w / 2 ? logical_w - 1 - panel_w : 0,
+                            .y = shown.y * factor < logical_h / 2 ? logical_h - 1 - panel_h : 0,
                             .w = panel_w,
                             .h = panel_h,
                             .slot_count = SLOT_END,
@@ -53,10 +53,11 @@ bool on_preview(Point at)
 bool choose_angle()
 {
     CanvasButtons buttons;
-    while (!leaving()) {
+    const auto follow = [] {
         read_angle();
         menus.status_message = TIP_ROTATION;
-        run_cel_pass();
+    };
+    for (follow(); run_pass(passes::cel); follow()) {
         if (buttons.left_pressed() && on_preview(mouse_in_view())) {
             wait_left_release();
             cel_work.cel_place.show_outline = 1;

@@ -5,7 +5,6 @@
 #include "draw/preview.h"
 #include "draw/stroke.h"
 #include "draw/tool_input.h"
-#include "loop/frame.h"
 #include "loop/input_turn.h"
 #include "loop/tool_loop.h"
 #include "runtime/input.h"
@@ -27,12 +26,12 @@ int freehand_shape_tool()
         stroke_position = {last.x, last.y};
     };
     take(snapped_press());
-    do {
-        run_frame(0);
+    while (run_pass(passes::plain)) {
         for (const Point at : pointer_path())
             take(snapped(at));
-    } while (left_down() && !leaving() && tool_input.point_list.size() <= most_points);
-    const bool finished = !leaving() || !left_down();
+        if (!left_down() || tool_input.point_list.size() > most_points) break;
+    }
+    const bool finished = !ending();
     if (finished) draw_closed_outline();
     free_point_list();
     return finished ? 1 : 0;

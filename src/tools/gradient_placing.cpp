@@ -8,7 +8,6 @@
 #include "draw/gradient_nodes.h"
 #include "draw/preview.h"
 #include "loop/actions.h"
-#include "loop/frame.h"
 #include "loop/freeze.h"
 #include "loop/home_strip.h"
 #include "loop/tool_loop.h"
@@ -20,8 +19,6 @@
 
 namespace kelu {
 namespace {
-
-constexpr int context_node_move = 3; ///< hotkeys that answer while a node is being placed
 
 void clamp_nodes(const NodeColumns& columns)
 {
@@ -55,22 +52,13 @@ void jump_to(const NodeColumns& columns, NodeId node)
     center_view_on(node_at(columns, node, {view.view_center_x, view.view_center_y}));
 }
 
-/// Runs frames while the hotkey that ends the placing is held.
-void wait_hotkey_release()
-{
-    while (hotkey_test(ACTION_INK_OPTION) && !leaving())
-        run_frame(0);
-}
-
 void place_nodes(const NodeColumns& columns)
 {
-    OffscreenWindow offscreen(TEXT_NODES_OFFSCREEN, TEXT_JUMP_TO_START, TEXT_JUMP_TO_END,
-                              OffscreenWindow::Behind::NOTHING);
+    OffscreenWindow offscreen(TEXT_NODES_OFFSCREEN, TEXT_JUMP_TO_START, TEXT_JUMP_TO_END);
+    constexpr Pass pass{.hotkeys = WHILE_MOVING, .leave_key = ACTION_INK_OPTION};
     CanvasButtons buttons;
-    wait_hotkey_release();
-    while (!leaving()) {
-        run_frame(0);
-        hotkey_dispatch(context_node_move);
+    wait_for_release(ACTION_INK_OPTION);
+    while (run_pass(pass)) {
         if (buttons.left_pressed()) {
             press_nodes(columns, frame_mouse());
             wait_left_release();
@@ -79,10 +67,6 @@ void place_nodes(const NodeColumns& columns)
         offscreen.show(node_placing.nodes_in_view == 0);
         if (offscreen.first_clicked()) jump_to(columns, NODE_START);
         if (offscreen.second_clicked()) jump_to(columns, NODE_END);
-        if (hotkey_test(ACTION_INK_OPTION)) {
-            wait_hotkey_release();
-            return;
-        }
         if (buttons.right_pressed()) {
             wait_right_release();
             return;

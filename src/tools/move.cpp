@@ -45,7 +45,7 @@ void move_tool()
         if (cel_get(corner.x, corner.y, false) == GRAB_TAKEN) {
             const UndoableOperation step;
             fill_gap();
-            if (!cel_paste(false, false)) undo_step(); // the program leaves: the piece goes back to its place
+            if (!cel_paste(false, false)) undo_step(); // the program ends: the piece goes back to its place
         }
     }
     clear_ghost();

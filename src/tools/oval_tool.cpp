@@ -9,7 +9,6 @@
 #include "draw/tool_input.h"
 #include "draw/tool_options.h"
 #include "draw/undo.h"
-#include "gui/slots.h"
 #include "loop/tool_loop.h"
 #include "runtime/input.h"
 #include "runtime/store.h"
@@ -33,21 +32,17 @@ Points ellipse_to(Point mouse)
     return interpolate_ellipse(cx, cy, ra, rb, degrees, 360);
 }
 
-/// Follows the mouse until a left click on the canvas; a right click hides or shows the menu. False when leaving.
+/// Follows the mouse until a left click on the canvas; a right click hides or shows the menu. False when the program
+/// ends.
 bool choose_second_axis()
 {
+    constexpr Pass pass{.hotkeys = IN_ANY_MENU, .right_click = RightClick::HIDES};
     CanvasButtons buttons;
-    while (!leaving()) {
-        tool_input.point_list = ellipse_to(snapped_mouse());
-        run_tool_pass();
-        if (buttons.left_pressed()) {
-            wait_left_release();
-            return !leaving();
-        }
-        if (buttons.right_pressed()) {
-            wait_right_release();
-            menu_toggle_hidden(0);
-        }
+    const auto follow = [] { tool_input.point_list = ellipse_to(snapped_mouse()); };
+    for (follow(); run_pass(pass); follow()) {
+        if (!buttons.left_pressed()) continue;
+        wait_left_release();
+        return !ending();
     }
     return false;
 }

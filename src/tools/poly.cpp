@@ -3,7 +3,6 @@
 
 #include "draw/preview.h"
 #include "draw/tool_input.h"
-#include "loop/frame.h"
 #include "loop/tool_loop.h"
 #include "runtime/input.h"
 #include "runtime/toolbox.h"
@@ -26,12 +25,11 @@ int poly_tool()
     free_point_list();
     const PreviewScope shown(TOOL_POLY);
     take_corner();
-    while (!right_down() && !leaving()) {
+    do {
         if (left_down()) take_corner();
-        run_frame(0);
-    }
+    } while (run_pass(passes::plain) && !right_down());
     wait_right_release();
-    const bool finished = !leaving();
+    const bool finished = !ending();
     if (finished) draw_closed_outline();
     free_point_list();
     return finished ? 1 : 0;

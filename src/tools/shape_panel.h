@@ -32,7 +32,7 @@ struct ShapePanelWork {
     bool (*drag)();   ///< after a click inside the box
 };
 
-/// Runs the loop of a panel that is built: until OKAY, true, or CANCEL or the program's exit, false. A right click on
+/// Runs the loop of a panel that is built: until OKAY, true, or CANCEL or the program's end, false. A right click on
 /// the canvas hides or shows the panel.
 bool run_shape_panel(const ShapePanelWork& work);
 /// Clears the panel and brings the drawing menu back.

@@ -4,7 +4,6 @@
 #include "draw/preview.h"
 #include "draw/spiral.h"
 #include "draw/tool_input.h"
-#include "loop/frame.h"
 #include "loop/tool_loop.h"
 #include "runtime/shape_settings.h"
 #include "runtime/toolbox.h"
@@ -113,19 +112,19 @@ bool drag_spiral()
     };
     tool_input.show_bounds = 1;
     bool put_back = false;
-    for (bool held = true; held && !leaving();) {
-        run_frame(0);
+    while (run_pass(passes::plain)) {
         follow();
         if (left_down()) {
             wait_left_release();
             follow();
             if (!tool_input.point_list.empty()) tool_input.tool_nodes[0] = tool_input.point_list.front();
-            held = false;
-        } else if (right_down()) {
+            break;
+        }
+        if (right_down()) {
             wait_right_release();
             plot_shown_spiral();
             put_back = true;
-            held = false;
+            break;
         }
     }
     tool_input.show_bounds = 0;

@@ -6,8 +6,6 @@
 #include "draw/operation.h"
 #include "draw/preview.h"
 #include "draw/spline.h"
-#include "loop/actions.h"
-#include "loop/frame.h"
 #include "loop/tool_loop.h"
 #include "runtime/input.h"
 #include "runtime/toolbox.h"
@@ -24,7 +22,7 @@ bool pick_up_nodes()
 {
     constexpr int pick_radius = 9; // closer than this many pixels
     bool picked = false;
-    for (int i = 1; i <= spline.count && !leaving(); ++i) {
+    for (int i = 1; i <= spline.count && !ending(); ++i) {
         const Point node = user_node(i);
         if (node.x == unset_node) continue;
         if (dist2(node.x, node.y, view.frame_mouse_x, view.frame_mouse_y) >= pick_radius) continue;
@@ -47,7 +45,6 @@ void add_node()
 
 void reposition_spline_node(int slot)
 {
-    constexpr int context_node = 3; // hotkeys that answer while a node is moved
     if (slot < 0 || slot >= node_limit) {
         log_line("[ ERROR ] : Slot OOB in call to reposition_spline_node! Slot = %d", slot);
         return;
@@ -55,9 +52,7 @@ void reposition_spline_node(int slot)
     CanvasButtons buttons;
     do {
         user_node(slot) = snapped_mouse();
-        run_frame(0);
-        hotkey_dispatch(context_node);
-    } while (!buttons.left_pressed() && !leaving());
+    } while (run_pass(passes::node) && !buttons.left_pressed());
     sample_press();
     user_node(slot) = snapped_press();
     wait_left_release();
@@ -72,14 +67,13 @@ int gather_spline()
     spline.count = 1;
     free_point_list();
     const PreviewScope shown(TOOL_SPLINE);
-    while (!right_down() && !leaving()) {
-        run_tool_pass();
+    while (run_pass(passes::menu) && !right_down()) {
         if (!left_down()) continue;
         wait_left_release();
         if (!pick_up_nodes()) add_node();
     }
     wait_right_release();
-    const bool finished = !leaving();
+    const bool finished = !ending();
     if (finished) {
         rebuild_spline();
         draw_to_frame(0, 0, TOOL_SPLINE, current_ink(), toolbox.brush_tip);

@@ -4,7 +4,6 @@
 #include "draw/span_fill.h"
 #include "draw/stroke.h"
 #include "draw/tool_input.h"
-#include "loop/frame.h"
 #include "loop/input_turn.h"
 #include "loop/tool_loop.h"
 #include "runtime/clock.h"
@@ -42,6 +41,17 @@ void dab_at(const Stroke& stroke, Point now)
     stroke_position = {now.x, now.y};
 }
 
+/// Passes while the button is held; `visit` gets each position that the hand reports, on the grid while that is on.
+template <class Visit>
+void follow_hand(Visit visit)
+{
+    do {
+        if (!run_pass(passes::plain)) return;
+        for (const Point at : pointer_path())
+            visit(snapped(at));
+    } while (left_down());
+}
+
 /// The drops of one tick, shared out among the positions of this turn.
 void spray_along(const Stroke& stroke, std::span<const Point> centers)
 {
@@ -61,29 +71,20 @@ void spray_along(const Stroke& stroke, std::span<const Point> centers)
 void render_draw(const Stroke& stroke)
 {
     draw_to(stroke, snapped({stroke.pointer_x, stroke.pointer_y}));
-    do {
-        run_frame(0);
-        for (const Point at : pointer_path())
-            draw_to(stroke, snapped(at));
-    } while (left_down());
+    follow_hand([&](Point at) { draw_to(stroke, at); });
 }
 
 void render_driz(const Stroke& stroke)
 {
     dab_at(stroke, snapped_mouse());
-    do {
-        run_frame(0);
-        for (const Point at : pointer_path())
-            dab_at(stroke, snapped(at));
-    } while (left_down() && !leaving());
+    follow_hand([&](Point at) { dab_at(stroke, at); });
 }
 
 void render_spray(const Stroke& stroke)
 {
     do {
         if (clock_state.tool_tick_flag.take() != 0) spray_along(stroke, pointer_path());
-        run_frame(0);
-    } while (left_down() && !leaving());
+    } while (run_pass(passes::plain) && left_down());
 }
 
 } // namespace kelu

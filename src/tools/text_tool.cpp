@@ -11,9 +11,7 @@
 #include "gui/field.h"
 #include "loop/frame.h"
 #include "loop/home_strip.h"
-#include "loop/quick_pan.h"
 #include "loop/tool_loop.h"
-#include "runtime/hotkeys.h"
 #include "runtime/input.h"
 #include "runtime/jobs.h"
 #include "runtime/text_settings.h"
@@ -74,9 +72,7 @@ bool drag_text()
     const Point press = snapped_press();
     const Point offset{node.x - press.x, node.y - press.y};
     const auto stick_to = [&node, offset](Point at) { node = {at.x + offset.x, at.y + offset.y}; };
-    while (!leaving()) {
-        stick_to(snapped_mouse());
-        run_frame(0);
+    for (stick_to(snapped_mouse()); run_pass(passes::plain); stick_to(snapped_mouse())) {
         if (left_down()) {
             sample_press();
             stick_to(snapped_press());
@@ -186,14 +182,13 @@ void TextLine::run()
     build_text_window(0, 0, false);
     fill_window(text_settings.text_string.c_str(), text_settings.text_size < 1 ? first_size : text_settings.text_size,
                 text_settings.text_gap);
-    while (open_ && !leaving()) {
-        follow_window();
-        run_frame(0);
-        if (hotkey_test(ACTION_QUICK_PAN)) quick_pan();
+    for (follow_window(); run_pass({.quick_pan = true}); follow_window()) {
         read_frame();
         read_buttons();
         tool_input.show_bounds = 1;
+        if (!open_) return;
     }
+    end(false);
 }
 
 void keep_settings()

@@ -4,7 +4,6 @@
 #include "draw/preview.h"
 #include "draw/tool_input.h"
 #include "gui/menus.h"
-#include "loop/frame.h"
 #include "loop/tool_loop.h"
 #include "runtime/input.h"
 #include "runtime/toolbox.h"
@@ -18,7 +17,7 @@ bool rubber_band(int node, int message)
     if (message != no_message) menus.status_message = message;
     bool given = false;
     bool cancelled = false;
-    while (!given && !cancelled && !leaving()) {
+    do {
         sample_press();
         if (left_down()) {
             given = true;
@@ -29,10 +28,9 @@ bool rubber_band(int node, int message)
             cancelled = true;
             wait_right_release();
         }
-        if (!given && !cancelled) run_frame(0);
-    }
+    } while (!given && !cancelled && run_pass(passes::plain));
     if (message != no_message) menus.status_message = 0;
-    return given && !cancelled && !leaving();
+    return given && !cancelled && !ending();
 }
 
 int gather_two_points()

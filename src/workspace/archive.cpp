@@ -34,7 +34,6 @@ constexpr const char* containers[] = {"cel", "nal", "tip", "spa"}; // behind the
 constexpr std::size_t buffer_size = 32768;
 constexpr std::size_t longest_text = 255; // what a length byte can tell
 constexpr std::size_t longest_directory = 255;
-constexpr int message_ticks = 120;
 
 struct CloseFile {
     void operator()(std::FILE* file) const { std::fclose(file); }
@@ -266,7 +265,7 @@ int save_workspace_archive(const std::string& file_name, ShowProgress show_progr
     }
     if (!written) {
         log_line("[ ERROR ] : Couldn't write file! Name = %s", file_name);
-        flash_status_message(TIP_SAVE_FAILED, message_ticks);
+        flash_status_message(TIP_SAVE_FAILED);
     }
     return 0;
 }

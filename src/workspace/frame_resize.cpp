@@ -16,7 +16,6 @@ namespace kelu {
 namespace {
 
 constexpr int opaque = 0xffffff; ///< of the alpha picture
-constexpr int message_ticks = 120;
 
 /// New bitmaps for a frame; empty, with the reason reported, when they can't be had.
 LiveBitmaps new_bitmaps(int w, int h)
@@ -25,8 +24,7 @@ LiveBitmaps new_bitmaps(int w, int h)
     LiveBitmaps fresh(too_small ? 0 : w, too_small ? 0 : h);
     if (fresh) return fresh;
     log_line("[ ERROR ] : The frame can't be resized! w = %d, h = %d", w, h);
-    if (!too_small)
-        flash_status_message(bitmap_size_valid(w, h) ? TIP_NOT_ENOUGH_MEMORY : TIP_PICTURE_TOO_LARGE, message_ticks);
+    if (!too_small) flash_status_message(bitmap_size_valid(w, h) ? TIP_NOT_ENOUGH_MEMORY : TIP_PICTURE_TOO_LARGE);
     return fresh;
 }
 

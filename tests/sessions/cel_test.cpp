@@ -239,8 +239,7 @@ TEST(Cels, LeavingTheProgramPutsALiftedPieceDown)
     session.click_at(29, 29);
     session.frame(3);
     EXPECT_EQ(frame_pixel(25, 25), 0x000000);
-    run_state.exit_requested = 1;
-    session.frame(3);
+    session.finish();
     EXPECT_EQ(frame_pixel(25, 25), 0x20c040);
 }
 

@@ -264,7 +264,7 @@ namespace {
 /// The font browser again and again, as the text tool's button opens it.
 void browse_fonts()
 {
-    while (!leaving())
+    while (run_state.exit_requested == 0)
         file_browser(BROWSER_FONT, BROWSE_FONT);
 }
 

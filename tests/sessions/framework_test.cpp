@@ -22,8 +22,7 @@ bool waited = false; // the home loop's wait on an actor is over
 
 void run_frames()
 {
-    while (!leaving())
-        run_frame(0);
+    while (run_pass({.is_home = true})) {}
 }
 
 void show_white()

@@ -22,8 +22,7 @@ void ask_for_quality()
     store.frame_bitmap = paint(64, 48, picture);
     store.alpha_bitmap = Bitmap(64, 48, 0xffffff);
     answer = jpeg_quality_dialog();
-    while (!leaving())
-        run_frame(0);
+    while (run_pass({.is_home = true})) {}
 }
 
 /// Sum of the differences between the frame and the picture that it held.

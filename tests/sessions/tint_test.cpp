@@ -22,8 +22,7 @@ void tint_red_frame()
     view.pan_x = view.pan_y = 0;
     toolbox.mask_color = 0x123456;
     tint_menu();
-    while (!leaving())
-        run_frame(0);
+    while (run_pass({.is_home = true})) {}
 }
 
 bool opened(Session& session)
@@ -96,8 +95,7 @@ TEST(Tint, LeavingTheProgramCommitsNoPreview)
     });
     ASSERT_TRUE(opened(session));
     session.frame(2);
-    run_state.exit_requested = 1;
-    session.frame(3);
+    session.finish();
     EXPECT_EQ(frame_pixel(100, 100), 0xff0000);
 }
 

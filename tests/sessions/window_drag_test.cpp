@@ -14,8 +14,7 @@ constexpr MenuLayout window = {MENU_GRID, WINDOW_GRID, 70, 80, 90, 100, 3, windo
 void window_loop()
 {
     build_screen(window);
-    while (run_state.exit_requested == 0)
-        run_frame(0);
+    while (run_pass(passes::plain)) {}
     close_screen();
 }
 

@@ -54,8 +54,7 @@ inline int frame_pixel(int x, int y) { return row(store.frame_bitmap, y)[x]; }
 /// A home loop, or the end of one, that shows frames and does nothing else.
 inline void idle()
 {
-    while (!leaving())
-        run_frame(0);
+    while (run_pass({.is_home = true})) {}
 }
 
 /// The presented picture once the pointer rests at (x, y) and messages and tooltips have gone.

@@ -363,6 +363,7 @@ bool Session::finish()
 {
     act(clear_input);
     run_state.exit_requested = 1;
+    run_state.end_now = 1;
     for (int i = 0; i < end_limit && !run->done; ++i)
         frame();
     return run->done;

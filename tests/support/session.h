@@ -64,7 +64,8 @@ public:
     BITMAP* picture() const;
     /// The lines of the log so far.
     std::string log() const;
-    /// Asks for the end as the close button does, and runs to it. Returns false when the program does not end.
+    /// Asks for the end as a second press of the close button does, and runs to it. Returns false when the program does
+    /// not end.
     bool finish();
     bool ended() const;
     /// Exit code once ended.

@@ -58,8 +58,8 @@ TEST_F(StatusBar, OptionsAndAHiddenMenuHideItUnlessAToolAsks)
 {
     gui.hidden[0] = 1;
     EXPECT_EQ(drawn_at(), -1);
-    frame_snapshot.status_message = TIP_COPIED;
-    EXPECT_EQ(drawn_at(), -1);
+    frame_snapshot.status_message = TIP_GRAB_FIRST;
+    EXPECT_EQ(drawn_at(), 0) << "a tool that has hidden the menu asks";
     frame_snapshot.status_message = -1;
     EXPECT_EQ(drawn_at(), 0);
     gui.hidden[0] = 0;
@@ -67,6 +67,9 @@ TEST_F(StatusBar, OptionsAndAHiddenMenuHideItUnlessAToolAsks)
     EXPECT_EQ(drawn_at(), 0);
     frame_snapshot.status_message = 0;
     EXPECT_EQ(drawn_at(), -1);
+    run_state.exit_requested = 1;
+    EXPECT_EQ(drawn_at(), 0) << "the end waits for the user";
+    run_state.exit_requested = 0;
     preferences.status_bar_on = 1;
     preferences.status_opacity = 255; // held below solid
     EXPECT_EQ(drawn_at(), 0);
