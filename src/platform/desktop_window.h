@@ -15,6 +15,9 @@ bool enter_desktop_mode(const VideoMode& mode);
 void present_on_desktop(BITMAP* picture);
 /// Gives the window an icon, a picture of at most 256 x 256 in which magenta is transparent.
 void set_desktop_icon(BITMAP* picture);
+/// Sends what Allegro has drawn to the display now. X would keep it until the next request, which comes with the end of
+/// the rest. Under Allegro's lock.
+void send_requests();
 /// Takes the keys, the mouse and the window's events that have come since, without waiting for Allegro's event thread.
 void deliver_input();
 /// Sleeps until something comes from the display, `milliseconds` at most.

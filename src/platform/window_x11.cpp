@@ -38,6 +38,8 @@ void deliver_input()
     release_screen();
 }
 
+void send_requests() { XFlush(_xwin.display); }
+
 void await_input(int milliseconds)
 {
     if (display_lost()) return;
