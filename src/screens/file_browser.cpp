@@ -190,8 +190,8 @@ void file_browser(int task, int file_kind)
     const std::string& home = home_dir(task);
     if (!home.empty()) {
         enter_folder(home);
-    } else if (!font_place) {
-        platform::change_directory(run_state.current_dir); // writing the workspace may have left it
+    } else if (!font_place && platform::working_directory() == run_state.program_dir) {
+        platform::change_directory(run_state.current_dir); // writing the workspace leaves the user's folder
     }
     Browser browser(task, file_kind);
     browser.open();
