@@ -45,6 +45,7 @@ bool take_cel(const CelRect& rect)
         return false;
     }
     store.cel_source_bitmap = std::move(picture);
+    note_new_cel();
     store.cel_bitmap = std::move(copy);
     return true;
 }
@@ -107,7 +108,9 @@ void turn_cel(BITMAP* shown, BITMAP* scratch)
 KeptCel::KeptCel()
     : source_(std::move(store.cel_source_bitmap)), copy_(std::move(store.cel_bitmap)), cel_(cel),
       place_(cel_work.cel_place)
-{}
+{
+    ++cel_work.borrowed;
+}
 
 KeptCel::~KeptCel()
 {
@@ -115,6 +118,7 @@ KeptCel::~KeptCel()
     store.cel_bitmap = std::move(copy_);
     cel = cel_;
     cel_work.cel_place = place_;
+    --cel_work.borrowed;
 }
 
 } // namespace kelu

@@ -32,6 +32,7 @@ struct CelWork {
     CelPlace cel_place;
     int cel_in_view = 0;                    ///< 1: the cel's rectangle overlapped the view in the last preview
     int grab_x = no_grab, grab_y = no_grab; ///< first corner of a grab, frame pixels, or the values above
+    int borrowed = 0;                       ///< operations that have put the user's cel aside
 };
 inline CelWork cel_work;
 

@@ -10,6 +10,7 @@ void Touched::restart(TileGrid frame)
     for (const std::size_t tile : tiles)
         marks[tile] = 0;
     tiles.clear();
+    fresh.clear();
     if (grid == frame) return;
     grid = frame;
     marks.assign(grid.count(), 0);

@@ -12,9 +12,15 @@ namespace kelu {
 
 /// What has been touched since the frame was last settled. Owner: draw/touched; draw/undo empties it.
 struct Touched {
+    enum Mark : uint8_t {
+        TOUCHED = 1, ///< stands in `tiles`
+        FRESH = 2,   ///< stands in `fresh`
+        SEEN = 4     ///< the journal has a state of it that this operation has left behind
+    };
     TileGrid grid;                  ///< of the frame as it was when `marks` were made
-    std::vector<uint8_t> marks;     ///< by tile: 1 when it stands in `tiles`
+    std::vector<uint8_t> marks;     ///< by tile: the bits below
     std::vector<std::size_t> tiles; ///< the touched tiles, each once
+    std::vector<std::size_t> fresh; ///< those of them that the journal hasn't seen in this operation
 
     /// Forgets all, for a frame of this size.
     void restart(TileGrid frame);
@@ -22,9 +28,18 @@ struct Touched {
     void mark_all(TileGrid frame);
     void mark(std::size_t tile)
     {
-        if (marks[tile] != 0) return;
-        marks[tile] = 1;
-        tiles.push_back(tile);
+        if ((marks[tile] & FRESH) != 0) return;
+        if (marks[tile] == 0) tiles.push_back(tile);
+        marks[tile] = static_cast<uint8_t>(marks[tile] | TOUCHED | FRESH);
+        fresh.push_back(tile);
+    }
+    /// Takes a fresh tile, which the journal then has as it is now.
+    std::size_t take_fresh()
+    {
+        const std::size_t tile = fresh.back();
+        fresh.pop_back();
+        marks[tile] = TOUCHED | SEEN;
+        return tile;
     }
 };
 inline Touched touched;

@@ -3,6 +3,7 @@
 
 #include "base/log.h"
 #include "draw/touched.h"
+#include "draw/unsaved.h"
 #include "runtime/preferences.h"
 #include "runtime/store.h"
 #include <algorithm>
@@ -56,7 +57,14 @@ void keep_before(std::size_t tile)
     keep_in_newest(redo_queue(max_undo_depth), tile);
 }
 
-void settle_tile(std::size_t tile, bool keeps)
+/// What a settled frame means to the other pictures of it.
+enum class Settle {
+    OPERATION, ///< the newest slots keep what was before, the journal takes what is now
+    STEP,      ///< the slots have been exchanged already
+    EXCHANGE   ///< the journal knows the picture in its other role
+};
+
+void settle_tile(std::size_t tile, Settle how)
 {
     const TileBox box = touched.grid.box(tile);
     const Bitmap& frame = store.frame_bitmap;
@@ -65,9 +73,12 @@ void settle_tile(std::size_t tile, bool keeps)
         for (int y = box.y; y < box.y + box.h; ++y)
             std::fill_n(row(coverage, y) + box.x, box.w, 0);
     }
-    if (same_tile(frame, undo.source_bitmap, box)) return;
-    if (keeps) keep_before(tile);
+    const bool same = same_tile(frame, undo.source_bitmap, box);
+    if (same && (touched.marks[tile] & Touched::SEEN) == 0) return;
+    if (!same && how != Settle::STEP) keep_before(tile);
+    const std::lock_guard lock(unsaved.mutex);
     copy_tile(frame, undo.source_bitmap, box);
+    if (how != Settle::EXCHANGE) unsaved.add(tile, touched.grid.count());
 }
 
 /// The memory of pictures that have fallen out of their queues. At an operation's end, where nobody waits.
@@ -91,6 +102,9 @@ void copy_source()
 {
     const Bitmap& frame = store.frame_bitmap;
     touched.restart(TileGrid::of(frame));
+    const std::lock_guard lock(unsaved.mutex);
+    unsaved.clear();
+    unsaved.whole = true;
     if (frame && TileGrid::of(frame) == TileGrid::of(undo.source_bitmap)) {
         blit(frame, undo.source_bitmap, 0, 0, 0, 0, frame.width(), frame.height());
         return;
@@ -109,7 +123,27 @@ void leave_size()
     copy_source();
 }
 
-void settle(bool keeps)
+/// While it stands, no seal of the journal divides the tiles of one operation.
+class Settling {
+public:
+    Settling() { note(true); }
+    ~Settling()
+    {
+        note(false);
+        unsaved.news.notify_all();
+    }
+    Settling(const Settling&) = delete;
+    Settling& operator=(const Settling&) = delete;
+
+private:
+    static void note(bool settling)
+    {
+        const std::lock_guard lock(unsaved.mutex);
+        unsaved.settling = settling;
+    }
+};
+
+void settle(Settle how)
 {
     if (!store.frame_bitmap) return;
     if (TileGrid::of(store.frame_bitmap) != TileGrid::of(undo.source_bitmap)) {
@@ -117,17 +151,18 @@ void settle(bool keeps)
         return;
     }
     if (touched.tiles.empty()) return;
+    const Settling settling;
     for (const std::size_t tile : touched.tiles)
-        settle_tile(tile, keeps);
+        settle_tile(tile, how);
     touched.restart(touched.grid);
     release_free_slots();
 }
 
 /// Settles the frame. When there is no memory for what it was before, no older picture can be had either.
-void settle_or_forget(bool keeps)
+void settle_or_forget(Settle how)
 {
     try {
-        settle(keeps);
+        settle(how);
     } catch (const std::bad_alloc&) {
         log_line("[ ERROR ] : Not enough memory for undo");
         free_slots();
@@ -219,7 +254,7 @@ void step(const Queue& from, const Queue& to)
         log_line("[ ERROR ] : Not enough memory for undo");
         free_slots();
     }
-    settle_or_forget(false);
+    settle_or_forget(Settle::STEP);
 }
 
 } // namespace
@@ -238,7 +273,9 @@ void push_undo(bool keep_redo)
     if (!keep_redo) undo.redo_age = all_undo_slots_free;
 }
 
-void settle_frame() { settle_or_forget(true); }
+void settle_frame() { settle_or_forget(Settle::OPERATION); }
+
+void settle_exchanged_frame() { settle_or_forget(Settle::EXCHANGE); }
 
 void undo_step() { step(undo_queue(depth()), redo_queue(depth())); }
 

@@ -35,6 +35,7 @@ struct Undo {
     int undo_head = 0;    ///< slot written last; stays when an undo frees that slot
     int redo_head = 0;    ///< the same of the redo queue
     TileSet outworn;      ///< of the slot last used anew, until the operation's end
+    int operations = 0;   ///< operations that are under way
     Bitmap source_bitmap; ///< the frame as last settled; empty before the first operation, and when memory is short
 };
 inline Undo undo;
@@ -46,6 +47,8 @@ void push_undo(bool keep_redo);
 /// Ends what was begun: the touched tiles become part of the newest slots, the stroke source equals the frame, and the
 /// coverage is 0 there. Without a touched tile it does nothing.
 void settle_frame();
+/// As `settle_frame`, for a frame that has changed places with the alpha picture: the journal knows both.
+void settle_exchanged_frame();
 /// Takes back the newest operation. The picture that it replaces goes to the redo queue. Nothing when there is none.
 void undo_step();
 /// Takes back the newest undo, as long as no new operation came after it.
@@ -60,8 +63,16 @@ BITMAP* stroke_source();
 /// One operation that can be undone, from its begin to its end.
 class UndoableOperation {
 public:
-    UndoableOperation() { push_undo(false); }
-    ~UndoableOperation() { settle_frame(); }
+    UndoableOperation()
+    {
+        push_undo(false);
+        ++undo.operations;
+    }
+    ~UndoableOperation()
+    {
+        --undo.operations;
+        settle_frame();
+    }
     UndoableOperation(const UndoableOperation&) = delete;
     UndoableOperation& operator=(const UndoableOperation&) = delete;
 };

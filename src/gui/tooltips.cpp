@@ -186,6 +186,7 @@ constexpr TooltipRow rows[] = {
     {TIP_MACRO_DONE_6, "|c21MACRO 6: |c32IN PLACE"},
     {TIP_MACRO_DONE_7, "|c21MACRO 7: |c32IN PLACE"},
     {TIP_MACRO_DONE_8, "|c21MACRO 8: |c32IN PLACE"},
+    {TIP_WORK_RECOVERED, "UNSAVED WORK OF THE LAST RUN WAS RECOVERED"},
 };
 
 constexpr bool rows_in_order()

@@ -179,6 +179,7 @@ enum TooltipId : int {
     TIP_MACRO_DONE_6,
     TIP_MACRO_DONE_7,
     TIP_MACRO_DONE_8,
+    TIP_WORK_RECOVERED,
     TIP_COUNT
 };
 

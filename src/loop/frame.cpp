@@ -10,6 +10,7 @@
 #include "gui/menus.h"
 #include "gui/render.h"
 #include "gui/status_bar.h"
+#include "loop/actions.h"
 #include "loop/frame_pointer.h"
 #include "loop/input_turn.h"
 #include "loop/inspector.h"
@@ -26,6 +27,7 @@
 #include "runtime/preferences.h"
 #include "runtime/present.h"
 #include "runtime/view.h"
+#include "workspace/running_work.h"
 
 namespace kelu {
 namespace {
@@ -116,6 +118,7 @@ void run_frame(uint8_t no_tool_preview)
     if (!clean) present_back_buffer();
     if (!waiting) take_input_turn(); // an operation that shows its progress has yet to look at this turn
     clock_state.tool_ticks = 0;
+    if (action_state.frame_locked == 0) keep_running_work();
     run_jobs();
 }
 

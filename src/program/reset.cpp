@@ -37,6 +37,7 @@
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
 #include "screens/action_table.h"
+#include "workspace/running_work.h"
 
 namespace kelu {
 namespace {
@@ -83,6 +84,7 @@ void reset_work()
     view = {};
     store = {};
     toolbox = {};
+    stop_running_work(false);
     undo = {};
     touched = {};
     animation = {};

@@ -43,6 +43,7 @@
 #include "workspace/frame_store.h"
 #include "workspace/notice.h"
 #include "workspace/resources.h"
+#include "workspace/running_work.h"
 #include "workspace/settings.h"
 #include "workspace/state.h"
 #include <cstdio>
@@ -195,6 +196,7 @@ void prepare()
     connect_levels();
     install_interrupts();
     restore_workspace();
+    start_running_work();
 }
 
 /// The way to say so when the window goes.
@@ -260,6 +262,7 @@ int shutdown_program()
     platform::change_directory(run_state.current_dir); // the state keeps the folder that the user was in
     bool written = write_workspace_state(state_file, false);
     if (!written) tell_unwritten("The workspace");
+    stop_running_work(written);
     log_line("[ END ] : Writing user settings to file.");
     if (!write_user_settings()) {
         tell_unwritten("The user settings");

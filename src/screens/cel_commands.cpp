@@ -36,6 +36,7 @@ void convert_cel()
 {
     if (ask(TEXT_CONVERT_CEL, TEXT_CANNOT_BE_UNDONE) == 0) return;
     cel_one_color(store.cel_source_bitmap, toolbox.mask_color);
+    note_new_cel();
     restore_cel_copy();
 }
 

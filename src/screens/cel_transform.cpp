@@ -79,7 +79,10 @@ void cel_transform()
     {
         const FloatingCel floating(CEL_PLAIN, {});
         cel_work.cel_place.show_outline = 1;
-        if (change_cel(scratch)) store.cel_source_bitmap = std::move(scratch);
+        if (change_cel(scratch)) {
+            store.cel_source_bitmap = std::move(scratch);
+            note_new_cel();
+        }
         restore_cel_copy();
     }
     close_screen();

@@ -101,6 +101,7 @@ void reset_palette_and_slots()
 
 void make_blank_workspace()
 {
+    store.current_frame = 0;
     blank_pictures();
     blank_state();
     write_workspace_state(state_file, false);

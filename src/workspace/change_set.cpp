@@ -4,6 +4,7 @@
 #include "base/log.h"
 #include "platform/files.h"
 #include "workspace/folder.h"
+#include "workspace/running_work.h"
 #include <cstdint>
 #include <sstream>
 
@@ -73,7 +74,11 @@ bool finish_changes()
 
 bool settle_changes() { return !stuck || finish_changes(); }
 
-ChangeSet::ChangeSet() : ready_(finish_changes()) {}
+ChangeSet::ChangeSet()
+{
+    settle_running_work();
+    ready_ = finish_changes();
+}
 
 ChangeSet::~ChangeSet()
 {
@@ -94,11 +99,19 @@ bool ChangeSet::stage_copy(const std::string& source, const std::string& name)
 void ChangeSet::move(const std::string& source, const std::string& name)
 {
     record_ += "take " + source + ' ' + name + '\n';
+    remove_journal(name);
 }
 
 void ChangeSet::remove(const std::string& name)
 {
     if (platform::file_exists(name)) record_ += "remove " + name + '\n';
+    remove_journal(name);
+}
+
+void ChangeSet::remove_journal(const std::string& name)
+{
+    const std::string journal = std::string(file_set::journal) + name.substr(name.find('.'));
+    if (name.starts_with(file_set::current) && platform::file_exists(journal)) record_ += "remove " + journal + '\n';
 }
 
 bool ChangeSet::commit()

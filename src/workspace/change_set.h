@@ -32,6 +32,8 @@ public:
     bool commit();
 
 private:
+    /// What was painted on a frame goes with the file that it was painted on.
+    void remove_journal(const std::string& name);
     std::string record_; ///< lines "take FROM TO" and "remove NAME"
     bool ready_ = false; ///< no earlier change stands in the way
     bool committed_ = false;

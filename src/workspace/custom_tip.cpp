@@ -2,6 +2,7 @@
 #include "workspace/custom_tip.h"
 
 #include "imagefile/bmp.h"
+#include "platform/files.h"
 #include "runtime/store.h"
 #include "workspace/folder.h"
 
@@ -13,12 +14,16 @@ void clear_custom_tip()
              custom_tip_y + custom_tip_h - 1, 0);
 }
 
-bool save_custom_tip()
+Bytes custom_tip_bytes()
 {
     Bitmap tip(custom_tip_w, custom_tip_h);
     blit(store.tip_sheet, tip, custom_tip_x, custom_tip_y, 0, 0, custom_tip_w, custom_tip_h);
-    return write_bmp(set_file("tip"), tip);
+    Bytes bytes;
+    encode_bmp(tip, bytes);
+    return bytes;
 }
+
+bool save_custom_tip() { return platform::replace_file(set_file("tip"), custom_tip_bytes()); }
 
 bool load_custom_tip()
 {

@@ -18,6 +18,7 @@ constexpr const char* next = "next";
 constexpr const char* backup = "backup";
 constexpr const char* alternate = "alternate";
 constexpr const char* damaged = "damaged";
+constexpr const char* journal = "journal"; ///< what has been painted since the file of the frame was written
 } // namespace file_set
 
 /// Name of a frame's file, "current.007" for frame 7; or of the same frame in another set.

@@ -18,6 +18,7 @@
 #include "workspace/frame_cache.h"
 #include "workspace/merged.h"
 #include "workspace/repair.h"
+#include "workspace/running_work.h"
 #include "workspace/thumbnails.h"
 #include <algorithm>
 
@@ -53,14 +54,6 @@ bool load_onion(const std::string& name)
     return static_cast<bool>(store.onion_bitmap);
 }
 
-void keep_view(int frame)
-{
-    const auto slot = static_cast<std::size_t>(frame);
-    view.frame_pan_x[slot] = view.pan_x;
-    view.frame_pan_y[slot] = view.pan_y;
-    view.frame_zoom[slot] = view.zoom;
-}
-
 void take_view(int frame)
 {
     const auto slot = static_cast<std::size_t>(frame);
@@ -81,6 +74,14 @@ bool commit_frame(int frame)
 
 } // namespace
 
+void keep_view(int frame)
+{
+    const auto slot = static_cast<std::size_t>(frame);
+    view.frame_pan_x[slot] = view.pan_x;
+    view.frame_pan_y[slot] = view.pan_y;
+    view.frame_zoom[slot] = view.zoom;
+}
+
 Bitmap read_stored_frame(const std::string& name)
 {
     if (!platform::file_exists(name)) log_line("[ ERROR ] : Tried to load non-existent file! Name = %s", name);
@@ -100,16 +101,19 @@ bool frame_out_of_reach(int frame)
 
 void show_stored_frame(int frame, Bitmap merged)
 {
-    if (!adopt_picture(std::move(merged), true)) replace_damaged_frame(frame);
     store.current_frame = frame;
+    if (!adopt_picture(std::move(merged), true)) replace_damaged_frame(frame);
     take_view(frame);
 }
 
 bool write_frame(int frame)
 {
     const std::string name = frame_file(frame);
-    if (settle_changes() && write_tga(name, store.frame_bitmap.width(), store.frame_bitmap.height(), merged_rows()))
+    if (settle_changes() && write_tga(name, store.frame_bitmap.width(), store.frame_bitmap.height(), merged_rows())) {
+        settle_frame();
+        begin_journal();
         return true;
+    }
     run_state.workspace_damaged = 1;
     report_unwritten(name, TIP_FRAME_NOT_WRITTEN);
     return false;
@@ -136,6 +140,7 @@ bool adopt_picture(Bitmap merged, bool becomes_restoration)
     clamp_pan();
     if (w < logical_w || h < logical_h) view.backdrop = mean_lightness(color_picture()) / backdrop_lightness;
     reset_undo_slots();
+    if (becomes_restoration) begin_journal();
     return true;
 }
 

@@ -43,6 +43,9 @@ bool adopt_picture(Bitmap merged, bool becomes_restoration);
 /// sets `workspace_damaged` and returns false; the old file then stays.
 bool write_frame(int frame);
 
+/// Notes the view as the one that a frame was left with.
+void keep_view(int frame);
+
 /// The picture of a frame's file of the working directory in merged form; empty when it can't be read.
 Bitmap read_stored_frame(const std::string& name);
 

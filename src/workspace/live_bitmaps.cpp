@@ -2,6 +2,7 @@
 #include "workspace/live_bitmaps.h"
 
 #include "draw/touched.h"
+#include "draw/unsaved.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
 
@@ -13,6 +14,11 @@ void LiveBitmaps::install() &&
     store.alpha_bitmap = std::move(alpha);
     store.coverage_bitmap = std::move(coverage);
     touch_frame();
+    {
+        const std::lock_guard lock(unsaved.mutex);
+        unsaved.clear();
+        unsaved.whole = true;
+    }
     note_frame_size();
     clamp_pan();
 }

@@ -6,6 +6,7 @@
 #include "draw/undo.h"
 #include "runtime/pixels.h"
 #include "runtime/store.h"
+#include "workspace/running_work.h"
 #include <algorithm>
 
 namespace kelu {
@@ -106,6 +107,7 @@ void toggle_alpha_edit()
 {
     if (!store.frame_bitmap || !same_size(store.frame_bitmap, store.alpha_bitmap)) return;
     settle_frame();
+    exchange_journal_plane();
     for (int y = 0; y < store.frame_bitmap.height(); ++y) {
         int* frame = row(store.frame_bitmap, y);
         std::swap_ranges(frame, frame + store.frame_bitmap.width(), row(store.alpha_bitmap, y));
@@ -113,7 +115,7 @@ void toggle_alpha_edit()
     if (store.alpha_edit_mode) gray_normalize(store.alpha_bitmap);
     store.alpha_edit_mode = !store.alpha_edit_mode;
     touch_frame();
-    settle_frame();
+    settle_exchanged_frame();
 }
 
 bool frame_changed()

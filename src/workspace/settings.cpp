@@ -12,6 +12,7 @@
 #include "runtime/preferences.h"
 #include "runtime/toolbox.h"
 #include "workspace/folder.h"
+#include "workspace/running_work.h"
 #include "workspace/tag_files.h"
 #include <algorithm>
 
@@ -125,8 +126,17 @@ void read_user_settings()
     set_missing_settings();
 }
 
+Bytes user_settings_bytes()
+{
+    Bytes bytes;
+    ByteWriter out(bytes);
+    write_tags(rows, out);
+    return bytes;
+}
+
 bool write_user_settings()
 {
+    settle_running_work();
     platform::change_directory(run_state.program_dir);
     const platform::DirectoryVisit visit(settings_folder);
     if (visit.entered() && write_tag_file(settings_file, rows)) return true;

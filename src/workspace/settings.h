@@ -19,6 +19,9 @@ std::span<const TagRow> settings_tags();
 /// directory must be the program's folder, and is again at the end. A file that can't be read whole is kept beside.
 void read_user_settings();
 
+/// The bytes of the settings' file as memory has them now.
+Bytes user_settings_bytes();
+
 /// Writes the settings. The process ends up in the program's folder. A failure is reported by log and status line.
 bool write_user_settings();
 

@@ -7,6 +7,7 @@
 #include "draw/grid.h"
 #include "draw/preview.h"
 #include "draw/tips.h"
+#include "gui/menus.h"
 #include "gui/tooltips.h"
 #include "imagefile/bmp.h"
 #include "platform/files.h"
@@ -25,6 +26,7 @@
 #include "workspace/frame_cache.h"
 #include "workspace/frame_store.h"
 #include "workspace/repair.h"
+#include "workspace/running_work.h"
 #include "workspace/tag_files.h"
 #include "workspace/text_font.h"
 #include "workspace/thumbnails.h"
@@ -33,6 +35,7 @@
 namespace kelu {
 namespace {
 
+constexpr int recovery_ticks = 480;            // the message of it stands until the user has found his picture
 constexpr std::size_t least_name = 5;          // letters of a state file's name: its ending makes way for the frames'
 constexpr std::size_t longest_directory = 255; // bytes of the browser's folder in a state file
 
@@ -108,6 +111,8 @@ void set_missing_state()
 void load_current_frame()
 {
     store.frame_count = std::max(1, close_frame_gaps());
+    std::optional<RecoveredWork> work = recover_work();
+    if (work) store.current_frame = work->frame;
     store.current_frame = std::min<int>(store.current_frame, store.frame_count - 1);
     Bitmap merged = read_stored_frame(frame_file(store.current_frame));
     // One that the system won't read stays as it is, and another frame takes its place on the screen.
@@ -119,17 +124,29 @@ void load_current_frame()
         }
     }
     if (!adopt_picture(std::move(merged), true)) replace_damaged_frame(store.current_frame);
+    if (work && adopt_picture(std::move(work->picture), false))
+        flash_status_message(TIP_WORK_RECOVERED, recovery_ticks);
 }
 
 } // namespace
 
+Bytes workspace_state_bytes()
+{
+    keep_view(store.current_frame);
+    const std::string browser_dir = browser_state.browser_dir;
+    browser_state.browser_dir = platform::upper_case(platform::working_directory()).substr(0, longest_directory);
+    Bytes bytes;
+    ByteWriter out(bytes);
+    write_tags(state_tags(), out);
+    browser_state.browser_dir = browser_dir;
+    return bytes;
+}
+
 bool write_workspace_state(const std::string& file_name, bool spa_only)
 {
     check_name(file_name);
-    const int frame = store.current_frame;
-    view.frame_pan_x[frame] = view.pan_x;
-    view.frame_pan_y[frame] = view.pan_y;
-    view.frame_zoom[frame] = view.zoom;
+    settle_running_work();
+    keep_view(store.current_frame);
     bool written = false;
     const std::string browser_dir = browser_state.browser_dir;
     browser_state.browser_dir = platform::upper_case(platform::working_directory()).substr(0, longest_directory);

@@ -15,6 +15,9 @@ std::span<const TagRow> state_tags();
 /// by log and status line, the old file stays, and the result is false.
 bool write_workspace_state(const std::string& file_name, bool spa_only);
 
+/// The bytes of the state's file as memory has it now.
+Bytes workspace_state_bytes();
+
 /// Reads a state and what belongs to it: the current frame, the containers and the font. The working directory must be
 /// the store's, and is again at the end. Returns 1 when there was a state, 0 when the workspace has no state file; then
 /// only the fields that a fresh start sets have changed. A file that can't be read whole is kept beside.

@@ -1,0 +1,416 @@
+// The thread that writes running work, and what the main thread hands it.
+#include "workspace/running_work.h"
+
+#include "base/log.h"
+#include "base/run_state.h"
+#include "draw/operation.h"
+#include "draw/touched.h"
+#include "draw/undo.h"
+#include "draw/unsaved.h"
+#include "gui/menus.h"
+#include "gui/tooltips.h"
+#include "platform/file_calls.h"
+#include "platform/files.h"
+#include "runtime/pixels.h"
+#include "runtime/store.h"
+#include "workspace/folder.h"
+#include "workspace/journal_writer.h"
+#include "workspace/merged.h"
+#include "workspace/running_files.h"
+#include <cerrno>
+#include <chrono>
+#include <deque>
+#include <thread>
+#include <variant>
+
+namespace kelu {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using namespace std::chrono_literals;
+
+constexpr auto gather_time = 200ms;       // strokes that follow one another at once share a batch
+constexpr auto in_hand_time = 500ms;      // between two looks at a stroke in hand
+constexpr auto retry_time = 3s;           // after a failure
+constexpr std::size_t most_in_hand = 128; // tiles of a stroke in hand that are copied at once: 2 MB
+constexpr uint64_t pictures_kept = 3;     // a journal that outgrows so many pictures of its frame is written anew
+constexpr uint64_t least_kept = uint64_t{1} << 20; // bytes
+
+struct BeginOrder {
+    int frame;
+    std::string frame_name, journal_name;
+    bool drops; ///< the journal before has done its work
+};
+struct TileOrder {
+    Plane plane;
+    std::size_t tile;
+    std::unique_ptr<TilePixels> pixels;
+};
+struct PictureOrder {
+    Bitmap merged;
+};
+using Order = std::variant<BeginOrder, TileOrder, PictureOrder, RunningFile>;
+
+Plane plane_of_frame() { return store.alpha_edit_mode ? Plane::ALPHA : Plane::COLOR; }
+
+std::string in_store(const std::string& name) { return run_state.program_dir + '/' + workspace_folder + '/' + name; }
+
+/// The thread and its orders. All members are guarded by `unsaved.mutex`, but for the writer, which is the thread's.
+class Worker {
+public:
+    ~Worker() { stop(); }
+
+    void start()
+    {
+        stop_ = false;
+        thread_ = std::thread([this] { run(); });
+    }
+    bool running() const { return thread_.joinable(); }
+
+    void stop()
+    {
+        if (!running()) return;
+        {
+            const std::lock_guard lock(unsaved.mutex);
+            stop_ = true;
+        }
+        unsaved.news.notify_all();
+        thread_.join();
+    }
+
+    /// Hands over what stands in the queue's order. The caller holds the mutex.
+    void hand(Order order)
+    {
+        orders_.push_back(std::move(order));
+        unsaved.news.notify_all();
+    }
+
+    void settle()
+    {
+        std::unique_lock lock(unsaved.mutex);
+        urgent_ = true;
+        unsaved.news.notify_all();
+        done_.wait(lock, [this] { return !busy_ && orders_.empty() && !tiles_wait(); });
+        urgent_ = false;
+    }
+
+    /// The plane that the stroke source is of. The caller holds the mutex.
+    void set_plane(Plane plane) { plane_ = plane; }
+    Plane plane() const { return plane_; }
+
+    struct Failure {
+        std::string name;
+        int error;
+    };
+    std::optional<Failure> take_failure()
+    {
+        const std::lock_guard lock(unsaved.mutex);
+        return std::exchange(failure_, std::nullopt);
+    }
+
+private:
+    bool tiles_wait() const { return !unsaved.whole && (!unsaved.tiles.empty() || unsaved.settling); }
+    bool work_waits() const { return !orders_.empty() || (!unsaved.whole && !unsaved.tiles.empty()); }
+
+    void run()
+    {
+        std::unique_lock lock(unsaved.mutex);
+        for (;;) {
+            unsaved.news.wait(lock, [this] { return stop_ || work_waits(); });
+            if (stop_ && !work_waits()) return;
+            if (orders_.empty())
+                unsaved.news.wait_for(lock, gather_time, [this] { return stop_ || urgent_ || !orders_.empty(); });
+            busy_ = true;
+            write_all(lock);
+            busy_ = false;
+            done_.notify_all();
+        }
+    }
+
+    /// Carries out all orders and takes all tiles. The lock is held at the begin and at the end.
+    void write_all(std::unique_lock<std::mutex>& lock)
+    {
+        do {
+            while (!orders_.empty()) {
+                Order order = std::move(orders_.front());
+                orders_.pop_front();
+                lock.unlock();
+                std::visit([this](auto& what) { carry_out(what); }, order);
+                lock.lock();
+            }
+            take_tiles(lock);
+        } while (!orders_.empty());
+        // Tiles that were thrown away while they were taken leave half an operation; a whole picture follows.
+        const bool torn = unsaved.whole;
+        lock.unlock();
+        if (torn) give_up();
+        seal();
+        lock.lock();
+    }
+
+    /// Takes the tiles that wait, until none does at the end of an operation. Orders go first.
+    void take_tiles(std::unique_lock<std::mutex>& lock)
+    {
+        TilePixels pixels;
+        while (orders_.empty() && tiles_wait()) {
+            if (unsaved.tiles.empty()) {
+                unsaved.news.wait(lock);
+                continue;
+            }
+            const std::size_t tile = unsaved.take_last();
+            const Plane plane = plane_;
+            pixels.pixels.fill(0);
+            pixels.take(undo.source_bitmap, TileGrid::of(undo.source_bitmap).box(tile));
+            lock.unlock();
+            add_tile(plane, tile, pixels);
+            lock.lock();
+        }
+    }
+
+    void add_tile(Plane plane, std::size_t tile, const TilePixels& pixels)
+    {
+        if (failed_) return;
+        writer_.records().tile(plane, tile, pixels);
+        batch_ = true;
+        if (!writer_.spill()) fail(writer_.name());
+    }
+
+    void seal()
+    {
+        if (batch_ && !failed_ && !writer_.finish()) fail(writer_.name());
+        batch_ = false;
+        if (!failed_ && writer_.size() > limit_) ask_for_picture();
+        failed_ = false;
+    }
+
+    /// What the journal's file holds is unsure, so that the picture has to be handed over whole.
+    void fail(const std::string& name)
+    {
+        note_failure(name, errno);
+        give_up();
+        failed_ = true;
+        ask_for_picture();
+    }
+
+    void give_up()
+    {
+        writer_.give_up();
+        batch_ = false;
+    }
+
+    static void ask_for_picture()
+    {
+        const std::lock_guard lock(unsaved.mutex);
+        unsaved.whole = true;
+    }
+
+    void note_failure(const std::string& name, int error)
+    {
+        const std::lock_guard lock(unsaved.mutex);
+        failure_ = Failure{name, error};
+    }
+
+    void carry_out(BeginOrder& order)
+    {
+        seal();
+        if (order.drops) writer_.drop();
+        writer_.begin(order.frame, std::move(order.frame_name), std::move(order.journal_name));
+        limit_ = least_kept;
+    }
+
+    void carry_out(TileOrder& order) { add_tile(order.plane, order.tile, *order.pixels); }
+
+    void carry_out(PictureOrder& order)
+    {
+        const TileGrid grid = TileGrid::of(order.merged);
+        limit_ =
+            least_kept + pictures_kept * static_cast<uint64_t>(grid.w) * static_cast<uint64_t>(grid.h) * sizeof(int);
+        give_up();
+        writer_.start_anew();
+        failed_ = false;
+        writer_.records().size(grid);
+        for (std::size_t tile = 0; tile < grid.count(); ++tile) {
+            TilePixels color, alpha;
+            color.take(order.merged, grid.box(tile));
+            for (std::size_t i = 0; i < color.pixels.size(); ++i) {
+                const int level = static_cast<int>(static_cast<unsigned>(color.pixels[i]) >> 24);
+                alpha.pixels[i] = pack_rgb(level, level, level);
+            }
+            add_tile(Plane::COLOR, tile, color);
+            add_tile(Plane::ALPHA, tile, alpha);
+        }
+    }
+
+    void carry_out(RunningFile& file)
+    {
+        platform::forget_failure();
+        if (!write_running_file(file)) note_failure(file.name, platform::last_failure());
+    }
+
+    std::thread thread_;
+    std::deque<Order> orders_;
+    std::condition_variable done_;
+    std::optional<Failure> failure_;
+    Plane plane_ = Plane::COLOR;
+    bool stop_ = false, urgent_ = false, busy_ = false;
+
+    JournalWriter writer_;
+    uint64_t limit_ = least_kept; ///< bytes of the journal that are written before it is made anew
+    bool batch_ = false;          ///< the present batch has records
+    bool failed_ = false;         ///< the present batch is lost
+};
+Worker worker;
+
+Clock::time_point next_in_hand, next_files, next_picture;
+
+/// Both pictures as they are, without a change to either; colours on an edited alpha picture count as grey.
+Bitmap merged_copy()
+{
+    Bitmap merged = Bitmap::unfilled(store.frame_bitmap.width(), store.frame_bitmap.height());
+    for (int y = 0; y < merged.height(); ++y) {
+        const int* color = row(color_picture(), y);
+        const int* alpha = row(alpha_picture(), y);
+        int* to = row(merged, y);
+        for (int x = 0; x < merged.width(); ++x) {
+            const auto level = static_cast<unsigned>(red_of(alpha[x]) + green_of(alpha[x]) + blue_of(alpha[x])) / 3;
+            to[x] = static_cast<int>((static_cast<unsigned>(color[x]) & 0xffffffU) | level << 24);
+        }
+    }
+    return merged;
+}
+
+void hand_over_picture()
+{
+    Bitmap merged = merged_copy();
+    if (!merged) return;
+    const std::lock_guard lock(unsaved.mutex);
+    unsaved.clear();
+    worker.hand(PictureOrder{std::move(merged)});
+}
+
+bool picture_wanted()
+{
+    const std::lock_guard lock(unsaved.mutex);
+    return unsaved.whole;
+}
+
+void hand_over_tile(BITMAP* picture, TileGrid grid, std::size_t tile)
+{
+    auto pixels = std::make_unique<TilePixels>();
+    pixels->take(picture, grid.box(tile));
+    worker.hand(TileOrder{worker.plane(), tile, std::move(pixels)});
+}
+
+/// Hands over the settled tiles that the thread would take by itself later. The caller holds the mutex.
+void hand_over_settled_tiles()
+{
+    while (!unsaved.tiles.empty())
+        hand_over_tile(undo.source_bitmap, TileGrid::of(undo.source_bitmap), unsaved.take_last());
+}
+
+/// What a stroke that is still drawn has painted since the last look. What was settled before it goes first.
+void keep_stroke_in_hand()
+{
+    const std::lock_guard lock(unsaved.mutex);
+    if (unsaved.tiles.size() > most_in_hand) return; // the thread is about to take them
+    hand_over_settled_tiles();
+    for (std::size_t i = 0; i < most_in_hand && !touched.fresh.empty(); ++i) {
+        hand_over_tile(store.frame_bitmap, touched.grid, touched.take_fresh());
+    }
+}
+
+void tell_failure()
+{
+    const std::optional<Worker::Failure> failure = worker.take_failure();
+    if (!failure) return;
+    next_picture = Clock::now() + retry_time;
+    errno = failure->error;
+    platform::note_failure();
+    forget_running_files();
+    report_unwritten(failure->name, TIP_WORKSPACE_NOT_WRITTEN);
+}
+
+BeginOrder begin_order(bool drops)
+{
+    const int frame = store.current_frame;
+    return {frame, in_store(frame_file(frame)), in_store(frame_file(frame, file_set::journal)), drops};
+}
+
+} // namespace
+
+void start_running_work()
+{
+    if (worker.running()) return;
+    const bool recovered = picture_wanted();
+    {
+        const std::lock_guard lock(unsaved.mutex);
+        unsaved.clear();
+        unsaved.collecting = true;
+        worker.set_plane(plane_of_frame());
+        worker.hand(begin_order(false));
+    }
+    next_in_hand = next_picture = Clock::now();
+    next_files = next_in_hand + files_time;
+    remember_running_files();
+    if (recovered) hand_over_picture();
+    worker.start();
+}
+
+void stop_running_work(bool committed)
+{
+    if (!worker.running()) return;
+    if (committed) {
+        begin_journal();
+    } else if (picture_wanted()) {
+        hand_over_picture();
+    }
+    worker.stop();
+    const std::lock_guard lock(unsaved.mutex);
+    unsaved.collecting = false;
+    unsaved.clear();
+}
+
+void begin_journal()
+{
+    const std::lock_guard lock(unsaved.mutex);
+    unsaved.clear();
+    if (!worker.running()) return;
+    worker.set_plane(plane_of_frame());
+    worker.hand(begin_order(true));
+}
+
+void exchange_journal_plane()
+{
+    const std::lock_guard lock(unsaved.mutex);
+    if (!worker.running()) return;
+    hand_over_settled_tiles();
+    worker.set_plane(plane_of_frame() == Plane::COLOR ? Plane::ALPHA : Plane::COLOR);
+}
+
+void keep_running_work()
+{
+    if (!worker.running()) return;
+    const Clock::time_point now = Clock::now();
+    tell_failure();
+    if (undo.operations == 0) {
+        if (now >= next_picture && picture_wanted()) hand_over_picture();
+    } else if (operation.show_progress && now >= next_in_hand && !picture_wanted()) {
+        next_in_hand = now + in_hand_time;
+        keep_stroke_in_hand();
+    }
+    if (now < next_files) return;
+    next_files = now + files_time;
+    std::vector<RunningFile> files = changed_running_files();
+    const std::lock_guard lock(unsaved.mutex);
+    for (RunningFile& file : files)
+        worker.hand(std::move(file));
+}
+
+void settle_running_work()
+{
+    if (!worker.running()) return;
+    if (undo.operations == 0 && picture_wanted()) hand_over_picture();
+    worker.settle();
+}
+
+} // namespace kelu

@@ -1,0 +1,362 @@
+// Work that was never committed, found at the next start: after every kind of change, after an end at every call on
+// files, and out of journals that are torn or belong to another frame.
+#include "draw/cel.h"
+#include "draw/operation.h"
+#include "draw/touched.h"
+#include "draw/undo.h"
+#include "gui/tooltips.h"
+#include "runtime/cel.h"
+#include "runtime/random.h"
+#include "support/failing_calls.h"
+#include "workspace/custom_tip.h"
+#include "workspace/frame_resize.h"
+#include "workspace/journal_file.h"
+#include "workspace/restore.h"
+#include "workspace/running_files.h"
+#include "workspace/running_work.h"
+#include "workspace_fixture.h"
+#include <fstream>
+
+namespace kelu {
+namespace {
+
+constexpr int side = 200; // pixels: several tiles, and smaller ones at the rims
+
+void box(int x, int color)
+{
+    const UndoableOperation step;
+    rectfill(store.frame_bitmap, x, 10, x + 40, 90, color);
+    touch_area(x, 10, x + 40, 90);
+}
+
+Bitmap merged_frame()
+{
+    Bitmap merged(store.frame_bitmap.width(), store.frame_bitmap.height());
+    alpha_merge(merged);
+    return merged;
+}
+
+bool same(const Bitmap& a, const Bitmap& b)
+{
+    if (a.width() != b.width() || a.height() != b.height()) return false;
+    for (int y = 0; y < a.height(); ++y)
+        if (!std::equal(row(a, y), row(a, y) + a.width(), row(b, y))) return false;
+    return true;
+}
+
+class RunningWorkTest : public WorkspaceTest {
+protected:
+    void SetUp() override
+    {
+        for (int frame = 0; frame < 3; ++frame)
+            put_frame(frame, frame_color(frame), side, side - 30);
+        store.frame_count = 3;
+        store.current_frame = 0;
+        ASSERT_TRUE(fetch_frame(0, 0, 0));
+        ASSERT_TRUE(write_workspace_state("current.spa", false));
+        start_running_work();
+    }
+    ~RunningWorkTest() override { stop_running_work(false); }
+
+    /// The end without a word, and the start on what it left.
+    static void start_again()
+    {
+        stop_running_work(false);
+        platform::change_directory(run_state.program_dir);
+        FW_initialize_variables();
+        store.nail_sheet = Bitmap(400, 400);
+        store.tip_sheet = Bitmap(206, 62);
+        menus.status_message = 0;
+        run_state.workspace_damaged = 0;
+        const platform::DirectoryVisit visit("WORKSPACE");
+        ASSERT_EQ(read_workspace_state("current.spa"), 1);
+    }
+
+    std::string journal(int frame = 0) const { return in_store(frame_file(frame, file_set::journal)).string(); }
+    bool kept_aside() const { return exists("damaged.journal.000"); }
+};
+
+} // namespace
+
+TEST_F(RunningWorkTest, EveryChangeOfTheFrameIsFoundAgain)
+{
+    struct Change {
+        const char* name;
+        void (*make)();
+    };
+    for (const Change& change : {Change{"stroke", [] { box(20, 0xff8040); }},
+                                 {"strokes and undo",
+                                  [] {
+                                      box(20, 0xff8040);
+                                      settle_running_work();
+                                      box(60, 0x4080ff);
+                                      box(100, 0x80ff40);
+                                      undo_step();
+                                  }},
+                                 {"alpha",
+                                  [] {
+                                      box(20, 0xff8040);
+                                      toggle_alpha_edit();
+                                      box(50, 0x303030);
+                                  }},
+                                 {"alpha and back",
+                                  [] {
+                                      toggle_alpha_edit();
+                                      box(50, 0x303090);
+                                      toggle_alpha_edit();
+                                      box(150, 0x908030);
+                                  }},
+                                 {"resize",
+                                  [] {
+                                      box(20, 0xff8040);
+                                      resize_frame(0, 150, 333, 4, 0);
+                                      box(60, 0x4080ff);
+                                  }},
+                                 {"crop", [] { crop_frame(10, 10, 90, 70); }},
+                                 {"restored and painted",
+                                  [] {
+                                      resize_frame(0, 150, 333, 4, 0);
+                                      settle_running_work();
+                                      restore_frame();
+                                      box(60, 0x4080ff);
+                                  }},
+                                 {"another picture", [] { adopt_picture(Bitmap(64, 65, 0x40302010), false); }}}) {
+        SCOPED_TRACE(change.name);
+        TearDown();
+        start_again();
+        fetch_frame(0, 0, 0);
+        start_running_work();
+        ASSERT_FALSE(frame_changed());
+        change.make();
+        settle_running_work();
+        const Bitmap painted = merged_frame();
+        start_again();
+        EXPECT_EQ(menus.status_message, TIP_WORK_RECOVERED);
+        EXPECT_TRUE(same(merged_frame(), painted));
+        EXPECT_TRUE(frame_changed());
+        EXPECT_EQ(stored_pixel(0), frame_color(0)) << "the file stays as it was committed";
+        start_again();
+        EXPECT_TRUE(same(merged_frame(), painted)) << "an end before anything is written";
+        start_running_work();
+        box(5, 0x101010);
+        settle_running_work();
+        const Bitmap more = merged_frame();
+        start_again();
+        EXPECT_TRUE(same(merged_frame(), more)) << "painting goes on";
+        restore_frame();
+        EXPECT_FALSE(frame_changed());
+        EXPECT_EQ(run_state.workspace_damaged, 0);
+        std::filesystem::remove(journal());
+    }
+}
+
+TEST_F(RunningWorkTest, ACommitEndsTheJournal)
+{
+    box(20, 0xff8040);
+    settle_running_work();
+    ASSERT_TRUE(exists("journal.000"));
+    ASSERT_TRUE(fetch_frame(0, 1, 0));
+    settle_running_work();
+    EXPECT_FALSE(exists("journal.000"));
+    box(20, 0x40ff80);
+    settle_running_work();
+    EXPECT_TRUE(exists("journal.001"));
+    const Bitmap painted = merged_frame();
+    start_again();
+    EXPECT_EQ(store.current_frame, 1) << "the frame that was edited last, whatever the state says";
+    EXPECT_TRUE(same(merged_frame(), painted));
+    start_running_work();
+    ASSERT_TRUE(write_workspace_state("current.spa", false));
+    stop_running_work(true);
+    EXPECT_FALSE(exists("journal.001"));
+    start_again();
+    EXPECT_EQ(menus.status_message, 0);
+    EXPECT_TRUE(same(merged_frame(), painted));
+}
+
+TEST_F(RunningWorkTest, TheJournalOfADeletedFrameGoesWithIt)
+{
+    box(20, 0xff8040);
+    settle_running_work();
+    delete_frames(0, 1);
+    EXPECT_FALSE(exists("journal.000"));
+    start_again();
+    EXPECT_EQ(pixel(store.frame_bitmap), frame_color(1) & 0xffffff);
+    EXPECT_EQ(run_state.workspace_damaged, 0);
+}
+
+TEST_F(RunningWorkTest, AStrokeInHandIsKeptAndTheHoleOfALiftedPieceIsNot)
+{
+    const Bitmap before = merged_frame();
+    {
+        const UndoableOperation lifted;
+        rectfill(store.frame_bitmap, 0, 0, 50, 50, 0);
+        touch_area(0, 0, 50, 50);
+        keep_running_work();
+        settle_running_work();
+        EXPECT_FALSE(exists("journal.000"));
+        undo_step();
+    }
+    Bitmap held;
+    {
+        const UndoableOperation stroke;
+        const OperationScope scope([] {});
+        rectfill(store.frame_bitmap, 0, 0, 50, 50, 0x705030);
+        touch_area(0, 0, 50, 50);
+        keep_running_work();
+        settle_running_work();
+        held = merged_frame();
+        std::filesystem::copy_file(journal(), journal() + ".held");
+        blit(before, store.frame_bitmap, 0, 0, 0, 0, side, side - 30); // what it leaves is what was
+        for (int y = 0; y < side - 30; ++y)
+            for (int x = 0; x < side; ++x)
+                row(store.frame_bitmap, y)[x] &= 0xffffff;
+        touch_area(0, 0, 50, 50);
+    }
+    settle_running_work();
+    start_again();
+    EXPECT_TRUE(same(merged_frame(), before)) << "no trace of what the stroke has left again";
+    std::filesystem::rename(journal() + ".held", journal());
+    start_again();
+    EXPECT_TRUE(same(merged_frame(), held));
+}
+
+TEST_F(RunningWorkTest, WhatDoesntFitIsKeptAsideAndNeverApplied)
+{
+    box(20, 0xff8040);
+    settle_running_work();
+    stop_running_work(false);
+    put_frame(0, opaque | 0x777777, side, side - 30); // a program of before has painted on the frame
+    start_again();
+    EXPECT_EQ(pixel(store.frame_bitmap, 30, 50), 0x777777);
+    EXPECT_TRUE(kept_aside());
+    EXPECT_FALSE(exists("journal.000"));
+    EXPECT_EQ(run_state.workspace_damaged, 1);
+    std::ofstream(journal()) << "no journal";
+    start_again();
+    EXPECT_EQ(pixel(store.frame_bitmap, 30, 50), 0x777777);
+    EXPECT_TRUE(exists("damaged.journal.000.1"));
+}
+
+TEST_F(RunningWorkTest, ATornTailIsLeftOut)
+{
+    const Bitmap base = merged_frame();
+    std::vector<Bitmap> pictures;
+    pictures.push_back(base.copy());
+    for (int i = 0; i < 3; ++i) {
+        box(20 + 50 * i, 0x203040 * (i + 1));
+        settle_running_work();
+        pictures.push_back(merged_frame());
+    }
+    std::ifstream file(journal(), std::ios::binary);
+    const Bytes whole{std::istreambuf_iterator<char>(file), {}};
+    std::size_t reached = 0;
+    for (std::size_t length = 0; length <= whole.size(); length += length + 40 < whole.size() ? 37 : 1) {
+        const Bitmap found = replay_journal(std::span(whole).first(length), base);
+        while (reached + 1 < pictures.size() && found && same(found, pictures[reached + 1]))
+            ++reached;
+        ASSERT_TRUE(!found ? reached == 0 : same(found, pictures[reached])) << length;
+    }
+    EXPECT_EQ(reached, 3U);
+    Bytes broken = whole;
+    broken[whole.size() / 2] ^= 0x10;
+    const Bitmap found = replay_journal(broken, base);
+    EXPECT_TRUE(found && (same(found, pictures[1]) || same(found, pictures[2]))) << "a record of another checksum";
+}
+
+TEST_F(RunningWorkTest, TheJournalIsMadeAnewWhenItOutgrowsItsPictures)
+{
+    seed_random(3);
+    std::uintmax_t largest = 0;
+    for (int i = 0; i < 60; ++i) {
+        {
+            const UndoableOperation step;
+            for (int y = 0; y < store.frame_bitmap.height(); ++y)
+                for (int x = 0; x < store.frame_bitmap.width(); ++x)
+                    row(store.frame_bitmap, y)[x] = rnd(1 << 24);
+            touch_frame();
+        }
+        settle_running_work();
+        keep_running_work();
+        settle_running_work();
+        largest = std::max(largest, std::filesystem::file_size(journal()));
+    }
+    EXPECT_LT(largest, 1500000U);
+    const Bitmap painted = merged_frame();
+    start_again();
+    EXPECT_TRUE(same(merged_frame(), painted));
+}
+
+TEST_F(RunningWorkTest, SmallFilesFollowWhatHasChanged)
+{
+    remember_running_files();
+    EXPECT_TRUE(changed_running_files().empty()) << "an idle program writes nothing";
+    const auto changed = [](void (*change)()) {
+        change();
+        std::string names;
+        for (const RunningFile& file : changed_running_files()) {
+            EXPECT_TRUE(write_running_file(file));
+            names += file.name.substr(file.name.rfind('/') + 1) + ' ';
+        }
+        return names;
+    };
+    EXPECT_EQ(changed([] { toolbox.brush_color = 0x123456; }), "current.spa ");
+    EXPECT_EQ(changed([] { store.workspace_title = "AN IDEA"; }), "current.spa ");
+    EXPECT_EQ(changed([] { preferences.undo_depth = 9; }), "user.def ");
+    EXPECT_EQ(changed([] { row(store.tip_sheet, custom_tip_y)[3] = 0x505050; }), "current.tip ");
+    EXPECT_EQ(changed([] { take_cel({0, 0, 30, 20}); }), "current.cel ");
+    EXPECT_TRUE(changed_running_files().empty());
+    start_again();
+    EXPECT_EQ(toolbox.brush_color, 0x123456);
+    EXPECT_EQ(store.workspace_title, "AN IDEA");
+    EXPECT_EQ(store.cel_bitmap.width(), 31);
+}
+
+TEST_F(RunningWorkTest, NoFailureOfACallLosesWhatWasOnTheDisk)
+{
+    int points = 0, silent = 0;
+    for (const Fault fault : {Fault::NO_SPACE, Fault::IO_ERROR, Fault::SHORT, Fault::BROKEN, Fault::ENDS}) {
+        for (int point = 1;; ++point) {
+            std::filesystem::remove(journal());
+            start_again();
+            ASSERT_FALSE(frame_changed());
+            start_running_work();
+            std::vector<Bitmap> pictures;
+            pictures.push_back(merged_frame());
+            box(20, 0xff8040);
+            settle_running_work();
+            pictures.push_back(merged_frame());
+            bool reached = false;
+            {
+                const FailingCalls failing(fault, point);
+                for (int i = 0; i < 2; ++i) {
+                    box(70 + 50 * i, 0x305070 * (i + 1));
+                    settle_running_work();
+                    pictures.push_back(merged_frame());
+                    if (i == 0) crop_frame(0, 0, 150, 120); // a new journal beside the old one
+                    settle_running_work();
+                    pictures.push_back(merged_frame());
+                }
+                reached = FailingCalls::count() >= point;
+            }
+            if (!reached) break;
+            ++points;
+            menus.status_message = 0;
+            keep_running_work();
+            const bool told_so = menus.status_message != 0;
+            start_again();
+            const Bitmap found = merged_frame();
+            const auto match = std::ranges::find_if(pictures, [&](const Bitmap& one) { return same(one, found); });
+            ASSERT_NE(match, pictures.end()) << "fault " << static_cast<int>(fault) << " at call " << point;
+            ASSERT_GE(match - pictures.begin(), 1) << "what was on the disk is lost";
+            const bool all = same(found, pictures.back());
+            silent += fault != Fault::ENDS && !all && !told_so;
+            EXPECT_FALSE(kept_aside());
+        }
+    }
+    EXPECT_GT(points, 60);
+    EXPECT_EQ(silent, 0);
+    std::cout << "journal: " << points << " points, " << silent << " silent\n";
+}
+
+} // namespace kelu
