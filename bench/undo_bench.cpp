@@ -58,7 +58,7 @@ void first_pixel(benchmark::State& state)
     }
     drop();
 }
-BENCHMARK(first_pixel)->Arg(320)->Arg(4096)->Arg(9999)->Unit(benchmark::kMicrosecond);
+BENCHMARK(first_pixel)->Arg(320)->Arg(4096)->Arg(9999)->Unit(benchmark::kMicrosecond)->Iterations(300);
 
 /// A small stroke, its undo and its redo.
 void stroke_undo_redo(benchmark::State& state)
@@ -76,7 +76,7 @@ void stroke_undo_redo(benchmark::State& state)
     }
     drop();
 }
-BENCHMARK(stroke_undo_redo)->Arg(320)->Arg(4096)->Arg(9999)->Unit(benchmark::kMicrosecond);
+BENCHMARK(stroke_undo_redo)->Arg(320)->Arg(4096)->Arg(9999)->Unit(benchmark::kMicrosecond)->Iterations(300);
 
 /// The end of an operation that has changed every pixel.
 void settle_whole_canvas(benchmark::State& state)
