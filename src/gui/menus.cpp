@@ -29,6 +29,8 @@ void flash_failure(int id, std::string_view reason)
     flash_status_message(id, failure_ticks);
 }
 
+void flash_done(int id, std::string_view what) { flash_failure(id, what); }
+
 void count_status_message()
 {
     const int ticks = menus.status_message_ticks;

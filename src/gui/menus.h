@@ -109,6 +109,8 @@ void flash_status_message(int id, int ticks = message_ticks);
 /// The same for a failure and its reason, which is behind the row's text, or in its place where both are too wide.
 /// Main thread.
 void flash_failure(int id, std::string_view reason);
+/// The same for what has been done, with a name or a number behind it. Main thread.
+void flash_done(int id, std::string_view what);
 /// Counts a timed message down and takes it away at its end. Called by the logic tick.
 void count_status_message();
 /// No menu is frozen behind a pop-up any more.

@@ -87,6 +87,8 @@ constexpr const char* action_names[] = {
     "PLAY ANIMATION",
     "EXIT PROGRAM",
     "RAPID EXIT (NO DIALOG)",
+    "SAVE ANIMATION",
+    "LOAD ANIMATION",
     "...",
 };
 static_assert(std::size(action_names) == ACTION_LIST_END + 1, "the name of an action is missing");
@@ -424,6 +426,11 @@ constexpr LabelRow label_rows[] = {
     {TEXT_JUMP_TO_END, "JUMP TO END"},
     {TEXT_SAVING_WORKSPACE, "SAVING WORKSPACE"},
     {TEXT_LOADING_WORKSPACE, "LOADING WORKSPACE"},
+    {TEXT_SAVING_ANIMATION, "SAVING ANIMATION"},
+    {TEXT_LOADING_ANIMATION, "LOADING ANIMATION"},
+    {TEXT_ANIMATION, "ANIMATION"},
+    {TEXT_SHEET_OR_ANIMATION, "ONE AFTER THE OTHER, OR SIDE BY SIDE?"},
+    {TEXT_LOAD_FIRST_ONES, "LOAD THE FIRST OF THEM?"},
 };
 
 /// The labels spread out by their rows; two labels on one row stop the build.
@@ -453,6 +460,7 @@ constexpr Block blocks[] = {
 const char* UiStrings::operator[](int row) const
 {
     if (row < 0 || row >= text_rows) return "";
+    if (row == TEXT_TOLD) return told_text.c_str();
     if (const char* label = labels[row]) return label;
     for (const Block& block : blocks) {
         const int place = row - block.first;

@@ -2,6 +2,8 @@
 // other.
 #pragma once
 
+#include <string>
+
 namespace kelu {
 
 // First rows of the blocks that ids count into.
@@ -10,7 +12,7 @@ constexpr int first_drive_name = 100;     ///< + drive, 0 to 25: "A:" onward
 constexpr int first_ink_name = 200;       ///< + ink id, 0 to 24
 constexpr int first_failure = 250;        ///< the failure panel's first line; + code of the failure: its second line
 constexpr int first_option_name = 320;    ///< + row of the options, 0 to 41
-constexpr int first_action_name = 400;    ///< + action id, 0 to 65
+constexpr int first_action_name = 400;    ///< + action id, 0 to 67
 constexpr int first_help_topic = 480;     ///< + topic, 0 to 50
 constexpr int first_mouse_function = 620; ///< + function of a mouse button, 0 to 27
 constexpr int first_help_page = 680;      ///< + page: 0 the first one, then topic + 1
@@ -337,9 +339,18 @@ enum TextId : int {
 
     // Titles of the window that shows how far an archive has come.
     TEXT_SAVING_WORKSPACE = 170,
-    TEXT_LOADING_WORKSPACE
+    TEXT_LOADING_WORKSPACE,
+    TEXT_SAVING_ANIMATION,
+    TEXT_LOADING_ANIMATION,
+    TEXT_ANIMATION,
+    TEXT_SHEET_OR_ANIMATION,
+    TEXT_LOAD_FIRST_ONES,
+    TEXT_TOLD ///< `told_text`
 };
 constexpr int text_rows = TEXT_DISABLED + 1; ///< rows of the table
+
+/// The text of TEXT_TOLD, for what no table can hold: numbers and names. Written by who shows it. Main thread.
+inline std::string told_text;
 
 /// The table: `ui_strings[row]` is the text of a row, "" for a row that has none.
 struct UiStrings {

@@ -2,19 +2,13 @@
 #include "imagefile/gif.h"
 
 #include "base/log.h"
+#include "imagefile/gif_blocks.h"
 #include "imagefile/indexed.h"
 #include "imagefile/lzw.h"
 #include "imagefile/refusal.h"
 
 namespace kelu {
 namespace {
-
-enum Block { BLOCK_EXTENSION = 0x21, BLOCK_IMAGE = 0x2c, BLOCK_END = 0x3b };
-constexpr int label_control = 0xf9;
-
-/// Bit 7 of a packed byte tells of a table; its low three bits tell of how many entries.
-constexpr int packed_table = 0x80;
-constexpr int packed_interlaced = 0x40;
 
 struct Image {
     int width = 0, height = 0;
@@ -24,8 +18,7 @@ struct Image {
 
 void read_table(ByteReader& in, int packed, RGB* palette)
 {
-    if (!(packed & packed_table)) return;
-    for (int i = 0; i < 1 << ((packed & 7) + 1); ++i) {
+    for (int i = 0; i < gif_table_entries(packed); ++i) {
         palette[i].r = static_cast<unsigned char>(in.byte() >> 2);
         palette[i].g = static_cast<unsigned char>(in.byte() >> 2);
         palette[i].b = static_cast<unsigned char>(in.byte() >> 2);
@@ -38,7 +31,7 @@ void read_extension(ByteReader& in, Image& image)
     const int label = in.byte();
     for (int size = in.byte(); size > 0; size = in.byte()) {
         ByteReader block(in.take(static_cast<std::size_t>(size)));
-        if (label != label_control) continue;
+        if (label != gif_control_label) continue;
         const int flags = block.byte();
         block.little16(); // delay
         image.transparent = flags & 1 ? block.byte() : -1;
@@ -50,12 +43,12 @@ bool find_image(ByteReader& in, Image& image)
 {
     while (!in.ended()) {
         switch (in.byte()) {
-        case BLOCK_EXTENSION:
+        case GIF_EXTENSION:
             read_extension(in, image);
             break;
-        case BLOCK_IMAGE:
+        case GIF_IMAGE:
             return true;
-        case BLOCK_END:
+        case GIF_END:
             return false;
         default:
             break;
@@ -71,26 +64,9 @@ bool read_descriptor(ByteReader& in, Image& image, RGB* palette)
     image.width = in.little16();
     image.height = in.little16();
     const int packed = in.byte();
-    image.interlaced = packed & packed_interlaced;
+    image.interlaced = packed & gif_packed_interlaced;
     read_table(in, packed, palette);
     return !in.ended() && bitmap_size_valid(image.width, image.height);
-}
-
-/// The file keeps every eighth row first, then the rows between, in four passes.
-std::vector<int> row_order(const Image& image)
-{
-    struct Pass {
-        int first, step;
-    };
-    constexpr Pass plain[] = {{0, 1}};
-    constexpr Pass interlaced[] = {{0, 8}, {4, 8}, {2, 4}, {1, 2}};
-    std::vector<int> order;
-    for (const auto [first, step] :
-         image.interlaced ? std::span<const Pass>(interlaced) : std::span<const Pass>(plain)) {
-        for (int y = first; y < image.height; y += step)
-            order.push_back(y);
-    }
-    return order;
 }
 
 /// Lets the transparent index and index 0 change places: transparency ends at index 0, and no colour changes.
@@ -114,7 +90,7 @@ Bitmap build_bitmap(const Image& image, const Bytes& pixels, const RGB* palette)
     if (!bitmap) return refuse(refusal::no_memory);
     const auto w = static_cast<std::size_t>(image.width);
     std::span<const uint8_t> left = pixels;
-    for (const int y : row_order(image)) {
+    for (const int y : gif_row_order(image.height, image.interlaced)) {
         const auto run = left.first(std::min(w, left.size()));
         std::transform(run.begin(), run.end(), row(bitmap, y), [&colors](uint8_t index) { return colors[index]; });
         left = left.subspan(run.size());

@@ -11,9 +11,15 @@ namespace kelu {
 /// Codes have at most this many bits.
 constexpr int lzw_max_width = 12;
 
-/// Appends the pixels as sub-blocks for a minimum code size of 8, without the empty block that ends them. One clear
-/// code opens the stream; when the table of strings is full it stays as it is. There is at least one pixel.
-void lzw_encode(std::span<const uint8_t> pixels, Bytes& out);
+/// How a stream is coded.
+struct LzwForm {
+    int minimum_size = 8;          ///< bits of a pixel, 2 to 8; no pixel is larger
+    bool clears_when_full = false; ///< a full table of strings begins anew; otherwise it stays as it is
+};
+
+/// Appends the pixels as sub-blocks, without the empty block that ends them. A clear code opens the stream. There is at
+/// least one pixel.
+void lzw_encode(std::span<const uint8_t> pixels, Bytes& out, LzwForm form = {});
 
 /// Decodes sub-blocks into at most `limit` pixels, appended to `pixels`. Stops at the end code, at the empty block, at
 /// the end of the bytes and at codes that can't be.

@@ -6,8 +6,6 @@
 namespace kelu {
 namespace {
 
-constexpr int clear_code = 256;
-constexpr int end_code = 257;
 /// The last string that is added.
 constexpr int top_limit = 4094;
 
@@ -52,7 +50,14 @@ private:
 /// is there twice and any way of finding it gives the same code.
 class Dictionary {
 public:
-    Dictionary() { cells_.fill(free_cell); }
+    explicit Dictionary(int end_code) : end_code_(end_code) { clear(); }
+
+    /// Forgets all strings.
+    void clear()
+    {
+        cells_.fill(free_cell);
+        top_ = end_code_;
+    }
 
     /// The code of the pair, or -1. Remembers where `add` would put it.
     int find(int prefix, int suffix)
@@ -71,25 +76,28 @@ public:
     }
     /// The highest code in use.
     int top() const { return top_; }
+    bool full() const { return top_ == top_limit; }
 
 private:
     static constexpr int cell_bits = 14; // four cells a string: chains are short
     static constexpr int code_bits = lzw_max_width;
     static constexpr uint64_t free_cell = ~uint64_t{0};
 
-    std::array<uint64_t, std::size_t{1} << cell_bits> cells_{}; ///< pair and code, or free_cell
+    std::array<uint64_t, std::size_t{1} << cell_bits> cells_; ///< pair and code, or free_cell
     uint32_t wanted_ = 0;
     std::size_t at_ = 0;
-    int top_ = end_code;
+    int end_code_, top_ = 0;
 };
 
 } // namespace
 
-void lzw_encode(std::span<const uint8_t> pixels, Bytes& out)
+void lzw_encode(std::span<const uint8_t> pixels, Bytes& out, LzwForm form)
 {
+    const int clear_code = 1 << form.minimum_size;
+    const int end_code = clear_code + 1;
     CodeWriter codes(out);
-    Dictionary strings;
-    int width = 9;
+    Dictionary strings(end_code);
+    int width = form.minimum_size + 1;
     codes.put(clear_code, width);
     int previous = pixels[0];
     const auto extend = [&](int suffix) {
@@ -102,6 +110,10 @@ void lzw_encode(std::span<const uint8_t> pixels, Bytes& out)
         if (1 << width < strings.top() && width < lzw_max_width) ++width;
         codes.put(previous, width);
         previous = suffix;
+        if (!form.clears_when_full || !strings.full()) return;
+        codes.put(clear_code, width);
+        strings.clear();
+        width = form.minimum_size + 1;
     };
     for (const uint8_t pixel : pixels.subspan(1))
         extend(pixel);

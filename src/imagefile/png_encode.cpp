@@ -5,6 +5,8 @@
 #include "imagefile/png.h"
 
 #include "imagefile/png_filters.h"
+#include "imagefile/png_rows.h"
+#include "imagefile/png_write.h"
 #include <new>
 #include <zlib.h>
 
@@ -21,16 +23,6 @@ struct PixelForm {
 constexpr PixelForm rgb_form = {2, 3};
 constexpr PixelForm palette_form = {3, 1};
 constexpr PixelForm rgba_form = {6, 4};
-
-void put_chunk(ByteWriter& out, std::string_view type, std::span<const uint8_t> data)
-{
-    uLong crc = crc32(0, reinterpret_cast<const Bytef*>(type.data()), static_cast<uInt>(type.size()));
-    if (!data.empty()) crc = crc32(crc, data.data(), static_cast<uInt>(data.size()));
-    out.big32(static_cast<uint32_t>(data.size()));
-    out.text(type);
-    out.append(data);
-    out.big32(static_cast<uint32_t>(crc));
-}
 
 bool has_alpha(BITMAP* bitmap)
 {
@@ -68,7 +60,7 @@ void gather_row(BITMAP* bitmap, int y, int pixel_bytes, uint8_t* out)
 }
 
 /// All rows, each behind its filter byte.
-Bytes filtered_rows(BITMAP* bitmap, PixelForm form)
+Bytes filtered_rows(BITMAP* bitmap, PixelForm form, int filter)
 {
     const auto step = static_cast<std::size_t>(form.bytes);
     const std::size_t size = static_cast<std::size_t>(bitmap->w) * step;
@@ -79,7 +71,7 @@ Bytes filtered_rows(BITMAP* bitmap, PixelForm form)
     for (int y = 0; y < bitmap->h; ++y, out += size + 1) {
         uint8_t* present = rows[y & 1].data() + step;
         gather_row(bitmap, y, form.bytes, present);
-        if (form.color_type == palette_form.color_type) {
+        if (filter == PNG_FILTER_NONE) {
             out[0] = PNG_FILTER_NONE;
             std::copy_n(present, size, out + 1);
         } else {
@@ -88,18 +80,6 @@ Bytes filtered_rows(BITMAP* bitmap, PixelForm form)
         }
     }
     return raw;
-}
-
-Bytes header_data(BITMAP* bitmap, int color_type)
-{
-    Bytes data;
-    ByteWriter head(data);
-    head.big32(static_cast<uint32_t>(bitmap->w));
-    head.big32(static_cast<uint32_t>(bitmap->h));
-    head.byte(8); // bits a sample
-    head.byte(color_type);
-    head.fill(3); // compression, filter method, interlace
-    return data;
 }
 
 Bytes palette_data(const RGB* palette)
@@ -119,35 +99,68 @@ Bytes palette_data(const RGB* palette)
 
 int fail(const char* error)
 {
-    png_error = error;
+    png_fail(error);
     return -1;
+}
+
+/// One zlib stream; empty when that failed.
+Bytes packed(const Bytes& raw)
+{
+    uLongf size = compressBound(static_cast<uLong>(raw.size()));
+    Bytes bytes(size);
+    const int result = compress2(bytes.data(), &size, raw.data(), static_cast<uLong>(raw.size()), best_compression);
+    bytes.resize(result == Z_OK ? size : 0);
+    if (result != Z_OK) fail(result == Z_MEM_ERROR ? "Cannot allocate memory!" : "Error during compression!");
+    return bytes;
 }
 
 int encode(BITMAP* bitmap, const RGB* palette, Bytes& out)
 {
     if (!bitmap || bitmap->w < 1 || bitmap->h < 1) return fail("Width or height or both of the image are 0!");
     const PixelForm form = form_of(bitmap);
-    Bytes packed;
-    {
-        const Bytes raw = filtered_rows(bitmap, form);
-        uLongf size = compressBound(static_cast<uLong>(raw.size()));
-        packed.resize(size);
-        const int result =
-            compress2(packed.data(), &size, raw.data(), static_cast<uLong>(raw.size()), best_compression);
-        if (result != Z_OK)
-            return fail(result == Z_MEM_ERROR ? "Cannot allocate memory!" : "Error during compression!");
-        packed.resize(size);
-    }
+    const bool indexed = form.color_type == palette_form.color_type;
+    const Bytes data = packed(filtered_rows(bitmap, form, indexed ? PNG_FILTER_NONE : PNG_FILTER_PAETH));
+    if (data.empty()) return -1;
     ByteWriter file(out);
     file.append(png_signature);
-    put_chunk(file, "IHDR", header_data(bitmap, form.color_type));
-    if (form.color_type == palette_form.color_type) put_chunk(file, "PLTE", palette_data(palette));
-    put_chunk(file, "IDAT", packed);
-    put_chunk(file, "IEND", {});
+    put_png_chunk(file, "IHDR", png_header_data(bitmap->w, bitmap->h, form.color_type));
+    if (indexed) put_png_chunk(file, "PLTE", palette_data(palette));
+    put_png_chunk(file, "IDAT", data);
+    put_png_chunk(file, "IEND", {});
     return 0;
 }
 
 } // namespace
+
+void put_png_chunk(ByteWriter& out, std::string_view type, std::span<const uint8_t> data)
+{
+    uLong crc = crc32(0, reinterpret_cast<const Bytef*>(type.data()), static_cast<uInt>(type.size()));
+    if (!data.empty()) crc = crc32(crc, data.data(), static_cast<uInt>(data.size()));
+    out.big32(static_cast<uint32_t>(data.size()));
+    out.text(type);
+    out.append(data);
+    out.big32(static_cast<uint32_t>(crc));
+}
+
+Bytes png_header_data(int width, int height, int color_type)
+{
+    Bytes data;
+    ByteWriter head(data);
+    head.big32(static_cast<uint32_t>(width));
+    head.big32(static_cast<uint32_t>(height));
+    head.byte(8); // bits a sample
+    head.byte(color_type);
+    head.fill(3); // compression, filter method, interlace
+    return data;
+}
+
+Bytes packed_rgba(BITMAP* bitmap)
+{
+    Bytes by_paeth = packed(filtered_rows(bitmap, rgba_form, PNG_FILTER_PAETH));
+    Bytes plain = packed(filtered_rows(bitmap, rgba_form, PNG_FILTER_NONE));
+    return plain.empty() || (!by_paeth.empty() && by_paeth.size() < plain.size()) ? std::move(by_paeth)
+                                                                                  : std::move(plain);
+}
 
 int encode_png(BITMAP* bitmap, const RGB* palette, Bytes& out)
 {

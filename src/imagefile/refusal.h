@@ -21,6 +21,8 @@ inline Bitmap refuse(const char* reason)
 namespace refusal {
 constexpr const char* ends_early = "The file ends early!";
 constexpr const char* no_picture = "No picture in it!";
+constexpr const char* damaged = "The file is damaged!";
+constexpr const char* too_large = "Too many pixels!";
 constexpr const char* no_memory = "Not enough memory!";
 } // namespace refusal
 

@@ -1,6 +1,7 @@
 // The position in the animation, moved by time and not by the frames of the screen.
 #include "runtime/animation.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace kelu {
@@ -52,6 +53,26 @@ void animation_tick()
     }
     if (frame_at(animation.anim_pos) < 0) animation.anim_pos = 0;
     if (animation.anim_timer > most_counts) animation.anim_timer = 0;
+}
+
+int ticks_of_delay(int delay, int speed)
+{
+    if (speed >= 1) return delay / speed + 1;
+    return (delay + 1) * std::max(1, std::abs(speed));
+}
+
+int delay_of_ticks(int ticks, int speed)
+{
+    const int pace = std::max(1, std::abs(speed));
+    const int delay = speed >= 1 ? (ticks - 1) * speed : (ticks + pace / 2) / pace - 1;
+    return std::clamp(delay, 0, max_anim_delay);
+}
+
+int speed_for_ticks(int ticks)
+{
+    constexpr int most = max_anim_delay + 1;
+    if (ticks <= most) return 1;
+    return std::max(min_anim_speed, -((ticks + most - 1) / most));
 }
 
 void stop_animation()

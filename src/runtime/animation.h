@@ -34,6 +34,12 @@ inline Animation animation;
 /// frame with delay d stays for d + 1 counts; both ends of the list lead to the other one. A speed of 1 to 10 counts
 /// that much a tick, 0 and -1 count 1, and -n counts 1 in every n ticks.
 void animation_tick();
+/// Ticks that a frame of a delay stays at a speed.
+int ticks_of_delay(int delay, int speed);
+/// The delay, 0 to `max_anim_delay`, at which a frame stays nearest to so many ticks at a speed.
+int delay_of_ticks(int ticks, int speed);
+/// The fastest speed from 1 down at which a frame can stay so many ticks, or the slowest of all.
+int speed_for_ticks(int ticks);
 /// Stopped, at the first frame of the list.
 void stop_animation();
 

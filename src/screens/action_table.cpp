@@ -11,6 +11,7 @@
 #include "runtime/hotkeys.h"
 #include "runtime/view.h"
 #include "screens/alpha_preview.h"
+#include "screens/animation_files.h"
 #include "screens/animation_menu.h"
 #include "screens/cel_commands.h"
 #include "screens/cel_transform.h"
@@ -102,6 +103,8 @@ constexpr ActionRow actions[] = {
     {ACTION_PLAY, KEY_Z, 0, IN_DRAW_MENU, CHANGES_FRAME, over_draw_menu<playback_menu>},
     {ACTION_EXIT, KEY_Q, 0, IN_DRAW_MENU, IN_FIELD | CHANGES_FRAME, ask_exit},
     {ACTION_RAPID_EXIT, KEY_Q + key_shift, 0, IN_ANY_MENU, ONCE | IN_FIELD, request_end},
+    {ACTION_ANIMATION_SAVE, 0, 0, IN_DRAW_MENU, CHANGES_FRAME, over_draw_menu<save_animation>},
+    {ACTION_ANIMATION_LOAD, 0, 0, IN_DRAW_MENU, CHANGES_FRAME, over_draw_menu<load_animation>},
     {ACTION_LIST_END, 0, 0, 0, 0, nullptr},
 };
 static_assert(std::size(actions) == ACTION_LIST_END + 1, "the row of an action is missing");

@@ -5,7 +5,9 @@
 #include "loop/pass.h"
 #include "runtime/hotkeys.h"
 #include "runtime/store.h"
+#include "screens/animation_files.h"
 #include "screens/animation_slots.h"
+#include "workspace/frame_cache.h"
 #include "workspace/merged.h"
 #include "workspace/thumbnails.h"
 
@@ -31,12 +33,38 @@ void read_tags()
     if (gui.event[SLOT_NONE].take() != 0) tag_all(false);
 }
 
+/// Opens the file browser in the place of the screen, and the screen again where it was. Frames that came in keep
+/// their tags and delays, whatever CANCEL gives back.
+void visit_files(void (*open)(), Animation& kept)
+{
+    const int strip = gui.scroll_value[SLOT_STRIP], timing = gui.scroll_value[SLOT_TIMING];
+    const int frames = store.frame_count;
+    close_screen();
+    open();
+    for (int frame = frames; frame < store.frame_count; ++frame) {
+        const auto slot = static_cast<std::size_t>(frame);
+        kept.anim_tag[slot] = int(animation.anim_tag[slot]);
+        kept.anim_delay[slot] = int(animation.anim_delay[slot]);
+    }
+    if (store.frame_count > frames && kept.anim_count == 0) kept.anim_speed = int(animation.anim_speed);
+    build_animation_menu();
+    gui.scroll_value[SLOT_STRIP] = strip;
+    gui.scroll_value[SLOT_TIMING] = timing;
+}
+
+void read_file_buttons(Animation& kept)
+{
+    if (gui.event[SLOT_SAVE].take() != 0 || hotkey_test(ACTION_ANIMATION_SAVE)) visit_files(save_animation, kept);
+    if (gui.event[SLOT_LOAD].take() != 0 || hotkey_test(ACTION_ANIMATION_LOAD)) visit_files(load_animation, kept);
+}
+
 /// Runs the loop; true after OKAY.
-bool choose_frames()
+bool choose_frames(Animation& kept)
 {
     constexpr Pass pass{.right_click = RightClick::HIDES, .leave_key = ACTION_ANIMATE};
     while (run_pass(pass)) {
         read_tags();
+        read_file_buttons(kept);
         update_animation_menu();
         if (gui.event[SLOT_CANCEL].take() != 0) return false;
         if (gui.event[SLOT_OKAY].take() != 0) return true;
@@ -49,21 +77,20 @@ void give_back(const Animation& kept)
 {
     animation.anim_tag = kept.anim_tag;
     animation.anim_delay = kept.anim_delay;
-    animation.anim_list = kept.anim_list;
     animation.anim_speed = kept.anim_speed;
-    animation.anim_count = kept.anim_count;
+    animation.anim_count = build_anim_list();
 }
 
 } // namespace
 
 void animation_menu()
 {
-    const Animation kept = animation;
+    Animation kept = animation;
     build_animation_menu();
     if (frame_changed()) update_frame_nail(0);
     update_animation_menu();
     wait_for_release(ACTION_ANIMATE);
-    const bool accepted = choose_frames();
+    const bool accepted = choose_frames(kept);
     close_screen(); // before the old values come back: the sliders write until they have gone
     if (!accepted) give_back(kept);
 }

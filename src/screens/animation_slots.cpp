@@ -39,6 +39,8 @@ constexpr std::array layout_rows{
     speed_slider_row(SLOT_SPEED, 109, 148, 198),
     push_row(SLOT_ALL, 2, 160, 54, TEXT_ALL),
     push_row(SLOT_NONE, 67, 160, 54, TEXT_NONE_OF_ALL),
+    push_row(SLOT_SAVE, 124, 160, 30, TEXT_SAVE, TIP_SAVE_ANIMATION),
+    push_row(SLOT_LOAD, 156, 160, 30, TEXT_LOAD, TIP_LOAD_ANIMATION),
     push_row(SLOT_OKAY, 189, 160, 54, TEXT_OKAY),
     push_row(SLOT_CANCEL, 254, 160, 54, TEXT_CANCEL),
 };

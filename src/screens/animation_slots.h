@@ -23,7 +23,9 @@ enum AnimationSlot : int {
     SLOT_RIGHT_CAPTION = 24,
     SLOT_SPEED_CAPTION = 25,
     SLOT_SPEED = 26,
-    ANIMATION_SLOTS = 27
+    SLOT_SAVE = 27,
+    SLOT_LOAD = 28,
+    ANIMATION_SLOTS = 29
 };
 
 constexpr int animation_nails = 7; ///< thumbnails that show of all frames, from SLOT_NAIL_0 on

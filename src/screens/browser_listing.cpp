@@ -65,6 +65,8 @@ std::string without_drive(const std::string& path)
 
 } // namespace
 
+std::string shown_name(const std::string& name) { return row_text(name, false); }
+
 void scan_directory(std::string_view pattern, int list_slot, int path_slot)
 {
     browser_listing = {};

@@ -27,6 +27,9 @@ int pointed_row(int slot);
 /// in the log, when it can't be entered; the working directory is then as before.
 bool enter_folder(const std::string& path);
 
+/// What the screens show of a file's name: its letters in upper case, "?" for those that the font doesn't have.
+std::string shown_name(const std::string& name);
+
 /// Puts a text into a field, with the caret behind it and in view.
 void show_in_field(int slot, const std::string& text);
 

@@ -12,6 +12,10 @@ namespace {
 
 enum { WINDOW = 0, TITLE = 1, SLOT_OKAY = 2, SLOT_CANCEL = 3, FIRST_LINE = 4, SECOND_LINE = 5, DIALOG_SLOTS = 6 };
 
+/// Of a question with answers of its own: two lines, then the answers.
+enum { ANSWER_LINE = 2, FIRST_ANSWER = 4 };
+constexpr int most_answers = 3;
+
 constexpr int high_window = 120; ///< window of a dialog that leaves the open window's slots alone
 constexpr int left = 60, top = 80, width = 200, height = 60;
 constexpr int button_w = 59;
@@ -81,6 +85,37 @@ int confirm_over_window(int first_text, int second_text, DialogButtons buttons)
         gui_reset_slot(slot);
     clear_ghost();
     menu_show(WINDOW);
+    gui_logic.gui_key_focus = focus;
+    return answer;
+}
+
+int choose_over_window(int first_text, std::span<const int> answers, int second_text)
+{
+    const int focus = std::exchange(gui_logic.gui_key_focus, -1);
+    const int menu_before = menus.menu_id;
+    freeze_menu();
+    menu_hide(WINDOW);
+    menus.menu_id = MENU_DIALOG;
+    build_ground(high_window);
+    gui.slot_count[high_window] = FIRST_ANSWER + most_answers;
+    build_lines(high_window + ANSWER_LINE - FIRST_LINE, first_text, second_text);
+    const int count = static_cast<int>(answers.size());
+    for (int i = 0; i < count; ++i) {
+        const int x = count == 1 ? (width - button_w) / 2 : 2 + i * (width - button_w - 3) / (count - 1);
+        build_slot(push_row(high_window + FIRST_ANSWER + i, x, 50, button_w, answers[static_cast<std::size_t>(i)]),
+                   left, top);
+    }
+    int answer = -1;
+    while (answer < 0 && run_pass(passes::plain)) {
+        for (int i = 0; i < count; ++i)
+            if (gui.event[high_window + FIRST_ANSWER + i].take() != 0) answer = i;
+    }
+    if (answer < 0) answer = count - 1;
+    for (int slot = high_window; slot < high_window + FIRST_ANSWER + most_answers; ++slot)
+        gui_reset_slot(slot);
+    clear_ghost();
+    menu_show(WINDOW);
+    menus.menu_id = menu_before;
     gui_logic.gui_key_focus = focus;
     return answer;
 }

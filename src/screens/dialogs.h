@@ -1,6 +1,8 @@
 // The program's one question to the user.
 #pragma once
 
+#include <span>
+
 namespace kelu {
 
 enum class DialogButtons {
@@ -15,6 +17,11 @@ int confirm_dialog(int first_text, int second_text, DialogButtons buttons = Dial
 
 /// The same over the open window, which is hidden meanwhile and keeps its slots and its key focus.
 int confirm_over_window(int first_text, int second_text, DialogButtons buttons = DialogButtons::OKAY_AND_CANCEL);
+
+/// Asks over the open window, which keeps its slots and its key focus, and comes back behind the question. `answers`
+/// are rows of the strings, 1 to 3; the index of the one that was clicked is returned, the last one's when the program
+/// is to end.
+int choose_over_window(int first_text, std::span<const int> answers, int second_text = 0);
 
 /// Over the drawing menu: freezes it, asks, and builds it again. Returns the answer.
 int ask(int first_text, int second_text, DialogButtons buttons = DialogButtons::OKAY_AND_CANCEL);

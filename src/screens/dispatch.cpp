@@ -13,6 +13,7 @@
 #include "runtime/browser_state.h"
 #include "runtime/preferences.h"
 #include "runtime/store.h"
+#include "screens/animation_files.h"
 #include "screens/jpeg_quality.h"
 #include "workspace/archive.h"
 #include "workspace/colour_files.h"
@@ -123,6 +124,7 @@ void connect_picture_files()
 
 bool load_picture_file(const std::string& name, int browser_mode)
 {
+    if (browser_mode == BROWSE_ANIMATION) return load_animation_file(name);
     const int format =
         format_in_mode(browser_mode == BROWSE_PICTURE ? format_of_file(name) : FORMAT_NONE, browser_mode);
     switch (format) {
@@ -139,6 +141,7 @@ bool load_picture_file(const std::string& name, int browser_mode)
 
 bool save_picture_file(const std::string& name, int browser_mode)
 {
+    if (browser_mode == BROWSE_ANIMATION) return save_animation_file(name);
     const int format = format_in_mode(format_from_extension(name, false), browser_mode);
     switch (format) {
     case FORMAT_WSP:

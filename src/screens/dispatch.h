@@ -11,7 +11,8 @@ enum BrowserMode : int {
     BROWSE_FONT,
     BROWSE_WORKSPACE, ///< these three overrule the format that the name tells of
     BROWSE_FAVORITES,
-    BROWSE_SCHEME
+    BROWSE_SCHEME,
+    BROWSE_ANIMATION ///< GIF or PNG, out of the tagged frames or behind the last one
 };
 
 /// Lets the frame store read picture files, and enters our formats into Allegro's tables. Once, after Allegro's start.

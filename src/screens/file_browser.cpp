@@ -45,6 +45,7 @@ private:
     bool chosen();
     bool okay();
     bool choose_font(const std::string& name);
+    std::string name_to_save(const std::string& typed) const;
     void reload();
 
     int task_, file_kind_;
@@ -137,12 +138,19 @@ bool Browser::choose_font(const std::string& name)
     return true;
 }
 
+/// The typed name with the ending that the lit filter gives it. Without one an animation becomes a GIF.
+std::string Browser::name_to_save(const std::string& typed) const
+{
+    if (file_kind_ == BROWSE_PICTURE) return with_ending(typed, lit_pattern());
+    if (file_kind_ != BROWSE_ANIMATION) return typed;
+    return with_ending(typed, lit_pattern() == every_file ? "*.GIF" : lit_pattern());
+}
+
 /// True when the file of the field has been loaded or saved, or that was tried.
 bool Browser::okay()
 {
     const std::string typed = field_text(BROWSER_FILE);
-    const bool by_filter = task_ == BROWSER_SAVE && file_kind_ == BROWSE_PICTURE;
-    const std::string name = file_named(by_filter ? with_ending(typed, lit_pattern()) : typed, picked_);
+    const std::string name = file_named(task_ == BROWSER_SAVE ? name_to_save(typed) : typed, picked_);
     if (task_ == BROWSER_FONT) {
         cancelled_ = !choose_font(name);
     } else if (task_ == BROWSER_SAVE) {

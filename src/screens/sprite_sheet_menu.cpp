@@ -138,6 +138,7 @@ void sprite_sheet_menu()
         if (gui.event[SLOT_CANCEL].take() != 0) break;
         if (gui.event[SLOT_OKAY].take() != 0 && good && build_sprite_sheet(sheet)) break;
     }
+    if (read_numbers(sheet)) sheet_settings = sheet;
     close_screen();
 }
 

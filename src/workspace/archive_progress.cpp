@@ -3,34 +3,38 @@
 
 #include "base/run_state.h"
 #include "gui/build.h"
+#include "platform/input_events.h"
 #include "workspace/archive.h"
+#include <allegro.h>
 
 namespace kelu {
 namespace {
 
-enum { SLOT_BAR = 2, SLOT_COUNT };
+enum { SLOT_BAR = 2, SLOT_CANCEL, SLOT_COUNT };
 
 constexpr int window_w = 120, window_h = 42, bar_w = 117;
 constexpr int whole_bar = 100;
 
-void build_window(int title)
+void build_window(int title, bool cancelable)
 {
-    const SlotRow slots[] = {title_row(2, 2, bar_w, title), {SLOT_BAR, 2, 22, bar_w, KIND_PROGRESS}};
+    const SlotRow slots[] = {title_row(2, 2, bar_w, title),
+                             {SLOT_BAR, 2, cancelable ? 17 : 22, bar_w, KIND_PROGRESS},
+                             push_row(SLOT_CANCEL, 31, 32, 59, TEXT_CANCEL)};
     build_screen({.menu_id = MENU_DIALOG,
                   .x = logical_w / 2 - window_w / 2,
                   .y = logical_h / 3,
                   .w = window_w,
                   .h = window_h,
                   .slot_count = SLOT_COUNT,
-                  .slots = slots});
+                  .slots = std::span(slots).first(cancelable ? 3 : 2)});
 }
 
 } // namespace
 
-ArchiveProgress::ArchiveProgress(int title, int steps, ShowProgress show_progress)
-    : show_progress_(show_progress), step_(100.0F / static_cast<float>(steps))
+ArchiveProgress::ArchiveProgress(int title, int steps, ShowProgress show_progress, bool cancelable)
+    : show_progress_(show_progress), step_(100.0F / static_cast<float>(steps)), cancelable_(cancelable)
 {
-    build_window(title);
+    build_window(title, cancelable);
 }
 
 ArchiveProgress::~ArchiveProgress() { close_screen(); }
@@ -41,7 +45,16 @@ void ArchiveProgress::step()
     show(static_cast<int>(done_));
 }
 
+void ArchiveProgress::show_part(int done, int all) { show(whole_bar * done / all); }
+
 void ArchiveProgress::finish() { show(whole_bar); }
+
+bool ArchiveProgress::called_off()
+{
+    called_off_ |= cancelable_ &&
+                   (gui.event[SLOT_CANCEL].take() != 0 || ::key[KEY_ESC] != 0 || platform::key_pressed_lately(KEY_ESC));
+    return called_off_ || run_state.exit_requested != 0;
+}
 
 void ArchiveProgress::show(int percent)
 {

@@ -1,4 +1,4 @@
-// The small window that shows how far an archive has come.
+// The small window that shows how far an archive or an animation has come.
 #pragma once
 
 #include "workspace/archive.h"
@@ -9,21 +9,26 @@ namespace kelu {
 class ArchiveProgress {
 public:
     /// `title` is a row of the strings. `steps` frames make the whole bar; `show_progress` brings the picture on the
-    /// screen up to date.
-    ArchiveProgress(int title, int steps, ShowProgress show_progress);
+    /// screen up to date. `cancelable`: the window has a button for `called_off`.
+    ArchiveProgress(int title, int steps, ShowProgress show_progress, bool cancelable = false);
     ~ArchiveProgress();
     ArchiveProgress(const ArchiveProgress&) = delete;
     ArchiveProgress& operator=(const ArchiveProgress&) = delete;
     /// One more frame is done: moves the bar and shows it.
     void step();
+    /// Shows that `done` of `all` is done.
+    void show_part(int done, int all);
     /// Fills the bar and shows it.
     void finish();
+    /// True once the user has called the work off, by the button or by Escape, or wants to leave the program.
+    bool called_off();
 
 private:
     void show(int percent);
     ShowProgress show_progress_;
     float done_ = 0; // per cent
     float step_;     // per cent of one frame
+    bool cancelable_, called_off_ = false;
 };
 
 } // namespace kelu

@@ -49,7 +49,7 @@ bool apply(const std::string& record)
 
 void take_away_staged()
 {
-    const std::string hidden = std::string(".") + record_name + ".kelu-new";
+    constexpr const char* hidden = ".next.list.kelu-new"; // what is left of a record that was being written
     platform::remove_file(hidden);
     for (const platform::Entry& entry : platform::list_folder("."))
         if (entry.name.starts_with(std::string(file_set::next) + ".")) platform::remove_file(entry.name);

@@ -13,6 +13,10 @@ struct SpriteSheet {
     int border_color = 0;
 };
 
+/// What the sprite sheet screen was left with last; columns and spaces serve the sheets that animations are saved as.
+/// Writers: screens.
+inline SpriteSheet sheet_settings;
+
 /// Gives the current frame the sheet's size and draws its cells, each with a border of one pixel round its sprite. The
 /// undo queue is emptied. Returns false, with the reason reported, when a frame of that size can't be had; the frame
 /// then stays.

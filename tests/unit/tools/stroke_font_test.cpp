@@ -66,9 +66,9 @@ TEST_F(StrokeFont, becomes_letters)
 TEST_F(StrokeFontDeathTest, refuses_mistakes)
 {
     refuses("line 15 5\n", "letters.txt:1: expected 'pen' and 1 numbers");
-    refuses(std::string(strokes) + "curve 1 2 3 4\n", "no such stroke");
-    refuses(std::string(strokes) + "dot 1 500\n", "too far away");
-    refuses(std::string(strokes) + "glyph A 3\n", "the glyphs stand in order");
+    refuses(std::string(strokes).append("curve 1 2 3 4\n"), "no such stroke");
+    refuses(std::string(strokes).append("dot 1 500\n"), "too far away");
+    refuses(std::string(strokes).append("glyph A 3\n"), "the glyphs stand in order");
     refuses("pen 2\nline 15 5\ngap 2\nglyph A 3\n", "glyph #0 comes first");
 }
 

@@ -1,0 +1,14 @@
+// Any bytes for the reader of PNG animations.
+#include "imagefile/apng.h"
+
+#include "reader_target.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
+{
+    const auto look = [](const kelu::Bitmap& picture, int) {
+        look_at(picture);
+        return true;
+    };
+    kelu::read_apng({data, size}, look);
+    return 0;
+}

@@ -1,0 +1,285 @@
+// Animations between the frames and files, by mouse and keys: what is asked, what is told, and that nothing is lost.
+#include "imagefile/apng.h"
+#include "imagefile/formats.h"
+#include "imagefile/gif_animation.h"
+#include "imagefile/png.h"
+#include "runtime/animation.h"
+#include "runtime/grid.h"
+#include "runtime/pixels.h"
+#include "screens/animation_slots.h"
+#include "screens/browser_slots.h"
+#include "support/frames.h"
+#include "support/pictures.h"
+#include "support/screen_session.h"
+#include "workspace/folder.h"
+#include "workspace/frame_cache.h"
+#include "workspace/sprite_sheet.h"
+#include <filesystem>
+#include <optional>
+
+namespace kelu {
+
+using namespace test;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+enum { ANSWER_1 = 124, ANSWER_2, ANSWER_3, PROGRESS_CANCEL = 3 };
+constexpr int opaque = static_cast<int>(0xff000000U);
+
+/// Pictures of a file with their times in hundredths.
+struct Seen {
+    std::vector<Bitmap> pictures;
+    std::vector<int> hundredths;
+};
+
+Seen seen_in(const std::string& name)
+{
+    Seen seen;
+    const Bytes bytes = [&name] {
+        std::ifstream in(name, std::ios::binary);
+        return Bytes(std::istreambuf_iterator<char>(in), {});
+    }();
+    const auto add = [&seen](const Bitmap& picture, int duration) {
+        seen.pictures.push_back(picture.copy());
+        seen.hundredths.push_back(duration / units_per_hundredth);
+        return true;
+    };
+    name.ends_with("gif") || name.ends_with("GIF") ? read_gif_animation(bytes, add) : read_apng(bytes, add);
+    return seen;
+}
+
+/// Transparent pixels have no colour to compare.
+Bitmap plain_nothing(const Bitmap& picture)
+{
+    return paint(picture.width(), picture.height(), [&picture](int x, int y) {
+        const int pixel = row(picture, y)[x];
+        return static_cast<unsigned>(pixel) >> 24 == 0 ? 0 : pixel;
+    });
+}
+
+/// A session in a folder of pictures, with four frames of which three are tagged, and the animation screen open.
+class AnimationFiles : public testing::Test {
+protected:
+    AnimationFiles()
+    {
+        folder_ = session_->folder() + "/pictures";
+        fs::create_directories(folder_);
+        fs::current_path(folder_);
+        make_frames(4);
+        replace_frame(50, 30, 0x2040c0);
+        for (int y = 0; y < 10; ++y)
+            std::fill_n(row(store.alpha_bitmap, y), 50, 0);
+        fs::current_path(folder_);
+        animation.anim_speed = 1;
+        for (const int frame : {0, 1, 3}) {
+            tag_of(frame) = 1;
+            animation.anim_delay[static_cast<std::size_t>(frame)] = 11 + 12 * frame; // 1, 2 and 4 tenths
+        }
+        animation.anim_count = build_anim_list();
+        session_->key(KEY_Z, {KEY_LSHIFT});
+    }
+    ~AnimationFiles() override
+    {
+        if (!session_) return;
+        if (!session_->ended() && menus.menu_id == MENU_ANIMATION) session_->click(SLOT_CANCEL);
+        fs::current_path(session_->folder());
+    }
+
+    void enter(const std::string& name)
+    {
+        for (const char letter : name) {
+            if (letter == '.')
+                session_->key(KEY_STOP);
+            else
+                session_->type({letter});
+        }
+    }
+    /// Runs the browser that is open to its end with a file.
+    void choose(const std::string& name)
+    {
+        enter(name);
+        session_->key(KEY_ENTER);
+    }
+    void wait_for_animation_menu()
+    {
+        session_->frames_until([] { return menus.menu_id == MENU_ANIMATION; });
+    }
+    static std::string told() { return menus.status_reason; }
+
+    std::optional<Session> session_{plain_home};
+    std::string folder_;
+};
+
+} // namespace
+
+TEST_F(AnimationFiles, SavesTheTaggedFramesAsTheyPlay)
+{
+    session_->click(SLOT_SAVE);
+    ASSERT_EQ(menus.menu_id, MENU_BROWSER);
+    choose("walk");
+    wait_for_animation_menu();
+    EXPECT_EQ(menus.status_message, TIP_SAVED);
+    EXPECT_EQ(told(), "WALK.GIF");
+    const Seen gif = seen_in("walk.GIF");
+    ASSERT_EQ(gif.pictures.size(), 3U);
+    EXPECT_EQ(gif.hundredths, (std::vector<int>{10, 20, 40}));
+    EXPECT_EQ(gif.pictures[0].width(), 320);
+    EXPECT_EQ(row(gif.pictures[0], 20)[40], opaque | 0x2040c0) << "the frame in memory, as it is now";
+    EXPECT_EQ(row(gif.pictures[0], 5)[40], 0) << "with its alpha";
+    EXPECT_EQ(row(gif.pictures[0], 20)[60], 0) << "and nothing where it ends";
+    EXPECT_EQ(row(gif.pictures[2], 100)[30], opaque | frame_color(3));
+
+    session_->click(SLOT_SAVE);
+    choose("walk.png");
+    ASSERT_EQ(menus.menu_id, MENU_DIALOG);
+    session_->click(ANSWER_1);
+    wait_for_animation_menu();
+    const Seen png = seen_in("walk.png");
+    ASSERT_EQ(png.pictures.size(), 3U);
+    for (std::size_t i = 0; i < 3; ++i)
+        EXPECT_EQ(difference(plain_nothing(png.pictures[i]), gif.pictures[i]), "") << i;
+
+    sheet_settings = {.spacing_x = 2, .spacing_y = 3, .columns = 2};
+    session_->click(SLOT_SAVE);
+    choose("sheet.png");
+    session_->click(ANSWER_2);
+    wait_for_animation_menu();
+    const Bitmap sheet = load_png("sheet.png");
+    EXPECT_EQ(sheet.width(), 2 * 320 + 2);
+    EXPECT_EQ(sheet.height(), 2 * 240 + 3);
+    EXPECT_EQ(row(sheet, 100)[330], opaque | frame_color(1));
+    EXPECT_EQ(row(sheet, 343)[30], opaque | frame_color(3));
+    EXPECT_EQ(row(sheet, 100)[320], 0);
+    session_->click(SLOT_CANCEL);
+    EXPECT_EQ(animation.anim_count, 3);
+}
+
+TEST_F(AnimationFiles, LeavesNoHalfFileAndSaysWhy)
+{
+    std::ofstream("walk.gif") << "old";
+    session_->click(SLOT_SAVE);
+    choose("walk.gif");
+    session_->click(122);
+    ASSERT_TRUE(session_->frames_until([] { return gui.kind[PROGRESS_CANCEL - 1] == KIND_PROGRESS; }));
+    session_->hold_key(KEY_ESC);
+    session_->frame(3);
+    session_->release_key(KEY_ESC);
+    wait_for_animation_menu();
+    EXPECT_EQ(menus.status_message, TIP_CALLED_OFF);
+    EXPECT_EQ(fs::file_size("walk.gif"), 3U);
+    EXPECT_EQ(std::distance(fs::directory_iterator("."), fs::directory_iterator()), 1) << "nothing else is left";
+
+    session_->click(SLOT_SAVE);
+    choose("walk.bmp");
+    wait_for_animation_menu();
+    EXPECT_EQ(menus.status_message, TIP_SAVE_FAILED);
+    EXPECT_NE(told().find("GIF OR PNG"), std::string::npos);
+    session_->click(SLOT_NONE);
+    session_->click(SLOT_SAVE);
+    session_->frame(5);
+    EXPECT_EQ(menus.menu_id, MENU_ANIMATION);
+    EXPECT_EQ(menus.status_message, TIP_NO_TAGGED_FRAMES);
+}
+
+TEST_F(AnimationFiles, BringsTheSameFramesBackBehindTheLast)
+{
+    session_->click(SLOT_SAVE);
+    choose("walk.png");
+    session_->click(ANSWER_1);
+    wait_for_animation_menu();
+    const Seen saved = seen_in("walk.png");
+    session_->click(SLOT_LOAD);
+    choose("walk.png");
+    wait_for_animation_menu();
+    EXPECT_EQ(menus.status_message, TIP_LOADED);
+    EXPECT_EQ(told(), "3 FRAMES");
+    ASSERT_EQ(store.frame_count, 7);
+    EXPECT_EQ(animation.anim_count, 6);
+    EXPECT_EQ(animation.anim_delay[4], 11);
+    EXPECT_EQ(animation.anim_delay[6], 47);
+    session_->click(SLOT_CANCEL);
+    EXPECT_EQ(animation.anim_count, 6) << "CANCEL gives back tags, not frames";
+    EXPECT_EQ(store.current_frame, 0);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(difference(read_stored_frame("../WORKSPACE/" + frame_file(4 + i)),
+                             saved.pictures[static_cast<std::size_t>(i)]),
+                  "")
+            << i;
+    const std::string folder = session_->folder();
+    session_->keep_folder();
+    fs::current_path(folder);
+    session_.reset();
+    {
+        const Session again(plain_home, folder);
+        EXPECT_EQ(store.frame_count, 7);
+        EXPECT_EQ(animation.anim_count, 6);
+        EXPECT_EQ(animation.anim_delay[5], 23);
+    }
+    remove_program_folder(folder);
+}
+
+TEST_F(AnimationFiles, CutsASheetByTheGrid)
+{
+    Bitmap sheet = paint(8 + 3 * 16 - 5, 4 + 2 * 12,
+                         [](int x, int y) { return x >= 24 && y >= 16 ? 0 : opaque | pack_rgb(x, y, 0); });
+    save_png("sheet.png", sheet);
+    grid.grid_on = 1;
+    grid.grid_w = 16;
+    grid.grid_h = 12;
+    grid.grid_off_x = 8;
+    grid.grid_off_y = 4;
+    session_->click(SLOT_LOAD);
+    choose("sheet.png");
+    wait_for_animation_menu();
+    ASSERT_EQ(store.frame_count, 8)
+        << "three in the first row, one in the second, and the empty ones at the end don't count";
+    const Bitmap last = read_stored_frame("../WORKSPACE/" + frame_file(7));
+    EXPECT_EQ(last.width(), 16);
+    EXPECT_EQ(last.height(), 12);
+    EXPECT_EQ(row(last, 2)[3], opaque | pack_rgb(8 + 3, 16 + 2, 0));
+    EXPECT_EQ(row(read_stored_frame("../WORKSPACE/" + frame_file(6)), 0)[15], 0) << "beyond the edge there is nothing";
+    grid.grid_on = 0;
+    session_->click(SLOT_LOAD);
+    choose("sheet.png");
+    wait_for_animation_menu();
+    EXPECT_EQ(store.frame_count, 9);
+}
+
+TEST_F(AnimationFiles, TellsBeforeWhatDoesNotFitAndRefusesAllOfABadFile)
+{
+    session_->click(SLOT_SAVE);
+    choose("walk.gif");
+    wait_for_animation_menu();
+    const auto before = frame_files(*session_);
+    for (const auto size : {fs::file_size("walk.gif") - 60, uintmax_t{20}}) {
+        fs::copy_file("walk.gif", "bad.gif", fs::copy_options::overwrite_existing);
+        fs::resize_file("bad.gif", size);
+        session_->click(SLOT_LOAD);
+        choose("bad.gif");
+        wait_for_animation_menu();
+        EXPECT_EQ(menus.status_message, TIP_LOAD_FAILED);
+        EXPECT_EQ(store.frame_count, 4);
+    }
+    EXPECT_EQ(frame_files(*session_), before);
+    insert_frames(0, 94, INSERT_BLANKS);
+    fs::current_path(folder_);
+    for (const int answer : {ANSWER_2, ANSWER_1}) {
+        session_->click(SLOT_LOAD);
+        choose("walk.gif");
+        ASSERT_EQ(menus.menu_id, MENU_DIALOG);
+        EXPECT_EQ(told_text, "3 PICTURES, AND ROOM FOR 2.");
+        session_->click(answer);
+        wait_for_animation_menu();
+        EXPECT_EQ(store.frame_count, answer == ANSWER_2 ? 98 : 100);
+    }
+    session_->click(SLOT_LOAD);
+    choose("walk.gif");
+    EXPECT_EQ(told_text, "3 PICTURES, AND ROOM FOR NONE.");
+    session_->click(ANSWER_1);
+    wait_for_animation_menu();
+    EXPECT_EQ(store.frame_count, 100);
+}
+
+} // namespace kelu
