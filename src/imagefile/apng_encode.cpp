@@ -39,9 +39,8 @@ private:
 
 bool Writer::put_head()
 {
-    Bytes bytes, runs;
+    Bytes bytes(std::begin(png_signature), std::end(png_signature)), runs;
     ByteWriter out(bytes), control(runs);
-    out.append(png_signature);
     put_png_chunk(out, "IHDR", png_header_data(source_.width, source_.height, PNG_RGBA));
     control.big32(static_cast<uint32_t>(count_));
     control.big32(0);

@@ -182,6 +182,7 @@ bool Writer::gather_colors()
 bool Writer::put_head()
 {
     Bytes bytes;
+    bytes.reserve(1024); // a head with the largest table
     ByteWriter out(bytes);
     out.text("GIF89a");
     out.little16(source_.width);
