@@ -71,7 +71,7 @@ void DashPen::polyline(std::span<const Point> points, Point origin) const
 {
     const auto moved = [&](Point p) { return Point{p.x - origin.x, p.y - origin.y}; };
     for (std::size_t i = 1; i < points.size(); ++i)
-        line(moved(points[i - 1]), moved(points[i]));
+        line(moved(points[i]), moved(points[i - 1]));
 }
 
 } // namespace kelu

@@ -20,7 +20,8 @@ public:
     void rectangle(Point corner, Point opposite) const;
     void rectangle(const Bounds& bounds) const;
     void circle(Point center, int radius) const;
-    /// The open line through the points, each moved by -`origin`.
+    /// The open line through the points, each moved by -`origin`; the pixels that `walk_outline` meets, whose stretches
+    /// run from the later point to the earlier one.
     void polyline(std::span<const Point> points, Point origin) const;
 
 private:

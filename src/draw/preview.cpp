@@ -52,7 +52,7 @@ void draw_list(const Sheet& sheet) { sheet.list(); }
 void draw_corners(const Sheet& sheet)
 {
     sheet.list();
-    if (!tool_input.point_list.empty()) sheet.pen.line(sheet.at(tool_input.point_list.back()), sheet.at(sheet.pointer));
+    if (!tool_input.point_list.empty()) sheet.pen.line(sheet.at(sheet.pointer), sheet.at(tool_input.point_list.back()));
 }
 
 void draw_polygon(const Sheet& sheet)
@@ -64,7 +64,8 @@ void draw_polygon(const Sheet& sheet)
 
 void draw_supershape(const Sheet& sheet)
 {
-    plot_shown_supershape(sheet.origin, [&](Point from, Point to) { sheet.pen.line(from, to); });
+    plot_shown_supershape(sheet.origin);
+    sheet.pen.polyline(tool_input.point_list, {0, 0});
     if (tool_input.show_bounds) sheet.pen.rectangle(tool_input.bounds);
 }
 

@@ -25,8 +25,7 @@ void supershape_point(double m, double n1, double n2, double n3, double phi, dou
     *y = r != 0 ? std::sin(phi) / r : 0;
 }
 
-void plot_supershape(int cx, int cy, const SupershapeSettings& settings, Points& points, Bounds& bounds,
-                     FunctionRef<void(Point from, Point to)> segment)
+void plot_supershape(int cx, int cy, const SupershapeSettings& settings, Points& points, Bounds& bounds)
 {
     bounds = {};
     points.clear();
@@ -38,28 +37,23 @@ void plot_supershape(int cx, int cy, const SupershapeSettings& settings, Points&
     const double n2 = hundredths(settings.n2);
     const double n3 = hundredths(settings.n3);
     const double arms = std::max(settings.arms, 1);
-    Position last;
     for (int i = 0; i < supershape_points; ++i) {
         double x = 0;
         double y = 0;
         supershape_point(arms, n1, n2, n3, i * whole_turn / supershape_points, &x, &y);
         const Position now{x * c - y * s, x * s + y * c};
         const Point p{to_coordinate(now.x * settings.magnitude + cx), to_coordinate(now.y * settings.magnitude + cy)};
-        // A collapsed point lies on the centre; no stretch of the preview starts there.
-        if (i > 0 && last.x != 0 && last.y != 0) segment(points.back(), p);
         points.push_back(p);
         bounds.widen(p);
-        last = now;
     }
-    segment(points.front(), points.back());
     points.push_back(points.front());
 }
 
-void plot_shown_supershape(Point origin, FunctionRef<void(Point from, Point to)> segment)
+void plot_shown_supershape(Point origin)
 {
     const Point center = tool_input.tool_nodes[0];
     plot_supershape(center.x - origin.x, center.y - origin.y, shown_supershape, tool_input.point_list,
-                    tool_input.bounds, segment);
+                    tool_input.bounds);
 }
 
 } // namespace kelu

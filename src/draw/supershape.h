@@ -13,16 +13,13 @@ constexpr int supershape_points = 640; ///< samples of the outline; a list holds
 /// t = m phi / 4, r = (|cos t|^n2 + |sin t|^n3)^(1 / n1), (cos phi, sin phi) / r; (0, 0) where r is 0.
 void supershape_point(double m, double n1, double n2, double n3, double phi, double* x, double* y);
 
-/// Puts the outline about (cx, cy) into `points`, closed by its first point, and its box into `bounds`. `segment` is
-/// called for each stretch that a preview shows: those that don't begin on an axis through the centre, and the last
-/// one, which closes the outline.
-void plot_supershape(int cx, int cy, const SupershapeSettings& settings, Points& points, Bounds& bounds,
-                     FunctionRef<void(Point from, Point to)> segment);
+/// Puts the outline about (cx, cy) into `points`, closed by its first point, and its box into `bounds`.
+void plot_supershape(int cx, int cy, const SupershapeSettings& settings, Points& points, Bounds& bounds);
 
 /// What the open panel says. Owner: the tool; its preview plots it.
 /// Writers: tools.
 inline SupershapeSettings shown_supershape;
 /// Plots the panel's shape about node 0 into the point list, in view coordinates: frame pixels less `origin`.
-void plot_shown_supershape(Point origin, FunctionRef<void(Point from, Point to)> segment);
+void plot_shown_supershape(Point origin);
 
 } // namespace kelu

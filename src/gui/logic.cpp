@@ -101,17 +101,21 @@ bool row_filled(int slot, int r)
 }
 
 /// Two rows meet in a line of pixels that belongs to both: there it is the row that the renderer highlights.
+int row_in_list(int slot)
+{
+    if (gui.active[slot] == 0) return -1;
+    const int pitch = gui.row_height[slot];
+    const int highlighted = pitch > 0 ? (pointer.mouse_y - 1 - gui.y[slot]) / pitch : 0;
+    int found = -1;
+    for (int r = 0; r < gui.list_rows[slot] && found < highlighted; ++r)
+        if (row_filled(slot, r) && in_row(slot, r)) found = r;
+    return found;
+}
+
 void find_hover_row()
 {
     const int slot = pointer.gui_hover_slot;
-    if (slot == -1 || gui.active[slot] == 0 || gui.list_rows[slot] == 0) return;
-    const int pitch = gui.row_height[slot];
-    const int highlighted = pitch > 0 ? (pointer.mouse_y - 1 - gui.y[slot]) / pitch : 0;
-    for (int r = 0; r < gui.list_rows[slot]; ++r) {
-        if (!row_filled(slot, r) || !in_row(slot, r)) continue;
-        gui.hover_row[slot] = r;
-        if (r >= highlighted) return;
-    }
+    if (slot != -1) gui.hover_row[slot] = row_in_list(slot);
 }
 
 void capture(int action, int slot)
@@ -150,6 +154,8 @@ void slot_passes(int wheel)
 }
 
 } // namespace
+
+int list_row_under_pointer(int slot) { return slot_under_pointer() == slot ? row_in_list(slot) : -1; }
 
 void gui_logic_tick()
 {

@@ -15,6 +15,9 @@ struct LogicHooks {
 };
 inline LogicHooks logic_hooks;
 
+/// The row of a list under the pointer, counted from the first one in view; -1: none. For loops that read a press: it
+/// is never older than the press, while `hover_row` is the logic pass's and on its way between two values. Any thread.
+int list_row_under_pointer(int slot);
 /// The timer callback. Does nothing while `gui_logic_paused` is set, nor, when presents wait for the display, before
 /// the next present.
 void gui_logic_tick();

@@ -94,9 +94,9 @@ void fit_list_bar(int slot)
     gui.scroll_on[slot] = 1;
 }
 
-int pointed_row(int slot)
+int pointed_row(int slot, int press_x)
 {
-    if (pointer.gui_hover_slot != slot || pointer.mouse_press_x > gui.x[slot] + bar_x) return -1;
+    if (slot_under_pointer() != slot || press_x > gui.x[slot] + bar_x) return -1;
     const int line = (pointer.mouse_y - 2 - gui.y[slot]) / row_pitch;
     const int row = line + gui.scroll_value[slot];
     return line < shown_rows && row < browser_listing.browser_count ? row : -1;

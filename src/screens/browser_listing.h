@@ -20,8 +20,8 @@ void scan_directory(std::string_view pattern, int list_slot, int path_slot);
 /// Gives a list a bar of one step for each row beyond those that show, or none when all do.
 void fit_list_bar(int slot);
 
-/// The row of a list under the pointer, -1: none, or the button was pressed on the list's bar.
-int pointed_row(int slot);
+/// The row of a list under the pointer, -1: none, or the press, at `press_x`, was on the list's bar.
+int pointed_row(int slot, int press_x);
 
 /// Enters a folder; a letter and ":" at its start stand for a drive. False, with a word in the status bar and a line
 /// in the log, when it can't be entered; the working directory is then as before.

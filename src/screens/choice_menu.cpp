@@ -3,6 +3,7 @@
 
 #include "draw/inks.h"
 #include "gui/build.h"
+#include "gui/logic.h"
 #include "loop/home_strip.h"
 #include "loop/pass.h"
 #include "runtime/hotkeys.h"
@@ -131,9 +132,9 @@ void build_choice_menu(const ChoiceMenu& menu)
 /// A press on a row of the list puts that tool or ink into the edited slot.
 void read_list(const ChoiceMenu& menu, int choice)
 {
-    if (!left_down() || gui.hover_row[SLOT_LIST] < 0) return;
-    const int id = gui.scroll_value[SLOT_LIST] + gui.hover_row[SLOT_LIST] + menu.first_id;
-    if (id > menu.last_id) return;
+    const int row = left_down() ? list_row_under_pointer(SLOT_LIST) : -1;
+    const int id = gui.scroll_value[SLOT_LIST] + row + menu.first_id;
+    if (row < 0 || id > menu.last_id) return;
     id_of(menu, choice) = id;
     light_choice(menu, choice);
     wait_left_release();

@@ -12,6 +12,7 @@
 #include "runtime/browser_list.h"
 #include "runtime/browser_state.h"
 #include "runtime/clock.h"
+#include "runtime/input.h"
 #include "runtime/jobs.h"
 #include "screens/browser_listing.h"
 #include "screens/browser_places.h"
@@ -98,8 +99,9 @@ void Browser::choose_file(int row)
 void Browser::read_list()
 {
     if (!left_down()) return;
+    const int press_x = pointer.mouse_x;
     wait_left_release();
-    const int row = pointed_row(BROWSER_LIST);
+    const int row = pointed_row(BROWSER_LIST, press_x);
     if (row < 0) return;
     const auto index = static_cast<std::size_t>(row);
     if (browser_listing.browser_isdir[index] == 0) {

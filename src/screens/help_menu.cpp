@@ -2,6 +2,7 @@
 #include "screens/help_menu.h"
 
 #include "gui/build.h"
+#include "gui/logic.h"
 #include "loop/actions.h"
 #include "loop/home_strip.h"
 #include "loop/pass.h"
@@ -66,8 +67,9 @@ void show_page(int number)
 
 void read_topics()
 {
-    if (!left_down() || gui.hover_row[SLOT_TOPICS] < 0) return;
-    const int number = gui.scroll_value[SLOT_TOPICS] + gui.hover_row[SLOT_TOPICS] + 1;
+    const int row = left_down() ? list_row_under_pointer(SLOT_TOPICS) : -1;
+    if (row < 0) return;
+    const int number = gui.scroll_value[SLOT_TOPICS] + row + 1;
     if (number != gui.text_id[SLOT_PAGE]) show_page(number);
     wait_left_release();
 }

@@ -3,6 +3,7 @@
 
 #include "base/run_state.h"
 #include "gui/build.h"
+#include "gui/logic.h"
 #include "loop/freeze.h"
 #include "loop/pass.h"
 #include <algorithm>
@@ -32,10 +33,11 @@ void build_list(const ListPopup& list, int x, int y)
 int pressed_row()
 {
     while (run_pass(passes::plain)) {
-        if (left_down() && gui.hover_row[list_slot] >= 0) {
-            const int row = gui.hover_row[list_slot] + gui.scroll_value[list_slot];
+        const int row = left_down() ? list_row_under_pointer(list_slot) : -1;
+        if (row >= 0) {
+            const int entry = row + gui.scroll_value[list_slot];
             wait_left_release();
-            return row;
+            return entry;
         }
         if (right_down()) {
             wait_right_release();

@@ -94,7 +94,7 @@ Point mouse_in_view()
 void plot_for_the_frame()
 {
     const Point origin = view_origin();
-    plot_shown_supershape(origin, [](Point, Point) {});
+    plot_shown_supershape(origin);
     for (Point& p : tool_input.point_list)
         p = {p.x + origin.x, p.y + origin.y};
 }

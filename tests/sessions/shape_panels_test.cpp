@@ -110,7 +110,7 @@ TEST_F(ShapePanels, SupershapeStandsStillWhileTheViewPans)
     Points points;
     Bounds bounds;
     const SupershapeSettings circle{.degrees = 0, .n1 = 200, .n2 = 200, .n3 = 200, .arms = 4, .magnitude = 50};
-    plot_supershape(140, 100, circle, points, bounds, [](Point, Point) {});
+    plot_supershape(140, 100, circle, points, bounds);
     for (Point& p : points)
         p.x += 20;
     EXPECT_EQ(painted(), outline(points));

@@ -83,7 +83,7 @@ TEST(Shapes, LookAsTheyDid)
           {.degrees = 30, .n1 = 60, .n2 = 55, .n3 = 1000, .arms = 6, .magnitude = 30},
           {.degrees = 5, .n1 = 0, .n2 = 200, .n3 = 200, .arms = 0, .magnitude = 30},
           {.degrees = 3, .n1 = -200, .n2 = 100, .n3 = 100, .arms = 4, .magnitude = 20}}) {
-        plot_supershape(200, 40, settings, points, bounds, [](Point, Point) {});
+        plot_supershape(200, 40, settings, points, bounds);
         draw(picture, points, 0x8080ff);
     }
     plot_spiral(50, 130, 0, 100, 4, 0, false, points, bounds);
