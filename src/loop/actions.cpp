@@ -7,7 +7,6 @@
 #include "loop/inspector.h"
 #include "loop/measurement.h"
 #include "loop/pass.h"
-#include "loop/quick_pan.h"
 #include "runtime/hotkeys.h"
 #include "runtime/store.h"
 

@@ -4,7 +4,6 @@
 #include "base/log.h"
 #include "base/run_state.h"
 #include "draw/undo.h"
-#include "loop/frame.h"
 #include "loop/inspector.h"
 #include "loop/measurement.h"
 #include "loop/quick_pan.h"

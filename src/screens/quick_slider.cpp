@@ -6,7 +6,6 @@
 #include "draw/inks.h"
 #include "gui/build.h"
 #include "loop/actions.h"
-#include "loop/frame.h"
 #include "loop/freeze.h"
 #include "loop/home_strip.h"
 #include "runtime/hotkeys.h"

@@ -5,7 +5,6 @@
 #include "colour/tint.h"
 #include "draw/touched.h"
 #include "draw/undo.h"
-#include "loop/frame.h"
 #include "loop/home_strip.h"
 #include "loop/pass.h"
 #include "runtime/color_settings.h"

@@ -7,7 +7,6 @@
 #include "gui/build.h"
 #include "gui/scheme.h"
 #include "loop/actions.h"
-#include "loop/frame.h"
 #include "loop/home_strip.h"
 #include "loop/tool_loop.h"
 #include "runtime/hotkeys.h"

@@ -4,7 +4,6 @@
 #include "base/run_state.h"
 #include "draw/dashes.h"
 #include "draw/preview.h"
-#include "loop/frame.h"
 #include "loop/freeze.h"
 #include "loop/tool_loop.h"
 #include "runtime/clock.h"

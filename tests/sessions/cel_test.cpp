@@ -134,6 +134,39 @@ TEST(Cels, OffscreenWindowBringsTheCelOrGoesToIt)
     EXPECT_EQ(cel.cel_origin_x, view.view_center_x - 10);
 }
 
+TEST(Cels, APasteByKeyKeepsTheMenuAwayAndAsksAllTheSame)
+{
+    Session session;
+    give_cel(20, 10, 0x20c040);
+    cel.cel_origin_x = 3000;
+    session.key(KEY_TILDE);
+    ASSERT_TRUE(session.frames_until([] { return menus.menu_id == MENU_DIALOG && gui.active[0] != 0; }));
+    replace_frame(4000, 240, 0);
+    session.click(2); // JUMP TO CEL
+    session.frame(3);
+    EXPECT_EQ(cel_work.cel_in_view, 1);
+    EXPECT_EQ(gui.active[0], 0) << "no menu in the middle of the operation";
+    EXPECT_EQ(menus.status_message, TIP_CEL_REPOSITION);
+    session.click_at(20, 100, RIGHT_BUTTON);
+    EXPECT_EQ(gui.active[0], 1) << "it is back";
+}
+
+TEST(Cels, ThePanelOfATurnStaysOnTheScreen)
+{
+    Session session;
+    give_cel(5, 5, 0x20c040);
+    for (const Point center : {Point{40, 40}, {280, 40}, {40, 190}, {280, 190}}) {
+        session.click(HOME_CEL);
+        session.click(7);
+        session.click_at(center.x, center.y);
+        ASSERT_EQ(menus.status_message, TIP_ROTATION);
+        EXPECT_LT(gui.x[0] + gui.w[0], logical_w);
+        EXPECT_LT(gui.y[0] + gui.h[0], logical_h);
+        EXPECT_FALSE(slot_holds(0, center.x, center.y));
+        session.click(PANEL_CANCEL);
+    }
+}
+
 TEST(Cels, TurnTakesItsAngleFromTheSlider)
 {
     Session session([] {

@@ -12,6 +12,7 @@
 #include "screens/dispatch.h"
 #include "screens/file_browser.h"
 #include "support/screen_session.h"
+#include "workspace/state.h"
 #include <allegro.h>
 #include <cstdlib>
 #include <filesystem>
@@ -240,6 +241,31 @@ TEST_F(Browser, AsksBeforeTheFileThatWouldGo)
     session_.click(BROWSER_OKAY);
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
     EXPECT_EQ(menus.status_message, TIP_SAVE_FAILED) << "no name at all";
+}
+
+TEST(BrowserStart, GoesBackToTheLastFolder)
+{
+    std::string folder;
+    {
+        Session first;
+        folder = first.folder();
+        first.keep_folder();
+        fs::create_directories(folder + "/Drawings");
+        first.key(KEY_F9);
+        ASSERT_EQ(menus.menu_id, MENU_BROWSER);
+        first.click_at(gui.x[BROWSER_LIST] + 20, gui.y[BROWSER_LIST] + 4 + 6); // behind the row that leads up
+        EXPECT_EQ(fs::current_path(), fs::path(folder) / "Drawings");
+        first.click(BROWSER_CANCEL);
+        write_workspace_state("current.spa", true); // leaves the folder of the process
+        first.key(KEY_F9);
+        EXPECT_EQ(fs::current_path(), fs::path(folder) / "Drawings") << "where the user was";
+    }
+    {
+        const Session second(nullptr, folder);
+        EXPECT_EQ(fs::current_path(), fs::path(folder) / "Drawings");
+    }
+    fs::current_path(fs::path(folder).parent_path());
+    remove_program_folder(folder);
 }
 
 TEST_F(Browser, KeepsFavorites)

@@ -54,6 +54,7 @@ TEST(MacroMenu, EditsStoresAndRunsAMacro)
     session.key(KEY_BACKSPACE);
     EXPECT_EQ(gui.hidden[0], 1);
     session.key(KEY_1);
+    EXPECT_EQ(menus.status_message, TIP_MACRO_DONE_1) << "the key says what it has done";
     EXPECT_EQ(gui.hidden[0], 0) << "the drawing menu comes back";
     EXPECT_EQ(toolbox.tool_slots[1], TOOL_LINE);
     EXPECT_EQ(toolbox.ink_slots[2], INK_ADD);
