@@ -13,6 +13,7 @@
 #include "imagefile/reduce.h"
 #include "imagefile/refusal.h"
 #include "platform/files.h"
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -57,29 +58,29 @@ constexpr bool (*no_writer)(const char*, BITMAP*, const SaveOptions&) = nullptr;
 
 // clang-format off
 constexpr FormatRow formats[] = {
-    // id               at name   signature                        prev.  alpha
-    {FORMAT_GIF,       0, "GIF", "GIF",                           true,  false,
+    // id               at name   signature                        prev.  alpha  filter
+    {FORMAT_GIF,       0, "GIF", "GIF",                           true,  false, 0,
      [](Span bytes) { return opaque(decode_gif(bytes)); }, save_reduced<save_gif>},
-    {FORMAT_PCX,       0, "PCX", "",                              true,  false,
+    {FORMAT_PCX,       0, "PCX", "",                              true,  false, 1,
      [](Span bytes) { return opaque(decode_pcx(bytes)); },
      [](const char* name, BITMAP* picture, const SaveOptions&) { return save_pcx_picture(name, picture) == 0; }},
-    {FORMAT_BMP,       0, "BMP", "BM",                            true,  false,
+    {FORMAT_BMP,       0, "BMP", "BM",                            true,  false, 2,
      [](Span bytes) { return opaque(decode_bmp(bytes)); },
      [](const char* name, BITMAP* picture, const SaveOptions&) { return write_bmp(name, picture); }},
-    {FORMAT_PNG,       1, "PNG", "PNG",                           true,  true,
+    {FORMAT_PNG,       1, "PNG", "PNG",                           true,  true,  3,
      decode_png_merged,
      [](const char* name, BITMAP* picture, const SaveOptions&) { return save_png(name, picture) == 0; }},
-    {FORMAT_JPG,       0, "JPG", "\xff\xd8\xff",                  true,  false,
+    {FORMAT_JPG,       0, "JPG", "\xff\xd8\xff",                  true,  false, 4,
      [](Span bytes) { return opaque(decode_jpeg(bytes)); },
      [](const char* name, BITMAP* picture, const SaveOptions& options) { return save_jpeg(name, picture, options.jpg_quality); }},
-    {FORMAT_LBM,       0, "LBM", "FORM",                          true,  false,
+    {FORMAT_LBM,       0, "LBM", "FORM",                          true,  false, 5,
      [](Span bytes) { return opaque(decode_lbm(bytes)); }, save_reduced<save_lbm>},
-    {FORMAT_TTF,       0, "TTF", "",                              true,  false, no_decoder, no_writer},
-    {FORMAT_FON,       0, "FON", "",                              true,  false, no_decoder, no_writer},
-    {FORMAT_WSP,       0, "WSP", "kWSP",                          false, false, no_decoder, no_writer},
-    {FORMAT_FAVORITES, 0, "",    "COL",                           false, false, no_decoder, no_writer},
-    {FORMAT_SCHEME,    0, "",    "SCH",                           false, false, no_decoder, no_writer},
-    {FORMAT_ICO,       0, "ICO", std::string_view("\0\0\1\0", 4), true,  true,
+    {FORMAT_TTF,       0, "TTF", "",                              true,  false, 6, no_decoder, no_writer},
+    {FORMAT_FON,       0, "FON", "",                              true,  false, -1, no_decoder, no_writer},
+    {FORMAT_WSP,       0, "WSP", "kWSP",                          false, false, 8, no_decoder, no_writer},
+    {FORMAT_FAVORITES, 0, "",    "COL",                           false, false, -1, no_decoder, no_writer},
+    {FORMAT_SCHEME,    0, "",    "SCH",                           false, false, -1, no_decoder, no_writer},
+    {FORMAT_ICO,       0, "ICO", std::string_view("\0\0\1\0", 4), true,  true,  7,
      decode_ico,
      [](const char* name, BITMAP* picture, const SaveOptions&) { return save_ico(name, picture) == 1; }},
 };
@@ -93,6 +94,17 @@ constexpr bool rows_in_order()
     return std::size(formats) == FORMAT_COUNT;
 }
 static_assert(rows_in_order());
+
+constexpr const FormatRow* row_of_filter(int filter) { return std::ranges::find(formats, filter, &FormatRow::filter); }
+constexpr int filters = 9;
+constexpr bool every_filter_has_a_row()
+{
+    for (int i = 0; i < filters; ++i) {
+        if (row_of_filter(i) == std::end(formats)) return false;
+    }
+    return true;
+}
+static_assert(every_filter_has_a_row());
 
 /// Other endings of formats that have one of their own.
 constexpr std::pair<std::string_view, int> other_endings[] = {{"JPEG", FORMAT_JPG}, {"JPE", FORMAT_JPG}};
@@ -110,6 +122,8 @@ bool starts_as_pcx(Span bytes)
 
 const FormatRow& format_row(int id) { return formats[id]; }
 
+const FormatRow& format_of_filter(int filter) { return *row_of_filter(filter); }
+
 int format_from_extension(const std::string& name, bool fonts_only)
 {
     const std::size_t point = name.rfind('.');
@@ -125,23 +139,26 @@ int format_from_extension(const std::string& name, bool fonts_only)
     return FORMAT_NONE;
 }
 
-int format_from_signature(const std::string& name)
+int format_from_bytes(std::span<const uint8_t> start)
 {
-    Bytes bytes;
-    if (!platform::read_file(name, max_picture_file, bytes)) {
-        log_line("[ ERROR ] : Failure to read file at OS level! Aborting operation!");
-        return FORMAT_NONE;
-    }
-    if (bytes.size() < 4) {
-        log_line("[ ERROR ] : Requested file is too small to have usable content!");
-        return FORMAT_NONE;
-    }
+    if (start.size() < signature_bytes) return FORMAT_NONE;
     for (const FormatRow& format : formats) {
-        ByteReader in(bytes);
+        ByteReader in(start);
         in.seek(format.signature_at);
         if (!format.signature.empty() && in.starts_with(format.signature)) return format.id;
     }
-    return starts_as_pcx(bytes) ? FORMAT_PCX : FORMAT_NONE;
+    return starts_as_pcx(start) ? FORMAT_PCX : FORMAT_NONE;
+}
+
+int format_from_signature(const std::string& name)
+{
+    Bytes start;
+    if (!platform::read_start(name, signature_bytes, start)) {
+        log_line("[ ERROR ] : Failure to read file at OS level! Aborting operation!");
+        return FORMAT_NONE;
+    }
+    if (start.size() < signature_bytes) log_line("[ ERROR ] : Requested file is too small to have usable content!");
+    return format_from_bytes(start);
 }
 
 int format_of_file(const std::string& name)

@@ -39,6 +39,7 @@ struct FormatRow {
     std::string_view signature; ///< bytes that identify it
     bool previews;              ///< the browser shows its content
     bool keeps_alpha;           ///< `save` takes the merged form
+    int filter;                 ///< button of the file browser that lists it alone, 0 to 8; -1: none
     /// Decodes a file to merged form; a picture without an alpha channel is opaque.
     Bitmap (*decode)(std::span<const uint8_t> bytes);
     /// Writes a file, which replaces an old one only when it is whole on disk; false when that failed.
@@ -52,8 +53,15 @@ const FormatRow& format_row(int id);
 /// the row's extension, for JPG also "JPEG" and "JPE"; with `fonts_only` just those of fonts.
 int format_from_extension(const std::string& name, bool fonts_only);
 
-/// The format that a file's first four bytes identify, or FORMAT_NONE; a file that can't be read leaves a line in the
-/// log.
+/// The row of the format that has a filter's button, 0 to 8.
+const FormatRow& format_of_filter(int filter);
+
+constexpr std::size_t signature_bytes = 4; ///< first bytes of a file that tell its format
+
+/// The format that a file's first bytes identify, or FORMAT_NONE: for everything that looks into a file.
+int format_from_bytes(std::span<const uint8_t> start);
+
+/// The same for the file of that name, of which no more is read; one that can't be read leaves a line in the log.
 int format_from_signature(const std::string& name);
 
 /// The format by extension, else by signature, or FORMAT_NONE.

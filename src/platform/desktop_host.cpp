@@ -70,7 +70,12 @@ void rest_briefly(int milliseconds)
 
 void wait_vertical_blank()
 {
-    vsync();
+    // Not Allegro's own wait: that asks the display for an answer under the lock of the event thread, and once the
+    // display has gone it never comes.
+    constexpr int longest_wait = 30; // milliseconds; the blank is simulated 70 times a second
+    const int before = retrace_count;
+    for (int waited = 0; retrace_count == before && waited < longest_wait && !display_lost(); ++waited)
+        ::rest(1);
     deliver_input();
     end_when_overdue();
 }

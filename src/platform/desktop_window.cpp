@@ -93,7 +93,7 @@ void present_on_desktop(BITMAP* picture)
     const int height = (rows.last - rows.first + 1) * presenter.scale;
     // One blit is one request to the server: the display never shows half a picture.
     acquire_screen();
-    if (!display_lost()) {
+    if (connection_stands()) {
         blit(presenter.scaled, screen, 0, top, 0, top, presenter.scaled.width(), height);
         send_requests();
     }

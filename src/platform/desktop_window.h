@@ -18,6 +18,9 @@ void set_desktop_icon(BITMAP* picture);
 /// Sends what Allegro has drawn to the display now. X would keep it until the next request, which comes with the end of
 /// the rest. Under Allegro's lock.
 void send_requests();
+/// False when the connection to the display is broken, which is noted. Under Allegro's lock: a call on such a
+/// connection waits for ever.
+bool connection_stands();
 /// Takes the keys, the mouse and the window's events that have come since, without waiting for Allegro's event thread.
 void deliver_input();
 /// Sleeps until something comes from the display, `milliseconds` at most.

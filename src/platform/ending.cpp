@@ -18,6 +18,9 @@ constexpr std::chrono::milliseconds patience{1500};
 /// 1: the display has gone. Written by Allegro's event thread; read by the main thread.
 Shared<uint8_t> display_gone = 0;
 
+/// 1: a signal or a lost display has asked. Written by them; read by the main thread.
+Shared<uint8_t> asked = 0;
+
 /// When the main thread first saw that the program is to end now; it alone.
 Clock::time_point seen;
 
@@ -25,6 +28,7 @@ Clock::time_point seen;
 static_assert(std::atomic<uint8_t>::is_always_lock_free);
 void ask(int)
 {
+    asked = 1;
     run_state.exit_requested = 1;
     run_state.end_now = 1;
 }
@@ -52,8 +56,11 @@ void note_display_lost()
 
 bool display_lost() { return display_gone != 0; }
 
+bool asked_from_outside() { return asked != 0; }
+
 void end_when_overdue()
 {
+    if (run_state.end_now == 0) seen = {}; // the user has thought better of it
     if (run_state.end_now == 0 || run_state.timers_locked != 0) return;
     const Clock::time_point now = Clock::now();
     if (seen == Clock::time_point{}) seen = now;

@@ -15,6 +15,8 @@ void release_signals();
 /// The display has gone: any thread. No call may reach it from here on, since it could wait for ever.
 void note_display_lost();
 bool display_lost();
+/// True once a signal or a display that has gone has asked for the end: nobody answers a question any more.
+bool asked_from_outside();
 
 /// Once a frame, main thread: calls `end_at_once` when the program is to end now for longer than that may take.
 /// While the workspace is being transferred (`timers_locked`) it waits on.

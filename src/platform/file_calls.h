@@ -1,7 +1,7 @@
 // The calls of the system that read and write the user's files, in one table.
 //
 // Everything that opens, writes, flushes, renames or removes a file of the user goes through it, so that a disk that
-// is full, a call that fails and a process that ends between two calls can be had at will. Main thread.
+// is full, a call that fails and a process that ends between two calls can be had at will.
 #pragma once
 
 #include <cstddef>
@@ -20,6 +20,7 @@ struct FileCalls {
     int (*rename)(const char* from, const char* to);
     int (*remove)(const char* path);
     int (*link)(const char* from, const char* to); ///< a second name for the same file
+    int (*make_folder)(const char* path, mode_t mode);
 };
 
 /// The system's own calls.
@@ -28,7 +29,7 @@ extern const FileCalls system_file_calls;
 /// The table in use; only a trial of failures sets another.
 inline const FileCalls* file_calls = &system_file_calls;
 
-/// Notes why a call has failed, from `errno`. Returns false.
+/// Notes why a call has failed, from `errno`. Returns false. This and the three that follow go by thread.
 bool note_failure();
 /// The error number of the last call on a file that has failed; 0 when none has since `forget_failure`.
 int last_failure();
@@ -36,5 +37,7 @@ int last_failure();
 void forget_failure();
 /// Why the last call on a file has failed, in words for the user: "NO SPACE LEFT", "NO PERMISSION" ...
 const char* failure_reason();
+/// The same words for an error number.
+const char* reason_of(int error);
 
 } // namespace kelu::platform

@@ -60,15 +60,19 @@ bool read_all(int handle, std::vector<uint8_t>& bytes)
     return true;
 }
 
+/// Opens a file for reading, without waiting, so that a pipe of the same name can't hang the program.
+int open_to_read(const std::string& name)
+{
+    return file_calls->open(name.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC, 0);
+}
+
 /// One try to read a whole file.
 bool read_once(const std::string& name, std::size_t limit, std::vector<uint8_t>& bytes)
 {
     bytes.clear();
-    // Without waiting, so that a pipe of the same name can't hang the program; it is no regular file and is refused.
-    const Handle handle(file_calls->open(name.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC, 0));
-    if (handle < 0) return note_failure();
+    const Handle handle(open_to_read(name));
     struct stat status = {};
-    if (fstat(handle, &status) != 0) return note_failure();
+    if (handle < 0 || fstat(handle, &status) != 0) return note_failure();
     if (!S_ISREG(status.st_mode) || status.st_size < 0 || static_cast<std::size_t>(status.st_size) > limit) {
         errno = S_ISDIR(status.st_mode) ? EISDIR : EFBIG;
         return note_failure();
@@ -110,6 +114,13 @@ void flush_folder_of(const std::string& name)
 
 bool file_exists(const std::string& name) { return access(name.c_str(), F_OK) == 0; }
 
+std::string absolute_path(const std::string& name)
+{
+    return name.starts_with('/') ? name : working_directory() + "/" + name;
+}
+
+bool make_folder(const std::string& name) { return file_calls->make_folder(name.c_str(), 0777) == 0 || note_failure(); }
+
 bool file_writable(const std::string& name) { return access(name.c_str(), R_OK | W_OK) == 0; }
 
 long file_size(const std::string& name)
@@ -136,6 +147,19 @@ bool copy_file(const std::string& from, const std::string& to)
     return read_file(from, std::numeric_limits<uint32_t>::max(), bytes) && replace_file(to, bytes);
 }
 
+bool read_start(const std::string& name, std::size_t count, std::vector<uint8_t>& bytes)
+{
+    const Handle handle(open_to_read(name));
+    struct stat status = {};
+    if (handle < 0 || fstat(handle, &status) != 0) return note_failure();
+    if (!S_ISREG(status.st_mode)) {
+        errno = EISDIR;
+        return note_failure();
+    }
+    bytes.resize(count);
+    return read_all(handle, bytes);
+}
+
 bool read_file(const std::string& name, std::size_t limit, std::vector<uint8_t>& bytes)
 {
     if (read_once(name, limit, bytes)) return true;
@@ -144,6 +168,44 @@ bool read_file(const std::string& name, std::size_t limit, std::vector<uint8_t>&
     for (const int lasting : {ENOENT, ENOTDIR, EACCES, EISDIR, EFBIG, ENAMETOOLONG, ELOOP, ENXIO})
         if (error == lasting) return false;
     return read_once(name, limit, bytes);
+}
+
+FileSource::FileSource(const std::string& name) : handle_(open_to_read(name))
+{
+    struct stat status = {};
+    if (handle_ < 0 || fstat(handle_, &status) != 0) {
+        note_failure();
+    } else if (!S_ISREG(status.st_mode)) {
+        errno = EISDIR;
+        note_failure();
+        file_calls->close(std::exchange(handle_, -1));
+    }
+    size_ = status.st_size;
+}
+
+FileSource::~FileSource()
+{
+    if (handle_ >= 0) file_calls->close(handle_);
+}
+
+bool FileSource::read(std::span<uint8_t> bytes)
+{
+    while (handle_ >= 0 && !bytes.empty()) {
+        const ssize_t count = file_calls->read(handle_, bytes.data(), bytes.size());
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) return note_failure();
+        if (count == 0) break;
+        position_ += count;
+        bytes = bytes.subspan(static_cast<std::size_t>(count));
+    }
+    return bytes.empty();
+}
+
+bool FileSource::seek(long position)
+{
+    if (position < 0 || position > size_ || lseek(handle_, position, SEEK_SET) < 0) return false;
+    position_ = position;
+    return true;
 }
 
 FileReplacement::FileReplacement(const std::string& name) : name_(real_target(name))

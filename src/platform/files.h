@@ -29,6 +29,10 @@ bool rename_file(const std::string& from, const std::string& to);
 bool copy_file(const std::string& from, const std::string& to);
 /// The working directory, without a separator at its end (but for "/").
 std::string working_directory();
+/// The path of a file of the working directory that stands when that changes.
+std::string absolute_path(const std::string& name);
+/// Makes a folder; false when it could not.
+bool make_folder(const std::string& name);
 /// Changes the working directory; the exact name before a case-blind one. False when there is none such.
 bool change_directory(const std::string& path);
 /// Changes to a folder whose name was kept in upper case. Where it is `known`, a true name, but for the case, that
@@ -54,8 +58,32 @@ struct Entry {
 /// Names that begin with a dot are hidden. Empty when the folder can't be read.
 std::vector<Entry> list_folder(const std::string& folder);
 
+/// The first `count` bytes of a regular file, fewer when it is shorter; false when it can't be read.
+bool read_start(const std::string& name, std::size_t count, std::vector<uint8_t>& bytes);
+
 /// The whole file, when it is a regular file of at most `limit` bytes; false otherwise.
 bool read_file(const std::string& name, std::size_t limit, std::vector<uint8_t>& bytes);
+
+/// A regular file that is read piece by piece. The working directory may change between the calls.
+class FileSource {
+public:
+    explicit FileSource(const std::string& name);
+    ~FileSource();
+    FileSource(const FileSource&) = delete;
+    FileSource& operator=(const FileSource&) = delete;
+    /// False: there is no such file, or it can't be read.
+    bool opened() const { return handle_ >= 0; }
+    long size() const { return size_; }         ///< bytes
+    long position() const { return position_; } ///< bytes before the next one to be read
+    /// Fills the bytes; false when the file ends before that or can't be read. `last_failure` is 0 for the first.
+    bool read(std::span<uint8_t> bytes);
+    /// Goes to a position, at most the file's end; false when that is impossible.
+    bool seek(long position);
+
+private:
+    int handle_ = -1;
+    long size_ = 0, position_ = 0;
+};
 
 /// A working directory for the time of a block, and the way back.
 class DirectoryVisit {

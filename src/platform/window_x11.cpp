@@ -26,15 +26,20 @@ void watch_connection()
         _xwin.display, [](Display*, void*) {}, nullptr);
 }
 
+bool connection_stands()
+{
+    if (display_lost()) return false;
+    pollfd connection = {ConnectionNumber(_xwin.display), POLLIN, 0};
+    if (poll(&connection, 1, 0) > 0 && (connection.revents & (POLLHUP | POLLERR)) != 0) note_display_lost();
+    return !display_lost();
+}
+
 void deliver_input()
 {
     if (display_lost() || !screen) return;
-    // Under the lock of the event thread, which may be the one to see the display go: a call on the broken connection
-    // afterwards waits for ever. So does one before anybody has looked.
+    // Under the lock of the event thread, which may be the one to see the display go.
     acquire_screen();
-    pollfd connection = {ConnectionNumber(_xwin.display), POLLIN, 0};
-    if (poll(&connection, 1, 0) > 0 && (connection.revents & (POLLHUP | POLLERR)) != 0) note_display_lost();
-    if (!display_lost()) _xwin_handle_input();
+    if (connection_stands()) _xwin_handle_input();
     release_screen();
 }
 

@@ -8,10 +8,11 @@
 
 #include "imagefile/picture_files.h"
 #include "imagefile/vector_font.h"
+#include "platform/files.h"
 #include "platform/places.h"
 #include <algorithm>
-#include <cstdio>
 #include <ctime>
+#include <vector>
 
 namespace kelu {
 namespace {
@@ -24,10 +25,9 @@ constexpr int font_library_exit = 1; ///< exit code when there is no font librar
 /// The digit of config.def: 1 full screen, 2 to 9 a window at that scale. -1 when there is no file.
 int read_config()
 {
-    std::FILE* file = std::fopen(config_name, "rb");
-    if (!file) return -1;
-    const int byte = std::fgetc(file);
-    std::fclose(file);
+    std::vector<uint8_t> start;
+    if (!platform::read_start(config_name, 1, start)) return -1;
+    const int byte = start.empty() ? 0 : start[0];
     if (byte >= '1' && byte <= '0' + largest_window) return byte - '0';
     log_line("[ WARNING ] : Unknown video mode. Assuming windowed.");
     return smallest_window;

@@ -1,6 +1,7 @@
 // The start values of every table. The initialisers in the headers are the values; this is the list of resets.
 #include "program/startup.h"
 
+#include "draw/lifted.h"
 #include "draw/operation.h"
 #include "draw/touched.h"
 #include "draw/undo.h"
@@ -86,6 +87,7 @@ void reset_work()
     toolbox = {};
     stop_running_work(false);
     undo = {};
+    lifted = {};
     touched = {};
     animation = {};
     browser_state = {};

@@ -34,19 +34,17 @@
 #include "runtime/view.h"
 #include "screens/color_menu.h"
 #include "screens/dialogs.h"
-#include "screens/dispatch.h"
 #include "screens/failure_panel.h"
 #include "screens/file_browser.h"
-#include "screens/frame_loan.h"
 #include "tools/tools.h"
 #include "workspace/blank_workspace.h"
+#include "workspace/folder.h"
 #include "workspace/frame_store.h"
 #include "workspace/notice.h"
 #include "workspace/resources.h"
 #include "workspace/running_work.h"
 #include "workspace/settings.h"
 #include "workspace/state.h"
-#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <string>
@@ -140,8 +138,8 @@ void restore_workspace()
 {
     int loaded = 0;
     {
-        const platform::DirectoryVisit folder("WORKSPACE");
-        loaded = read_workspace_state(state_file);
+        const WorkspaceVisit visit({});
+        if (visit.entered()) loaded = read_workspace_state(state_file);
     }
     if (loaded != 0) {
         store.frame_count = count_workspace_frames();
@@ -168,7 +166,6 @@ void connect_levels()
     install_drag_job();
     set_job_handler(JOB_CHOOSE_FONT, choose_font_job);
     register_framework_jobs(run_frame_plain);
-    connect_picture_files();
 }
 
 void prepare()
@@ -199,15 +196,8 @@ void prepare()
     start_running_work();
 }
 
-/// The way to say so when the window goes.
-void tell_unwritten(const char* what)
-{
-    std::fprintf(stderr, "%s couldn't be saved in %s: %s\n", what, run_state.program_dir.c_str(),
-                 platform::failure_reason());
-}
-
 /// For a system that goes down while a menu is open: the program ends from inside it.
-[[noreturn]] void end_program_at_once() { std::exit(shutdown_program()); }
+[[noreturn]] void end_program_at_once() { std::exit(shutdown_program(write_last_work())); }
 
 /// The folder in which the user last looked for files, if it is still there.
 void enter_last_folder()
@@ -246,28 +236,17 @@ int run_program()
 {
     prepare();
     enter_running();
-    program.home_loop();
-    return shutdown_program();
+    Leaving leaving = Leaving::STAYS;
+    while (leaving == Leaving::STAYS) {
+        program.home_loop();
+        leaving = leave_program();
+    }
+    return shutdown_program(leaving);
 }
 
-int shutdown_program()
+int shutdown_program(Leaving leaving)
 {
-    log_line("[ END ] : User has opted to exit the program.");
-    log_line("[ END ] : Switching off handlers and locking processes.");
-    run_state.timers_locked = 1;
-    run_state.gui_clicks_enabled = 0;
-    run_state.gui_active = 0;
-    log_line("[ END ] : Writing workspace to file.");
-    end_frame_loan();
-    platform::change_directory(run_state.current_dir); // the state keeps the folder that the user was in
-    bool written = write_workspace_state(state_file, false);
-    if (!written) tell_unwritten("The workspace");
-    stop_running_work(written);
-    log_line("[ END ] : Writing user settings to file.");
-    if (!write_user_settings()) {
-        tell_unwritten("The user settings");
-        written = false;
-    }
+    stop_running_work(leaving == Leaving::WRITTEN);
     log_line("[ END ] : Closing font renderer hooks.");
     font_system_exit();
     log_line("[ END ] : Closing log.");
@@ -276,7 +255,7 @@ int shutdown_program()
     platform::clipboard_close();
     platform::host->stop();
     platform::unlock_folder();
-    return written ? EXIT_SUCCESS : exit_unwritten;
+    return leaving == Leaving::WRITTEN ? EXIT_SUCCESS : exit_unwritten;
 }
 
 } // namespace kelu

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/host.h"
+#include "program/leaving.h"
 
 namespace kelu {
 
@@ -26,8 +27,8 @@ void install_interrupts();
 /// Removes them, so that nothing ticks while Allegro goes.
 void remove_interrupts();
 
-/// Writes the workspace and the user's settings, and closes what start-up opened. Returns the exit code: not 0, and a
-/// line on stderr, when something could not be written.
-int shutdown_program();
+/// Closes what start-up opened, once the work has been written as far as it could be. Returns the exit code: not 0 when
+/// something was not written.
+int shutdown_program(Leaving leaving);
 
 } // namespace kelu

@@ -33,6 +33,7 @@ void present_back_buffer()
     platform::host->present(screen_state.back_buffer);
     // The sleep comes after the picture is on the screen, not before: an input shows ten milliseconds earlier.
     if (paced && !by_display) platform::host->rest(preferences.frame_limiter == 1 ? low_saving_ms : high_saving_ms);
+    if (!paced) platform::host->rest(0); // the input all the same, and what ends the program from outside
 }
 
 } // namespace kelu

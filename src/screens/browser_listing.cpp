@@ -122,8 +122,8 @@ std::string with_ending(const std::string& text, std::string_view pattern)
     const std::string row_ending(pattern);
     const bool names_a_file = !text.empty() && ends_of_folders.find(text.back()) == std::string_view::npos;
     const bool has_ending = format_from_extension(text, false) != FORMAT_NONE;
-    const bool can_be_written = format_from_extension(row_ending, false) != FORMAT_NONE &&
-                                format_from_extension(row_ending, true) == FORMAT_NONE; // fonts are only read
+    const int format = format_from_extension(row_ending, false);
+    const bool can_be_written = format != FORMAT_NONE && format_row(format).save;
     return names_a_file && !has_ending && can_be_written ? text + row_ending.substr(1) : text;
 }
 

@@ -2,6 +2,7 @@
 #include "screens/browser_slots.h"
 
 #include "gui/build.h"
+#include "imagefile/formats.h"
 #include "platform/files.h"
 #include "platform/places.h"
 #include "screens/browser_listing.h"
@@ -119,7 +120,8 @@ void keep_filter(int slot)
 std::string lit_pattern()
 {
     for (int slot = BROWSER_FILTER_0; slot < BROWSER_FILTER_0 + browser_filters; ++slot) {
-        if (gui.kind[slot] == KIND_BUTTON_LIT) return std::string("*.") + ui_strings[gui.text_id[slot]];
+        if (gui.kind[slot] == KIND_BUTTON_LIT)
+            return std::string("*.").append(format_of_filter(slot - BROWSER_FILTER_0).extension);
     }
     return std::string(every_file);
 }

@@ -23,7 +23,7 @@ enum BrowserSlot : int {
     BROWSER_OS = 39
 };
 
-constexpr int browser_filters = 9;
+constexpr int browser_filters = 9; ///< `filter` of the formats' rows
 constexpr int browser_drives = 17; ///< drives that have a button
 
 /// Writes the slots; `task` is one of BrowserTask.

@@ -3,12 +3,13 @@
 
 #include "gui/menus.h"
 #include "gui/slots.h"
+#include "gui/strings.h"
 #include "gui/tooltips.h"
 #include "imagefile/formats.h"
 #include "imagefile/ico.h"
-#include "imagefile/picture_files.h"
 #include "imagefile/refusal.h"
 #include "loop/frame.h"
+#include "platform/file_calls.h"
 #include "platform/files.h"
 #include "runtime/browser_state.h"
 #include "runtime/preferences.h"
@@ -17,12 +18,32 @@
 #include "screens/jpeg_quality.h"
 #include "workspace/archive.h"
 #include "workspace/colour_files.h"
+#include "workspace/folder.h"
 #include "workspace/frame_cache.h"
 #include "workspace/frame_store.h"
 #include "workspace/merged.h"
 
 namespace kelu {
 namespace {
+
+/// Tells of a file that wasn't loaded: in a dialog when the system wouldn't read it, else with a reason of our own.
+bool refuse_file(const std::string& name, const std::string& reason)
+{
+    if (platform::last_failure() != 0)
+        report_unread(name, TEXT_FILE_NOT_READ);
+    else
+        flash_failure(TIP_LOAD_FAILED, reason);
+    return false;
+}
+
+/// Tells of a file that wasn't saved.
+bool saved(const std::string& name, bool good)
+{
+    const bool by_system = platform::last_failure() != 0;
+    if (!good && by_system) report_unwritten(name, TEXT_FILE_NOT_WRITTEN);
+    if (!good && !by_system) flash_status_message(TIP_NOT_ENOUGH_MEMORY);
+    return good;
+}
 
 /// The format that a browser mode stands for by itself, or the one determined from the file.
 int format_in_mode(int file_format, int browser_mode)
@@ -39,9 +60,6 @@ int format_in_mode(int file_format, int browser_mode)
     }
 }
 
-/// Kinds of `load_frame_file`.
-int frame_file_kind(int format) { return format == FORMAT_JPG ? 1 : format == FORMAT_ICO ? 2 : 0; }
-
 /// Loads a picture, or says why it can't be.
 bool load_into_frame(const std::string& name, int format)
 {
@@ -50,10 +68,9 @@ bool load_into_frame(const std::string& name, int format)
     picture_refusal = platform::file_exists(name) ? reason : "No such file!"; // until a decoder says something else
     if (is_picture) {
         refresh_frame_cache();
-        if (load_frame_file(name, LOAD_PICTURE, frame_file_kind(format))) return true;
+        if (load_frame_file(name, LOAD_PICTURE, format)) return true;
     }
-    flash_failure(TIP_LOAD_FAILED, picture_refusal);
-    return false;
+    return refuse_file(name, picture_refusal);
 }
 
 /// Asks for the quality of a JPEG while the browser's window, which begins at slot 0, is hidden; -1: cancelled.
@@ -82,18 +99,6 @@ bool write_frame_picture(const std::string& name, int format, const SaveOptions&
     return row.save(name.c_str(), merged, options);
 }
 
-/// Says so when a file of colours could not be loaded, or saved.
-bool loaded(bool good, const std::string& reason)
-{
-    if (!good) flash_failure(TIP_LOAD_FAILED, reason);
-    return good;
-}
-bool saved(bool good)
-{
-    if (!good) flash_status_message(TIP_SAVE_FAILED);
-    return good;
-}
-
 bool too_large_for(int format)
 {
     return format == FORMAT_ICO &&
@@ -111,19 +116,14 @@ bool save_frame(const std::string& name, int format)
         options.jpg_quality = ask_quality();
         if (options.jpg_quality < 0) return false;
     }
-    return saved(write_frame_picture(name, format, options));
+    return saved(name, write_frame_picture(name, format, options));
 }
 
 } // namespace
 
-void connect_picture_files()
-{
-    register_picture_formats();
-    read_picture = [](const std::string& name, int) { return load_picture(name, format_of_file(name)); };
-}
-
 bool load_picture_file(const std::string& name, int browser_mode)
 {
+    platform::forget_failure();
     if (browser_mode == BROWSE_ANIMATION) return load_animation_file(name);
     const int format =
         format_in_mode(browser_mode == BROWSE_PICTURE ? format_of_file(name) : FORMAT_NONE, browser_mode);
@@ -131,9 +131,9 @@ bool load_picture_file(const std::string& name, int browser_mode)
     case FORMAT_WSP:
         return load_workspace_archive(name, run_frame_plain) == 0; // which tells of its failures itself
     case FORMAT_FAVORITES:
-        return loaded(load_favorites_file(name) == 1, "No file of colors!");
+        return load_favorites_file(name) == 1 || refuse_file(name, "No file of colors!");
     case FORMAT_SCHEME:
-        return loaded(load_scheme_file(name) == 1, "No color scheme!");
+        return load_scheme_file(name) == 1 || refuse_file(name, "No color scheme!");
     default:
         return load_into_frame(name, format);
     }
@@ -141,15 +141,16 @@ bool load_picture_file(const std::string& name, int browser_mode)
 
 bool save_picture_file(const std::string& name, int browser_mode)
 {
+    platform::forget_failure();
     if (browser_mode == BROWSE_ANIMATION) return save_animation_file(name);
     const int format = format_in_mode(format_from_extension(name, false), browser_mode);
     switch (format) {
     case FORMAT_WSP:
         return save_workspace_archive(name, run_frame_plain) == 0;
     case FORMAT_FAVORITES:
-        return saved(save_favorites_file(name));
+        return saved(name, save_favorites_file(name));
     case FORMAT_SCHEME:
-        return saved(save_scheme_file(name));
+        return saved(name, save_scheme_file(name));
     default:
         return save_frame(name, format);
     }

@@ -15,9 +15,6 @@ enum BrowserMode : int {
     BROWSE_ANIMATION ///< GIF or PNG, out of the tagged frames or behind the last one
 };
 
-/// Lets the frame store read picture files, and enters our formats into Allegro's tables. Once, after Allegro's start.
-void connect_picture_files();
-
 /// Loads a file of the working directory: a picture into the frame, a workspace, favourites or a scheme. A picture
 /// without an alpha channel comes in opaque. False, with a word in the status bar, when the file can't be loaded;
 /// frame and tables are then as before.

@@ -14,7 +14,7 @@
 #include "screens/activity.h"
 #include "screens/choice_menu.h"
 #include "screens/commands.h"
-#include "screens/dialogs.h"
+#include "screens/failure_dialog.h"
 #include "screens/favorites_menu.h"
 #include "screens/opened_files.h"
 #include "screens/screen_pick.h"
@@ -91,23 +91,15 @@ void read_choices()
     }
 }
 
-/// Tells once of repairs.
-void tell_of_damage()
-{
-    if (run_state.workspace_damaged == 0) return;
-    run_state.workspace_damaged = 0;
-    confirm_over_window(TEXT_WORKSPACE_DAMAGED, TEXT_REPAIRS_MADE, DialogButtons::OKAY);
-}
-
 } // namespace
 
 void draw_menu()
 {
     build_draw_menu();
-    tell_of_damage();
     menus.menu_id = MENU_DRAW;
     constexpr Pass pass{.hotkeys = IN_DRAW_MENU | IN_ANY_MENU, .right_click = RightClick::HIDES, .is_home = true};
     while (run_pass(pass)) {
+        tell_of_failures();
         draw_on_press();
         read_columns();
         read_colors();

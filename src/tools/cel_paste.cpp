@@ -2,6 +2,7 @@
 #include "tools/cel_paste.h"
 
 #include "draw/cel_render.h"
+#include "draw/lifted.h"
 #include "draw/undo.h"
 #include "loop/frame.h"
 #include "loop/home_strip.h"
@@ -67,7 +68,9 @@ bool cel_paste(bool remask, bool undoable)
     place.show_outline = 0;
     cel.cel_origin_x = place.x;
     cel.cel_origin_y = place.y;
-    anchor_cel(CEL_PLAIN, undoable);
+    // A piece that has left the frame that it was lifted from is no part of an operation on this one.
+    anchor_cel(CEL_PLAIN, undoable || !piece_lifted());
+    leave_gap();
     return true;
 }
 
@@ -102,8 +105,7 @@ void paste_picture(Bitmap picture)
     if (!store.cel_bitmap) return;
     store.cel_source_bitmap = std::move(picture);
     cel.cel_origin_x = cel.cel_origin_y = 0;
-    const UndoableOperation step;
-    cel_paste(false, false);
+    cel_paste(false, true);
     if (menus.menu_id == MENU_DRAW) build_draw_menu();
 }
 

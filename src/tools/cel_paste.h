@@ -6,8 +6,9 @@
 namespace kelu {
 
 /// Floats the cel from its origin until it is anchored, and pastes it through the current ink. With `remask` the
-/// working copy is made anew and the mask colour left out; with `undoable` the frame is snapshotted first. False when
-/// the program was asked to exit before that: the frame is as it was.
+/// working copy is made anew and the mask colour left out; with `undoable` the anchoring is an operation of its own,
+/// else a part of the one that has lifted the piece, unless another frame has been fetched since. False when the
+/// program was asked to exit before that: the frame is as it was.
 bool cel_paste(bool remask, bool undoable);
 
 /// The same, but the cel shows only where the frame has the mask colour, and its origin stays unless it is dragged.

@@ -2,6 +2,7 @@
 #include "tools/move.h"
 
 #include "draw/cel.h"
+#include "draw/lifted.h"
 #include "draw/tool_input.h"
 #include "draw/tool_options.h"
 #include "draw/touched.h"
@@ -44,8 +45,11 @@ void move_tool()
         }
         if (cel_get(corner.x, corner.y, false) == GRAB_TAKEN) {
             const UndoableOperation step;
-            fill_gap();
-            if (!cel_paste(false, false)) undo_step(); // the program ends: the piece goes back to its place
+            if (lift_piece(cel.cel_origin_x, cel.cel_origin_y, store.cel_bitmap.width(), store.cel_bitmap.height())) {
+                fill_gap();
+                cel_paste(false, false);
+                put_back_piece(); // where the program has ended it
+            }
         }
     }
     clear_ghost();

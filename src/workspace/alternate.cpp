@@ -2,6 +2,7 @@
 #include "workspace/alternate.h"
 
 #include "base/log.h"
+#include "gui/strings.h"
 #include "platform/file_calls.h"
 #include "platform/files.h"
 #include "runtime/view.h"
@@ -23,19 +24,25 @@ void take_over(ChangeSet& changes, const std::string& alternate, const std::stri
 
 void swap_to_alternate_workspace()
 {
+    constexpr int tries = 2; // a disk that fails once may not do so again
     const TimersLock lock;
     log_line("[ INFO ] : Swapping to alternate workspace");
-    ChangeSet changes;
-    for (int frame = 0; frame < max_frames; ++frame)
-        take_over(changes, frame_file(frame, file_set::alternate), frame_file(frame));
-    for (const char* ending : containers)
-        take_over(changes, set_file(ending, file_set::alternate), set_file(ending));
-    if (!changes.commit())
-        log_line("[ ERROR ] : Couldn't swap to the alternate workspace: %s", platform::failure_reason());
+    for (int i = 0; i < tries; ++i) {
+        ChangeSet changes;
+        for (int frame = 0; frame < max_frames; ++frame)
+            take_over(changes, frame_file(frame, file_set::alternate), frame_file(frame));
+        for (const char* ending : containers)
+            take_over(changes, set_file(ending, file_set::alternate), set_file(ending));
+        if (changes.commit()) return;
+    }
+    log_line("[ ERROR ] : Couldn't swap to the alternate workspace: %s", platform::failure_reason());
+    report_unwritten(set_file("spa"), TEXT_WORKSPACE_NOT_WRITTEN);
 }
 
 void remove_alternate_files()
 {
+    // A whole set is a workspace that could not be taken over, and nobody's to throw away.
+    if (platform::file_exists(set_file("spa", file_set::alternate))) return;
     for (int frame = 0; frame < max_frames; ++frame)
         platform::remove_file(frame_file(frame, file_set::alternate));
     for (const char* ending : containers)

@@ -6,7 +6,7 @@ namespace kelu {
 
 /// Renames all files of the alternate set to those of the workspace.
 void swap_to_alternate_workspace();
-/// Removes what is left of the alternate set.
+/// Removes what is left of the alternate set. One with a state is whole, and stays.
 void remove_alternate_files();
 
 } // namespace kelu

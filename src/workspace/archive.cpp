@@ -10,6 +10,7 @@
 #include "imagefile/bmp.h"
 #include "platform/file_calls.h"
 #include "runtime/browser_state.h"
+#include "runtime/failure_reports.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
 #include "workspace/archive_progress.h"
@@ -17,12 +18,10 @@
 #include "workspace/folder.h"
 #include "workspace/frame_cache.h"
 #include "workspace/frame_store.h"
-#include "workspace/merged.h"
 #include "workspace/state.h"
 #include "workspace/timers_lock.h"
 #include <algorithm>
 #include <limits>
-#include <memory>
 #include <vector>
 
 namespace kelu {
@@ -35,11 +34,6 @@ constexpr std::size_t buffer_size = 32768;
 constexpr std::size_t longest_text = 255; // what a length byte can tell
 constexpr std::size_t longest_directory = 255;
 
-struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, CloseFile>;
-
 /// What is before the blocks.
 struct ArchiveHead {
     std::string title, notes;
@@ -50,74 +44,75 @@ struct ArchiveHead {
 /// Reads an archive's numbers and texts. A read past the end makes all of them invalid.
 class ArchiveReader {
 public:
-    explicit ArchiveReader(std::FILE* file) : file_(file) {}
+    explicit ArchiveReader(platform::FileSource& file) : file_(file) {}
 
     std::string text(std::size_t length)
     {
         std::string letters(length, '\0');
-        good_ = good_ && std::fread(letters.data(), 1, length, file_) == length;
+        good_ = good_ && file_.read({reinterpret_cast<uint8_t*>(letters.data()), length});
         return letters;
     }
     std::size_t byte()
     {
-        const int value = std::fgetc(file_);
-        good_ = good_ && value != EOF;
-        return good_ ? static_cast<std::size_t>(value) : 0;
+        uint8_t value = 0;
+        good_ = good_ && file_.read({&value, 1});
+        return value;
     }
     uint32_t word()
     {
         const std::string bytes = text(4);
         return ByteReader({reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()}).big32();
     }
+    /// Goes over `length` bytes; false when the archive ends before that.
     bool skip(long length)
     {
-        good_ = good_ && std::fseek(file_, length, SEEK_CUR) == 0;
+        good_ = good_ && file_.seek(file_.position() + length);
         return good_;
     }
     bool good() const { return good_; }
-    long position() const { return std::ftell(file_); }
 
 private:
-    std::FILE* file_;
+    platform::FileSource& file_;
     bool good_ = true;
 };
 
-bool read_head(ArchiveReader& in, ArchiveHead& head)
+bool read_head(platform::FileSource& file, ArchiveHead& head)
 {
+    ArchiveReader in(file);
     if (in.text(magic.size()) != magic) return false;
     head.title = in.text(in.byte());
     head.notes = in.text(in.byte());
     const uint32_t frames = in.word();
     head.frames = static_cast<int>(std::min<uint32_t>(frames, max_frames + 1));
-    head.blocks_at = in.position();
+    head.blocks_at = file.position();
     return in.good() && head.frames >= 1 && head.frames <= max_frames;
 }
 
-/// Walks the whole archive of `size` bytes: true when every block is there and the end comes exactly behind the last.
-bool walk_archive(std::FILE* file, long size, ArchiveHead& head)
+/// Walks the whole archive: true when every block is there and the end comes exactly behind the last.
+bool walk_archive(platform::FileSource& file, ArchiveHead& head)
 {
+    if (!read_head(file, head)) return false;
     ArchiveReader in(file);
-    if (!read_head(in, head)) return false;
     const int blocks = head.frames + static_cast<int>(std::size(containers));
     for (int block = 0; block < blocks; ++block) {
         const long length = in.word();
-        if (!in.good() || length > size - in.position() || !in.skip(length)) return false;
+        if (!in.good() || !in.skip(length)) return false;
     }
-    return in.position() == size && std::fseek(file, head.blocks_at, SEEK_SET) == 0;
+    return file.position() == file.size() && file.seek(head.blocks_at);
 }
 
-/// What keeps an archive from being loaded, for the status line; null when nothing does.
+/// What keeps an archive from being loaded, for the user; null when nothing does.
 using Reason = const char*;
 
 /// Writes the next block of the archive beside the file that it is to become.
-bool stage_next(std::FILE* archive, ChangeSet& changes, const std::string& name, std::span<uint8_t> buffer)
+bool stage_next(platform::FileSource& archive, ChangeSet& changes, const std::string& name, std::span<uint8_t> buffer)
 {
     const uint32_t length = ArchiveReader(archive).word();
     return extract_block(archive, changes.stage(name), buffer, length) == 0;
 }
 
 /// Stages all files of the archive, each of which must hold what its name says.
-Reason stage_all(std::FILE* archive, const ArchiveHead& head, ChangeSet& changes, ArchiveProgress& progress)
+Reason stage_all(platform::FileSource& archive, const ArchiveHead& head, ChangeSet& changes, ArchiveProgress& progress)
 {
     std::vector<uint8_t> buffer(buffer_size);
     for (int frame = 0; frame < head.frames; ++frame) {
@@ -145,7 +140,7 @@ void remove_old_frames(ChangeSet& changes, int new_count)
 }
 
 /// Puts the files of the archive in the place of the workspace's; null, or why nothing has changed.
-Reason take_in(std::FILE* archive, const ArchiveHead& head, ShowProgress show_progress)
+Reason take_in(platform::FileSource& archive, const ArchiveHead& head, ShowProgress show_progress)
 {
     ArchiveProgress progress(TEXT_LOADING_WORKSPACE, head.frames, show_progress);
     ChangeSet changes;
@@ -184,27 +179,15 @@ bool write_archive(platform::FileReplacement& archive, ArchiveProgress& progress
     return archive.commit();
 }
 
-/// Opens an archive and tests the whole of it; empty, with a line in the log and the status bar, when it is no good.
-File open_archive(const std::string& name, ArchiveHead& head)
+/// Refuses an archive: with the system's reason where a call has failed, else with one of our own.
+int refuse_archive(const std::string& path, const char* line, Reason reason)
 {
-    if (!platform::file_exists(name)) {
-        log_line("[ ERROR ] : Workspace archive is missing or corrupt! Aborting load!");
-        flash_failure(TIP_LOAD_FAILED, "No such file!");
-        return {};
-    }
-    const long size = platform::file_size(name);
-    File file(size < 0 ? nullptr : std::fopen(name.c_str(), "rb"));
-    if (!file) {
-        log_line("[ ERROR ] : Failure to read file at OS level! Aborting load!");
-        flash_failure(TIP_LOAD_FAILED, "Cannot open file!");
-        return {};
-    }
-    if (!walk_archive(file.get(), size, head)) {
-        log_line("[ ERROR ] : Workspace packfile appears to be corrupt. Aborting load!");
-        flash_failure(TIP_LOAD_FAILED, "Not a whole archive!");
-        return {};
-    }
-    return file;
+    log_line(line);
+    if (platform::last_failure() != 0)
+        report_failure(ui_strings[TEXT_ARCHIVE_NOT_LOADED], path, platform::last_failure());
+    else
+        flash_failure(TIP_LOAD_FAILED, reason);
+    return -1;
 }
 
 /// Every text in a file ends at a zero byte.
@@ -214,32 +197,30 @@ std::string up_to_zero(const std::string& text) { return text.substr(0, text.fin
 
 bool copy_file_to_archive(const std::string& file_name, platform::FileReplacement& archive, std::span<uint8_t> buffer)
 {
-    const long size = platform::file_size(file_name);
-    const File file(size < 0 || size > std::numeric_limits<uint32_t>::max() ? nullptr
-                                                                            : std::fopen(file_name.c_str(), "rb"));
-    if (!file) {
-        log_line("[ ERROR ] : Workspace component is missing or corrupt! Aborting save!");
-        return false;
+    platform::FileSource file(file_name);
+    bool good = file.opened() && file.size() <= std::numeric_limits<uint32_t>::max();
+    if (good) {
+        Bytes length;
+        ByteWriter(length).big32(static_cast<uint32_t>(file.size()));
+        good = archive.write(length);
     }
-    Bytes length;
-    ByteWriter(length).big32(static_cast<uint32_t>(size));
-    bool good = archive.write(length);
-    for (auto left = static_cast<std::size_t>(size); good && left > 0;) {
-        const std::size_t chunk = std::min(left, buffer.size());
-        good = std::fread(buffer.data(), 1, chunk, file.get()) == chunk && archive.write(buffer.first(chunk));
-        left -= chunk;
+    while (good && file.position() < file.size()) {
+        const auto left = static_cast<std::size_t>(file.size() - file.position());
+        const auto chunk = buffer.first(std::min(left, buffer.size()));
+        good = file.read(chunk) && archive.write(chunk);
     }
     if (!good) log_line("[ ERROR ] : Workspace component is missing or corrupt! Aborting save!");
     return good;
 }
 
-int extract_block(std::FILE* archive, const std::string& file_name, std::span<uint8_t> buffer, uint32_t length)
+int extract_block(platform::FileSource& archive, const std::string& file_name, std::span<uint8_t> buffer,
+                  uint32_t length)
 {
     platform::FileReplacement file(file_name);
     bool good = true;
     for (std::size_t left = length; good && left > 0;) {
         const std::size_t chunk = std::min(left, buffer.size());
-        good = std::fread(buffer.data(), 1, chunk, archive) == chunk && file.write(buffer.first(chunk));
+        good = archive.read(buffer.first(chunk)) && file.write(buffer.first(chunk));
         left -= chunk;
     }
     if (good && file.commit()) return 0;
@@ -251,8 +232,10 @@ int save_workspace_archive(const std::string& file_name, ShowProgress show_progr
 {
     const TimersLock lock;
     const std::string directory = platform::working_directory();
-    write_workspace_state("current.spa", false); // so that the archive holds what the user sees
+    // So that the archive holds what the user sees; what can't be written has been reported.
+    const bool up_to_date = write_workspace_state("current.spa", false);
     platform::change_directory(directory);
+    if (!up_to_date) return 0;
     browser_state.browser_dir = platform::upper_case(directory).substr(0, longest_directory);
     bool written = false;
     {
@@ -264,35 +247,40 @@ int save_workspace_archive(const std::string& file_name, ShowProgress show_progr
         written = write_archive(archive, progress);
     }
     if (!written) {
-        log_line("[ ERROR ] : Couldn't write file! Name = %s", file_name);
-        flash_status_message(TIP_SAVE_FAILED);
+        report_unwritten(file_name, TEXT_FILE_NOT_WRITTEN);
     }
     return 0;
 }
 
 int load_workspace_archive(const std::string& file_name, ShowProgress show_progress)
 {
+    const std::string path = platform::absolute_path(file_name);
+    platform::forget_failure();
+    if (!platform::file_exists(file_name))
+        return refuse_archive(path, "[ ERROR ] : Workspace archive is missing or corrupt! Aborting load!",
+                              "No such file!");
     ArchiveHead head;
-    const File archive = open_archive(file_name, head);
-    if (!archive) return -1;
+    platform::FileSource archive(file_name);
+    if (!archive.opened())
+        return refuse_archive(path, "[ ERROR ] : Failure to read file at OS level! Aborting load!",
+                              "Cannot open file!");
+    if (!walk_archive(archive, head))
+        return refuse_archive(path, "[ ERROR ] : Workspace packfile appears to be corrupt. Aborting load!",
+                              "Not a whole archive!");
     const TimersLock lock;
     const WorkspaceVisit visit({});
-    if (!visit.found_program() || !visit.entered()) {
-        log_line("[ ERROR ] : WORKSPACE directory unavailable. Aborting load!");
-        flash_failure(TIP_LOAD_FAILED, "No workspace folder!");
-        return -1;
-    }
-    if (const Reason refused = take_in(archive.get(), head, show_progress)) {
-        log_line("[ ERROR ] : Workspace archive wasn't loaded, and the workspace stays as it was: %s", refused);
-        flash_failure(TIP_LOAD_FAILED, refused);
-        return -1;
-    }
+    if (!visit.found_program() || !visit.entered())
+        return refuse_archive(path, "[ ERROR ] : WORKSPACE directory unavailable. Aborting load!",
+                              "No workspace folder!");
+    if (const Reason refused = take_in(archive, head, show_progress))
+        return refuse_archive(path, "[ ERROR ] : Workspace archive wasn't loaded, and the workspace stays as it was",
+                              refused);
     drop_onion_skin();
     clear_frame_cache();
     store.workspace_title = up_to_zero(head.title);
     store.workspace_notes = up_to_zero(head.notes);
     read_workspace_state("current.spa");
-    if (store.alpha_edit_mode) toggle_alpha_edit();
+    if (store.alpha_edit_mode) switch_alpha_mode();
     return 0;
 }
 

@@ -6,7 +6,6 @@
 
 #include "platform/files.h"
 #include <cstdint>
-#include <cstdio>
 #include <span>
 #include <string>
 
@@ -21,8 +20,9 @@ using ShowProgress = void (*)();
 int save_workspace_archive(const std::string& file_name, ShowProgress show_progress);
 
 /// Replaces the workspace by that of an archive, all of it or nothing. One that is missing, short or wrong in any way,
-/// down to a picture that can't be decoded, and one that can't be written whole is refused with a line in the log and
-/// the reason in the status line, and -1 is the result. Returns 0 when the state has been read.
+/// down to a picture that can't be decoded, is refused with a line in the log and the reason in the status line, and -1
+/// is the result; so is one that can't be read or written whole, which is reported. Returns 0 when the state has been
+/// read.
 int load_workspace_archive(const std::string& file_name, ShowProgress show_progress);
 
 /// Appends the block of a file of the working directory, through the buffer. False, and a line in the log, when the
@@ -30,7 +30,8 @@ int load_workspace_archive(const std::string& file_name, ShowProgress show_progr
 bool copy_file_to_archive(const std::string& file_name, platform::FileReplacement& archive, std::span<uint8_t> buffer);
 
 /// Writes the next `length` bytes of the archive as a file of the working directory, through the buffer. Returns 0; or
-/// -1, and a line in the log, when the file can't be written, and its old form stays.
-int extract_block(std::FILE* archive, const std::string& file_name, std::span<uint8_t> buffer, uint32_t length);
+/// -1, and a line in the log, when the file can't be written, and its old form stands.
+int extract_block(platform::FileSource& archive, const std::string& file_name, std::span<uint8_t> buffer,
+                  uint32_t length);
 
 } // namespace kelu

@@ -4,8 +4,8 @@
 #include "base/log.h"
 #include "base/run_state.h"
 #include "draw/preview.h"
-#include "gui/menus.h"
-#include "gui/tooltips.h"
+#include "gui/strings.h"
+#include "imagefile/bmp.h"
 #include "imagefile/tga.h"
 #include "platform/file_calls.h"
 #include "platform/files.h"
@@ -26,6 +26,7 @@
 #include "workspace/repair.h"
 #include "workspace/state.h"
 #include "workspace/text_font.h"
+#include "workspace/thumbnails.h"
 #include "workspace/timers_lock.h"
 #include <algorithm>
 
@@ -67,17 +68,21 @@ void blank_state()
     store.workspace_notes = "...";
 }
 
-/// The files of a new workspace. Its state is written once memory holds it; until then the frame alone makes one.
+/// The files of a new workspace. Its state is written once memory holds it; until then the pictures alone make one.
 bool clear_files()
 {
     ChangeSet changes;
-    if (!write_tga(changes.stage(frame_file(0)), Bitmap(default_frame_w, default_frame_h, opaque_black))) return false;
+    if (!write_tga(changes.stage(frame_file(0)), Bitmap(default_frame_w, default_frame_h, opaque_black)) ||
+        !write_bmp(changes.stage(set_file("cel")),
+                   Bitmap(store.cel_source_bitmap.width(), store.cel_source_bitmap.height())) ||
+        !write_bmp(changes.stage(set_file("nal")), Bitmap(nail_sheet_side, nail_sheet_side)) ||
+        !write_bmp(changes.stage(set_file("tip")), Bitmap(custom_tip_w, custom_tip_h)))
+        return false;
     for (int frame = 0; frame < max_frames; ++frame) {
         if (frame > 0) changes.remove(frame_file(frame));
         changes.remove(frame_file(frame, file_set::backup));
     }
-    for (const char* ending : {"cel", "nal", "tip", "spa"})
-        changes.remove(set_file(ending));
+    changes.remove(set_file("spa"));
     return changes.commit();
 }
 
@@ -88,7 +93,7 @@ void reset_palette_and_slots()
     for (std::size_t i = 0; i < random_favorites; ++i)
         toolbox.favorites[i] = random_color();
     for (Shared<int>& favorite : toolbox.extended_favorites)
-        favorite = fixed_colours.menu_grey;
+        favorite = unchosen_favorite;
     spectrum.spectrum_start = random_color();
     spectrum.spectrum_end = random_color();
     const Toolbox start;
@@ -118,9 +123,10 @@ void clear_workspace()
         }
         if (!clear_files()) {
             log_line("[ ERROR ] : The workspace stays as it was: %s", platform::failure_reason());
-            flash_failure(TIP_WORKSPACE_NOT_WRITTEN, platform::failure_reason());
+            report_unwritten(state_file, TEXT_WORKSPACE_NOT_WRITTEN);
             return;
         }
+        forget_protected_files();
         drop_onion_skin();
     }
     make_blank_workspace();
@@ -137,9 +143,9 @@ void begin_workspace()
     }
     {
         const WorkspaceVisit visit({});
-        store.frame_count = close_frame_gaps();
+        store.frame_count = close_frame_gaps(0);
         store.current_frame = 0;
-        if (!load_frame_file(frame_file(0), LOAD_STORED, 0)) replace_damaged_frame(0);
+        if (!load_frame_file(frame_file(0), LOAD_STORED)) replace_damaged_frame(0);
         load_containers();
         refresh_derived_state();
     }

@@ -2,9 +2,11 @@
 #include "workspace/change_set.h"
 
 #include "base/log.h"
+#include "platform/file_calls.h"
 #include "platform/files.h"
 #include "workspace/folder.h"
 #include "workspace/running_work.h"
+#include <cerrno>
 #include <cstdint>
 #include <sstream>
 
@@ -72,6 +74,8 @@ bool finish_changes()
     return true;
 }
 
+bool change_waits() { return stuck; }
+
 bool settle_changes() { return !stuck || finish_changes(); }
 
 ChangeSet::ChangeSet()
@@ -98,6 +102,9 @@ bool ChangeSet::stage_copy(const std::string& source, const std::string& name)
 
 void ChangeSet::move(const std::string& source, const std::string& name)
 {
+    // What is decided must be possible: nothing may lie there that can't be replaced.
+    if (platform::file_exists(name) && platform::file_size(name) < 0) refused_ = EISDIR;
+    if (platform::file_exists(name) && !platform::file_writable(name)) refused_ = errno;
     record_ += "take " + source + ' ' + name + '\n';
     remove_journal(name);
 }
@@ -117,6 +124,10 @@ void ChangeSet::remove_journal(const std::string& name)
 bool ChangeSet::commit()
 {
     const std::vector<uint8_t> bytes(record_.begin(), record_.end());
+    if (refused_ != 0) {
+        errno = refused_;
+        return platform::note_failure();
+    }
     if (!ready_ || !platform::replace_file(record_name, bytes)) return false;
     committed_ = true;
     stuck = !apply(record_);

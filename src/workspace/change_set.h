@@ -20,7 +20,8 @@ public:
     ChangeSet(const ChangeSet&) = delete;
     ChangeSet& operator=(const ChangeSet&) = delete;
 
-    /// The name under which the caller is to write what shall become the file `name` of the workspace.
+    /// The name under which the caller is to write what shall become the file `name` of the workspace. One that the
+    /// user may not write makes the change impossible.
     std::string stage(const std::string& name);
     /// Lets `name` become what `source`, a file of the store, is now. False: it can't be had.
     bool stage_copy(const std::string& source, const std::string& name);
@@ -36,12 +37,16 @@ private:
     void remove_journal(const std::string& name);
     std::string record_; ///< lines "take FROM TO" and "remove NAME"
     bool ready_ = false; ///< no earlier change stands in the way
+    int refused_ = 0;    ///< error number of a file that may not be replaced
     bool committed_ = false;
 };
 
 /// Brings a change to its end that has been decided, and takes away what was made for one that hasn't. False: the
 /// files can't be moved to their places now, so that no frame may be read or written.
 bool finish_changes();
+
+/// True while a change that has been decided waits for the next try.
+bool change_waits();
 
 /// As `finish_changes`, but free when no change has stuck in this run of the program.
 bool settle_changes();

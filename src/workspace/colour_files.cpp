@@ -2,11 +2,9 @@
 #include "workspace/colour_files.h"
 
 #include "gui/scheme.h"
-#include "gui/tooltips.h"
 #include "platform/files.h"
 #include "runtime/toolbox.h"
 #include "workspace/field.h"
-#include "workspace/folder.h"
 #include "workspace/tags.h"
 #include <string_view>
 
@@ -27,9 +25,7 @@ bool save(const ColourFile& kind, const std::string& name)
     out.text(kind.magic);
     for (int i = 0; i < kind.colors.count(); ++i)
         out.big32(static_cast<uint32_t>(kind.colors.get(i)));
-    if (platform::replace_file(name, bytes)) return true;
-    report_unwritten(name, TIP_SAVE_FAILED);
-    return false;
+    return platform::replace_file(name, bytes);
 }
 
 int load(const ColourFile& kind, const std::string& name)

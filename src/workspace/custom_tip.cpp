@@ -23,7 +23,9 @@ Bytes custom_tip_bytes()
     return bytes;
 }
 
-bool save_custom_tip() { return platform::replace_file(set_file("tip"), custom_tip_bytes()); }
+bool save_custom_tip() { return write_custom_tip(set_file("tip")); }
+
+bool write_custom_tip(const std::string& name) { return platform::replace_file(name, custom_tip_bytes()); }
 
 bool load_custom_tip()
 {

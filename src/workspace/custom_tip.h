@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/reader.h"
+#include <string>
 
 namespace kelu {
 
@@ -14,6 +15,8 @@ void clear_custom_tip();
 Bytes custom_tip_bytes();
 /// Writes the custom tip to the working directory, which must be the store's. False when that failed.
 bool save_custom_tip();
+/// Writes it to another file of the working directory.
+bool write_custom_tip(const std::string& name);
 /// Reads the custom tip of the working directory into the sheet. False, and the sheet as before, when it can't be read.
 bool load_custom_tip();
 

@@ -3,16 +3,34 @@
 
 #include "base/log.h"
 #include "base/run_state.h"
-#include "gui/menus.h"
+#include "gui/strings.h"
 #include "platform/file_calls.h"
 #include "platform/files.h"
+#include "runtime/failure_reports.h"
 #include <array>
 #include <cstdio>
+#include <set>
 
 namespace kelu {
 namespace {
 
 constexpr int kept_copies = 1000; // unreadable files of one name that are kept
+
+/// Files of the store that could not be read and not be put aside. Owner: this file. Main thread.
+std::set<std::string> protected_files;
+
+bool enter_store(bool may_make)
+{
+    if (platform::change_directory(workspace_folder)) return true;
+    if (!may_make || platform::file_exists(workspace_folder) || !platform::make_folder(workspace_folder)) return false;
+    log_line("[ INFO ] : The folder of the workspace was missing and has been made");
+    return platform::change_directory(workspace_folder);
+}
+
+void report(const std::string& name, int text)
+{
+    report_failure(ui_strings[text], platform::absolute_path(name), platform::last_failure());
+}
 
 } // namespace
 
@@ -27,8 +45,7 @@ std::string set_file(const char* ending, const std::string& set) { return set + 
 
 WorkspaceVisit::WorkspaceVisit(std::string leave_to)
     : before_(platform::working_directory()), leave_to_(std::move(leave_to)),
-      found_program_(platform::change_directory(run_state.program_dir)),
-      entered_(platform::change_directory(workspace_folder))
+      found_program_(platform::change_directory(run_state.program_dir)), entered_(enter_store(found_program_))
 {}
 
 WorkspaceVisit::~WorkspaceVisit()
@@ -36,11 +53,32 @@ WorkspaceVisit::~WorkspaceVisit()
     if (!platform::change_back(leave_to_, before_)) platform::change_directory(before_);
 }
 
-void report_unwritten(const std::string& name, int message)
+void report_unwritten(const std::string& name, int text)
 {
     log_line("[ ERROR ] : Couldn't write file! Name = %s", name);
-    flash_failure(message, platform::failure_reason());
+    report(name, text);
 }
+
+void report_unread(const std::string& name, int text)
+{
+    log_line("[ ERROR ] : Couldn't read file! Name = %s", name);
+    report(name, text);
+}
+
+void protect_file(const std::string& name) { protected_files.insert(name); }
+
+bool file_protected(const std::string& name) { return protected_files.contains(name); }
+
+bool make_way(const std::string& name)
+{
+    if (!file_protected(name)) return true;
+    const std::string aside = file_set::damaged + name.substr(name.find('.'));
+    if (platform::file_exists(name) && keep_unreadable(name, aside).empty()) return false;
+    protected_files.erase(name);
+    return true;
+}
+
+void forget_protected_files() { protected_files.clear(); }
 
 std::string free_name(const std::string& name)
 {

@@ -1,7 +1,7 @@
 // The store's folder and the names of the files in it.
 //
-// WORKSPACE lies below the program's folder and is part of what is delivered; nothing here creates it. Whoever works
-// on the store enters it for the time of a block and uses bare names.
+// WORKSPACE lies below the program's folder; one that is missing is made. Whoever works on the store enters it for the
+// time of a block and uses bare names.
 #pragma once
 
 #include <string>
@@ -36,7 +36,7 @@ public:
     WorkspaceVisit& operator=(const WorkspaceVisit&) = delete;
     /// False: the program's folder is gone, and the working directory is as before.
     bool found_program() const { return found_program_; }
-    /// False: the store's folder could not be entered.
+    /// False: the store's folder could not be entered, nor made.
     bool entered() const { return entered_; }
 
 private:
@@ -44,12 +44,23 @@ private:
     bool found_program_, entered_;
 };
 
-/// Tells of a file that could not be written: a line in the log, and row `message` of the status line with the
-/// reason.
-void report_unwritten(const std::string& name, int message);
+/// Report a file of the working directory that could not be written or read, with the reason of the last call that has
+/// failed; a line in the log too. `text` is the row of the strings that says what it is.
+void report_unwritten(const std::string& name, int text);
+void report_unread(const std::string& name, int text);
 
 /// The name, or the first of "name.1", "name.2" ... that is free; empty when a thousand are taken.
 std::string free_name(const std::string& name);
+
+/// Notes a file of the store that the system wouldn't read and that lies where it is.
+void protect_file(const std::string& name);
+/// Before a file is written: true when none that is protected lies there, or when it could be put aside now. A false
+/// one is noted for `last_failure`.
+bool make_way(const std::string& name);
+/// True while a file is protected.
+bool file_protected(const std::string& name);
+/// The files of the store are others now: none is protected.
+void forget_protected_files();
 
 /// Puts a file that could not be read aside under a free name made from `set_name`, so that nothing overwrites it.
 /// Returns that name; empty when the file could not be moved.

@@ -1,23 +1,23 @@
-// Frames are renumbered on disk first, all of them by one set of changes, then in the tables of the program: a run that
-// fails or is cut short leaves the old order or the new one.
+// Frames are renumbered in the tables of the program and on disk, there by one set of changes with the tables' own
+// files: a run that fails or is cut short leaves the old order or the new one.
 #include "workspace/frame_order.h"
 
 #include "base/log.h"
 #include "base/run_state.h"
 #include "gui/strings.h"
-#include "gui/tooltips.h"
+#include "imagefile/bmp.h"
 #include "imagefile/tga.h"
 #include "platform/file_calls.h"
 #include "platform/files.h"
 #include "runtime/animation.h"
 #include "runtime/store.h"
-#include "runtime/view.h"
 #include "workspace/change_set.h"
 #include "workspace/folder.h"
 #include "workspace/frame_cache.h"
 #include "workspace/frame_store.h"
-#include "workspace/merged.h"
+#include "workspace/frame_tables.h"
 #include "workspace/notice.h"
+#include "workspace/state.h"
 #include "workspace/thumbnails.h"
 #include <algorithm>
 
@@ -31,61 +31,50 @@ void tell(int first_text, int second_text)
     if (show_notice) show_notice(first_text, second_text);
 }
 
-void copy_view(int from, int to)
-{
-    const auto source = static_cast<std::size_t>(from), target = static_cast<std::size_t>(to);
-    view.frame_pan_x[target] = view.frame_pan_x[source];
-    view.frame_pan_y[target] = view.frame_pan_y[source];
-    view.frame_zoom[target] = view.frame_zoom[source];
-}
-
-/// What belongs to a frame in the tables of the program follows its file.
-void renumber_tables(int from, int to)
-{
-    copy_view(from, to);
-    move_nail(from, to);
-    shift_cache_entry(from, to);
-}
-
 /// Nothing has changed: tells the user so, and why.
 void report_unchanged()
 {
-    run_state.workspace_damaged = 1;
     log_line("[ ERROR ] : The frames keep their order: %s", platform::failure_reason());
-    report_unwritten(frame_file(store.current_frame), TIP_FRAME_NOT_WRITTEN);
+    report_unwritten(frame_file(store.current_frame), TEXT_FRAME_NOT_WRITTEN);
 }
 
-/// Lets the frames behind `start` have numbers that are `by` higher.
-bool stage_renumbering(ChangeSet& changes, int start, int by)
+/// Lets the frames from `first` to the last of `count` have numbers that are `by` higher.
+bool stage_renumbering(ChangeSet& changes, int first, int count, int by)
 {
-    for (int frame = start + 1; frame < store.frame_count; ++frame)
+    for (int frame = first; frame < count; ++frame)
         if (!changes.stage_copy(frame_file(frame), frame_file(frame + by))) return false;
     return true;
 }
 
 bool write_new_frame(const std::string& name, int blank)
 {
-    if (blank == INSERT_CLONES)
-        return write_tga(name, store.frame_bitmap.width(), store.frame_bitmap.height(), merged_rows());
+    if (blank == INSERT_CLONES) return write_live_frame(name);
     return write_tga(name, Bitmap(default_frame_w, default_frame_h, opaque_black));
 }
 
-bool insert_files(int start, int count, int blank)
+/// The tables of the program, whose numbers go with those of the files.
+bool stage_tables(ChangeSet& changes)
 {
-    ChangeSet changes;
-    if (!stage_renumbering(changes, start, count)) return false;
-    for (int frame = start + 1; frame <= start + count; ++frame)
-        if (!write_new_frame(changes.stage(frame_file(frame)), blank)) return false;
-    return changes.commit();
+    return write_bmp(changes.stage(set_file("nal")), store.nail_sheet) &&
+           write_state_file(changes.stage(set_file("spa")));
 }
 
-bool delete_files(int start, int count)
+bool insert_files(int start, int count, int old_count, int blank)
 {
     ChangeSet changes;
-    if (!stage_renumbering(changes, start + count - 1, -count)) return false;
-    for (int frame = store.frame_count - count; frame < store.frame_count; ++frame)
+    if (!stage_renumbering(changes, start + 1, old_count, count)) return false;
+    for (int frame = start + 1; frame <= start + count; ++frame)
+        if (!write_new_frame(changes.stage(frame_file(frame)), blank)) return false;
+    return stage_tables(changes) && changes.commit();
+}
+
+bool delete_files(int start, int count, int old_count)
+{
+    ChangeSet changes;
+    if (!stage_renumbering(changes, start + count, old_count, -count)) return false;
+    for (int frame = old_count - count; frame < old_count; ++frame)
         changes.remove(frame_file(frame));
-    return changes.commit();
+    return stage_tables(changes) && changes.commit();
 }
 
 void insert_into_tables(int start, int count, int blank)
@@ -100,18 +89,20 @@ void insert_into_tables(int start, int count, int blank)
             clear_nail(frame);
     }
     copy_view(start, start + 1);
+    store.frame_count = store.frame_count + count;
 }
 
-void delete_from_tables(int start, int count)
+void delete_from_tables(int start, int count, int shown)
 {
     for (int frame = start; frame < start + count; ++frame) {
-        const auto slot = static_cast<std::size_t>(frame);
-        view.frame_pan_x[slot] = view.frame_pan_y[slot] = 0;
-        view.frame_zoom[slot] = 1;
+        clear_view(frame);
         drop_cached_frame(frame);
     }
     for (int frame = start + count; frame < store.frame_count; ++frame)
         renumber_tables(frame, frame - count);
+    store.frame_count = store.frame_count - count;
+    store.current_frame = shown;
+    take_view(shown);
 }
 
 /// The number of the frame that is shown once `count` frames from `start` on have gone.
@@ -140,10 +131,13 @@ void insert_frames(int start, int count, int blank)
         log_line("[ ERROR ] : WORKSPACE directory unavailable. Aborting insert operation!");
         return;
     }
-    if (!insert_files(start, count, blank)) return report_unchanged();
+    const int old_count = store.frame_count;
+    const KeptTables before;
     insert_into_tables(start, count, blank);
-    save_nails();
-    store.frame_count = store.frame_count + count;
+    if (!insert_files(start, count, old_count, blank)) {
+        before.put_back();
+        return report_unchanged();
+    }
     animation.anim_count = build_anim_list();
 }
 
@@ -155,17 +149,17 @@ bool append_frame(const Bitmap& merged)
     }
     const WorkspaceVisit visit(run_state.program_dir);
     const int frame = store.frame_count;
+    const KeptTables before;
+    clear_view(frame);
+    draw_nail(frame, merged);
+    store.frame_count = frame + 1;
     ChangeSet changes;
-    if (!visit.entered() || !write_tga(changes.stage(frame_file(frame)), merged) || !changes.commit()) {
+    if (!visit.entered() || !write_tga(changes.stage(frame_file(frame)), merged) || !stage_tables(changes) ||
+        !changes.commit()) {
+        before.put_back();
         report_unchanged();
         return false;
     }
-    const auto slot = static_cast<std::size_t>(frame);
-    view.frame_pan_x[slot] = view.frame_pan_y[slot] = 0;
-    view.frame_zoom[slot] = 1;
-    draw_nail(frame, merged);
-    save_nails();
-    store.frame_count = frame + 1;
     animation.anim_count = build_anim_list();
     return true;
 }
@@ -190,9 +184,14 @@ void delete_frames(int start, int count)
     const int shown_before = shown < start ? shown : shown + count;
     Bitmap merged = read_stored_frame(frame_file(shown_before));
     if (!merged && frame_out_of_reach(shown_before)) return;
-    if (!delete_files(start, count)) return report_unchanged();
-    delete_from_tables(start, count);
-    store.frame_count = store.frame_count - count;
+    const int old_count = store.frame_count;
+    const KeptTables before;
+    delete_from_tables(start, count, shown);
+    if (!delete_files(start, count, old_count)) {
+        before.put_back();
+        return report_unchanged();
+    }
+    forget_protected_files();
     show_stored_frame(shown, std::move(merged));
     if (store.frame_count < 2) drop_onion_skin();
     animation.anim_count = build_anim_list();

@@ -3,9 +3,10 @@
 
 #include "base/log.h"
 #include "base/run_state.h"
+#include "draw/lifted.h"
 #include "draw/undo.h"
-#include "gui/menus.h"
-#include "gui/tooltips.h"
+#include "gui/strings.h"
+#include "imagefile/bmp.h"
 #include "imagefile/tga.h"
 #include "platform/file_calls.h"
 #include "platform/files.h"
@@ -50,24 +51,33 @@ bool load_onion(const std::string& name)
         if (!color) return false;
         alpha_strip(merged, merged, color);
     }
+    if (!merged) report_unread(name, TEXT_FRAME_NOT_READ);
     store.onion_bitmap = std::move(merged);
     return static_cast<bool>(store.onion_bitmap);
 }
 
-void take_view(int frame)
+/// File and thumbnail of the live frame in one step.
+bool write_with_nail(int frame)
 {
-    const auto slot = static_cast<std::size_t>(frame);
-    view.frame_zoom[slot] = std::clamp(view.frame_zoom[slot], 1, max_zoom);
-    view.pan_x = view.frame_pan_x[slot];
-    view.pan_y = view.frame_pan_y[slot];
-    view.zoom = view.frame_zoom[slot];
+    const std::string name = frame_file(frame);
+    ChangeSet changes;
+    const bool written = make_way(name) && write_live_frame(changes.stage(name)) &&
+                         write_bmp(changes.stage(set_file("nal")), store.nail_sheet) && changes.commit();
+    if (written) note_commit();
+    return written;
 }
 
 /// Brings thumbnail, file and view of the live frame to where they are kept. False: the file could not be written.
 bool commit_frame(int frame)
 {
-    update_frame_nail(1);
-    if (frame_changed() && !write_frame(frame)) return false;
+    put_back_piece();
+    draw_nail(frame);
+    if (!frame_changed()) {
+        save_nails();
+    } else if (!write_with_nail(frame)) {
+        if (!write_frame(frame)) return false; // the picture before all; what else can't be written is told
+        save_nails();
+    }
     keep_view(frame);
     return true;
 }
@@ -82,6 +92,15 @@ void keep_view(int frame)
     view.frame_zoom[slot] = view.zoom;
 }
 
+void take_view(int frame)
+{
+    const auto slot = static_cast<std::size_t>(frame);
+    view.frame_zoom[slot] = std::clamp(view.frame_zoom[slot], 1, max_zoom);
+    view.pan_x = view.frame_pan_x[slot];
+    view.pan_y = view.frame_pan_y[slot];
+    view.zoom = view.frame_zoom[slot];
+}
+
 Bitmap read_stored_frame(const std::string& name)
 {
     if (!platform::file_exists(name)) log_line("[ ERROR ] : Tried to load non-existent file! Name = %s", name);
@@ -94,8 +113,7 @@ Bitmap read_stored_frame(const std::string& name)
 bool frame_out_of_reach(int frame)
 {
     if (platform::last_failure() == 0 || platform::file_size(frame_file(frame)) < 0) return false;
-    log_line("[ ERROR ] : Frame file can't be read: %s. Name = %s", platform::failure_reason(), frame_file(frame));
-    flash_failure(TIP_FRAME_NOT_READ, platform::failure_reason());
+    report_unread(frame_file(frame), TEXT_FRAME_NOT_READ);
     return true;
 }
 
@@ -106,16 +124,25 @@ void show_stored_frame(int frame, Bitmap merged)
     take_view(frame);
 }
 
+bool write_live_frame(const std::string& name)
+{
+    return write_tga(name, store.frame_bitmap.width(), store.frame_bitmap.height(), merged_rows());
+}
+
+void note_commit()
+{
+    settle_frame();
+    begin_journal();
+}
+
 bool write_frame(int frame)
 {
     const std::string name = frame_file(frame);
-    if (settle_changes() && write_tga(name, store.frame_bitmap.width(), store.frame_bitmap.height(), merged_rows())) {
-        settle_frame();
-        begin_journal();
+    if (settle_changes() && make_way(name) && write_live_frame(name)) {
+        note_commit();
         return true;
     }
-    run_state.workspace_damaged = 1;
-    report_unwritten(name, TIP_FRAME_NOT_WRITTEN);
+    report_unwritten(name, TEXT_FRAME_NOT_WRITTEN);
     return false;
 }
 
@@ -144,7 +171,7 @@ bool adopt_picture(Bitmap merged, bool becomes_restoration)
     return true;
 }
 
-bool load_frame_file(const std::string& name, int how, int kind)
+bool load_frame_file(const std::string& name, int how, int format)
 {
     if (!platform::file_exists(name)) {
         log_line("[ ERROR ] : Tried to load non-existent file! Name = %s", name);
@@ -152,7 +179,7 @@ bool load_frame_file(const std::string& name, int how, int kind)
     }
     if (how == LOAD_ONION) return load_onion(name);
     if (how == LOAD_STORED) return adopt_picture(read_stored_frame(name), true);
-    return read_picture && adopt_picture(read_picture(name, kind), false);
+    return adopt_picture(load_picture(name, format), false);
 }
 
 bool fetch_frame(int old_slot, int new_slot, int mode)
@@ -173,10 +200,10 @@ bool fetch_frame(int old_slot, int new_slot, int mode)
     }
     if (mode != 0) {
         store.onion_bitmap.reset();
-        return load_frame_file(frame_file(new_slot), LOAD_ONION, 0);
+        return load_frame_file(frame_file(new_slot), LOAD_ONION);
     }
     if (!settle_changes()) {
-        report_unwritten(frame_file(new_slot), TIP_FRAME_NOT_WRITTEN);
+        report_unwritten(frame_file(new_slot), TEXT_FRAME_NOT_WRITTEN);
         return false;
     }
     if (swaps) {

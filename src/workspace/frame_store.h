@@ -5,6 +5,7 @@
 #pragma once
 
 #include "base/bitmap.h"
+#include "imagefile/formats.h"
 #include <string>
 
 namespace kelu {
@@ -20,11 +21,6 @@ enum LoadPurpose : int {
     LOAD_PICTURE = 0  ///< a picture file of another program into the live bitmaps
 };
 
-/// Reader of picture files, for LOAD_PICTURE: the picture in merged form, empty when the file can't be read. `kind`
-/// is 0 for the formats that go by their extension, 1 for JPEG, 2 for ICO. The dispatcher of picture files sets it.
-using PictureReader = Bitmap (*)(const std::string& name, int kind);
-inline PictureReader read_picture = nullptr;
-
 /// Commits `old_slot` and makes `new_slot` the current frame. With equal slots nothing is committed and the edits of
 /// the live frame are gone. A mode that isn't 0 loads `new_slot` as the onion skin and changes nothing else. A frame
 /// that is damaged is replaced by a blank one. Returns false when nothing was fetched: the slot is out of range, the
@@ -32,19 +28,21 @@ inline PictureReader read_picture = nullptr;
 bool fetch_frame(int old_slot, int new_slot, int mode);
 
 /// Reads a file of the working directory in one of the ways of LoadPurpose. The undo queues, coverage and backdrop
-/// follow a new frame; the restoration copy does only for a stored one. Returns false, and leaves the live bitmaps as
-/// they were, when the file is missing or can't be read.
-bool load_frame_file(const std::string& name, int how, int kind);
+/// follow a new frame; the restoration copy does only for a stored one. `format` is that of a picture file. Returns
+/// false, and leaves the live bitmaps as they were, when the file is missing or can't be read.
+bool load_frame_file(const std::string& name, int how, int format = FORMAT_NONE);
 
 /// Makes a picture in merged form the live frame, as `load_frame_file` does for a file that it has read.
 bool adopt_picture(Bitmap merged, bool becomes_restoration);
 
-/// Writes the live frame in merged form to `current.NNN` of the working directory. A failure is reported to the user,
-/// sets `workspace_damaged` and returns false; the old file then stays.
+/// Writes the live frame in merged form to `current.NNN` of the working directory. A failure is reported to the user
+/// and returns false; the old file then stands.
 bool write_frame(int frame);
 
-/// Notes the view as the one that a frame was left with.
-void keep_view(int frame);
+/// Writes the live frame in merged form to a file of the working directory. Tells nobody of a failure.
+bool write_live_frame(const std::string& name);
+/// To be called once the live frame's file has it: its journal begins anew.
+void note_commit();
 
 /// The picture of a frame's file of the working directory in merged form; empty when it can't be read.
 Bitmap read_stored_frame(const std::string& name);
@@ -52,6 +50,10 @@ Bitmap read_stored_frame(const std::string& name);
 /// After a `read_stored_frame` that came out empty: true when the file is there and the system wouldn't read it, which
 /// is reported to the user and is no damage. False: what it holds is no frame, or there is none.
 bool frame_out_of_reach(int frame);
+
+/// Notes the view as the one that a frame was left with, and takes it from there.
+void keep_view(int frame);
+void take_view(int frame);
 
 /// Makes a picture in merged form, that of the file, the current frame; a blank one where it is empty.
 void show_stored_frame(int frame, Bitmap merged);

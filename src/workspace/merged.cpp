@@ -28,12 +28,15 @@ void merge_row(int y, int* to, int w)
     std::transform(color, color + w, alpha, to, merge_pixel);
 }
 
+/// The grey that a pixel of the alpha picture turns to when it is kept.
+constexpr int grey_level(int pixel) { return (red_of(pixel) + green_of(pixel) + blue_of(pixel)) / 3; }
+
 bool same_row(int y, const int* restored, int w)
 {
     const int* color = row(color_picture(), y);
     const int* alpha = row(alpha_picture(), y);
     for (int x = 0; x < w; ++x)
-        if (((color[x] ^ restored[x]) & color_bits) != 0 || red_of(alpha[x]) != top_byte(restored[x])) return false;
+        if (((color[x] ^ restored[x]) & color_bits) != 0 || grey_level(alpha[x]) != top_byte(restored[x])) return false;
     return true;
 }
 
@@ -97,7 +100,7 @@ void gray_normalize(BITMAP* bitmap)
     for (int y = 0; y < bitmap->h; ++y) {
         int* line = row(bitmap, y);
         for (int x = 0; x < bitmap->w; ++x) {
-            const int level = (red_of(line[x]) + green_of(line[x]) + blue_of(line[x])) / 3;
+            const int level = grey_level(line[x]);
             line[x] = pack_rgb(level, level, level);
         }
     }

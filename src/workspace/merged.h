@@ -31,7 +31,8 @@ void gray_normalize(BITMAP* bitmap);
 /// Exchanges the two pictures and flips `alpha_edit_mode`. The undo and redo copies stay as they are.
 void toggle_alpha_edit();
 
-/// True when size, colours or alpha of the current frame differ from the restoration copy. Alpha counts by its red.
+/// True when size, colours or alpha of the current frame differ from the restoration copy. Alpha counts by the grey
+/// that it would be kept as.
 bool frame_changed();
 
 } // namespace kelu

@@ -1,7 +1,7 @@
 // What an earlier run has left in journals, found at the next start.
 #include "base/log.h"
 #include "base/run_state.h"
-#include "gui/tooltips.h"
+#include "gui/strings.h"
 #include "imagefile/tga.h"
 #include "platform/files.h"
 #include "runtime/view.h"
@@ -73,7 +73,7 @@ void commit_left_frame(const Found& left)
         platform::remove_file(frame_file(left.frame, file_set::journal));
         log_line("[ INFO ] : Work on %s was recovered", frame_file(left.frame));
     } else {
-        report_unwritten(frame_file(left.frame), TIP_FRAME_NOT_WRITTEN);
+        report_unwritten(frame_file(left.frame), TEXT_FRAME_NOT_WRITTEN);
     }
 }
 

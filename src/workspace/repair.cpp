@@ -3,15 +3,19 @@
 
 #include "base/log.h"
 #include "base/run_state.h"
-#include "gui/tooltips.h"
+#include "gui/strings.h"
 #include "imagefile/bmp.h"
 #include "platform/files.h"
+#include "runtime/animation.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
 #include "workspace/custom_tip.h"
 #include "workspace/folder.h"
 #include "workspace/frame_store.h"
+#include "workspace/frame_tables.h"
 #include "workspace/thumbnails.h"
+#include <utility>
+#include <vector>
 
 namespace kelu {
 namespace {
@@ -38,6 +42,38 @@ bool repair_tip()
     return save_custom_tip();
 }
 
+/// Frames of which the thumbnails have yet to follow, by number before and after. Main thread.
+std::vector<std::pair<int, int>> nail_moves;
+
+int count_frame_files()
+{
+    int count = 0;
+    for (int frame = 0; frame < max_frames; ++frame)
+        count += platform::file_exists(frame_file(frame));
+    return count;
+}
+
+/// Gives a frame the free number `to`; false when its file can't be renamed.
+bool move_up(int from, int to, bool with_tables)
+{
+    log_line("[ WARNING ] : Frame %s moved up to close a gap: %s", frame_file(from), frame_file(to));
+    run_state.workspace_damaged = 1;
+    if (!platform::rename_file(frame_file(from), frame_file(to))) {
+        report_unwritten(frame_file(to), TEXT_FRAME_NOT_WRITTEN);
+        return false;
+    }
+    if (!with_tables) return true;
+    const auto source = static_cast<std::size_t>(from), target = static_cast<std::size_t>(to);
+    copy_view(from, to);
+    animation.anim_tag[target] = animation.anim_tag[source];
+    animation.anim_delay[target] = animation.anim_delay[source];
+    animation.anim_tag[source] = 0;
+    animation.anim_delay[source] = 0;
+    nail_moves.emplace_back(from, to);
+    if (store.current_frame == from) store.current_frame = to;
+    return true;
+}
+
 struct Repair {
     bool (*run)(); ///< false: the container could not be written
     const char* file;
@@ -56,7 +92,8 @@ void repair_container(int which)
     const Repair& repair = repairs[which];
     run_state.workspace_damaged = 1;
     log_line("[ INFO ] : Workspace damage encountered. Attempting repair!");
-    if (!repair.run()) report_unwritten(set_file(repair.file), TIP_WORKSPACE_NOT_WRITTEN);
+    if (!make_way(set_file(repair.file)) || !repair.run())
+        report_unwritten(set_file(repair.file), TEXT_WORKSPACE_NOT_WRITTEN);
     log_line(repair.line);
 }
 
@@ -67,6 +104,7 @@ void replace_damaged_frame(int frame)
     log_line("[ WARNING ] : Frame file is missing or corrupt. A blank frame takes its place. Name = %s", name);
     const bool moved =
         !platform::file_exists(name) || !keep_unreadable(name, frame_file(frame, file_set::damaged)).empty();
+    if (!moved) protect_file(name);
     const bool had_frame =
         store.frame_bitmap.width() >= least_frame_side && store.frame_bitmap.height() >= least_frame_side;
     const int w = had_frame ? store.frame_bitmap.width() : default_frame_w;
@@ -74,19 +112,23 @@ void replace_damaged_frame(int frame)
     if (adopt_picture(Bitmap(w, h, opaque_black), true) && moved) write_frame(frame);
 }
 
-int close_frame_gaps()
+int close_frame_gaps(int table_frames)
 {
+    nail_moves.clear();
+    const bool numbered_already = count_frame_files() == table_frames;
     int count = 0;
     for (int frame = 0; frame < max_frames; ++frame) {
         if (!platform::file_exists(frame_file(frame))) continue;
-        if (frame != count) {
-            log_line("[ WARNING ] : Frame %s moved up to close a gap: %s", frame_file(frame), frame_file(count));
-            run_state.workspace_damaged = 1;
-            if (!platform::rename_file(frame_file(frame), frame_file(count))) return count;
-        }
+        if (frame != count && !move_up(frame, count, !numbered_already)) return count;
         ++count;
     }
     return count;
+}
+
+void move_nails_of_gaps()
+{
+    for (const auto& [from, to] : std::exchange(nail_moves, {}))
+        move_nail(from, to);
 }
 
 } // namespace kelu

@@ -14,8 +14,12 @@ void repair_container(int which);
 /// beside as "damaged.NNN". The working directory must be the store's.
 void replace_damaged_frame(int frame);
 
-/// Renumbers the frame files so that there is no gap: an operation that a crash cut short leaves one. Returns the
-/// number of frames. The working directory must be the store's.
-int close_frame_gaps();
+/// Renumbers the frame files so that there is no gap, as when one was taken out by hand. Views, tags and delays go
+/// along, and the number of the current frame; the thumbnails by `move_nails_of_gaps`, once they are loaded. But tables
+/// of `table_frames` frames, as many as there are, have their numbers already. Returns the number of frames. The
+/// working directory must be the store's.
+int close_frame_gaps(int table_frames);
+/// Lets the thumbnails follow the frames of the last `close_frame_gaps`.
+void move_nails_of_gaps();
 
 } // namespace kelu

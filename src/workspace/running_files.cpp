@@ -37,6 +37,8 @@ const std::array contents{
     Content{"WORKSPACE/current.tip", &Found::tip, custom_tip_bytes},
 };
 
+std::string leaf_of(const std::string& name) { return name.substr(name.rfind('/') + 1); }
+
 std::string in_program(const std::string& name) { return run_state.program_dir + '/' + name; }
 
 /// An operation that has borrowed the cel gives it back.
@@ -49,7 +51,7 @@ std::vector<RunningFile> changed_running_files()
     std::vector<RunningFile> files;
     for (const Content& content : contents) {
         Bytes now = content.now();
-        if (now == found.*content.last) continue;
+        if (now == found.*content.last || file_protected(leaf_of(content.name))) continue;
         files.push_back({in_program(content.name), now, {}});
         found.*content.last = std::move(now);
     }

@@ -7,12 +7,12 @@
 #include "draw/touched.h"
 #include "draw/undo.h"
 #include "draw/unsaved.h"
-#include "gui/menus.h"
-#include "gui/tooltips.h"
+#include "gui/strings.h"
 #include "platform/file_calls.h"
 #include "platform/files.h"
 #include "runtime/pixels.h"
 #include "runtime/store.h"
+#include "workspace/change_set.h"
 #include "workspace/folder.h"
 #include "workspace/journal_writer.h"
 #include "workspace/merged.h"
@@ -32,6 +32,7 @@ using namespace std::chrono_literals;
 constexpr auto gather_time = 200ms;       // strokes that follow one another at once share a batch
 constexpr auto in_hand_time = 500ms;      // between two looks at a stroke in hand
 constexpr auto retry_time = 3s;           // after a failure
+constexpr auto quiet_time = 20s;          // in which another failure of the same kind belongs to the same row
 constexpr std::size_t most_in_hand = 128; // tiles of a stroke in hand that are copied at once: 2 MB
 constexpr uint64_t pictures_kept = 3;     // a journal that outgrows so many pictures of its frame is written anew
 constexpr uint64_t least_kept = uint64_t{1} << 20; // bytes
@@ -319,6 +320,9 @@ void keep_stroke_in_hand()
     }
 }
 
+Worker::Failure told{}; ///< the last failure, which isn't told again before `told_until`
+Clock::time_point told_until;
+
 void tell_failure()
 {
     const std::optional<Worker::Failure> failure = worker.take_failure();
@@ -327,7 +331,11 @@ void tell_failure()
     errno = failure->error;
     platform::note_failure();
     forget_running_files();
-    report_unwritten(failure->name, TIP_WORKSPACE_NOT_WRITTEN);
+    // The thread tries again by itself: only the first failure of a row is told.
+    const bool goes_on = failure->name == told.name && failure->error == told.error && Clock::now() < told_until;
+    told = *failure;
+    told_until = Clock::now() + quiet_time;
+    if (!goes_on) report_unwritten(failure->name, TEXT_WORKSPACE_NOT_WRITTEN);
 }
 
 BeginOrder begin_order(bool drops)
@@ -398,7 +406,7 @@ void keep_running_work()
         next_in_hand = now + in_hand_time;
         keep_stroke_in_hand();
     }
-    if (now < next_files) return;
+    if (now < next_files || change_waits()) return; // a change that waits would take back what is written now
     next_files = now + files_time;
     std::vector<RunningFile> files = changed_running_files();
     const std::lock_guard lock(unsaved.mutex);

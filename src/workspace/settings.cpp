@@ -5,7 +5,7 @@
 #include "base/run_state.h"
 #include "draw/ink_rows.h"
 #include "gui/scheme.h"
-#include "gui/tooltips.h"
+#include "gui/strings.h"
 #include "platform/files.h"
 #include "runtime/hotkeys.h"
 #include "runtime/macros.h"
@@ -121,7 +121,7 @@ std::span<const TagRow> settings_tags() { return rows; }
 void read_user_settings()
 {
     const platform::DirectoryVisit visit(settings_folder);
-    if (read_tag_file(settings_file, damaged_file, rows) != TagFile::MISSING) return;
+    if (read_tag_file(settings_file, damaged_file, rows, TEXT_SETTINGS_NOT_READ) != TagFile::MISSING) return;
     log_line("[ INFO ] : Couldn't locate the user settings file. Assuming default settings.");
     set_missing_settings();
 }
@@ -139,8 +139,8 @@ bool write_user_settings()
     settle_running_work();
     platform::change_directory(run_state.program_dir);
     const platform::DirectoryVisit visit(settings_folder);
-    if (visit.entered() && write_tag_file(settings_file, rows)) return true;
-    report_unwritten(settings_file, TIP_SETTINGS_NOT_WRITTEN);
+    if (visit.entered() && make_way(settings_file) && write_tag_file(settings_file, rows)) return true;
+    report_unwritten(settings_file, TEXT_SETTINGS_NOT_WRITTEN);
     return false;
 }
 

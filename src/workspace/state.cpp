@@ -5,9 +5,11 @@
 #include "base/run_state.h"
 #include "draw/gradient.h"
 #include "draw/grid.h"
+#include "draw/lifted.h"
 #include "draw/preview.h"
 #include "draw/tips.h"
 #include "gui/menus.h"
+#include "gui/strings.h"
 #include "gui/tooltips.h"
 #include "imagefile/bmp.h"
 #include "platform/files.h"
@@ -25,6 +27,7 @@
 #include "workspace/folder.h"
 #include "workspace/frame_cache.h"
 #include "workspace/frame_store.h"
+#include "workspace/merged.h"
 #include "workspace/repair.h"
 #include "workspace/running_work.h"
 #include "workspace/tag_files.h"
@@ -35,7 +38,8 @@
 namespace kelu {
 namespace {
 
-constexpr int recovery_ticks = 480;            // the message of it stands until the user has found his picture
+constexpr int recovery_ticks = 480; // the message of it stands until the user has found his picture
+constexpr int opaque_black = static_cast<int>(0xff000000U);
 constexpr std::size_t least_name = 5;          // letters of a state file's name: its ending makes way for the frames'
 constexpr std::size_t longest_directory = 255; // bytes of the browser's folder in a state file
 
@@ -48,20 +52,55 @@ void check_name(const std::string& file_name)
     fatal_stop(line);
 }
 
-bool write_container(const char* ending, bool written)
+struct WrittenContainer {
+    const char* ending;
+    bool (*write)(const std::string& name);
+};
+
+/// A blank picture that only stands in for a file which the system wouldn't read doesn't take that file's place.
+bool frame_stands_in() { return file_protected(frame_file(store.current_frame)) && !frame_changed(); }
+
+bool write_cel(const std::string& name) { return write_bmp(name, store.cel_source_bitmap); }
+bool write_nails(const std::string& name) { return write_bmp(name, store.nail_sheet); }
+
+constexpr WrittenContainer written_containers[] = {{"cel", write_cel}, {"tip", write_custom_tip}, {"nal", write_nails}};
+
+/// Everything that belongs to the state, which becomes the workspace's in one step.
+bool write_at_once(const std::string& file_name)
 {
-    if (!written) report_unwritten(set_file(ending), TIP_WORKSPACE_NOT_WRITTEN);
-    return written;
+    draw_nail(store.current_frame);
+    ChangeSet changes;
+    for (const WrittenContainer& container : written_containers)
+        if (!make_way(set_file(container.ending)) || !container.write(changes.stage(set_file(container.ending))))
+            return false;
+    const std::string frame = frame_file(store.current_frame);
+    if (!frame_stands_in() && (!make_way(frame) || !write_live_frame(changes.stage(frame)))) return false;
+    if (!make_way(file_name) || !write_state_file(changes.stage(file_name)) || !changes.commit()) return false;
+    note_commit();
+    return true;
 }
 
-/// Tries all of them, whichever fails.
-bool write_pictures()
+/// As much of it as can be written, where not all can, and the rest is reported.
+bool write_one_by_one(const std::string& file_name, bool spa_only)
 {
-    bool good = write_container("cel", write_bmp(set_file("cel"), store.cel_source_bitmap));
-    good = write_container("tip", save_custom_tip()) && good;
-    update_frame_nail(0);
-    good = write_container("nal", write_bmp(set_file("nal"), store.nail_sheet)) && good;
-    return write_frame(store.current_frame) && good;
+    bool good = true;
+    const auto note = [&good](const std::string& name, bool written) {
+        if (!written) report_unwritten(name, TEXT_WORKSPACE_NOT_WRITTEN);
+        good = good && written;
+    };
+    if (!settle_changes()) { // a change that waits would take back what is written now
+        report_unwritten(file_name, TEXT_WORKSPACE_NOT_WRITTEN);
+        return false;
+    }
+    if (!spa_only) {
+        for (const WrittenContainer& container : written_containers) {
+            const std::string name = set_file(container.ending);
+            note(name, make_way(name) && container.write(name));
+        }
+        good = (frame_stands_in() || write_frame(store.current_frame)) && good;
+    }
+    note(file_name, make_way(file_name) && write_state_file(file_name));
+    return good;
 }
 
 bool load_cel()
@@ -107,23 +146,34 @@ void set_missing_state()
     view.pan_x = view.pan_y = 0;
 }
 
+/// A blank picture where the current frame has none. The file of one that the system wouldn't read stays where it is.
+void stand_in(bool out_of_reach)
+{
+    if (out_of_reach) {
+        protect_file(frame_file(store.current_frame));
+        adopt_picture(Bitmap(default_frame_w, default_frame_h, opaque_black), true);
+    } else {
+        replace_damaged_frame(store.current_frame);
+    }
+}
+
 /// The number of frames is what lies in the store, whatever the state says.
 void load_current_frame()
 {
-    store.frame_count = std::max(1, close_frame_gaps());
+    store.frame_count = std::max(1, close_frame_gaps(store.frame_count));
     std::optional<RecoveredWork> work = recover_work();
     if (work) store.current_frame = work->frame;
     store.current_frame = std::min<int>(store.current_frame, store.frame_count - 1);
     Bitmap merged = read_stored_frame(frame_file(store.current_frame));
     // One that the system won't read stays as it is, and another frame takes its place on the screen.
-    if (!merged && frame_out_of_reach(store.current_frame)) {
-        run_state.workspace_damaged = 1;
+    const bool out_of_reach = !merged && frame_out_of_reach(store.current_frame);
+    if (out_of_reach) {
         for (int frame = 0; !merged && frame < store.frame_count; ++frame) {
             merged = read_stored_frame(frame_file(frame));
             if (merged) store.current_frame = frame;
         }
     }
-    if (!adopt_picture(std::move(merged), true)) replace_damaged_frame(store.current_frame);
+    if (!adopt_picture(std::move(merged), true)) stand_in(out_of_reach);
     if (work && adopt_picture(std::move(work->picture), false))
         flash_status_message(TIP_WORK_RECOVERED, recovery_ticks);
 }
@@ -142,11 +192,17 @@ Bytes workspace_state_bytes()
     return bytes;
 }
 
+bool write_state_file(const std::string& name)
+{
+    keep_view(store.current_frame);
+    return write_tag_file(name, state_tags());
+}
+
 bool write_workspace_state(const std::string& file_name, bool spa_only)
 {
     check_name(file_name);
     settle_running_work();
-    keep_view(store.current_frame);
+    put_back_piece();
     bool written = false;
     const std::string browser_dir = browser_state.browser_dir;
     browser_state.browser_dir = platform::upper_case(platform::working_directory()).substr(0, longest_directory);
@@ -159,11 +215,10 @@ bool write_workspace_state(const std::string& file_name, bool spa_only)
             log_line("[ ERROR ] : WORKSPACE directory unavailable. Writing workspace to current location");
             log_line("[ STATS ] : Current location is: %s", platform::working_directory());
         }
-        written = spa_only || write_pictures();
-        if (!write_tag_file(file_name, state_tags())) {
-            report_unwritten(file_name, TIP_WORKSPACE_NOT_WRITTEN);
-            written = false;
-        }
+        if (visit.entered() || !visit.found_program())
+            written = (!spa_only && write_at_once(file_name)) || write_one_by_one(file_name, spa_only);
+        else
+            report_unwritten(workspace_folder, TEXT_WORKSPACE_NOT_WRITTEN); // its files have no place here
     }
     browser_state.browser_dir = browser_dir;
     return written;
@@ -174,11 +229,12 @@ void load_containers()
     for (const ContainerRow& row : containers) {
         const std::string name = set_file(row.ending);
         if (row.load()) continue;
-        // One that is there and can't be read is put aside; where that fails it must not be written over.
+        // One that is there and can't be read is put aside; where that fails it isn't written over.
         if (platform::file_exists(name) && keep_unreadable(name, set_file(row.ending, file_set::damaged)).empty())
-            run_state.workspace_damaged = 1;
+            protect_file(name);
         repair_container(row.container);
     }
+    move_nails_of_gaps();
 }
 
 void refresh_derived_state()
@@ -195,9 +251,11 @@ void refresh_derived_state()
 
 int read_workspace_state(const std::string& file_name)
 {
-    finish_changes();
+    if (!finish_changes()) report_unwritten(set_file("spa"), TEXT_WORKSPACE_NOT_WRITTEN);
+    forget_protected_files();
     bool alternate = platform::file_exists(set_file("spa", file_set::alternate));
-    while (read_tag_file(file_name, set_file("spa", file_set::damaged), state_tags()) == TagFile::MISSING) {
+    while (read_tag_file(file_name, set_file("spa", file_set::damaged), state_tags(), TEXT_WORKSPACE_NOT_READ) ==
+           TagFile::MISSING) {
         set_missing_state();
         if (!alternate) return 0;
         swap_to_alternate_workspace();

@@ -17,6 +17,8 @@ bool write_workspace_state(const std::string& file_name, bool spa_only);
 
 /// The bytes of the state's file as memory has it now.
 Bytes workspace_state_bytes();
+/// Writes the state alone to a file of the working directory; false when that failed.
+bool write_state_file(const std::string& name);
 
 /// Reads a state and what belongs to it: the current frame, the containers and the font. The working directory must be
 /// the store's, and is again at the end. Returns 1 when there was a state, 0 when the workspace has no state file; then

@@ -2,6 +2,8 @@
 #include "workspace/tag_files.h"
 
 #include "base/log.h"
+#include "gui/menus.h"
+#include "gui/tooltips.h"
 #include "platform/files.h"
 #include "workspace/folder.h"
 
@@ -19,15 +21,18 @@ bool already_kept(const Bytes& bytes, const std::string& damaged_name)
 
 } // namespace
 
-TagFile read_tag_file(const std::string& name, const std::string& damaged_name, std::span<const TagRow> rows)
+TagFile read_tag_file(const std::string& name, const std::string& damaged_name, std::span<const TagRow> rows, int text)
 {
     if (!platform::file_exists(name)) return TagFile::MISSING;
     Bytes bytes;
     if (!platform::read_file(name, size_limit, bytes)) {
-        keep_unreadable(name, damaged_name);
+        report_unread(name, text);
+        if (keep_unreadable(name, damaged_name).empty()) protect_file(name);
         return TagFile::MISSING;
     }
-    if (!read_tags(rows, bytes).damaged || already_kept(bytes, damaged_name)) return TagFile::READ;
+    const TagReport found = read_tags(rows, bytes);
+    if (found.put_back != 0) flash_status_message(TIP_VALUES_PUT_BACK);
+    if (!found.damaged || already_kept(bytes, damaged_name)) return TagFile::READ;
     const std::string copy = free_name(damaged_name);
     if (!copy.empty() && platform::replace_file(copy, bytes))
         log_line("[ WARNING ] : %s is damaged. A copy is kept as %s", name, copy);

@@ -50,19 +50,30 @@ bool find_record(ByteReader& in, RecordHead& head, bool& skipped)
     return false;
 }
 
-void drop_words(ByteReader& in, uint64_t count) { in.skip(std::min<uint64_t>(count * word_bytes, in.left())); }
+/// True when a record may end `words` further on: there stands the next marker, or the end of the file.
+bool ends_there(ByteReader in, uint64_t words)
+{
+    if (words > in.left() / word_bytes) return false;
+    in.skip(words * word_bytes);
+    return in.left() < word_bytes || in.big32() == tag_marker;
+}
 
-/// Reads the words of a record into the row's fields. False: the file ended before the record did.
-bool read_words(const TagRow& row, const RecordHead& head, ByteReader& in)
+/// Drops the words of a record, as many as its count says. Of a count that can't be true nothing is dropped: the scan
+/// then goes on to the next marker. False in that case.
+bool drop_words(ByteReader& in, uint64_t words) { return ends_there(in, words) && in.skip(words * word_bytes); }
+
+/// Reads the words of a record into the row's fields. False: the record or its count is damaged.
+bool read_words(const TagRow& row, const RecordHead& head, ByteReader& in, TagReport& report)
 {
     // A single value and a row of a table have their own length; only whole tables go by the count.
     const bool fixed = row.words() == 1 || row.place;
     const uint64_t count =
         fixed ? static_cast<uint64_t>(row.words()) : uint64_t{head.count} * static_cast<uint64_t>(row.unit);
+    const bool true_count = fixed || ends_there(in, count);
     const auto kept = static_cast<int>(std::min<uint64_t>(count, static_cast<uint64_t>(row.words())));
     bool mended = false;
     for (int i = 0; i < kept; ++i) {
-        if (in.left() < word_bytes) return false;
+        if (in.left() < word_bytes || (!true_count && ends_there(in, 0))) return false;
         const int word = static_cast<int>(in.big32());
         const int valid = row.range_of(i).mended(word);
         if (valid != word && !mended) {
@@ -71,10 +82,8 @@ bool read_words(const TagRow& row, const RecordHead& head, ByteReader& in)
         }
         row.set(head.minor, i, valid);
     }
-    const uint64_t excess = count - static_cast<uint64_t>(kept);
-    const bool whole = excess <= in.left() / word_bytes;
-    drop_words(in, excess);
-    return whole;
+    if (mended) ++report.put_back;
+    return true_count && in.skip((count - static_cast<uint64_t>(kept)) * word_bytes);
 }
 
 /// Reads a text, up to its first zero byte. False: it was cut short, or so long that it was left out.
@@ -91,10 +100,10 @@ bool read_text(const TagRow& row, const RecordHead& head, ByteReader& in)
 }
 
 /// Reads the payload of a known tag. False: something was wrong with it.
-bool read_record(const TagRow& row, const RecordHead& head, ByteReader& in)
+bool read_record(const TagRow& row, const RecordHead& head, ByteReader& in, TagReport& report)
 {
     if (row.text) return read_text(row, head, in);
-    if (!row.place || (head.minor >= 0 && head.minor < row.minors)) return read_words(row, head, in);
+    if (!row.place || (head.minor >= 0 && head.minor < row.minors)) return read_words(row, head, in, report);
     if (row.bad_minor) {
         log_line(row.bad_minor, head.minor);
         drop_words(in, head.count);
@@ -160,7 +169,7 @@ TagReport read_tags(std::span<const TagRow> rows, std::span<const uint8_t> bytes
         ++report.records;
         if (!row->text && row->words() == 0)
             payload_follows = true;
-        else if (!read_record(*row, head, in))
+        else if (!read_record(*row, head, in, report))
             report.damaged = true;
     }
     report.damaged |= in.left() != 0 || (skipped && !payload_follows);

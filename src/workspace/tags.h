@@ -61,6 +61,7 @@ struct TagRow {
 /// What a reader found.
 struct TagReport {
     int records = 0;      ///< records of known tags
+    int put_back = 0;     ///< records with words outside their range, which were put in order
     bool damaged = false; ///< some bytes were no record, or a record was cut short
 };
 
@@ -69,7 +70,8 @@ void write_tags(std::span<const TagRow> rows, ByteWriter& out);
 
 /// Reads records until the end. Words outside their range are put right and logged once for a record, words beyond a
 /// table's size are dropped, texts that are too long are logged and passed over, unknown tags are logged and passed
-/// over. What a file doesn't hold keeps its value.
+/// over. Behind a count that can't be true the reader goes on at the next marker. What a file doesn't hold keeps its
+/// value.
 TagReport read_tags(std::span<const TagRow> rows, std::span<const uint8_t> bytes);
 
 } // namespace kelu

@@ -1,7 +1,7 @@
 // The sheet of thumbnails.
 #include "workspace/thumbnails.h"
 
-#include "gui/tooltips.h"
+#include "gui/strings.h"
 #include "imagefile/bmp.h"
 #include "runtime/pixels.h"
 #include "runtime/store.h"
@@ -45,8 +45,8 @@ void move_nail(int from, int to)
 bool save_nails()
 {
     const std::string name = set_file("nal");
-    if (write_bmp(name, store.nail_sheet)) return true;
-    report_unwritten(name, TIP_WORKSPACE_NOT_WRITTEN);
+    if (make_way(name) && write_bmp(name, store.nail_sheet)) return true;
+    report_unwritten(name, TEXT_WORKSPACE_NOT_WRITTEN);
     return false;
 }
 

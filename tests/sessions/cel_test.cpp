@@ -4,6 +4,7 @@
 #include "draw/undo.h"
 #include "framework/tint.h"
 #include "screens/cel_transform.h"
+#include "screens/commands.h"
 #include "support/screen_session.h"
 #include "tools/cel_grab.h"
 #include "tools/cel_paste.h"
@@ -260,6 +261,36 @@ TEST(Cels, MoveLiftsAPieceAndBringsTheUsersCelBack)
     session.key(KEY_U);
     EXPECT_EQ(frame_pixel(60, 30), 0x000000);
     EXPECT_EQ(frame_pixel(25, 25), 0x20c040) << "one step takes the whole move back";
+}
+
+TEST(Cels, APieceThatIsCarriedToAnotherFrameLeavesNoGapAndCanBeUndoneThere)
+{
+    Session session([] {
+        insert_blank_frame();
+        draw_menu();
+    });
+    toolbox.ink_slots[0] = INK_OPAQUE;
+    toolbox.tool_slots[0] = TOOL_MOVE;
+    toolbox.mask_color = 0x0000ff;
+    paint_block(20, 20, 29, 29, 0x20c040);
+    session.click_at(20, 20);
+    session.click_at(29, 29);
+    session.frame(3);
+    EXPECT_EQ(frame_pixel(25, 25), 0x0000ff);
+    session.key(KEY_PGDN);
+    session.frame(3);
+    ASSERT_EQ(store.current_frame, 1);
+    session.click_at(25, 25);
+    session.click_at(65, 35, RIGHT_BUTTON);
+    session.frame(3);
+    EXPECT_EQ(frame_pixel(60, 30), 0x20c040);
+    session.key(KEY_U);
+    EXPECT_EQ(frame_pixel(60, 30), 0x000000);
+    session.key(KEY_U, {KEY_LSHIFT});
+    EXPECT_EQ(frame_pixel(60, 30), 0x20c040);
+    session.key(KEY_DEL);
+    ASSERT_EQ(store.current_frame, 0);
+    EXPECT_EQ(frame_pixel(25, 25), 0x20c040) << "the frame that it came from is whole";
 }
 
 TEST(Cels, LeavingTheProgramPutsALiftedPieceDown)

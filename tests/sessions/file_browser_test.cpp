@@ -28,6 +28,7 @@ namespace {
 
 enum { PIC_SAVE = 7, FAVORITES_SAVE = 2, FAVORITES_LOAD = 3 };
 enum { ASK_OKAY = 122, ASK_CANCEL = 123 };
+enum { FAILURE_WHY = 124, FAILURE_OKAY = 125 };
 constexpr int red = 0xc02020, blue = 0x2040c0, green = 0x20a040;
 
 /// A session that stands in a folder of pictures.
@@ -239,8 +240,13 @@ TEST_F(Browser, AsksBeforeTheFileThatWouldGo)
     EXPECT_EQ(color_of("new.png"), 0x123456) << "a new name as it was typed";
     open(KEY_F5);
     session_.click(BROWSER_OKAY);
+    session_.frame(2);
+    EXPECT_EQ(menus.menu_id, MENU_DIALOG) << "no name at all";
+    EXPECT_STREQ(gui.ptr[FAILURE_WHY], "<NO SUCH FILE>");
+    session_.click(FAILURE_OKAY);
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
-    EXPECT_EQ(menus.status_message, TIP_SAVE_FAILED) << "no name at all";
+    EXPECT_EQ(gui.kind[FAILURE_WHY], 0);
+    EXPECT_EQ(gui.hidden[0], 0);
 }
 
 TEST(BrowserStart, GoesBackToTheLastFolder)

@@ -56,6 +56,7 @@ const platform::FileCalls failing = {
     [](const char* from, const char* to) { return fails() ? -1 : system.rename(from, to); },
     [](const char* path) { return fails() ? -1 : system.remove(path); },
     [](const char* from, const char* to) { return fails() ? -1 : system.link(from, to); },
+    [](const char* path, mode_t mode) { return fails() ? -1 : system.make_folder(path, mode); },
 };
 
 } // namespace

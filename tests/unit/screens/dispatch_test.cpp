@@ -3,12 +3,15 @@
 
 #include "base/run_state.h"
 #include "gui/menus.h"
+#include "gui/strings.h"
 #include "gui/tooltips.h"
 #include "imagefile/formats.h"
 #include "imagefile/png.h"
+#include "runtime/failure_reports.h"
 #include "runtime/pixels.h"
 #include "runtime/preferences.h"
 #include "runtime/store.h"
+#include "screens/browser_slots.h"
 #include "screens/preview.h"
 #include "support/paths.h"
 #include "support/pictures.h"
@@ -26,7 +29,6 @@ class Dispatch : public testing::Test {
 protected:
     Dispatch()
     {
-        connect_picture_files();
         store.frame_bitmap = paint(21, 9, [](int x, int y) { return six_bit(pack_rgb(x / 7 * 96, y / 3 * 96, 64)); });
         store.alpha_bitmap = paint(21, 9, [](int x, int y) { return (1 + x * 9 + y) * 0x010101; });
         store.restoration_bitmap = Bitmap(21, 9);
@@ -118,13 +120,22 @@ TEST_F(Dispatch, WhatCannotBeLoadedLeavesTheFrame)
 TEST_F(Dispatch, AFailedSaveSaysSoAndAnOldFileStands)
 {
     EXPECT_FALSE(save_picture_file("no/such/folder/a.png", BROWSE_PICTURE));
-    EXPECT_EQ(menus.status_message, TIP_SAVE_FAILED);
+    const auto report = take_failure_report();
+    ASSERT_TRUE(report);
+    EXPECT_EQ(report->what, "THE FILE COULDN'T BE SAVED!");
+    EXPECT_EQ(report->where, folder_.path().string() + "/no/such/folder/a.png");
     store.frame_bitmap = Bitmap(257, 3);
     store.alpha_bitmap = Bitmap(257, 3);
     folder_.put("old.ico", "old");
     EXPECT_FALSE(save_picture_file("old.ico", BROWSE_PICTURE));
     EXPECT_EQ(menus.status_message, TIP_PICTURE_TOO_LARGE);
     EXPECT_EQ(folder_.text("old.ico"), "old");
+}
+
+TEST_F(Dispatch, AFilterListsTheFormatThatItsButtonNames)
+{
+    for (int filter = 0; filter < browser_filters; ++filter)
+        EXPECT_EQ(format_of_filter(filter).extension, ui_strings[TEXT_GIF + filter]);
 }
 
 TEST_F(Dispatch, ColourFilesGoByTheModeWhateverTheirName)

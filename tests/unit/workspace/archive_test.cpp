@@ -156,7 +156,7 @@ TEST_F(ArchiveTest, FailedExtractionChangesNothing)
     std::filesystem::remove(in_store(".next.001.kelu-new"));
     EXPECT_TRUE(store_files() == files);
     EXPECT_EQ(store.frame_count, 3);
-    EXPECT_EQ(menus.reasoned_message, TIP_LOAD_FAILED);
+    EXPECT_EQ(reported(), "THE ARCHIVE COULDN'T BE LOADED! w.wsp A FILE IS IN THE WAY\n");
     EXPECT_EQ(bar.back(), 100);
 }
 
@@ -168,6 +168,17 @@ TEST_F(ArchiveTest, FailedSaveLeavesTheOldArchive)
     save_workspace_archive("w.wsp", show_bar);
     EXPECT_TRUE(logged("[ ERROR ] : Workspace component is missing or corrupt! Aborting save!"));
     EXPECT_TRUE(folder.text("w.wsp") == before);
+    EXPECT_EQ(reported(), "THE FILE COULDN'T BE SAVED! w.wsp NO SUCH FILE\n");
+    // One that would hold an older form of the open frame isn't written at all.
+    put_frame(1, frame_color(1));
+    std::filesystem::create_directory(in_store(".next.list.kelu-new"));
+    std::filesystem::create_directory(in_store(".current.000.kelu-new"));
+    clear_to_color(store.frame_bitmap, 0x778899);
+    save_workspace_archive("w.wsp", show_bar);
+    EXPECT_TRUE(folder.text("w.wsp") == before);
+    EXPECT_TRUE(reported().starts_with("THE FRAME COULDN'T BE SAVED! current.000 "));
+    std::filesystem::remove(in_store(".next.list.kelu-new"));
+    std::filesystem::remove(in_store(".current.000.kelu-new"));
     save_workspace_archive("missing/w.wsp", show_bar);
     EXPECT_TRUE(logged("[ ERROR ] : Couldn't write file! Name = missing/w.wsp"));
 }

@@ -145,7 +145,58 @@ TEST_F(FrameOrderTest, FailedInsertPutsTheFramesBack)
     EXPECT_EQ(store.frame_count, 3);
     EXPECT_EQ(order(), (Order{0, 1, 2}));
     EXPECT_FALSE(exists("current.003"));
-    EXPECT_EQ(run_state.workspace_damaged, 1);
+    EXPECT_TRUE(reported().starts_with("THE FRAME COULDN'T BE SAVED! current.000 "));
+}
+
+TEST_F(FrameOrderTest, TheTablesOnDiskHaveTheNumbersOfTheFiles)
+{
+    const auto views_on_disk = [this] {
+        view = {};
+        store.frame_count = 0;
+        const platform::DirectoryVisit visit("WORKSPACE");
+        EXPECT_EQ(read_workspace_state("current.spa"), 1);
+        return std::vector<int>(view.frame_pan_x.begin(), view.frame_pan_x.begin() + store.frame_count);
+    };
+    make_frames(4);
+    for (int i = 0; i < 4; ++i) {
+        view.frame_pan_x[static_cast<std::size_t>(i)] = 10 * i;
+        rectfill(store.nail_sheet, nail_x(i), 0, nail_x(i) + 39, 39, 0x10 + i);
+    }
+    const auto frame_of_nail = [](int i) { return pixel(store.nail_sheet, nail_x(i) + 9, 9) - 0x10; };
+    // The program ends before its caller writes the state.
+    insert_frames(1, 1, INSERT_BLANKS);
+    EXPECT_EQ(views_on_disk(),
+              (std::vector<int>{0, 10, 10, 20, 30})); // the frame inserted has the view of the one before
+    EXPECT_EQ(frame_of_nail(3), 2);
+    delete_frames(2, 1);
+    EXPECT_EQ(views_on_disk(), (std::vector<int>{0, 10, 20, 30}));
+    EXPECT_EQ(frame_of_nail(2), 2);
+}
+
+TEST_F(FrameOrderTest, WhatBelongsToAFrameFollowsItIntoAGap)
+{
+    make_frames(4);
+    for (std::size_t i = 0; i < 4; ++i) {
+        view.frame_pan_x[i] = static_cast<int>(10 * i);
+        animation.anim_tag[i] = i == 3;
+        animation.anim_delay[i] = static_cast<int>(i);
+        rectfill(store.nail_sheet, nail_x(static_cast<int>(i)), 0, nail_x(static_cast<int>(i)) + 39, 39,
+                 static_cast<int>(0x10 + i));
+    }
+    ASSERT_TRUE(fetch_frame(0, 3, 0));
+    write_workspace_state("current.spa", false);
+    std::filesystem::remove(in_store("current.001")); // by hand
+    {
+        const platform::DirectoryVisit visit("WORKSPACE");
+        EXPECT_EQ(read_workspace_state("current.spa"), 1);
+    }
+    EXPECT_EQ(order(), (Order{0, 2, 3}));
+    EXPECT_EQ(store.current_frame, 2);
+    EXPECT_EQ(view.frame_pan_x[1], 20);
+    EXPECT_EQ(view.frame_pan_x[2], 30);
+    EXPECT_EQ(animation.anim_tag[2], 1);
+    EXPECT_EQ(animation.anim_delay[1], 2);
+    EXPECT_EQ(pixel(store.nail_sheet, nail_x(1) + 9, 9), 0x12);
 }
 
 TEST_F(FrameOrderTest, GapsOfAnInterruptedRunAreClosed)
@@ -154,7 +205,7 @@ TEST_F(FrameOrderTest, GapsOfAnInterruptedRunAreClosed)
     std::filesystem::rename(in_store("current.004"), in_store("current.005")); // killed in the middle of an insert
     std::filesystem::remove(in_store("current.001"));                          // or of a delete
     const platform::DirectoryVisit visit("WORKSPACE");
-    EXPECT_EQ(close_frame_gaps(), 4);
+    EXPECT_EQ(close_frame_gaps(4), 4);
     store.frame_count = 4;
     EXPECT_EQ(order(), (Order{0, 2, 3, 4}));
     EXPECT_EQ(count_workspace_frames(), 4);

@@ -1,4 +1,5 @@
 // Swapping frames: what is committed, what is loaded, and what a missing or broken file leaves.
+#include "imagefile/png.h"
 #include "workspace/frame_store.h"
 #include "workspace_fixture.h"
 
@@ -129,7 +130,7 @@ TEST_F(FrameStoreTest, FailedWriteRefusesTheSwapAndKeepsTheFrame)
     EXPECT_FALSE(fetch_frame(0, 1, 0));
     EXPECT_EQ(store.current_frame, 0);
     EXPECT_EQ(pixel(store.frame_bitmap), 0xabcdef);
-    EXPECT_EQ(run_state.workspace_damaged, 1);
+    EXPECT_EQ(reported(), "THE FRAME COULDN'T BE SAVED! current.000 A FOLDER IS IN THE WAY\n");
     EXPECT_TRUE(logged("[ ERROR ] : Couldn't write file! Name = current.000"));
     std::filesystem::remove(in_store("current.000"));
     EXPECT_TRUE(fetch_frame(0, 1, 0));
@@ -139,18 +140,16 @@ TEST_F(FrameStoreTest, FailedWriteRefusesTheSwapAndKeepsTheFrame)
 TEST_F(FrameStoreTest, PictureOfAnotherProgramKeepsTheRestorationCopy)
 {
     make_frames(1);
-    folder.put("picture", "x");
-    read_picture = [](const std::string&, int kind) { return kind == 0 ? Bitmap(4, 3, 0x40000033) : Bitmap(); };
-    EXPECT_TRUE(load_frame_file("picture", LOAD_PICTURE, 0));
+    ASSERT_EQ(save_png("picture", Bitmap(4, 3, 0x40000033)), 0);
+    EXPECT_TRUE(load_frame_file("picture", LOAD_PICTURE, FORMAT_PNG));
     EXPECT_EQ(store.frame_bitmap.width(), 4);
     EXPECT_EQ(store.coverage_bitmap.width(), 4);
     EXPECT_EQ(pixel(store.frame_bitmap), 0x33);
     EXPECT_EQ(pixel(store.alpha_bitmap), 0x404040);
     EXPECT_EQ(pixel(store.restoration_bitmap), frame_color(0));
-    EXPECT_FALSE(load_frame_file("picture", LOAD_PICTURE, 1)); // one that can't be read
-    EXPECT_FALSE(load_frame_file("missing", LOAD_PICTURE, 0));
+    EXPECT_FALSE(load_frame_file("picture", LOAD_PICTURE, FORMAT_GIF)); // one that can't be read
+    EXPECT_FALSE(load_frame_file("missing", LOAD_PICTURE, FORMAT_PNG));
     EXPECT_EQ(pixel(store.frame_bitmap), 0x33);
-    read_picture = nullptr;
 }
 
 TEST_F(FrameStoreTest, BackdropFollowsTheLightnessOfSmallFrames)

@@ -66,6 +66,10 @@ TEST_F(MergedTest, ChangeIsSeenInColourAlphaAndSizeButNotInTheToggle)
     EXPECT_FALSE(frame_changed());
     row(store.frame_bitmap, 0)[1] = 0x818181;
     EXPECT_TRUE(frame_changed());
+    row(store.frame_bitmap, 0)[1] = 0x80ff01; // a colour of the same grey is none
+    EXPECT_FALSE(frame_changed());
+    row(store.frame_bitmap, 0)[1] = 0x8000ff; // but one of the same red is
+    EXPECT_TRUE(frame_changed());
     row(store.frame_bitmap, 0)[1] = 0x808080;
     row(store.alpha_bitmap, 0)[1] = 0x112234;
     EXPECT_TRUE(frame_changed());

@@ -2,6 +2,7 @@
 // from every kind of damage.
 
 #include "imagefile/bmp.h"
+#include "support/failing_calls.h"
 #include "workspace/alternate.h"
 #include "workspace/colour_files.h"
 #include "workspace/custom_tip.h"
@@ -216,15 +217,74 @@ TEST_F(StateTest, FailedWritesAreToldAndTheOldFilesStand)
     make_workspace();
     const std::string before = bytes("current.spa");
     store.workspace_title = "NEW TITLE";
+    std::filesystem::create_directory(in_store(".next.list.kelu-new")); // no way to write all in one step
     std::filesystem::create_directory(in_store(".current.spa.kelu-new"));
     std::filesystem::create_directory(in_store(".current.cel.kelu-new"));
     write_workspace_state("current.spa", false);
     EXPECT_TRUE(bytes("current.spa") == before);
     EXPECT_TRUE(logged("[ ERROR ] : Couldn't write file! Name = current.spa"));
     EXPECT_TRUE(logged("[ ERROR ] : Couldn't write file! Name = current.cel"));
-    EXPECT_GT(menus.status_message, 0);
+    EXPECT_TRUE(reported().starts_with("THE WORKSPACE COULDN'T BE SAVED! current.cel "));
     EXPECT_EQ(read(), 1);
     EXPECT_EQ(store.workspace_title, "MINE");
+}
+
+TEST_F(StateTest, FilesThatTheSystemWontReadStayAndNothingIsWrittenOverThem)
+{
+    make_workspace();
+    const std::string frame = bytes("current.001");
+    forget();
+    {
+        // Every call fails: nothing can be read, nor put aside.
+        const FailingCalls failing(Fault::BROKEN, 1);
+        EXPECT_EQ(read(), 0);
+    }
+    EXPECT_TRUE(reported().starts_with("THE WORKSPACE COULDN'T BE READ! current.spa ERROR OF THE DISK"));
+    forget();
+    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(store.workspace_title, "MINE");
+    EXPECT_EQ(bytes("current.001"), frame);
+    EXPECT_EQ(reported(), "");
+    // A picture that stands in for the only frame isn't kept as that.
+    protect_file("current.001");
+    store.restoration_bitmap.reset();
+    adopt_picture(Bitmap(8, 6, opaque), true);
+    EXPECT_TRUE(write_workspace_state("current.spa", false));
+    EXPECT_EQ(bytes("current.001"), frame);
+    clear_to_color(store.frame_bitmap, 0x445566);
+    EXPECT_TRUE(write_workspace_state("current.spa", false)); // now it is work of the user's
+    EXPECT_EQ(bytes("damaged.001"), frame);
+    EXPECT_EQ(stored_pixel(1), opaque | 0x445566);
+}
+
+TEST_F(StateTest, TheFolderOfTheWorkspaceIsMadeAndNothingIsWrittenBesideIt)
+{
+    make_workspace();
+    std::filesystem::remove_all("WORKSPACE");
+    EXPECT_TRUE(write_workspace_state("current.spa", false));
+    EXPECT_TRUE(exists("current.spa"));
+    EXPECT_TRUE(exists("current.001"));
+    std::filesystem::remove_all("WORKSPACE");
+    folder.put("WORKSPACE", "a file");
+    EXPECT_FALSE(write_workspace_state("current.spa", false));
+    EXPECT_NE(reported(), "");
+    EXPECT_FALSE(std::filesystem::exists("current.spa"));
+    EXPECT_FALSE(std::filesystem::exists("current.001"));
+    std::filesystem::remove("WORKSPACE");
+}
+
+TEST_F(StateTest, AFavoriteThatNobodyHasChosenIsGrey)
+{
+    make_workspace();
+    const std::string whole = bytes("current.spa");
+    const std::string record("\xde\xad\xbe\xef\0\0\0\x13", 8);
+    const std::size_t at = whole.find(record);
+    ASSERT_NE(at, std::string::npos);
+    folder.put("WORKSPACE/current.spa", whole.substr(0, at) + whole.substr(at + 16 + 256 * 4));
+    forget();
+    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(toolbox.extended_favorites[255], 0x9e9e9e);
+    EXPECT_EQ(reported(), "");
 }
 
 TEST_F(StateTest, ShortNameEndsTheProgram)

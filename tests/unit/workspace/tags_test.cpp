@@ -182,6 +182,29 @@ TEST_F(TagsTest, CountsAreCutAndValuesPutBackInRange)
     EXPECT_EQ(store.alpha_edit_mode, 1);
     EXPECT_EQ(view.frame_pan_y[0], 2);
     EXPECT_TRUE(logged("[ WARNING ] : Value of tag #1 is OOB and was put back. Value = 99"));
+    EXPECT_EQ(report.put_back, 5);
+}
+
+TEST_F(TagsTest, BehindACountThatCantBeTrueTheReaderGoesOnAtTheNextMarker)
+{
+    for (const uint32_t count : {7U, 13U, 4000000000U}) {
+        toolbox.ink_slots[5] = 4;
+        view.onion_opacity = 0;
+        Bytes file;
+        put_record(file, 99, 0, count, {1, 2});         // unknown
+        put_record(file, 2, 0, count, {5, 5, 5, 5, 5}); // one short of its table
+        put_record(file, 22, 0, 1, {200});
+        put_record(file, 27, 0, 1, {100});
+        put_record(file, 45, 0, 1, {2});
+        const TagReport report = read_tags(state_tags(), file);
+        EXPECT_TRUE(report.damaged);
+        EXPECT_EQ(report.records, 4) << count;
+        EXPECT_EQ(toolbox.ink_slots[4], 5) << count;
+        EXPECT_EQ(toolbox.ink_slots[5], 4) << count;
+        EXPECT_EQ(view.onion_opacity, 200) << count;
+        EXPECT_EQ(animation.anim_speed, 2) << count;
+        EXPECT_EQ(report.put_back, 0);
+    }
 }
 
 TEST_F(TagsTest, EveryCutAndEverySingleWrongWordIsSurvived)

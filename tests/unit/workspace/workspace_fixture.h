@@ -12,6 +12,7 @@
 #include "program/startup.h"
 #include "runtime/animation.h"
 #include "runtime/browser_state.h"
+#include "runtime/failure_reports.h"
 #include "runtime/grid.h"
 #include "runtime/macros.h"
 #include "runtime/preferences.h"
@@ -52,6 +53,7 @@ protected:
         store.cel_bitmap = Bitmap(2, 2);
         store.cel_source_bitmap = Bitmap(2, 2);
         told.clear();
+        reported();
         show_notice = [](int first, int) { told.push_back(first); };
     }
     ~WorkspaceTest() override
@@ -67,6 +69,23 @@ protected:
     std::string log() const { return folder.text("FW_log.txt"); }
     bool logged(const std::string& line) const { return log().find(line) != std::string::npos; }
 
+    /// An empty store with the files of a folder. The program writes no file in place, so that names of the same files
+    /// are as good as copies.
+    static void fill_store(const std::filesystem::path& from)
+    {
+        std::filesystem::remove_all("WORKSPACE");
+        std::filesystem::create_directory("WORKSPACE");
+        for (const auto& entry : std::filesystem::directory_iterator(from))
+            std::filesystem::create_hard_link(entry.path(), "WORKSPACE" / entry.path().filename());
+    }
+    /// Takes the failures that were reported, each as what, leaf of where, and why.
+    static std::string reported()
+    {
+        std::string all;
+        while (const auto report = take_failure_report())
+            all += report->what + " " + report->where.substr(report->where.rfind('/') + 1) + " " + report->why + "\n";
+        return all;
+    }
     /// Puts a frame of one merged colour on disk.
     void put_frame(int frame, int color, int w = 8, int h = 6) const
     {
