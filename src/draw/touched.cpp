@@ -12,7 +12,7 @@ void Touched::restart(TileGrid frame)
     tiles.clear();
     fresh.clear();
     if (grid == frame) return;
-    grid = frame;
+    this->grid = frame; // ours, not the grid that tools snap to
     marks.assign(grid.count(), 0);
 }
 

@@ -12,7 +12,7 @@
 
 namespace kelu {
 
-/// Writers: draw/undo when the frame is settled, workspace/running_work.
+/// Written when the frame is settled, and by the journal's thread. Writers: draw, workspace.
 struct Unsaved {
     std::mutex mutex;             ///< of all that follows, and of `undo.source_bitmap` for writing
     std::condition_variable news; ///< something waits for the journal, or may now be sealed
