@@ -80,8 +80,7 @@ bool settle_changes() { return !stuck || finish_changes(); }
 
 ChangeSet::ChangeSet()
 {
-    settle_running_work();
-    ready_ = finish_changes();
+    ready_ = settle_running_work() && finish_changes(); // a frame whose file is missing can't be renumbered
 }
 
 ChangeSet::~ChangeSet()

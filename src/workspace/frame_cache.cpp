@@ -7,6 +7,7 @@
 #include "runtime/store.h"
 #include "workspace/folder.h"
 #include "workspace/merged.h"
+#include "workspace/running_work.h"
 #include <algorithm>
 
 namespace kelu {
@@ -51,6 +52,7 @@ BITMAP* cached_frame(int frame)
 void fill_frame_cache()
 {
     const WorkspaceVisit visit({});
+    settle_running_work();
     for (int frame = 0; frame < store.frame_count; ++frame) {
         if (!tagged(frame) || reference(frame) != not_cached) continue;
         const int slot = find_cache_slot();

@@ -22,6 +22,8 @@
 #include "workspace/running_work.h"
 #include "workspace/thumbnails.h"
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace kelu {
 namespace {
@@ -82,6 +84,32 @@ bool commit_frame(int frame)
     return true;
 }
 
+/// The frame whose pictures the next adoption hands over to be written, -1 none.
+int leaving = -1;
+
+/// As `commit_frame`, but the file is written by the thread, once another picture has the live frame's place.
+class FrameLeaving {
+public:
+    explicit FrameLeaving(int frame)
+    {
+        update_frame_nail(0);
+        hand_over_nails();
+        if (frame_changed()) leaving = frame;
+        keep_view(frame);
+    }
+    ~FrameLeaving() { leaving = -1; }
+    FrameLeaving(const FrameLeaving&) = delete;
+    FrameLeaving& operator=(const FrameLeaving&) = delete;
+};
+
+/// The pictures that are about to be replaced go to the thread, if they are those of a frame that is left.
+void hand_over_leaving()
+{
+    if (leaving < 0) return;
+    settle_frame();
+    hand_over_left_frame({std::exchange(leaving, -1), std::move(color_picture()), std::move(alpha_picture())});
+}
+
 } // namespace
 
 void keep_view(int frame)
@@ -105,6 +133,7 @@ Bitmap read_stored_frame(const std::string& name)
 {
     if (!platform::file_exists(name)) log_line("[ ERROR ] : Tried to load non-existent file! Name = %s", name);
     platform::forget_failure();
+    wait_for_frame_file(name);
     Bitmap merged = read_tga(name);
     const bool large_enough = merged.width() >= least_frame_side && merged.height() >= least_frame_side;
     return large_enough ? std::move(merged) : Bitmap();
@@ -150,9 +179,16 @@ bool adopt_picture(Bitmap merged, bool becomes_restoration)
 {
     if (!merged) return false;
     const int w = merged.width(), h = merged.height();
-    Bitmap alpha = Bitmap::unfilled(w, h), coverage(w, h), frame;
+    // Between two operations the coverage is 0 all over.
+    const bool fits = store.coverage_bitmap.width() == w && store.coverage_bitmap.height() == h;
+    Bitmap alpha = Bitmap::unfilled(w, h), frame;
+    Bitmap coverage = fits ? std::move(store.coverage_bitmap) : Bitmap(w, h);
     if (becomes_restoration) frame = Bitmap::unfilled(w, h);
-    if (!alpha || !coverage || (becomes_restoration && !frame)) return false;
+    if (!alpha || !coverage || (becomes_restoration && !frame)) {
+        if (fits) store.coverage_bitmap = std::move(coverage);
+        return false;
+    }
+    hand_over_leaving();
     if (becomes_restoration) {
         alpha_strip(merged, frame, alpha);
         store.restoration_bitmap = std::move(merged);
@@ -206,13 +242,15 @@ bool fetch_frame(int old_slot, int new_slot, int mode)
         report_unwritten(frame_file(new_slot), TEXT_FRAME_NOT_WRITTEN);
         return false;
     }
-    if (swaps) {
-        if (!commit_frame(old_slot)) return false;
-        refresh_frame_cache();
-    }
+    std::optional<FrameLeaving> left;
+    if (swaps && running_work_started()) left.emplace(old_slot);
+    if (swaps && !left && !commit_frame(old_slot)) return false;
+    if (swaps) refresh_frame_cache();
     Bitmap merged = read_stored_frame(frame_file(new_slot));
     if (!merged && frame_out_of_reach(new_slot)) return false;
+    Bitmap unwritten = take_back_left_frame(new_slot);
     show_stored_frame(new_slot, std::move(merged));
+    if (unwritten) adopt_picture(std::move(unwritten), false); // its file holds what it was before
     return true;
 }
 

@@ -24,7 +24,8 @@ enum LoadPurpose : int {
 /// Commits `old_slot` and makes `new_slot` the current frame. With equal slots nothing is committed and the edits of
 /// the live frame are gone. A mode that isn't 0 loads `new_slot` as the onion skin and changes nothing else. A frame
 /// that is damaged is replaced by a blank one. Returns false when nothing was fetched: the slot is out of range, the
-/// system wouldn't read the new frame, or the old one could not be written; the old one then stays in memory.
+/// system wouldn't read the new frame, or the old one could not be written; the old one then stays in memory. While
+/// running work is kept the old one is written behind the user's back, and what can't be written is tried again.
 bool fetch_frame(int old_slot, int new_slot, int mode);
 
 /// Reads a file of the working directory in one of the ways of LoadPurpose. The undo queues, coverage and backdrop

@@ -49,7 +49,7 @@ void JournalWriter::begin(int frame, std::string frame_name, std::string journal
 void JournalWriter::drop()
 {
     give_up();
-    if (has_file_) calls().remove(journal_name_.c_str());
+    calls().remove(journal_name_.c_str()); // there may be one of before that the frame was taken back from
     has_file_ = false;
     size_ = 0;
 }

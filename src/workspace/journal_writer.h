@@ -19,7 +19,7 @@ public:
     /// From now on it is the journal of this frame, whose file and journal have these absolute names. What has been
     /// begun for another frame is left as it is.
     void begin(int frame, std::string frame_name, std::string journal_name);
-    /// Takes the journal's file away, if this writer has made it: the frame's own file has all of it.
+    /// Takes the journal's file away, if there is one: the frame's own file has all of it.
     void drop();
     /// The next batch holds the whole picture, and begins a new journal.
     void start_anew() { anew_ = true; }
@@ -33,9 +33,9 @@ public:
     /// Nothing of the present batch counts.
     void give_up();
 
+    int frame() const { return frame_; }
     const std::string& name() const { return journal_name_; }
     uint64_t size() const { return size_; } ///< bytes of the journal
-    bool has_file() const { return has_file_; }
 
 private:
     /// What tells one version of a file from another without reading it.

@@ -8,6 +8,7 @@
 #include "draw/undo.h"
 #include "draw/unsaved.h"
 #include "gui/strings.h"
+#include "imagefile/tga.h"
 #include "platform/file_calls.h"
 #include "platform/files.h"
 #include "runtime/pixels.h"
@@ -17,6 +18,7 @@
 #include "workspace/journal_writer.h"
 #include "workspace/merged.h"
 #include "workspace/running_files.h"
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <deque>
@@ -50,11 +52,24 @@ struct TileOrder {
 struct PictureOrder {
     Bitmap merged;
 };
-using Order = std::variant<BeginOrder, TileOrder, PictureOrder, RunningFile>;
+struct CommitOrder {
+    LeftFrame left;
+    std::string name; ///< of the frame's file, absolute
+};
+using Order = std::variant<BeginOrder, TileOrder, PictureOrder, CommitOrder, RunningFile>;
 
 Plane plane_of_frame() { return store.alpha_edit_mode ? Plane::ALPHA : Plane::COLOR; }
 
 std::string in_store(const std::string& name) { return run_state.program_dir + '/' + workspace_folder + '/' + name; }
+
+/// Colours on an edited alpha picture count as grey.
+void merge_pixels(const int* color, const int* alpha, int* to, int count)
+{
+    for (int x = 0; x < count; ++x) {
+        const auto level = static_cast<unsigned>(red_of(alpha[x]) + green_of(alpha[x]) + blue_of(alpha[x])) / 3;
+        to[x] = static_cast<int>((static_cast<unsigned>(color[x]) & 0xffffffU) | level << 24);
+    }
+}
 
 /// The thread and its orders. All members are guarded by `unsaved.mutex`, but for the writer, which is the thread's.
 class Worker {
@@ -86,13 +101,42 @@ public:
         unsaved.news.notify_all();
     }
 
-    void settle()
+    /// False: a frame that was left could not be written, nor now.
+    bool settle()
     {
         std::unique_lock lock(unsaved.mutex);
+        for (CommitOrder& failed : failed_commits_)
+            hand_commit(std::move(failed));
+        failed_commits_.clear();
         urgent_ = true;
         unsaved.news.notify_all();
         done_.wait(lock, [this] { return !busy_ && orders_.empty() && !tiles_wait(); });
         urgent_ = false;
+        return failed_commits_.empty();
+    }
+
+    /// The caller holds the mutex.
+    void hand_commit(CommitOrder order)
+    {
+        on_their_way_.push_back(order.name);
+        hand(std::move(order));
+    }
+
+    void wait_for(const std::string& name)
+    {
+        std::unique_lock lock(unsaved.mutex);
+        done_.wait(lock, [&] { return std::ranges::find(on_their_way_, name) == on_their_way_.end(); });
+    }
+
+    std::optional<LeftFrame> take_back(int frame)
+    {
+        const std::lock_guard lock(unsaved.mutex);
+        const auto found =
+            std::ranges::find(failed_commits_, frame, [](const CommitOrder& one) { return one.left.frame; });
+        if (found == failed_commits_.end()) return std::nullopt;
+        LeftFrame left = std::move(found->left);
+        failed_commits_.erase(found);
+        return left;
     }
 
     /// The plane that the stroke source is of. The caller holds the mutex.
@@ -211,12 +255,46 @@ private:
         failure_ = Failure{name, error};
     }
 
+    bool commit_failed(int frame)
+    {
+        const std::lock_guard lock(unsaved.mutex);
+        return std::ranges::find(failed_commits_, frame, [](const CommitOrder& one) { return one.left.frame; }) !=
+               failed_commits_.end();
+    }
+
     void carry_out(BeginOrder& order)
     {
         seal();
-        if (order.drops) writer_.drop();
+        if (order.drops && !commit_failed(writer_.frame())) writer_.drop();
         writer_.begin(order.frame, std::move(order.frame_name), std::move(order.journal_name));
         limit_ = least_kept;
+    }
+
+    void carry_out(CommitOrder& order)
+    {
+        seal();
+        platform::forget_failure();
+        const bool written = write_left_frame(order);
+        const int error = platform::last_failure();
+        if (written && writer_.frame() == order.left.frame)
+            writer_.drop();
+        else if (written)
+            platform::remove_file(in_store(frame_file(order.left.frame, file_set::journal)));
+        const std::lock_guard lock(unsaved.mutex);
+        std::erase(on_their_way_, order.name);
+        if (!written) {
+            failure_ = Failure{order.name, error};
+            failed_commits_.push_back(std::move(order));
+        }
+        done_.notify_all();
+    }
+
+    static bool write_left_frame(const CommitOrder& order)
+    {
+        const Bitmap& color = order.left.color;
+        return write_tga(order.name, color.width(), color.height(), [&](int y, int* pixels) {
+            merge_pixels(row(color, y), row(order.left.alpha, y), pixels, color.width());
+        });
     }
 
     void carry_out(TileOrder& order) { add_tile(order.plane, order.tile, *order.pixels); }
@@ -252,6 +330,8 @@ private:
     std::deque<Order> orders_;
     std::condition_variable done_;
     std::optional<Failure> failure_;
+    std::vector<CommitOrder> failed_commits_; ///< to be tried again
+    std::vector<std::string> on_their_way_;   ///< files of frames whose orders wait or are being carried out
     Plane plane_ = Plane::COLOR;
     bool stop_ = false, urgent_ = false, busy_ = false;
 
@@ -264,18 +344,12 @@ Worker worker;
 
 Clock::time_point next_in_hand, next_files, next_picture;
 
-/// Both pictures as they are, without a change to either; colours on an edited alpha picture count as grey.
+/// Both pictures as they are, without a change to either.
 Bitmap merged_copy()
 {
     Bitmap merged = Bitmap::unfilled(store.frame_bitmap.width(), store.frame_bitmap.height());
     for (int y = 0; y < merged.height(); ++y) {
-        const int* color = row(color_picture(), y);
-        const int* alpha = row(alpha_picture(), y);
-        int* to = row(merged, y);
-        for (int x = 0; x < merged.width(); ++x) {
-            const auto level = static_cast<unsigned>(red_of(alpha[x]) + green_of(alpha[x]) + blue_of(alpha[x])) / 3;
-            to[x] = static_cast<int>((static_cast<unsigned>(color[x]) & 0xffffffU) | level << 24);
-        }
+        merge_pixels(row(color_picture(), y), row(alpha_picture(), y), row(merged, y), merged.width());
     }
     return merged;
 }
@@ -414,11 +488,44 @@ void keep_running_work()
         worker.hand(std::move(file));
 }
 
-void settle_running_work()
+bool settle_running_work()
 {
-    if (!worker.running()) return;
+    if (!worker.running()) return true;
     if (undo.operations == 0 && picture_wanted()) hand_over_picture();
-    worker.settle();
+    return worker.settle();
+}
+
+bool running_work_started() { return worker.running(); }
+
+void hand_over_left_frame(LeftFrame left)
+{
+    std::string name = in_store(frame_file(left.frame));
+    const std::lock_guard lock(unsaved.mutex);
+    if (!unsaved.whole && unsaved.tiles.size() <= most_in_hand) hand_over_settled_tiles(); // more isn't worth the wait
+    worker.hand_commit({std::move(left), std::move(name)});
+}
+
+void hand_over_nails()
+{
+    RunningFile file{in_store(set_file("nal")), {}, store.nail_sheet.copy()};
+    if (!file.picture) return;
+    const std::lock_guard lock(unsaved.mutex);
+    worker.hand(std::move(file));
+}
+
+void wait_for_frame_file(const std::string& name)
+{
+    if (worker.running()) worker.wait_for(in_store(name));
+}
+
+Bitmap take_back_left_frame(int frame)
+{
+    if (!worker.running()) return {};
+    std::optional<LeftFrame> left = worker.take_back(frame);
+    if (!left) return {};
+    for (int y = 0; y < left->color.height(); ++y)
+        merge_pixels(row(left->color, y), row(left->alpha, y), row(left->color, y), left->color.width());
+    return std::move(left->color);
 }
 
 } // namespace kelu

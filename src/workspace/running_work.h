@@ -9,8 +9,15 @@
 
 #include "base/bitmap.h"
 #include <optional>
+#include <string>
 
 namespace kelu {
+
+/// A frame that was left, on the way to its file.
+struct LeftFrame {
+    int frame = 0;
+    Bitmap color, alpha; ///< by role
+};
 
 /// Starts the thread, for the frame that is current. Work that has been recovered goes to a new journal at once.
 void start_running_work();
@@ -19,6 +26,19 @@ void stop_running_work(bool committed);
 
 /// The live frame is that of its file now: its journal begins here, and the one before has done its work.
 void begin_journal();
+/// True while the thread runs; without it a frame that is left is written at once.
+bool running_work_started();
+/// The live frame makes way for another one, and its file is written behind the user's back. Until then the journal
+/// covers it.
+void hand_over_left_frame(LeftFrame left);
+/// Lets the thread write the sheet of thumbnails.
+void hand_over_nails();
+/// Waits for the file of a frame, named as in the store, where it is on its way.
+void wait_for_frame_file(const std::string& name);
+/// The picture of a frame whose file couldn't be written, in merged form; empty when there is none such. It belongs to
+/// the caller then.
+Bitmap take_back_left_frame(int frame);
+
 /// Before the pictures of frame and alpha change places: what the journal doesn't have yet is handed over.
 void exchange_journal_plane();
 
@@ -27,8 +47,8 @@ void exchange_journal_plane();
 void keep_running_work();
 
 /// Waits until all that has been handed over is on the disk, or could not be written. Whoever writes files of the
-/// workspace by himself calls it first.
-void settle_running_work();
+/// workspace by himself calls it first. False: a frame that was left is in no file yet.
+bool settle_running_work();
 
 /// Work of an earlier run that was never committed.
 struct RecoveredWork {

@@ -201,7 +201,7 @@ bool write_state_file(const std::string& name)
 bool write_workspace_state(const std::string& file_name, bool spa_only)
 {
     check_name(file_name);
-    settle_running_work();
+    const bool left_written = settle_running_work();
     put_back_piece();
     bool written = false;
     const std::string browser_dir = browser_state.browser_dir;
@@ -221,7 +221,7 @@ bool write_workspace_state(const std::string& file_name, bool spa_only)
             report_unwritten(workspace_folder, TEXT_WORKSPACE_NOT_WRITTEN); // its files have no place here
     }
     browser_state.browser_dir = browser_dir;
-    return written;
+    return written && left_written;
 }
 
 void load_containers()

@@ -312,6 +312,81 @@ TEST_F(RunningWorkTest, SmallFilesFollowWhatHasChanged)
     EXPECT_EQ(store.cel_bitmap.width(), 31);
 }
 
+TEST_F(RunningWorkTest, AFrameThatIsLeftIsWrittenBehindTheBack)
+{
+    box(20, 0xff8040);
+    const Bitmap painted = merged_frame();
+    ASSERT_TRUE(fetch_frame(0, 1, 0));
+    ASSERT_TRUE(fetch_frame(1, 0, 0)) << "whoever reads it waits for it";
+    EXPECT_TRUE(same(merged_frame(), painted));
+    EXPECT_FALSE(frame_changed());
+    EXPECT_TRUE(settle_running_work());
+    EXPECT_EQ(stored_pixel(0), frame_color(0));
+    EXPECT_FALSE(exists("journal.000"));
+    EXPECT_TRUE(exists("current.nal"));
+
+    box(100, 0x123456); // in alpha editing, too
+    toggle_alpha_edit();
+    box(60, 0x404040);
+    const Bitmap with_alpha = merged_frame();
+    ASSERT_TRUE(fetch_frame(0, 2, 0));
+    ASSERT_TRUE(settle_running_work());
+    ASSERT_TRUE(fetch_frame(2, 0, 0));
+    EXPECT_TRUE(same(merged_frame(), with_alpha));
+}
+
+TEST_F(RunningWorkTest, AFrameWhoseFileCantBeWrittenIsTriedAgainAndComesBack)
+{
+    box(20, 0xff8040);
+    settle_running_work();
+    const Bitmap painted = merged_frame();
+    const auto file = in_store("current.000");
+    std::filesystem::rename(file, file.string() + ".kept");
+    std::filesystem::create_directory(file);
+    ASSERT_TRUE(fetch_frame(0, 1, 0));
+    EXPECT_FALSE(settle_running_work());
+    keep_running_work();
+    EXPECT_NE(menus.status_message, 0) << "told";
+    EXPECT_TRUE(exists("journal.000")) << "covered meanwhile";
+    EXPECT_FALSE(write_workspace_state("current.spa", false)) << "nobody leaves without a word";
+    ASSERT_TRUE(fetch_frame(1, 0, 0));
+    EXPECT_TRUE(same(merged_frame(), painted));
+    EXPECT_TRUE(frame_changed());
+    box(100, 0x304050);
+    const Bitmap more = merged_frame();
+    ASSERT_TRUE(fetch_frame(0, 1, 0));
+    ASSERT_TRUE(settle_running_work());
+    EXPECT_TRUE(same(read_tga(file.string()), more));
+    EXPECT_FALSE(exists("journal.000"));
+}
+
+TEST_F(RunningWorkTest, AnEndBeforeTheCommitLosesNothing)
+{
+    const auto keep = [this](const char* name) { std::filesystem::copy_file(in_store(name), folder.path() / name); };
+    const auto put_back = [this](const char* name) {
+        std::filesystem::copy_file(folder.path() / name, in_store(name),
+                                   std::filesystem::copy_options::overwrite_existing);
+    };
+    box(20, 0xff8040);
+    settle_running_work();
+    const Bitmap painted = merged_frame();
+    for (const char* name : {"current.000", "journal.000"})
+        keep(name);
+    ASSERT_TRUE(fetch_frame(0, 1, 0));
+    box(50, 0x40ff80);
+    settle_running_work();
+    const Bitmap second = merged_frame();
+    stop_running_work(false);
+    for (const char* name : {"current.000", "journal.000"})
+        put_back(name);
+    start_again();
+    EXPECT_EQ(store.current_frame, 1);
+    EXPECT_TRUE(same(merged_frame(), second));
+    EXPECT_TRUE(same(read_tga(in_store("current.000").string()), painted)) << "the frame that was left is in its file";
+    EXPECT_FALSE(exists("journal.000"));
+    EXPECT_EQ(run_state.workspace_damaged, 0);
+}
+
 TEST_F(RunningWorkTest, NoFailureOfACallLosesWhatWasOnTheDisk)
 {
     int points = 0, silent = 0;
