@@ -44,12 +44,13 @@ struct TileGrid {
 
 /// The pixels of one tile, 64 a row; what lies outside the picture is 0.
 struct TilePixels {
-    std::array<int, static_cast<std::size_t>(frame_tile_side) * frame_tile_side> pixels{};
+    std::array<int, static_cast<std::size_t>(frame_tile_side) * frame_tile_side> pixels; // `take` fills all of it
 
     int* line(int y) { return pixels.data() + (static_cast<std::ptrdiff_t>(y) << frame_tile_shift); }
     const int* line(int y) const { return pixels.data() + (static_cast<std::ptrdiff_t>(y) << frame_tile_shift); }
     void take(BITMAP* picture, const TileBox& box)
     {
+        if (box.w < frame_tile_side || box.h < frame_tile_side) pixels.fill(0);
         for (int y = 0; y < box.h; ++y)
             std::copy_n(row(picture, box.y + y) + box.x, box.w, line(y));
     }
@@ -70,7 +71,7 @@ struct TileSet {
     void keep(std::size_t tile, BITMAP* picture)
     {
         if (tiles.empty()) tiles.resize(grid.count());
-        tiles[tile] = std::make_unique<TilePixels>();
+        tiles[tile] = std::make_unique_for_overwrite<TilePixels>();
         tiles[tile]->take(picture, grid.box(tile));
     }
 };

@@ -204,7 +204,6 @@ private:
             }
             const std::size_t tile = unsaved.take_last();
             const Plane plane = plane_;
-            pixels.pixels.fill(0);
             pixels.take(undo.source_bitmap, TileGrid::of(undo.source_bitmap).box(tile));
             lock.unlock();
             add_tile(plane, tile, pixels);
@@ -371,7 +370,7 @@ bool picture_wanted()
 
 void hand_over_tile(BITMAP* picture, TileGrid grid, std::size_t tile)
 {
-    auto pixels = std::make_unique<TilePixels>();
+    auto pixels = std::make_unique_for_overwrite<TilePixels>();
     pixels->take(picture, grid.box(tile));
     worker.hand(TileOrder{worker.plane(), tile, std::move(pixels)});
 }

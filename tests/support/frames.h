@@ -7,6 +7,7 @@
 #include "support/session.h"
 #include "workspace/frame_order.h"
 #include "workspace/frame_store.h"
+#include "workspace/running_work.h"
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -41,6 +42,7 @@ inline void make_frames(int count)
 /// Contents of all stored frames by name.
 inline std::map<std::string, std::string> frame_files(const Session& session)
 {
+    settle_running_work();
     std::map<std::string, std::string> files;
     for (const auto& entry : std::filesystem::directory_iterator(session.folder() + "/WORKSPACE")) {
         std::ifstream file(entry.path(), std::ios::binary);
