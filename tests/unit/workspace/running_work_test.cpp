@@ -346,7 +346,7 @@ TEST_F(RunningWorkTest, AFrameWhoseFileCantBeWrittenIsTriedAgainAndComesBack)
     ASSERT_TRUE(fetch_frame(0, 1, 0));
     EXPECT_FALSE(settle_running_work());
     keep_running_work();
-    EXPECT_NE(menus.status_message, 0) << "told";
+    EXPECT_TRUE(take_failure_report()) << "told";
     EXPECT_TRUE(exists("journal.000")) << "covered meanwhile";
     EXPECT_FALSE(write_workspace_state("current.spa", false)) << "nobody leaves without a word";
     ASSERT_TRUE(fetch_frame(1, 0, 0));
@@ -416,9 +416,8 @@ TEST_F(RunningWorkTest, NoFailureOfACallLosesWhatWasOnTheDisk)
             }
             if (!reached) break;
             ++points;
-            menus.status_message = 0;
             keep_running_work();
-            const bool told_so = menus.status_message != 0;
+            const bool told_so = take_failure_report().has_value();
             start_again();
             const Bitmap found = merged_frame();
             const auto match = std::ranges::find_if(pictures, [&](const Bitmap& one) { return same(one, found); });
