@@ -430,6 +430,7 @@ void start_running_work()
         worker.set_plane(plane_of_frame());
         worker.hand(begin_order(false));
     }
+    told = {};
     next_in_hand = next_picture = Clock::now();
     next_files = next_in_hand + files_time;
     remember_running_files();
