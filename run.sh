@@ -5,7 +5,10 @@ set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")"
 . tools/packages.sh
 
-need_packages "${build_packages[@]}"
+# All at once, so that somebody who has to ask for packages asks once.
+needed=("${build_packages[@]}")
+[ -n "${DISPLAY:-}" ] || needed+=("${display_packages[@]}")
+need_packages "${needed[@]}"
 build_preset release
 
 if [ -n "${DISPLAY:-}" ] && timeout 10 xdpyinfo >/dev/null 2>&1; then

@@ -13,3 +13,14 @@ if(epoch)
   set(ENV{SOURCE_DATE_EPOCH} ${epoch})
 endif()
 string(TIMESTAMP KELU_BUILD_DATE "%Y-%m-%d" UTC)
+
+# The day of the release, from the newest heading of CHANGELOG.md, "## 1.6 (2026-11-25)", which is held to the version
+# of the project; and the same day as changelogs of packages write it.
+file(STRINGS ${CMAKE_SOURCE_DIR}/CHANGELOG.md heading REGEX "^## " LIMIT_COUNT 1)
+if(NOT heading MATCHES "^## ([0-9.]+) \\(([0-9]+-[0-9]+-[0-9]+)\\)$" OR NOT CMAKE_MATCH_1 STREQUAL PROJECT_VERSION)
+  message(FATAL_ERROR "CHANGELOG.md begins with \"${heading}\", the project's version is ${PROJECT_VERSION}")
+endif()
+set(KELU_RELEASE_DATE ${CMAKE_MATCH_2})
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/CHANGELOG.md)
+execute_process(COMMAND date -u -d ${KELU_RELEASE_DATE} "+%a, %d %b %Y %H:%M:%S +0000"
+                OUTPUT_VARIABLE KELU_RELEASE_DAY OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)

@@ -1,7 +1,6 @@
-// Draws the assets as PNGs for people, to look at while they are edited, and the icon.
+// Draws the assets as PNGs for people, to look at while they are edited.
 //
-//   contact_sheets ASSETS OUT         palette.png, fonts.png, gui_sheet.png, tips.png, logo.png
-//   contact_sheets --icon ASSETS PNG  the emblem alone, eight times enlarged
+//   contact_sheets ASSETS OUT    palette.png, fonts.png, gui_sheet.png, tips.png, logo.png
 #include "imagefile/png.h"
 #include "platform/host.h"
 #include "resource_pictures.h"
@@ -11,7 +10,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <string_view>
 
 namespace {
 
@@ -21,7 +19,6 @@ using namespace kelu::tools;
 constexpr int panel_grey = pack_rgb(158, 158, 158), border_grey = pack_rgb(100, 100, 100);
 constexpr int button_grey = pack_rgb(219, 219, 219);
 constexpr int shadow_grey = pack_rgb(58, 58, 58), water = pack_rgb(60, 90, 120);
-constexpr int emblem_x = 70, emblem_side = 33, icon_factor = 8;
 
 void save(const std::string& name, const Bitmap& picture)
 {
@@ -148,16 +145,11 @@ void draw_sheets(const std::string& assets, const std::string& out)
 
 int main(int argc, char** argv)
 {
-    const bool icon = argc == 4 && std::string_view(argv[1]) == "--icon";
-    if (argc != 3 && !icon) {
-        std::fprintf(stderr, "usage: contact_sheets ASSETS OUT | contact_sheets --icon ASSETS PNG\n");
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: contact_sheets ASSETS OUT\n");
         return 2;
     }
     if (!platform::headless_host.start()) return 1;
-    if (icon)
-        save(argv[3], enlarge(draw_picture(read_picture(argv[2] + std::string("/logo.txt"))), emblem_x, 0, emblem_side,
-                              icon_factor));
-    else
-        draw_sheets(argv[1], argv[2]);
+    draw_sheets(argv[1], argv[2]);
     return 0;
 }

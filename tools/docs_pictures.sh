@@ -1,10 +1,16 @@
 #!/usr/bin/env bash
-# Makes the pictures of the documents from the running program: docs_pictures.sh APP OUT
+# Makes the pictures of the documents from the running program: docs_pictures.sh APP OUT [SCREEN...]
+# Without names it makes all of them.
 # It works in a copy of the program's folder APP, with the settings and the workspace that a first start finds and with
 # pictures of its own as frames, and leaves one PNG for each screen in OUT. Needs xvfb, xdotool and imagemagick.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/virtual_display.sh"
 app=$(realpath "$1") out=$(realpath -m "$2")
+shift 2
+# The delivered workspace lies in the build that the program comes from; build/app is that of the preset release.
+for defaults in "$(dirname "$app")/defaults" "$(dirname "$app")/release/defaults"; do
+    [ ! -d "$defaults" ] || break
+done
 
 # sunset SINK: a sunset over the sea as a picture of 320 x 240, with the sun SINK pixels lower.
 sunset() {
@@ -64,6 +70,7 @@ begin_text() {
 # The screens: a name, and what leads from the drawing menu to it.
 screens=(drawing_menu zoomed color_menu favorites brush_tips brush_tools inks text_tool font_browser file_browser
     animation onion_skin options hotkeys schemes help about)
+[ $# -eq 0 ] || screens=("$@")
 to_drawing_menu() {
     stroke 60 46 64 42 68 42 71 46 74 42 78 42 82 46
     stroke 96 60 99 57 102 57 105 60 108 57 111 57 114 60
@@ -139,7 +146,7 @@ start_display 1300x1000
 
 # A workspace as the first start finds it, with an evening in six frames in place of its empty one.
 copy_program "$app" "$scratch/first"
-cp -r "$(dirname "$app")/defaults/." "$scratch/first"
+cp -r "$defaults/." "$scratch/first"
 printf 2 >"$scratch/first/config.def"
 mkdir "$scratch/first/pictures"
 for frame in 0 1 2 3 4 5; do

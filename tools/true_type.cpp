@@ -304,7 +304,8 @@ std::vector<uint8_t> write_true_type(const OutlineFont& font)
         {"post", post_table().bytes()}};
     Bytes file = assemble(tables);
     const uint32_t adjustment = whole_sum - checksum(file);
-    const auto head = std::ranges::search(file, head_table(font).bytes()).begin();
+    const Bytes sought = head_table(font).bytes();
+    const auto head = std::search(file.begin(), file.end(), sought.begin(), sought.end());
     for (std::size_t i = 0; i < 4; ++i)
         head[static_cast<std::ptrdiff_t>(adjustment_at + i)] = static_cast<uint8_t>(adjustment >> (24 - 8 * i));
     return file;

@@ -10,6 +10,7 @@
 #include "platform/input_events.h"
 #include "platform/keyboard_map.h"
 #include "platform/layout.h"
+#include "platform/window_messages.h"
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -60,7 +61,11 @@ bool start()
     return true;
 }
 
-void set_title(const char* title) { set_window_title(title); }
+void set_title(const char* title)
+{
+    describe_window(title);
+    listen_to_messages();
+}
 
 void rest_briefly(int milliseconds)
 {
@@ -127,7 +132,7 @@ void stop()
 const Host desktop_host = {.start = start,
                            .enter_mode = enter_desktop_mode,
                            .set_title = set_title,
-                           .set_icon = set_desktop_icon,
+                           .set_icons = set_desktop_icons,
                            .present = present_on_desktop,
                            .rest = rest_briefly,
                            .wait_vertical_blank = wait_vertical_blank,

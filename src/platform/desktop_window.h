@@ -13,8 +13,10 @@ void watch_connection();
 bool enter_desktop_mode(const VideoMode& mode);
 /// Shows a picture of 320 x 240, scaled. Only the rows that differ from the last picture shown go to the display.
 void present_on_desktop(BITMAP* picture);
-/// Gives the window an icon, a picture of at most 256 x 256 in which magenta is transparent.
-void set_desktop_icon(BITMAP* picture);
+/// Tells the window manager and other programs who owns the window: title in UTF-8, process, machine.
+void describe_window(const char* title);
+/// Gives the window an icon in several sizes of at most 256 x 256, with alpha in the top byte.
+void set_desktop_icons(std::span<BITMAP* const> pictures);
 /// Sends what Allegro has drawn to the display now. X would keep it until the next request, which comes with the end of
 /// the rest. Under Allegro's lock.
 void send_requests();

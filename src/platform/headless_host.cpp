@@ -16,7 +16,7 @@ bool start()
 
 bool enter_mode(const VideoMode&) { return true; }
 void set_title(const char*) {}
-void set_icon(BITMAP*) {}
+void set_icons(std::span<BITMAP* const>) {}
 void present(BITMAP*) {}
 void rest_briefly(int) {}
 void wait_vertical_blank() {}
@@ -35,7 +35,7 @@ void stop() { allegro_exit(); }
 const Host headless_host = {.start = start,
                             .enter_mode = enter_mode,
                             .set_title = set_title,
-                            .set_icon = set_icon,
+                            .set_icons = set_icons,
                             .present = present,
                             .rest = rest_briefly,
                             .wait_vertical_blank = wait_vertical_blank,

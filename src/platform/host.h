@@ -3,6 +3,7 @@
 #pragma once
 
 #include <allegro.h>
+#include <span>
 
 namespace kelu::platform {
 
@@ -17,10 +18,11 @@ struct Host {
     bool (*start)(); ///< Allegro, timers, keyboard, mouse, close button, signals; false: no display
     bool (*enter_mode)(const VideoMode& mode); ///< false: refused, also when the desktop is smaller than the mode
     void (*set_title)(const char* title);
-    void (*set_icon)(BITMAP* picture); ///< the window's icon, in the mode; magenta is transparent
-    void (*present)(BITMAP* picture);  ///< shows a logical picture; pushes nothing when nothing has changed
-    void (*rest)(int milliseconds);    ///< sleeps, longer while nothing moves, then delivers the input come meanwhile
-    void (*wait_vertical_blank)();     ///< the same, until the display's next picture
+    /// The window's icon, in several sizes of at most 256 x 256, with alpha in the top byte.
+    void (*set_icons)(std::span<BITMAP* const> pictures);
+    void (*present)(BITMAP* picture); ///< shows a logical picture; pushes nothing when nothing has changed
+    void (*rest)(int milliseconds);   ///< sleeps, longer while nothing moves, then delivers the input come meanwhile
+    void (*wait_vertical_blank)();    ///< the same, until the display's next picture
     bool (*install_timer)(void (*tick)(), int period); ///< period in 1/1193181 s; again: changes the period
     void (*remove_timer)(void (*tick)());
     void (*position_mouse)(int x, int y);   ///< physical pixels

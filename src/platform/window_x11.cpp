@@ -4,13 +4,27 @@
 
 #include "base/bitmap.h"
 #include "platform/ending.h"
+#include "platform/x_lock.h"
+#include <cstdint>
 #include <poll.h>
+#include <string_view>
+#include <unistd.h>
 #include <vector>
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
-#include <xalleg.h>
+#include <X11/Xutil.h>
 
 namespace kelu::platform {
+namespace {
+
+/// A property of our window; items of 32 bits are longs. Under the lock.
+void set_property(const char* name, Atom type, int format, const void* items, std::size_t count)
+{
+    XChangeProperty(_xwin.display, _xwin.wm_window, XInternAtom(_xwin.display, name, False), type, format,
+                    PropModeReplace, static_cast<const unsigned char*>(items), static_cast<int>(count));
+}
+
+} // namespace
 
 void name_window_class() { xwin_set_window_name("kelu", "Kelu"); }
 
@@ -52,24 +66,41 @@ void await_input(int milliseconds)
     poll(&connection, 1, milliseconds);
 }
 
-void set_desktop_icon(BITMAP* picture)
+void describe_window(const char* title)
 {
-    if (!picture || picture->w > 256 || picture->h > 256 || _xwin.wm_window == None) return;
-    // Width, height, then one word of alpha, red, green and blue a pixel; X takes 32-bit data as longs.
-    std::vector<unsigned long> words = {static_cast<unsigned long>(picture->w), static_cast<unsigned long>(picture->h)};
-    for (int y = 0; y < picture->h; ++y) {
-        for (int x = 0; x < picture->w; ++x) {
-            const int color = row(picture, y)[x];
-            words.push_back(color == mask_magenta ? 0UL : 0xff000000UL | static_cast<unsigned long>(color & 0xffffff));
+    set_window_title(title); // WM_NAME, for managers that know no other
+    const XLock lock;
+    Display* display = _xwin.display;
+    // The class stands already: this call, which sets the machine as well, is asked for nothing else.
+    XSetWMProperties(display, _xwin.wm_window, nullptr, nullptr, nullptr, 0, nullptr, nullptr, nullptr);
+    const long process = getpid();
+    set_property("_NET_WM_PID", XA_CARDINAL, 32, &process, 1);
+    const std::string_view name = title;
+    const Atom utf8 = XInternAtom(display, "UTF8_STRING", False);
+    set_property("_NET_WM_NAME", utf8, 8, name.data(), name.size());
+    set_property("_NET_WM_ICON_NAME", utf8, 8, name.data(), name.size());
+    const Atom normal = XInternAtom(display, "_NET_WM_WINDOW_TYPE_NORMAL", False);
+    set_property("_NET_WM_WINDOW_TYPE", XA_ATOM, 32, &normal, 1);
+    XFlush(display);
+}
+
+void set_desktop_icons(std::span<BITMAP* const> pictures)
+{
+    // Each: width, height, then one word of alpha, red, green and blue a pixel; X takes 32-bit data as longs.
+    std::vector<unsigned long> words;
+    for (BITMAP* picture : pictures) {
+        if (!picture || picture->w > 256 || picture->h > 256) continue;
+        words.push_back(static_cast<unsigned long>(picture->w));
+        words.push_back(static_cast<unsigned long>(picture->h));
+        for (int y = 0; y < picture->h; ++y) {
+            for (int x = 0; x < picture->w; ++x)
+                words.push_back(static_cast<uint32_t>(row(picture, y)[x]));
         }
     }
-    // A connection of our own for the one request: Allegro's belongs to its event thread.
-    Display* display = XOpenDisplay(nullptr);
-    if (!display) return;
-    XChangeProperty(display, _xwin.wm_window, XInternAtom(display, "_NET_WM_ICON", False), XA_CARDINAL, 32,
-                    PropModeReplace, reinterpret_cast<const unsigned char*>(words.data()),
-                    static_cast<int>(words.size()));
-    XCloseDisplay(display);
+    if (_xwin.wm_window == None || words.empty()) return;
+    const XLock lock;
+    set_property("_NET_WM_ICON", XA_CARDINAL, 32, words.data(), words.size());
+    XFlush(_xwin.display);
 }
 
 } // namespace kelu::platform

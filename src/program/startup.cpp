@@ -11,6 +11,7 @@
 #include "framework/tint.h"
 #include "gui/logic.h"
 #include "gui/scheme.h"
+#include "imagefile/png.h"
 #include "imagefile/vector_font.h"
 #include "loop/actions.h"
 #include "loop/drag.h"
@@ -29,7 +30,6 @@
 #include "runtime/input.h"
 #include "runtime/jobs.h"
 #include "runtime/preferences.h"
-#include "runtime/sheets.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
 #include "screens/color_menu.h"
@@ -45,6 +45,8 @@
 #include "workspace/running_work.h"
 #include "workspace/settings.h"
 #include "workspace/state.h"
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <ctime>
 #include <string>
@@ -97,6 +99,18 @@ void start_machine()
     platform::host->set_title((std::string("Kelu v") + version()).c_str());
 }
 
+/// The window's icons, if they are there.
+void show_icons()
+{
+    const platform::DirectoryVisit folder(delivered_folder("resource/icons"));
+    if (!folder.entered()) return;
+    const std::array icons = {load_png("16.png"), load_png("24.png"), load_png("32.png"), load_png("48.png"),
+                              load_png("128.png")};
+    std::array<BITMAP*, icons.size()> pictures{};
+    std::ranges::copy(icons, pictures.begin());
+    platform::host->set_icons(pictures);
+}
+
 void load_resources()
 {
     {
@@ -107,7 +121,7 @@ void load_resources()
     log_line("[ INIT ] : Loaded framework audio resources");
     load_application_resources();
     log_line("[ INIT ] : Loaded application video resources");
-    platform::host->set_icon(sheets.enlarged_picture);
+    show_icons();
     load_framework_video();
     log_line("[ INIT ] : Loaded framework video resources");
     const platform::DirectoryVisit folder("resource");

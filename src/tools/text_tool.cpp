@@ -67,11 +67,11 @@ void fill_window(const char* text, int size, int gap)
 /// The text sticks to the pointer until the next click. True when that was the right button's.
 bool drag_text()
 {
-    Point& node = tool_input.tool_nodes[0];
+    const Point node = tool_input.tool_nodes[0];
     sample_press();
     const Point press = snapped_press();
     const Point offset{node.x - press.x, node.y - press.y};
-    const auto stick_to = [&node, offset](Point at) { node = {at.x + offset.x, at.y + offset.y}; };
+    const auto stick_to = [offset](Point at) { tool_input.tool_nodes[0] = {at.x + offset.x, at.y + offset.y}; };
     for (stick_to(snapped_mouse()); run_pass(passes::plain); stick_to(snapped_mouse())) {
         if (left_down()) {
             sample_press();
