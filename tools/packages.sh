@@ -6,10 +6,7 @@ build_packages=(g++ cmake ninja-build pkg-config liballegro4-dev libx11-dev libj
 # To run without a display, with real mouse events and a screenshot.
 display_packages=(xvfb xauth xdotool x11-xkb-utils x11-apps imagemagick)
 # To pass the tests.
-test_packages=(libgtest-dev python3 xclip netpbm icoutils libjpeg-turbo-progs apngdis x11-utils clang)
-
-# To make a package and put it to the test.
-package_packages=(dpkg-dev lintian appstream desktop-file-utils debootstrap)
+test_packages=(libgtest-dev python3 xclip netpbm icoutils libjpeg-turbo-progs apngdis)
 
 # need_packages NAME...: installs what is missing, as root or by sudo. Where neither works it prints the one line to
 # run and fails. On a system without apt-get it leaves the matter to the build, which names what it doesn't find.
