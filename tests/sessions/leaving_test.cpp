@@ -118,6 +118,17 @@ const Place places[] = {
          s.click(15);
      }},
     {"scheme", entry<HOME_USER, 5>, slot<110>, [](Session& s) { s.click(81, RIGHT_BUTTON); }},
+    {"colour of a swatch",
+     [](Session& s) {
+         open_entry_of(s, HOME_USER, 5);
+         s.click(77);
+     },
+     [](Session& s) {
+         right_click(s);
+         s.click(110);
+     },
+     slot<30>},
+    {"window on the move", slot<HOME_LABEL>, click_canvas},
     {"help", entry<HOME_USER, 6>, slot<4>},
     {"workspace", entry<HOME_USER, 7>, slot<11>},
     {"about", entry<HOME_USER, 8>, slot<3>},
@@ -140,6 +151,14 @@ const Place places[] = {
     {"tint", entry<HOME_PIC, 5>, slot<10>, slot<2>},
     {"grid", entry<HOME_PIC, 6>, slot<16>, [](Session& s) { retype(s, 4, "33"); }},
     {"save browser", entry<HOME_PIC, 7>, slot<BROWSER_CANCEL>},
+    {"quality",
+     [](Session& s) {
+         open_entry_of(s, HOME_PIC, 7);
+         s.click(BROWSER_FILTER_0 + 4);
+         s.type("a");
+         s.click(BROWSER_OKAY);
+     },
+     slot<105>},
     {"load browser", entry<HOME_PIC, 8>, slot<BROWSER_CANCEL>},
     {"get", entry<HOME_CEL, 2>, right_click, click_canvas},
     {"paste", entry<HOME_CEL, 4>, right_click},
