@@ -3,6 +3,7 @@
 
 #include "runtime/frame_snapshot.h"
 #include "runtime/sheets.h"
+#include "runtime/shows.h"
 #include <algorithm>
 #include <cstdlib>
 
@@ -42,6 +43,7 @@ bool in_reach(Point p) { return std::abs(p.x) <= reach && std::abs(p.y) <= reach
 
 DashPen::DashPen(BITMAP* target) : target_(target)
 {
+    shows.dashes = 1;
     if (sheets.hatch_tile) drawing_mode(DRAW_MODE_COPY_PATTERN, sheets.hatch_tile, frame_snapshot.dash_phase, 0);
 }
 

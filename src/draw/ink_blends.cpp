@@ -1,7 +1,7 @@
 // Inks that blend a colour with the one pixel under the brush: OPAQUE, ADD, SUB, BRIGHT, DARK, GLASS, GRAIN, XOR.
 //
 // Channel arithmetic is single precision, and every conversion to an integer truncates.
-#include "draw/ink_loops.h"
+#include "draw/ink_fours.h"
 
 #include "base/run_state.h"
 #include "runtime/random.h"
@@ -19,6 +19,26 @@ struct Opaque {
         } else if (dab.tip_value < tip_no_ink && claim(dab, fixed_weight(dab.tip_value))) {
             lay_on(*dab.frame, dab.color, fixed_weight(dab.tip_value));
         }
+    }
+    void apply_run(const DabRun& run) const
+    {
+        if (!run.tip_values) {
+            std::fill_n(run.frame, run.count, run.color);
+            return;
+        }
+        static constexpr int full = -1; // below every coverage: nothing is claimed
+        static constexpr ByTipValue weights = [] {
+            ByTipValue table = fixed_weights;
+            table[0] = full;
+            return table;
+        }();
+        const Ints color = all_four(run.color);
+        by_fours(run, [&](const DabFour& four) {
+            const Ints weight = four.by_tip_value(weights);
+            const Ints claimed = four.claim(weight);
+            four.write(claimed, blend_four(load_four(four.frame), color, weight));
+            four.write(weight == full, color);
+        });
     }
 };
 
@@ -39,6 +59,63 @@ void sum_channels(const Dab& dab, float strength, Channel channel)
                           channel(blue_of(source), f * static_cast<float>(blue_of(dab.color))));
 }
 
+/// What ADD and SUB change in the bytes of a pixel, by tip value, as far as that is the same for every pixel: a float
+/// sum that comes near a whole number may be rounded to it with one pixel and not with another.
+struct ByteSteps {
+    int color = -1;
+    float strength = -1;
+    ByTipValue steps{};
+    std::array<bool, 256> uneven{}; ///< the step depends on the pixel
+
+    /// Makes the table if it is another one's. `step_of(share, uneven)` gives the step of one channel.
+    template <class StepOf>
+    void make(float s, int brush, StepOf step_of)
+    {
+        if (s == strength && brush == color) return;
+        *this = {.color = brush, .strength = s};
+        for (std::size_t i = 0; i < tip_no_ink; ++i) {
+            const float f = i == 0 ? s : static_cast<float>(fixed_weight(static_cast<int>(i))) / 200.0F * s;
+            const auto step = [&](int channel) { return step_of(f * static_cast<float>(channel), uneven[i]); };
+            steps[i] = pack_rgb(step(red_of(brush)), step(green_of(brush)), step(blue_of(brush)));
+        }
+    }
+    bool even_for(const DabRun& run) const
+    {
+        if (!run.tip_values) return !uneven[0];
+        return std::none_of(run.tip_values, run.tip_values + run.count,
+                            [this](uint8_t value) { return uneven[value]; });
+    }
+};
+
+/// Several steps between floats below 256.
+constexpr float near_whole = 1.0F / 8192;
+
+/// A run of ADD or SUB: `combine` of the source and the step of each pixel's tip value.
+template <class Ink, class Combine>
+void step_bytes(const Ink& ink, const DabRun& run, const ByteSteps& table, Combine combine)
+{
+    if (!table.even_for(run)) {
+        for (int i = 0; i < run.count; ++i)
+            ink.apply(run.dab(i));
+        return;
+    }
+    by_fours(run, [&](const DabFour& four) {
+        const Ints claimed = four.claim(four.by_tip_value(fixed_weights));
+        four.write(claimed, combine(load_four(four.source) & 0xffffff, four.by_tip_value(table.steps)));
+    });
+}
+
+/// A run of an ink that lays one colour over the source on the strength scale.
+void blend_run(const DabRun& run, int s, int effect)
+{
+    const ByTipValue& weights = strength_weights(s);
+    const Ints color = all_four(effect);
+    by_fours(run, [&](const DabFour& four) {
+        const Ints weight = four.by_tip_value(weights);
+        four.write(four.claim(weight), blend_four(load_four(four.source), color, weight));
+    });
+}
+
 } // namespace
 
 /// Adds the colour.
@@ -49,6 +126,16 @@ struct Add {
         sum_channels(dab, strength, [](int source, float color) {
             return static_cast<int>(std::min(color + static_cast<float>(source), 255.0F));
         });
+    }
+    void apply_run(const DabRun& run) const
+    {
+        static ByteSteps steps; // of the colour and strength used last; main thread
+        steps.make(strength, run.color, [](float share, bool& uneven) {
+            const int whole = static_cast<int>(share);
+            uneven = uneven || share - static_cast<float>(whole) > 1 - near_whole;
+            return whole;
+        });
+        step_bytes(*this, run, steps, add_four);
     }
     float strength;
 };
@@ -62,6 +149,17 @@ struct Sub {
             return static_cast<int>(std::max(static_cast<float>(source) - color, 0.0F));
         });
     }
+    void apply_run(const DabRun& run) const
+    {
+        static ByteSteps steps; // as ADD's
+        steps.make(strength, run.color, [](float share, bool& uneven) {
+            const int whole = static_cast<int>(share);
+            const float rest = share - static_cast<float>(whole);
+            uneven = uneven || (rest > 0 && rest < near_whole);
+            return rest > 0 ? std::min(whole + 1, 255) : whole;
+        });
+        step_bytes(*this, run, steps, subtract_four);
+    }
     float strength;
 };
 
@@ -69,6 +167,7 @@ struct Sub {
 struct Bright {
     explicit Bright(const Canvas&) : s(ink_strength(INK_BRIGHT)) {}
     void apply(const Dab& dab) const { blend_over_source(dab, s, fixed_colours.white); }
+    void apply_run(const DabRun& run) const { blend_run(run, s, fixed_colours.white); }
     int s;
 };
 
@@ -76,6 +175,7 @@ struct Bright {
 struct Dark {
     explicit Dark(const Canvas&) : s(ink_strength(INK_DARK)) {}
     void apply(const Dab& dab) const { blend_over_source(dab, s, fixed_colours.black); }
+    void apply_run(const DabRun& run) const { blend_run(run, s, fixed_colours.black); }
     int s;
 };
 
@@ -83,6 +183,7 @@ struct Dark {
 struct Glass {
     explicit Glass(const Canvas&) : s(ink_strength(INK_GLASS)) {}
     void apply(const Dab& dab) const { blend_over_source(dab, s, dab.color); }
+    void apply_run(const DabRun& run) const { blend_run(run, s, run.color); }
     int s;
 };
 

@@ -1,8 +1,10 @@
 // The ink GLOW: each pixel under the stroke sends out one disc of light, and the discs add up on the frame.
-#include "draw/ink_loops.h"
+#include "draw/ink_fours.h"
 
 #include <array>
 #include <cstdlib>
+#include <cstring>
+#include <memory>
 
 namespace kelu {
 namespace {
@@ -64,6 +66,105 @@ void add_light(int* pixels, const float* shares, int count, float w, int color)
     }
 }
 
+/// The light that one pixel of a stroke sends out, as whole numbers that are added to the bytes of the frame.
+///
+/// A share of light f added to a channel p gives floor(f + p). Where no sum is rounded up to the next whole number on
+/// its way, that is p + floor(f) for every p: then the order of additions can't show, and the light of many pixels may
+/// be added at once.
+struct Light {
+    bool whole = false; ///< no sum is rounded up
+    /// Blue, green, red and 0 at each place of the disc: by |dy|, then by dx + radius.
+    std::array<std::array<uint32_t, most_width + 1>, most_radius + 1> rows{};
+    /// Sums of a row's blue, green and red over its first n places.
+    std::array<std::array<std::array<int, 3>, most_width + 1>, most_radius + 1> sums{};
+};
+
+constexpr int blue_shift = 0, green_shift = 8, red_shift = 16;
+constexpr std::array<int, 3> shifts{blue_shift, green_shift, red_shift};
+
+Light make_light(int radius, float w, int color)
+{
+    // Twice the widest step between floats below 512: a fraction below 1 by more is rounded up in no sum.
+    constexpr float near_next = 1.0F - 1.0F / 8192;
+    Light light{.whole = true};
+    for (int dy = 0; dy <= radius; ++dy) {
+        const auto line = static_cast<std::size_t>(dy);
+        for (int column = 0; column <= 2 * radius; ++column) {
+            const auto at = static_cast<std::size_t>(column);
+            const float f = disc.rows[line][at] * w;
+            for (std::size_t c = 0; c < shifts.size(); ++c) {
+                const float share = f * static_cast<float>(color >> shifts[c] & 255);
+                const int whole = static_cast<int>(share);
+                light.whole = light.whole && share - static_cast<float>(whole) < near_next;
+                light.rows[line][at] |= static_cast<uint32_t>(whole) << shifts[c];
+                light.sums[line][at + 1][c] = light.sums[line][at][c] + whole;
+            }
+        }
+    }
+    return light;
+}
+
+/// The lights of a radius, strength and colour, by tip value; made when first needed. Main thread.
+struct Lights {
+    int radius = -1, color = 0;
+    float strength = 0;
+    std::array<std::unique_ptr<const Light>, tip_no_ink> by_tip_value;
+};
+Lights lights;
+
+const Light& light_of(int radius, float strength, int color, int tip_value, float w)
+{
+    if (radius != lights.radius || strength != lights.strength || color != lights.color) {
+        lights = {};
+        lights.radius = radius;
+        lights.strength = strength;
+        lights.color = color;
+    }
+    std::unique_ptr<const Light>& light = lights.by_tip_value[static_cast<std::size_t>(tip_value)];
+    if (!light) light = std::make_unique<const Light>(make_light(radius, w, color));
+    return *light;
+}
+
+/// Adds bytes to the bytes of pixels, up to 255; the top bytes come out as 0.
+void add_bytes(int* pixels, const uint32_t* added, int count)
+{
+    constexpr int at_once = 4;
+    int i = 0;
+    for (; i + at_once <= count; i += at_once) {
+        Ints light;
+        std::memcpy(&light, added + i, sizeof(light));
+        store_four(pixels + i, add_four(load_four(pixels + i) & 0xffffff, light));
+    }
+    for (; i < count; ++i)
+        pixels[i] = add_four(all_four(pixels[i] & 0xffffff), all_four(static_cast<int>(added[i])))[0];
+}
+
+/// Pixels side by side whose light is added at once; more are taken in turns.
+constexpr int most_at_once = 512;
+
+/// The light of `count` pixels side by side on a line of the frame, |dy| away: at each place that of its nearest
+/// 2 x radius + 1 senders, which is the difference of two sums.
+void gather_light(const Light& light, int radius, int dy, int count, uint32_t* gathered)
+{
+    const auto& sums = light.sums[static_cast<std::size_t>(dy)];
+    const auto at = [&](int i) {
+        const auto& upper = sums[static_cast<std::size_t>(std::min(i, 2 * radius) + 1)];
+        const auto& lower = sums[static_cast<std::size_t>(std::max(i - count + 1, 0))];
+        uint32_t pixel = 0;
+        for (std::size_t c = 0; c < shifts.size(); ++c)
+            pixel |= static_cast<uint32_t>(std::min(upper[c] - lower[c], 255)) << shifts[c];
+        return pixel;
+    };
+    const int places = count + 2 * radius;
+    const int full = count > 2 * radius ? 2 * radius : places; // from here on and before `count`: a whole row's light
+    for (int i = 0; i < full; ++i)
+        gathered[i] = at(i);
+    if (full == places) return;
+    std::fill(gathered + full, gathered + count, at(full));
+    for (int i = count; i < places; ++i)
+        gathered[i] = at(i);
+}
+
 } // namespace
 
 /// Reads and writes the frame as it is now. The coverage is a flag of the pixel that sends the light.
@@ -79,18 +180,76 @@ struct Glow {
     {
         if (dab.tip_value >= tip_no_ink || *dab.coverage != 0) return;
         *dab.coverage = 1;
-        const float w =
-            dab.tip_value == 0 ? strength : static_cast<float>(fixed_weight(dab.tip_value)) / 200.0F * strength;
-        const int left = std::max(dab.x - radius, 0);
-        const int right = std::min(dab.x + radius, canvas.frame->w - 1);
-        const int bottom = std::min(dab.y + radius, canvas.frame->h - 1);
-        for (int y = std::max(dab.y - radius, 0); y <= bottom; ++y) {
+        const float w = weight(dab.tip_value);
+        const Reach reach = reach_of(dab.x, 1, dab.y);
+        for (int y = reach.top; y <= reach.bottom; ++y) {
             const float* shares = disc.rows[static_cast<std::size_t>(std::abs(y - dab.y))].data();
-            add_light(row(canvas.frame, y) + left, shares + (left - dab.x + radius), right - left + 1, w, dab.color);
+            add_light(row(canvas.frame, y) + reach.left, shares + reach.skipped, reach.count, w, dab.color);
+        }
+    }
+
+    void apply_run(const DabRun& run) const
+    {
+        if (run.tip_values) {
+            for (int i = 0; i < run.count; ++i)
+                send(run, i, 1, run.tip_values[i]);
+            return;
+        }
+        for (int i = 0; i < run.count;) {
+            const int most = std::min(run.count, i + most_at_once);
+            const int end = static_cast<int>(
+                std::find_if(run.coverage + i, run.coverage + most, [](int covered) { return covered != 0; }) -
+                run.coverage);
+            if (end > i) send(run, i, end - i, 0);
+            i = std::max(end, i + 1);
         }
     }
 
 private:
+    /// The part of the frame that the light of some pixels side by side reaches.
+    struct Reach {
+        int left, count; ///< columns
+        int skipped;     ///< columns of the light that lie left of the frame
+        int top, bottom;
+    };
+    Reach reach_of(int x, int senders, int y) const
+    {
+        const int left = std::max(x - radius, 0);
+        const int right = std::min(x + senders - 1 + radius, canvas.frame->w - 1);
+        return {left, right - left + 1, left - x + radius, std::max(y - radius, 0),
+                std::min(y + radius, canvas.frame->h - 1)};
+    }
+
+    float weight(int tip_value) const
+    {
+        return tip_value == 0 ? strength : static_cast<float>(fixed_weight(tip_value)) / 200.0F * strength;
+    }
+
+    /// The light of `count` pixels of a run from the i-th on, of one tip value and none of them covered if `count` is
+    /// above 1.
+    void send(const DabRun& run, int i, int count, int tip_value) const
+    {
+        if (tip_value >= tip_no_ink || run.coverage[i] != 0) return;
+        const Light& light = light_of(radius, strength, run.color, tip_value, weight(tip_value));
+        if (!light.whole) {
+            for (int k = i; k < i + count; ++k)
+                apply(run.dab(k));
+            return;
+        }
+        std::fill_n(run.coverage + i, count, 1);
+        const Reach reach = reach_of(run.x + i, count, run.y);
+        std::array<uint32_t, most_at_once + most_width> gathered;
+        for (int y = reach.top; y <= reach.bottom; ++y) {
+            const int dy = std::abs(y - run.y);
+            const uint32_t* added = light.rows[static_cast<std::size_t>(dy)].data();
+            if (count > 1) {
+                gather_light(light, radius, dy, count, gathered.data());
+                added = gathered.data();
+            }
+            add_bytes(row(canvas.frame, y) + reach.left, added + reach.skipped, reach.count);
+        }
+    }
+
     const Canvas& canvas;
     int radius;
     float strength;

@@ -10,6 +10,23 @@
 
 namespace kelu {
 
+/// A stretch of a line under the brush, for inks that work on many pixels at once: their `apply_run` does what `apply`
+/// would do pixel by pixel.
+struct DabRun {
+    int x, y, count;           ///< frame pixels, all inside the frame
+    int color;                 ///< as in Dab, as the rest
+    const uint8_t* tip_values; ///< one a pixel; null: full strength
+    int* frame;
+    int* coverage;
+    const int* source;
+
+    /// The i-th pixel by itself.
+    Dab dab(int i) const
+    {
+        return {x + i, y, color, tip_values ? tip_values[i] : 0, frame + i, coverage + i, source + i};
+    }
+};
+
 /// Line pointers of one row of the canvas, 0 to its height - 1.
 class CanvasLine {
 public:
@@ -23,6 +40,20 @@ public:
     {
         return {x, y_, color, tip_value, frame_ + x, coverage_ + x, (x < source_w_ ? source_ : frame_) + x};
     }
+    /// The longest stretch from `first` to before `end` with the source in one place.
+    DabRun run(int first, int end, int color, const uint8_t* tip_values) const
+    {
+        const bool in_source = first < source_w_;
+        const int count = (in_source ? std::min(end, source_w_) : end) - first;
+        return {first,
+                y_,
+                count,
+                color,
+                tip_values,
+                frame_ + first,
+                coverage_ + first,
+                (in_source ? source_ : frame_) + first};
+    }
 
 private:
     int y_;
@@ -31,6 +62,30 @@ private:
     const int* source_;
     int source_w_;
 };
+
+template <class Ink>
+concept WorksOnRuns = requires(const Ink& ink, const DabRun& run)
+{
+    ink.apply_run(run);
+};
+
+/// Puts the ink on the pixels from `first` to before `end`, which lie in the frame. `tip_values` belong to them.
+template <class Ink>
+void apply_line(const Ink& ink, const CanvasLine& line, int first, int end, int color, const uint8_t* tip_values)
+{
+    if constexpr (WorksOnRuns<Ink>) {
+        // Two stretches where the source is narrower than the frame.
+        while (first < end) {
+            const DabRun run = line.run(first, end, color, tip_values);
+            ink.apply_run(run);
+            first += run.count;
+            if (tip_values) tip_values += run.count;
+        }
+    } else {
+        for (int x = first; x < end; ++x)
+            ink.apply(line.dab(x, color, tip_values ? tip_values[x - first] : 0));
+    }
+}
 
 template <class Ink>
 void InkLoops<Ink>::pixel(int x, int y, int color, int tip_value)
@@ -53,9 +108,8 @@ void InkLoops<Ink>::stamp(int x, int y, int color, const TipCell& tip)
     const int end_row = std::min(tip_cell_h, canvas.frame->h - top);
     for (int r = std::max(0, -top); r < end_row; ++r) {
         const CanvasLine line(canvas, top + r);
-        const uint8_t* values = tip.line(r);
-        for (int c = first_column; c < end_column; ++c)
-            ink.apply(line.dab(left + c, color, values[c]));
+        if (first_column < end_column)
+            apply_line(ink, line, left + first_column, left + end_column, color, tip.line(r) + first_column);
     }
 }
 
@@ -66,9 +120,7 @@ void InkLoops<Ink>::span(int left, int right, int y, int color)
     if (y < 0 || y >= canvas.frame->h) return;
     const Ink ink(canvas);
     const CanvasLine line(canvas, y);
-    const int end = std::min(right, canvas.frame->w - 1) + 1;
-    for (int x = std::max(left, 0); x < end; ++x)
-        ink.apply(line.dab(x, color, 0));
+    apply_line(ink, line, std::max(left, 0), std::min(right, canvas.frame->w - 1) + 1, color, nullptr);
 }
 
 template <class Ink>
