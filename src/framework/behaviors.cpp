@@ -106,6 +106,11 @@ void watch_lead(int who, Actor& actor)
 
 } // namespace
 
+bool actors_live()
+{
+    return std::any_of(actors.begin() + 1, actors.end(), [](const Actor& actor) { return actor.Type != ACTOR_FREE; });
+}
+
 void behavior_tick()
 {
     if (run_state.timers_locked != 0) return;

@@ -51,6 +51,8 @@ enum BehaviorId : int {
 
 /// Timer callback: ages the actors and runs the slots whose counter has passed their interval.
 void behavior_tick();
+/// True while there are actors beside the first, which is taken for good: somebody waits for the tick.
+bool actors_live();
 /// Runs the behaviour of a slot; returns 5 after a forced pause, which holds up the actor's later slots, else 0.
 int FW_check_behaviors(int who, int slot);
 /// One run of a behaviour in a slot, whatever the slot holds. A bad `who` or `slot`: two lines in the log, and no

@@ -117,6 +117,11 @@ int close_bubbles(int row)
     return closed;
 }
 
+bool bubbles_speak()
+{
+    return std::ranges::any_of(bubbles, [](const Bubble& bubble) { return bubble.bubble_actor != -1; });
+}
+
 void bubble_tick()
 {
     if (run_state.timers_locked != 0) return;

@@ -13,5 +13,7 @@ int bubble_say(int who, int life, std::string_view text);
 int close_bubbles(int row);
 /// Timer callback: moves every bubble through its states.
 void bubble_tick();
+/// True while a bubble speaks: somebody waits for the tick.
+bool bubbles_speak();
 
 } // namespace kelu

@@ -8,6 +8,7 @@
 #include "runtime/actors.h"
 #include "runtime/jobs.h"
 #include "runtime/view.h"
+#include <algorithm>
 
 namespace kelu {
 namespace {
@@ -224,6 +225,12 @@ int read_string(int slot, int pc)
             script.script_string[length++] = static_cast<char>(word);
         }
     }
+}
+
+bool scripts_run()
+{
+    return std::ranges::any_of(scripts, [](const ScriptSlot& script) { return script.script_active != 0; }) ||
+           std::ranges::any_of(wave_displacers, [](const WaveDisplacer& wave) { return wave.running != 0; });
 }
 
 void script_tick()

@@ -70,5 +70,7 @@ int read_args(int slot, int pc);
 int read_string(int slot, int pc);
 /// Timer callback: one command of every script that doesn't sleep or wait.
 void script_tick();
+/// True while a script or a displacer runs: somebody waits for the tick.
+bool scripts_run();
 
 } // namespace kelu

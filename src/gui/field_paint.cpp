@@ -4,17 +4,15 @@
 #include "gui/panels.h"
 #include "gui/scheme.h"
 #include "gui/text.h"
-#include "runtime/clock.h"
+#include "runtime/frame_snapshot.h"
 #include <algorithm>
 
 namespace kelu {
 namespace {
 
-constexpr int caret_shows_below = 3; // of `caret_phase`
-
 void draw_caret(int slot, int colour)
 {
-    if (gui_logic.gui_key_focus != slot || clock_state.caret_phase >= caret_shows_below) return;
+    if (gui_logic.gui_key_focus != slot || frame_snapshot.caret == 0) return;
     const int font_slot = std::clamp(int(gui.field_font[slot]), 0, FONT_SLOT_COUNT - 1);
     const Font& font = font_table[font_slot];
     const int x = gui.x[slot] + 2 + (gui.field_caret[slot] - gui.field_scroll[slot]) * font.advance['A'];

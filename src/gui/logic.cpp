@@ -11,6 +11,8 @@
 #include "runtime/clock.h"
 #include "runtime/input.h"
 #include "runtime/preferences.h"
+#include "runtime/shows.h"
+#include <algorithm>
 
 namespace kelu {
 namespace {
@@ -19,6 +21,7 @@ constexpr int capture_press = 1;
 constexpr int tooltip_delay = 50; // logic passes on one slot
 constexpr int pulse_top = 98;
 constexpr int pulse_bottom = 1;
+constexpr int pulse_cycle = 98; // passes from a value and a direction to the same again
 
 /// With a display that paces the presents, the pass can't overtake it.
 bool held_by_the_display()
@@ -40,9 +43,10 @@ void application_pass(int wheel)
 
 void find_hover_slot()
 {
-    for (int slot = 0; slot < gui_slots; ++slot)
-        gui.hover_row[slot] = -1;
     pointer.gui_hover_slot = static_cast<int16_t>(slot_under_pointer());
+    for (int slot = 0; slot < gui_slots; ++slot) {
+        if (slot != pointer.gui_hover_slot) gui.hover_row[slot] = -1;
+    }
 }
 
 void time_tooltip()
@@ -175,10 +179,28 @@ void gui_logic_tick()
     pointer.last_mouse_z = wheel_now;
 }
 
+bool logic_waited_for()
+{
+    const int hover = pointer.gui_hover_slot;
+    const bool times_tooltip = hover != -1 && gui.tooltip[hover] != 0 && gui_logic.tooltip_active != hover;
+    return shows.lively > 0 || shows.pulse != 0 || times_tooltip || menus.status_message_ticks > 0 ||
+           gui_logic.gui_key_focus != -1;
+}
+
+void pass_logic(int n)
+{
+    if (gui_logic.gui_logic_paused != 0) return;
+    const int wait = std::min(n, int(gui_logic.pulse_wait));
+    gui_logic.pulse_wait = gui_logic.pulse_wait - wait;
+    for (int left = (n - wait) % pulse_cycle; left > 0; --left)
+        swing_pulse();
+}
+
 void install_logic_timer()
 {
     const bool fast = preferences.frame_limiter == 0 && preferences.power_save != 0;
-    platform::host->install_timer(gui_logic_tick, fast ? logic_period_fast : logic_period_slow);
+    platform::host->install_timer(
+        {gui_logic_tick, fast ? logic_period_fast : logic_period_slow, logic_waited_for, pass_logic});
 }
 
 } // namespace kelu

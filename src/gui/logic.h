@@ -21,6 +21,9 @@ int list_row_under_pointer(int slot);
 /// The timer callback. Does nothing while `gui_logic_paused` is set, nor, when presents wait for the display, before
 /// the next present.
 void gui_logic_tick();
+/// Whether somebody would notice a pass now, and what n of them do where nobody does.
+bool logic_waited_for();
+void pass_logic(int n);
 /// Gives the tick the period that the frame limiter asks for. To be called again when the option has changed.
 void install_logic_timer();
 

@@ -8,6 +8,7 @@
 #include "runtime/pixels.h"
 #include "runtime/random.h"
 #include "runtime/sheets.h"
+#include "runtime/shows.h"
 #include <algorithm>
 #include <cstring>
 
@@ -63,6 +64,7 @@ void put_dot(int x, int y, int colour)
 void draw_dashed_rect(int x1, int y1, int x2, int y2)
 {
     if (!sheets.hatch_tile) return;
+    shows.dashes = 1;
     drawing_mode(DRAW_MODE_COPY_PATTERN, sheets.hatch_tile, frame_snapshot.dash_phase, 0);
     rect(gui_canvas, x1, y1, x2, y2, 0);
     solid_mode();

@@ -10,6 +10,7 @@
 #include "runtime/frame_snapshot.h"
 #include "runtime/pixels.h"
 #include "runtime/preferences.h"
+#include "runtime/shows.h"
 #include "runtime/store.h"
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
@@ -118,8 +119,10 @@ void draw_frame_nail(int slot, const Look&)
     if (store.nail_sheet)
         blit(store.nail_sheet, gui_canvas, frame % nails_per_row * nail_side, frame / nails_per_row * nail_side, x + 1,
              y + 1, nail_side, nail_side);
-    if (highlighted)
-        blend_rect(gui_canvas, x + 1, y + 1, nail_side, nail_side, fixed_colours.white, gui_logic.pulse_value / 2);
+    if (highlighted) {
+        shows.pulse = 1;
+        blend_rect(gui_canvas, x + 1, y + 1, nail_side, nail_side, fixed_colours.white, frame_snapshot.pulse / 2);
+    }
     draw_nail_number(slot, frame, tagged ? SET_FRAME : SET_MESSAGE);
     draw_corner_dots(slot, x, y, border);
     if (gui.list_items[0][0] == slot) draw_slot_dashes(slot);

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "base/words.h"
+#include "runtime/shows.h"
 #include <array>
 #include <cstdint>
 
@@ -47,12 +48,20 @@ enum SlotAction : int {
 
 constexpr int EVENT_RIGHT = -2; ///< event word of a click with the secondary button; a left click is above 0
 
-/// One word of a slot, with the value that a reset gives it.
+/// One word of a slot, with the value that a reset gives it. A new value has the next frame composed.
 template <class T, T Start, class Base = Shared<T>>
 class Cell : public Base {
 public:
     constexpr Cell() : Base(Start) {}
-    using Base::operator=;
+    Cell(const Cell&) = default;
+    Cell& operator=(const Cell& other) { return *this = T(other); }
+    Cell& operator=(T value)
+    {
+        if (T(*this) == value) return *this;
+        Base::operator=(value);
+        something_shows();
+        return *this;
+    }
     void reset() { *this = Start; }
 };
 

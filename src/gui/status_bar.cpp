@@ -85,7 +85,7 @@ void draw_status_bar()
     const int y = bar_y();
     blend_rect(screen_state.back_buffer, 0, y, logical_w, status_bar_h, fixed_colours.black,
                std::min(int(preferences.status_opacity), darkest));
-    const int tooltip_slot = gui_logic.tooltip_active;
+    const int tooltip_slot = frame_snapshot.tooltip_slot;
     if (message > 0) {
         draw_in_the_middle(y, SET_MESSAGE, message_text(message).c_str());
     } else if (message == 0 && tooltip_slot != -1 && preferences.tooltips_on != 0) {

@@ -9,6 +9,7 @@
 #include "framework/tint.h"
 #include "gui/menus.h"
 #include "gui/render.h"
+#include "gui/slots.h"
 #include "gui/status_bar.h"
 #include "loop/actions.h"
 #include "loop/frame_pointer.h"
@@ -26,13 +27,15 @@
 #include "runtime/pixels.h"
 #include "runtime/preferences.h"
 #include "runtime/present.h"
+#include "runtime/shows.h"
 #include "runtime/view.h"
 #include "workspace/running_work.h"
 
 namespace kelu {
 namespace {
 
-constexpr int ghost_opacity = 64; ///< of a frozen menu behind a pop-up
+constexpr int ghost_opacity = 64;    ///< of a frozen menu behind a pop-up
+constexpr int caret_shows_below = 3; ///< of `caret_phase`
 
 void paint_ghost(BITMAP* target)
 {
@@ -93,15 +96,16 @@ void take_frame_snapshot()
     shot.dash_phase = clock_state.marching_ants_phase;
     shot.status_message = menus.status_message;
     shot.hover_slot = pointer.gui_hover_slot;
+    shot.pulse = gui_logic.pulse_value;
+    shot.caret = gui_logic.gui_key_focus != -1 && clock_state.caret_phase < caret_shows_below ? 1 : 0;
+    shot.tooltip_slot = gui_logic.tooltip_active;
+    shot.tint = {tint.tint_red, tint.tint_green, tint.tint_blue, tint.tint_opacity};
 }
 
-void run_frame(uint8_t no_tool_preview)
+void compose_frame(bool waiting)
 {
     BITMAP* picture = screen_state.back_buffer;
     const bool clean = frame_flags.clean_render != 0;
-    const bool waiting = no_tool_preview != 0;
-    update_actor_shadow();
-    take_frame_snapshot();
     paint_background(picture);
     if (!waiting) draw_tool_overlay();
     paint_frame(picture, !waiting && !clean && (preview.preview_active != 0 || measuring()));
@@ -115,7 +119,21 @@ void run_frame(uint8_t no_tool_preview)
     if (!clean && !waiting) draw_readings(picture);
     draw_status_bar();
     draw_screen_tint(picture);
-    if (!clean) present_back_buffer();
+}
+
+void run_frame(uint8_t no_tool_preview)
+{
+    const bool clean = frame_flags.clean_render != 0;
+    const bool waiting = no_tool_preview != 0;
+    update_actor_shadow();
+    take_frame_snapshot();
+    const bool due = picture_is_due(clean || waiting);
+    if (due) {
+        compose_frame(waiting);
+    } else if (still_frame_check) {
+        still_frame_check();
+    }
+    if (!clean) present_back_buffer(due);
     if (!waiting) take_input_turn(); // an operation that shows its progress has yet to look at this turn
     clock_state.tool_ticks = 0;
     if (action_state.frame_locked == 0) keep_running_work();

@@ -7,8 +7,13 @@ namespace kelu {
 
 /// Fills `frame_snapshot` from the live state.
 void take_frame_snapshot();
-/// Composes one picture in the back buffer and presents it. Not 0 in `no_tool_preview` leaves the tools' previews and
-/// the overlay out and draws the cursor as a plain "X". Main thread; runs again inside a job that is a loop.
+/// Composes one picture in the back buffer, from the snapshot.
+void compose_frame(bool waiting);
+/// Called for each frame that isn't composed because nothing has changed; null where nobody looks into that. Tests do.
+inline void (*still_frame_check)() = nullptr;
+/// Composes one picture in the back buffer, where something has changed since the last, and presents it. Not 0 in
+/// `no_tool_preview` leaves the tools' previews and the overlay out and draws the cursor as a plain "X". Main thread;
+/// runs again inside a job that is a loop.
 void run_frame(uint8_t no_tool_preview);
 /// run_frame(0), in the form that waits take.
 void run_frame_plain();

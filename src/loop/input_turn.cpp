@@ -4,9 +4,12 @@
 #include "base/run_state.h"
 #include "gui/slots.h"
 #include "platform/input_events.h"
+#include "runtime/hotkeys.h"
 #include "runtime/input.h"
+#include "runtime/shows.h"
 #include "runtime/view.h"
 #include <chrono>
+#include <utility>
 #include <vector>
 
 namespace kelu {
@@ -25,6 +28,14 @@ struct InputTurn {
     Clock::time_point taken_at{};
 };
 InputTurn turn;
+
+/// The input as `input_lasts` saw it. Main thread.
+struct SeenInput {
+    int x = 0, y = 0, wheel = 0;
+    unsigned events = 0;
+    bool operator==(const SeenInput&) const = default;
+};
+SeenInput seen;
 
 bool still_unseen()
 {
@@ -56,6 +67,16 @@ void note_change(int buttons)
     turn.taken_at = Clock::now();
 }
 
+/// True while a button or key is down, and once after an event or a motion.
+bool input_lasts()
+{
+    const SeenInput now{pointer.mouse_x, pointer.mouse_y, wheel_position(), platform::input_event_count()};
+    const bool moved = now != std::exchange(seen, now);
+    const bool button_down = pointer.mouse_left != 0 || pointer.mouse_right != 0 || pointer.mouse_middle != 0 ||
+                             pointer.mouse_button_4 != 0 || pointer.mouse_button_5 != 0;
+    return moved || button_down || any_key_down();
+}
+
 } // namespace
 
 void take_input_turn()
@@ -73,6 +94,7 @@ void take_input_turn()
         }
     }
     add_to_path();
+    if (input_lasts()) stay_lively();
 }
 
 std::span<const Point> pointer_path() { return turn.path; }

@@ -1,7 +1,8 @@
 // The machine with a display: Allegro on X11.
 //
-// Beside the main thread Allegro runs two of its own: one for events (keys, mouse, the close button) and one for the
-// timers. Both are its affair; our callbacks on them only write shared words.
+// Beside the main thread Allegro runs one of its own, for events (keys, mouse, the close button); our callbacks on it
+// only write shared words. The timers have a thread of ours: Allegro's looks each few milliseconds what is due, whether
+// anybody waits for it or not.
 #include "base/run_state.h"
 #include "platform/desktop_rest.h"
 #include "platform/desktop_window.h"
@@ -10,38 +11,37 @@
 #include "platform/input_events.h"
 #include "platform/keyboard_map.h"
 #include "platform/layout.h"
+#include "platform/timer_thread.h"
 #include "platform/window_messages.h"
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <sys/prctl.h>
+#include <thread>
 
 namespace kelu::platform {
 namespace {
-
-/// The installed callbacks, so that all of them end before Allegro does. Main thread only.
-std::array<void (*)(), 16> installed_ticks{};
 
 /// Allegro's event thread, which holds its own lock meanwhile.
 void close_button_callback()
 {
     run_state.close_button_pressed = 1;
     request_end();
+    rouse_rest();
 }
 
 /// Threads that are started from here on may sleep this much longer than they ask for; 0: the system's default. The
-/// kernel then wakes them less often. Allegro's threads sleep in steps of a millisecond and make up for what they miss.
+/// kernel then wakes them less often.
 void allow_oversleep(std::chrono::nanoseconds slack) { prctl(PR_SET_TIMERSLACK, slack.count(), 0, 0, 0); }
 
 bool start()
 {
     using namespace std::chrono_literals;
     name_window_class();
-    allow_oversleep(30ms); // the event thread only repaints and watches between frames: `rest` delivers input
+    allow_oversleep(100ms); // the event thread only repaints and watches between frames: `rest` delivers input
     if (allegro_init() != 0) return false;
     // Our text stands for the whole configuration: no allegro.cfg of this or another program has a say, and none is
     // written at the end.
@@ -49,14 +49,14 @@ bool start()
     set_config_data(map.c_str(), static_cast<int>(map.size()));
     end_on_signals();
     watch_connection();
-    allow_oversleep(4ms); // the timer thread, whose fastest callback that a user can notice runs every 8 ms
-    const bool timers_run = install_timer() == 0;
     allow_oversleep(0ms);
-    if (!timers_run || install_keyboard() != 0 || install_mouse() < 0) return false;
+    if (install_keyboard() != 0 || install_mouse() < 0) return false;
+    set_keyboard_rate(0, 0); // a key that repeats would start Allegro's timers; ours are read from its state
+    start_timer_thread();
     std::setlocale(LC_NUMERIC, "C"); // install_keyboard has set the user's, whose numbers may have commas
     three_finger_flag = 0;           // no end by Ctrl+Alt+End past our own shutdown
     fix_pixel_layout();
-    queue_input_events();
+    queue_input_events(note_input_queued);
     set_close_button_callback(close_button_callback);
     return true;
 }
@@ -73,31 +73,15 @@ void rest_briefly(int milliseconds)
     end_when_overdue();
 }
 
+/// The display says nothing of its own rate: a common one stands for it.
 void wait_vertical_blank()
 {
-    // Not Allegro's own wait: that asks the display for an answer under the lock of the event thread, and once the
-    // display has gone it never comes.
-    constexpr int longest_wait = 30; // milliseconds; the blank is simulated 70 times a second
-    const int before = retrace_count;
-    for (int waited = 0; retrace_count == before && waited < longest_wait && !display_lost(); ++waited)
-        ::rest(1);
+    using std::chrono::steady_clock;
+    constexpr std::chrono::nanoseconds period{1000000000 / 70};
+    const auto since_last = steady_clock::now().time_since_epoch() % period;
+    std::this_thread::sleep_for(period - since_last);
     deliver_input();
     end_when_overdue();
-}
-
-bool install_timer_row(void (*tick)(), int period)
-{
-    const auto known = std::ranges::find(installed_ticks, tick);
-    const auto place = known != installed_ticks.end() ? known : std::ranges::find(installed_ticks, nullptr);
-    if (place == installed_ticks.end() || install_int_ex(tick, period) != 0) return false;
-    *place = tick;
-    return true;
-}
-
-void remove_timer(void (*tick)())
-{
-    remove_int(tick);
-    std::ranges::replace(installed_ticks, tick, nullptr);
 }
 
 void move_pointer(int x, int y)
@@ -117,9 +101,7 @@ void show_message(const char* text)
 
 void stop()
 {
-    for (void (*tick)() : installed_ticks) {
-        if (tick) remove_timer(tick);
-    }
+    stop_timer_thread();
     // Allegro's threads may wait for ever for a display that has gone, and Allegro for its threads.
     if (display_lost()) std::_Exit(EXIT_FAILURE);
     close_desktop_window();
@@ -135,9 +117,12 @@ const Host desktop_host = {.start = start,
                            .set_icons = set_desktop_icons,
                            .present = present_on_desktop,
                            .rest = rest_briefly,
+                           .rouse = rouse_rest,
                            .wait_vertical_blank = wait_vertical_blank,
                            .install_timer = install_timer_row,
-                           .remove_timer = remove_timer,
+                           .remove_timer = remove_timer_row,
+                           .wake_timers = wake_timers,
+                           .timers_sleep = timers_sleep,
                            .position_mouse = move_pointer,
                            .show_message = show_message,
                            .stop = stop};

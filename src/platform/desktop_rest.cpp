@@ -1,17 +1,18 @@
-// Sleeping and waking by the connection to the display.
+// Sleeping and waking, by the connection to the display and by an event of our own.
 #include "platform/desktop_rest.h"
 
+#include "base/words.h"
 #include "platform/desktop_window.h"
+#include "platform/wake_event.h"
 #include <algorithm>
 #include <allegro.h>
 #include <array>
 #include <chrono>
-#include <cstring>
+#include <thread>
 
 namespace kelu::platform {
 namespace {
 
-constexpr int still_factor = 3;
 constexpr int short_rests = 10;
 constexpr int hurried_ms = 2;
 constexpr int motion_frame_ms = 4; ///< at most one frame in this time while only the pointer moves
@@ -23,6 +24,9 @@ struct InputState {
     std::array<char, KEY_MAX> keys{};
 };
 InputState last_input;
+
+WakeEvent rest_event;
+Shared<uint8_t> roused = 0; ///< 1: the present rest, or the next one, is to end; any thread
 
 /// Rests that are still to be short.
 int short_rests_left = 0;
@@ -48,10 +52,9 @@ Change take_change()
     return pressed ? Change::PRESS : moved ? Change::MOTION : Change::NONE;
 }
 
-int length_of_rest(int milliseconds, bool still)
+int length_of_rest(int milliseconds)
 {
-    if (short_rests_left > 0) return std::min(milliseconds, hurried_ms);
-    return still ? still_factor * milliseconds : milliseconds;
+    return short_rests_left > 0 ? std::min(milliseconds, hurried_ms) : milliseconds;
 }
 
 } // namespace
@@ -60,7 +63,7 @@ void rest_until_input(int milliseconds)
 {
     using std::chrono::steady_clock;
     const bool still = picture_stands_still();
-    const auto end = steady_clock::now() + std::chrono::milliseconds(length_of_rest(milliseconds, still));
+    const auto end = steady_clock::now() + std::chrono::milliseconds(length_of_rest(milliseconds));
     short_rests_left = std::max(short_rests_left - 1, 0);
     static steady_clock::time_point last_end{}; // of the last rest: when the frame before this one began
     bool moved = false;
@@ -68,6 +71,7 @@ void rest_until_input(int milliseconds)
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - steady_clock::now()).count();
         await_input(static_cast<int>(std::max<long>(left, 0)));
         deliver_input();
+        rest_event.clear(); // of the input that has just been delivered too
         const Change change = take_change();
         moved = moved || change == Change::MOTION;
         const bool frame_due = still || steady_clock::now() - last_end >= std::chrono::milliseconds(motion_frame_ms);
@@ -76,12 +80,22 @@ void rest_until_input(int milliseconds)
             last_end = steady_clock::now();
             return;
         }
-        if (left <= motion_pause_ms) {
+        if (roused.take() != 0 || left <= motion_pause_ms) {
             last_end = steady_clock::now();
             return;
         }
-        if (moved) ::rest(motion_pause_ms);
+        if (moved) std::this_thread::sleep_for(std::chrono::milliseconds(motion_pause_ms));
     }
 }
+
+void rouse_rest()
+{
+    roused = 1;
+    rest_event.signal();
+}
+
+void note_input_queued() { rest_event.signal(); }
+
+int rest_descriptor() { return rest_event.descriptor(); }
 
 } // namespace kelu::platform

@@ -81,9 +81,13 @@ bool enter_desktop_mode(const VideoMode& mode)
     return true;
 }
 
-void present_on_desktop(BITMAP* picture)
+void present_on_desktop(BITMAP* picture, bool fresh)
 {
     if (presenter.scale == 0 || display_lost()) return;
+    if (!fresh && presenter.shown_valid) {
+        presenter.still = std::min(presenter.still + 1, still_enough);
+        return;
+    }
     const RowSpan rows = changed_rows(picture);
     const bool still = rows.first > rows.last;
     presenter.still = still ? std::min(presenter.still + 1, still_enough) : 0;

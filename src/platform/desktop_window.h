@@ -12,7 +12,8 @@ void watch_connection();
 /// Enters the mode; false when it is refused, also when the desktop is smaller than it. The old mode then stays.
 bool enter_desktop_mode(const VideoMode& mode);
 /// Shows a picture of 320 x 240, scaled. Only the rows that differ from the last picture shown go to the display.
-void present_on_desktop(BITMAP* picture);
+/// `fresh` false: it is that one.
+void present_on_desktop(BITMAP* picture, bool fresh);
 /// Tells the window manager and other programs who owns the window: title in UTF-8, process, machine.
 void describe_window(const char* title);
 /// Gives the window an icon in several sizes of at most 256 x 256, with alpha in the top byte.
@@ -25,7 +26,7 @@ void send_requests();
 bool connection_stands();
 /// Takes the keys, the mouse and the window's events that have come since, without waiting for Allegro's event thread.
 void deliver_input();
-/// Sleeps until something comes from the display, `milliseconds` at most.
+/// Sleeps until something comes from the display or for `input_event`, `milliseconds` at most.
 void await_input(int milliseconds);
 /// True when the picture has not changed for the last 50 presents.
 bool picture_stands_still();

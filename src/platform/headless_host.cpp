@@ -17,11 +17,14 @@ bool start()
 bool enter_mode(const VideoMode&) { return true; }
 void set_title(const char*) {}
 void set_icons(std::span<BITMAP* const>) {}
-void present(BITMAP*) {}
+void present(BITMAP*, bool) {}
 void rest_briefly(int) {}
+void rouse() {}
 void wait_vertical_blank() {}
-bool install_timer_row(void (*)(), int) { return true; }
+bool install_timer_row(const Timer&) { return true; }
 void remove_timer(void (*)()) {}
+void wake_timers() {}
+bool timers_sleep() { return false; }
 void move_pointer(int x, int y)
 {
     ::mouse_x = x;
@@ -38,9 +41,12 @@ const Host headless_host = {.start = start,
                             .set_icons = set_icons,
                             .present = present,
                             .rest = rest_briefly,
+                            .rouse = rouse,
                             .wait_vertical_blank = wait_vertical_blank,
                             .install_timer = install_timer_row,
                             .remove_timer = remove_timer,
+                            .wake_timers = wake_timers,
+                            .timers_sleep = timers_sleep,
                             .position_mouse = move_pointer,
                             .show_message = show_message,
                             .stop = stop};

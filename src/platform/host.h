@@ -2,6 +2,7 @@
 // serves tests and tools, and tests replace single calls to make them fail.
 #pragma once
 
+#include "platform/timer_table.h"
 #include <allegro.h>
 #include <span>
 
@@ -20,12 +21,16 @@ struct Host {
     void (*set_title)(const char* title);
     /// The window's icon, in several sizes of at most 256 x 256, with alpha in the top byte.
     void (*set_icons)(std::span<BITMAP* const> pictures);
-    void (*present)(BITMAP* picture); ///< shows a logical picture; pushes nothing when nothing has changed
-    void (*rest)(int milliseconds);   ///< sleeps, longer while nothing moves, then delivers the input come meanwhile
-    void (*wait_vertical_blank)();    ///< the same, until the display's next picture
-    bool (*install_timer)(void (*tick)(), int period); ///< period in 1/1193181 s; again: changes the period
+    /// Shows a logical picture that has been composed anew, and pushes what has changed; `fresh` false: it is the last.
+    void (*present)(BITMAP* picture, bool fresh);
+    void (*rest)(int milliseconds); ///< sleeps until input, a call of `rouse` or that long, then delivers the input
+    void (*rouse)();                ///< ends that sleep, or the next one; any thread
+    void (*wait_vertical_blank)();  ///< sleeps until the display's next picture, then delivers the input
+    bool (*install_timer)(const Timer& timer); ///< a known callback gets the new period
     void (*remove_timer)(void (*tick)());
-    void (*position_mouse)(int x, int y);   ///< physical pixels
+    void (*wake_timers)();                ///< brings counters up to date, and looks anew at which timers are waited for
+    bool (*timers_sleep)();               ///< true while none is waited for: nothing moves but by input
+    void (*position_mouse)(int x, int y); ///< physical pixels
     void (*show_message)(const char* text); ///< a box that the user closes; never hangs behind our own window
     void (*stop)();                         ///< leaves Allegro in order, after the timers
 };

@@ -31,6 +31,7 @@ private:
 };
 
 Shared<uint8_t> queued = 0;
+Shared<unsigned> event_count = 0; ///< appended so far; the writer
 Ring<PointerEvent, 4096> pointer_events;
 Ring<KeyPress, 256> field_presses;
 Shared<uint8_t> pointer_events_lost = 0;             ///< 1: the queue was full
@@ -38,19 +39,32 @@ std::array<Shared<uint8_t>, KEY_MAX> keys_down{};    ///< by scancode; the write
 std::array<Shared<uint8_t>, KEY_MAX> new_presses{};  ///< by scancode, since the last turn
 std::array<Shared<uint8_t>, KEY_MAX> late_presses{}; ///< by scancode, before it
 
-void on_pointer(int) { append_pointer_event({::mouse_x, ::mouse_y, ::mouse_b}); }
+void (*told)() = nullptr; // set before the callbacks are
+
+void tell_queued()
+{
+    if (told) told();
+}
+
+void on_pointer(int)
+{
+    append_pointer_event({::mouse_x, ::mouse_y, ::mouse_b});
+    tell_queued();
+}
 
 /// Allegro's code of a key: the scancode, and bit 7 for its release.
 void on_key(int code)
 {
     constexpr int released = 0x80;
     append_key_event(code & ~released, (code & released) == 0);
+    tell_queued();
 }
 
 } // namespace
 
-void queue_input_events()
+void queue_input_events(void (*on_event)())
 {
+    told = on_event;
     queued = 1;
     mouse_callback = on_pointer;
     keyboard_lowlevel_callback = on_key;
@@ -71,8 +85,11 @@ void stop_input_events()
 
 bool input_events_queued() { return queued != 0; }
 
+unsigned input_event_count() { return event_count; }
+
 void append_pointer_event(const PointerEvent& event)
 {
+    event_count = event_count + 1;
     if (!pointer_events.append(event)) pointer_events_lost = 1;
 }
 
@@ -92,6 +109,7 @@ void drop_pointer_event() { pointer_events.drop(); }
 void append_key_event(int scancode, bool down)
 {
     if (scancode <= 0 || scancode >= KEY_MAX) return;
+    event_count = event_count + 1;
     const bool repeated = keys_down[scancode] != 0;
     keys_down[scancode] = down ? 1 : 0;
     if (!down || repeated) return;

@@ -15,12 +15,15 @@ struct PointerEvent {
 };
 
 /// Begins to queue events; before that, and on a machine without events, the queues stay empty and Allegro's own words
-/// are what there is. Main thread, once the mouse and the keyboard are installed.
-void queue_input_events();
+/// are what there is. `on_event` is called behind each event, on any thread. Main thread, once the mouse and the
+/// keyboard are installed.
+void queue_input_events(void (*on_event)() = nullptr);
 /// Ends that; what is queued goes.
 void stop_input_events();
 /// True when events are queued.
 bool input_events_queued();
+/// Events so far, modulo 2^32.
+unsigned input_event_count();
 
 /// Appends an event. Where the queue is full an event is left out, and the last one of all says where things stand.
 void append_pointer_event(const PointerEvent& event);

@@ -3,9 +3,11 @@
 #include "platform/desktop_window.h"
 
 #include "base/bitmap.h"
+#include "platform/desktop_rest.h"
 #include "platform/ending.h"
 #include "platform/x_lock.h"
 #include <cstdint>
+#include <iterator>
 #include <poll.h>
 #include <string_view>
 #include <unistd.h>
@@ -48,12 +50,30 @@ bool connection_stands()
     return !display_lost();
 }
 
+namespace {
+
+/// Under the lock. Allegro asks the display and waits for its answer, which is dear where nothing has come.
+void take_events()
+{
+    if (XEventsQueued(_xwin.display, QueuedAfterReading) > 0) {
+        _xwin_handle_input();
+    } else {
+        XFlush(_xwin.display);
+    }
+    // After a jump of ours the pointer moves by steps, not to places, until Allegro has looked 200 times in vain.
+    constexpr int looks = 20;
+    for (int i = 0; i < looks && _xwin.mouse_warped != 0 && connection_stands(); ++i)
+        _xwin_handle_input();
+}
+
+} // namespace
+
 void deliver_input()
 {
     if (display_lost() || !screen) return;
     // Under the lock of the event thread, which may be the one to see the display go.
     acquire_screen();
-    if (connection_stands()) _xwin_handle_input();
+    if (connection_stands()) take_events();
     release_screen();
 }
 
@@ -62,8 +82,8 @@ void send_requests() { XFlush(_xwin.display); }
 void await_input(int milliseconds)
 {
     if (display_lost()) return;
-    pollfd connection = {ConnectionNumber(_xwin.display), POLLIN, 0};
-    poll(&connection, 1, milliseconds);
+    pollfd sources[] = {{ConnectionNumber(_xwin.display), POLLIN, 0}, {rest_descriptor(), POLLIN, 0}};
+    poll(sources, std::size(sources), milliseconds);
 }
 
 void describe_window(const char* title)

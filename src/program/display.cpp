@@ -90,7 +90,7 @@ void initialize_display()
     log_line("[ INIT ] : Internal assets initialized");
     platform::scan_drives();
     log_line("[ INIT ] : System control hooks installed");
-    platform::host->present(screen_state.back_buffer);
+    platform::host->present(screen_state.back_buffer, true);
 }
 
 } // namespace kelu

@@ -13,30 +13,30 @@ namespace kelu {
 namespace {
 
 /// In the order of installation, which is the order of running among those that are due together.
-constexpr TimerRow timers[] = {
-    {bubble_tick, 26515},
-    {script_tick, 11931},
-    {world_tick, 26515},
-    {behavior_tick, 8522},
-    {gui_logic_tick, logic_period_slow},
-    {caret_tick, 119318},
-    {sample_tick, 238636},
-    {mouse_tick, 9943},
-    {clock_tick, 2386},
+constexpr platform::Timer timers[] = {
+    {bubble_tick, 26515, bubbles_speak, nullptr},
+    {script_tick, 11931, scripts_run, nullptr},
+    {world_tick, 26515, world_waited_for, pass_world},
+    {behavior_tick, 8522, actors_live, nullptr},
+    {gui_logic_tick, logic_period_slow, logic_waited_for, pass_logic},
+    {caret_tick, 119318, counted_only, pass_caret},
+    {sample_tick, 238636, counted_only, pass_samples},
+    {mouse_tick, 9943, mouse_waited_for, pass_mouse},
+    {clock_tick, 2386, clock_waited_for, pass_clock},
 };
 
 } // namespace
 
 void install_interrupts()
 {
-    for (const TimerRow& timer : timers)
-        platform::host->install_timer(timer.tick, timer.period);
+    for (const platform::Timer& timer : timers)
+        platform::host->install_timer(timer);
     install_logic_timer();
 }
 
 void remove_interrupts()
 {
-    for (const TimerRow& timer : timers)
+    for (const platform::Timer& timer : timers)
         platform::host->remove_timer(timer.tick);
 }
 

@@ -1,6 +1,7 @@
 // The position in the animation, moved by time and not by the frames of the screen.
 #include "runtime/animation.h"
 
+#include "platform/host.h"
 #include <algorithm>
 #include <cstdlib>
 
@@ -23,6 +24,7 @@ void step_to(int pos)
 {
     animation.anim_timer = 0;
     animation.anim_pos = pos;
+    platform::host->rouse(); // the display need not wait for the end of a frame's rest
 }
 
 /// Speeds from 1 on count that much a tick; lower ones count 1 in every so many ticks.

@@ -15,6 +15,7 @@ namespace kelu {
 /// Writers: gui, framework, loop, tools, screens.
 struct Clock {
     Shared<int> wait_counter = 0;           ///< 500 Hz, free-running; zeroed by whoever waits on it
+    Shared<uint8_t> waited_on = 0;          ///< 1: somebody waits on it now, and the clock ticks for that alone
     Shared<int> hold_counter = 0;           ///< 500 Hz, free-running; zeroed by the keys that tell a tap from a hold
     Shared<int> idle_counter = 0;           ///< 500 Hz up to 1000; zeroed by the file browser
     Shared<int> phase_counter = 0;          ///< 500 Hz, 0 to 499
@@ -34,12 +35,7 @@ struct Clock {
 };
 inline Clock clock_state;
 
-/// One timer: its callback and its period in units of 1/1193181 s.
-struct TimerRow {
-    void (*tick)();
-    int period;
-};
-
+/// Units of 1/1193181 s.
 constexpr int logic_period_fast = 9943;  ///< 120 Hz: the frame limiter is off
 constexpr int logic_period_slow = 19886; ///< 60 Hz
 
@@ -48,6 +44,24 @@ void clock_tick();
 void world_tick();
 void caret_tick();
 void sample_tick();
+/// What n of them do that nobody waited for.
+void pass_clock(int n);
+void pass_world(int n);
+void pass_caret(int n);
+void pass_samples(int n);
+/// Whether somebody waits for the next one.
+bool clock_waited_for();
+bool world_waited_for();
+inline bool counted_only() { return false; } ///< caret and samples: soon enough with the next tick of another timer
+
+/// A wait on `wait_counter`: zeroes it, and has the clock tick until the end of the scope. Main thread.
+class TickWait {
+public:
+    TickWait();
+    ~TickWait();
+    TickWait(const TickWait&) = delete;
+    TickWait& operator=(const TickWait&) = delete;
+};
 
 /// Resets `wait_counter` and calls `callback` until n counts (500 a second) have passed.
 void wait_ticks(int n, void (*callback)());

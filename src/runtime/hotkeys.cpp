@@ -44,6 +44,14 @@ bool button_down(std::size_t button)
 
 } // namespace
 
+bool any_key_down()
+{
+    for (int scancode = 1; scancode < KEY_MAX; ++scancode) {
+        if (down(scancode)) return true;
+    }
+    return false;
+}
+
 int modifiers_held()
 {
     return (down(KEY_LCONTROL) || down(KEY_RCONTROL) ? key_control : 0) |

@@ -94,6 +94,8 @@ struct Hotkeys {
 };
 inline Hotkeys hotkeys;
 
+/// True while any key is down, or was for however short a time in the last turn.
+bool any_key_down();
 /// The modifier bits of the keys that are held.
 int modifiers_held();
 /// The mouse function that stands for an action, -1 for an action that no button can take.

@@ -5,7 +5,9 @@
 #include "platform/input_events.h"
 #include "runtime/animation.h"
 #include "runtime/preferences.h"
+#include "runtime/shows.h"
 #include "runtime/view.h"
+#include <algorithm>
 #include <allegro.h>
 #include <cstdlib>
 
@@ -111,6 +113,15 @@ void mouse_tick()
         pointer.stable_mouse_y = y;
     }
     animation_tick();
+}
+
+bool mouse_waited_for() { return shows.lively > 0 || animation.anim_state > 0; }
+
+void pass_mouse(int n)
+{
+    constexpr int until_still = 4;
+    for (int left = std::min(n, until_still); left > 0; --left)
+        mouse_tick();
 }
 
 } // namespace kelu

@@ -37,5 +37,8 @@ void sample_press();
 int wheel_position();
 /// Timer callback: pointer position and its stable position, then the animation's.
 void mouse_tick();
+/// Whether somebody would notice a tick now, and what n of them do where nobody does.
+bool mouse_waited_for();
+void pass_mouse(int n);
 
 } // namespace kelu

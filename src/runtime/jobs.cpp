@@ -3,6 +3,7 @@
 
 #include "base/log.h"
 #include "base/run_state.h"
+#include "runtime/shows.h"
 
 namespace kelu {
 namespace {
@@ -63,7 +64,10 @@ void run_jobs()
     for (int i = 0; i < max_jobs; ++i) {
         const int type = job(i).type;
         if (type <= 0 || type > max_job_type || job(i).delay != 0) continue;
-        if (const JobHandler handler = handlers[type]) handler(i);
+        const JobHandler handler = handlers[type];
+        if (!handler) continue;
+        something_shows();
+        handler(i);
     }
 }
 

@@ -3,7 +3,7 @@
 
 namespace kelu {
 
-/// Shows the back buffer. Called by run_frame alone.
-void present_back_buffer();
+/// Shows the back buffer, composed anew when `fresh`, and sleeps. Called by run_frame alone.
+void present_back_buffer(bool fresh);
 
 } // namespace kelu

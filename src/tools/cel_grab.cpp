@@ -8,6 +8,7 @@
 #include "loop/tool_loop.h"
 #include "runtime/clock.h"
 #include "runtime/input.h"
+#include "runtime/shows.h"
 #include "tools/cel_loop.h"
 #include "tools/grab_marker.h"
 #include <algorithm>
@@ -91,8 +92,9 @@ void cel_clip(int color)
     const CelRect box = find_picture(color);
     if (box.width() <= 1 || box.height() <= 1 || !take_cel(box)) return;
     const PreviewScope shown(no_preview); // the overlay is in use
-    clock_state.wait_counter = 0;
+    const TickWait wait;
     do {
+        something_shows();
         clear_to_color(screen_state.tool_overlay, mask_magenta);
         DashPen(screen_state.tool_overlay).rectangle(in_view({box.left, box.top}), in_view({box.right, box.bottom}));
     } while (run_pass(passes::plain) && clock_state.wait_counter < clip_shown);

@@ -5,6 +5,7 @@
 #include "draw/touched.h"
 #include "gui/menus.h"
 #include "gui/slots.h"
+#include "loop/frame.h"
 #include "platform/host.h"
 #include "platform/layout.h"
 #include "program/startup.h"
@@ -12,6 +13,7 @@
 #include "runtime/store.h"
 #include "screens/draw_menu.h"
 #include "support/paths.h"
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cctype>
@@ -19,6 +21,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <mutex>
 #include <optional>
 #include <semaphore>
@@ -55,18 +58,18 @@ struct Run {
 };
 std::optional<Run> run;
 
-bool install_timer_row(void (*tick)(), int period)
+bool install_timer_row(const platform::Timer& timer)
 {
     const std::lock_guard lock(run->ticking);
     for (TimerSlot& slot : run->timers) {
-        if (slot.tick != tick) continue;
-        slot.left += period - slot.period;
-        slot.period = period;
+        if (slot.tick != timer.tick) continue;
+        slot.left += timer.period - slot.period;
+        slot.period = timer.period;
         return true;
     }
     for (TimerSlot& slot : run->timers) {
         if (slot.tick) continue;
-        slot = {tick, period, period};
+        slot = {timer.tick, timer.period, timer.period};
         return true;
     }
     return false;
@@ -127,11 +130,26 @@ bool start_machine()
 }
 
 /// The end of every frame of the program: hand the turn to the test and wait for it to come back.
-void present(BITMAP* picture)
+void present(BITMAP* picture, bool)
 {
     blit(picture, run->shown, 0, 0, 0, 0, picture->w, picture->h);
     run->ready.release();
     run->go.acquire();
+}
+
+/// A frame that isn't composed must be the one that stands: whoever changed something has told nobody.
+void check_still_frame()
+{
+    if (run->ticker.joinable()) return; // the timers' thread may be about to tell
+    const Bitmap stands = screen_state.back_buffer.copy();
+    compose_frame(false);
+    for (int y = 0; y < 240; ++y) {
+        const int* const line = row(screen_state.back_buffer, y);
+        const auto x = std::mismatch(line, line + 320, row(stands, y)).first - line;
+        if (x == 320) continue;
+        ADD_FAILURE() << "A change at " << x << ", " << y << " would not have shown; menu " << int(menus.menu_id);
+        return;
+    }
 }
 
 void leave_machine() {}
@@ -213,6 +231,7 @@ Session::Session(void (*home_loop)(), std::string folder, Ticks ticks) : folder_
     run_state = {};
     run.emplace();
     platform::host = &test_host;
+    still_frame_check = check_still_frame;
     program.home_loop = home_loop ? home_loop : draw_menu;
     run->program = std::thread([] {
         run->go.acquire();
@@ -237,6 +256,7 @@ Session::~Session()
     run.reset();
     fs::current_path(fs::temp_directory_path());
     platform::host = &platform::headless_host;
+    still_frame_check = nullptr;
     if (owns_folder_) remove_program_folder(folder_);
 }
 

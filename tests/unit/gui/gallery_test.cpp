@@ -33,6 +33,7 @@ protected:
         load_screen_resources();
         frame_snapshot = {};
         frame_snapshot.mouse_x = frame_snapshot.mouse_y = -1;
+        frame_snapshot.caret = 1;
         clear_to_color(screen_state.back_buffer, desk);
         toolbox.brush_color = 0x3c78d2;
         toolbox.mask_color = 0x208030;
@@ -211,7 +212,7 @@ TEST_F(Gallery, Pictures)
     store.onion_bitmap = Bitmap(200, 150, 0xffffff);
     screen_state.preview_bitmap = painted(117, 79);
     show(SlotRow{1, 4, 4, 119, KIND_PREVIEW}.high(81));
-    gui_logic.pulse_value = 98;
+    frame_snapshot.pulse = 98;
     gui.list_items[0][0] = -1;
     const auto nail = [](int slot, int x, int frame, int tagged) {
         build_slot(SlotRow{slot, x, 4, 42, KIND_FRAME_NAIL}.high(42), 0, 0);

@@ -89,7 +89,7 @@ TEST_F(StatusBar, MessagesBeforeTooltipsBeforeTheReadout)
     frame_snapshot.frame_mouse_x = -12;
     frame_snapshot.frame_mouse_y = 345;
     gui.tooltip[0] = TIP_BRUSH_TIP;
-    gui_logic.tooltip_active = 0;
+    frame_snapshot.tooltip_slot = 0;
     preferences.tooltips_on = 0;
     keep(); // the readout
     preferences.tooltips_on = 1;
@@ -99,7 +99,7 @@ TEST_F(StatusBar, MessagesBeforeTooltipsBeforeTheReadout)
     frame_snapshot.status_message = TIP_NOW_FILLED;
     keep(); // the message, with its own colours
     frame_snapshot.status_message = 0;
-    gui_logic.tooltip_active = -1;
+    frame_snapshot.tooltip_slot = -1;
     view.onion_on = 1;
     keep();
     preferences.status_font = 0;
