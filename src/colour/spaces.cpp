@@ -53,13 +53,19 @@ Hls rgb_to_hls(double r, double g, double b)
 
 Hls rgb_to_hls(int color) { return rgb_to_hls(red_of(color), green_of(color), blue_of(color)); }
 
-Rgb hls_to_rgb(const Hls& hls)
+HlsEnds hls_ends(const Hls& hls)
 {
     const double s = hls.s / 255;
     const double l = hls.l / 255;
-    if (!(s > least_saturation)) return {l, l, l};
+    if (!(s > least_saturation)) return {l, l};
     const double q = l < 0.5 ? (s + 1) * l : l + s - s * l;
-    const double p = 2 * l - q;
+    return {2 * l - q, q};
+}
+
+Rgb hls_to_rgb(const Hls& hls)
+{
+    const auto [p, q] = hls_ends(hls);
+    if (p == q) return {p, p, p};
     const double h = hls.h / 255;
     return {hue_to_rgb(p, q, h + one_third), hue_to_rgb(p, q, h), hue_to_rgb(p, q, h - one_third)};
 }

@@ -27,6 +27,11 @@ Hls rgb_to_hls(double r, double g, double b);
 /// Of a packed colour.
 Hls rgb_to_hls(int color);
 Rgb hls_to_rgb(const Hls& hls);
+/// The lowest and the highest channel, 0 to 1, between which `hls_to_rgb` places the others by the hue.
+struct HlsEnds {
+    double low, high;
+};
+HlsEnds hls_ends(const Hls& hls);
 
 /// Channels 0 to 255; h comes out as 0 to below 256, where 256 is a full turn, s and v as 0 to 255.
 Hsv rgb_to_hsv(double r, double g, double b);

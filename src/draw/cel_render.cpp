@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <vector>
 
 namespace kelu {
 namespace {
@@ -27,31 +28,41 @@ void draw_turned(BITMAP* target, int x, int y)
                         itofix(1));
 }
 
-/// The cel turned over as the corners of a stretch ask: each side that runs backwards flips it.
-Bitmap turned_over()
+/// For each of `shown` places of a target the pixel of a line of `length` that a stretch to `size` from `start` on
+/// brings there, counted from the other end if `backwards`; -1 where it brings none. Allegro's own stretch of the
+/// numbers says so, whose roundings these are.
+std::vector<int> stretched_places(int length, int start, int size, int shown, bool backwards)
 {
-    const CelPlace& place = cel_work.cel_place;
-    BITMAP* picture = store.cel_bitmap;
-    Bitmap result(picture->w, picture->h, mask_magenta);
-    const bool mirrored = place.x2 < place.x;
-    const bool flipped = place.y2 < place.y;
-    if (mirrored && flipped) {
-        draw_sprite_vh_flip(result, picture, 0, 0);
-    } else if (mirrored) {
-        draw_sprite_h_flip(result, picture, 0, 0);
-    } else if (flipped) {
-        draw_sprite_v_flip(result, picture, 0, 0);
-    } else {
-        draw_sprite(result, picture, 0, 0);
-    }
-    return result;
+    std::vector<int> places(static_cast<std::size_t>(shown), -1);
+    const Bitmap numbers(length, 1);
+    const Bitmap line(shown, 1, -1);
+    if (!numbers || !line) return places;
+    for (int i = 0; i < length; ++i)
+        row(numbers, 0)[i] = backwards ? length - 1 - i : i;
+    stretch_blit(numbers, line, 0, 0, length, 1, start, 0, size, 1);
+    std::copy_n(row(line, 0), shown, places.begin());
+    return places;
 }
 
-/// Draws the cel stretched to a box whose corner is at (x, y) of the target.
+/// Draws the cel stretched to a box whose corner is at (x, y) of the target. A side whose corners run backwards turns
+/// it over. Only what shows is looked at, however large the cel is.
 void draw_stretched(BITMAP* target, int x, int y, const StretchBox& box)
 {
     if (box.w < 1 || box.h < 1) return;
-    if (const Bitmap picture = turned_over()) stretch_sprite(target, picture, x, y, box.w, box.h);
+    const CelPlace& place = cel_work.cel_place;
+    BITMAP* const picture = store.cel_bitmap;
+    const std::vector<int> columns = stretched_places(picture->w, x, box.w, target->w, place.x2 < place.x);
+    const std::vector<int> lines = stretched_places(picture->h, y, box.h, target->h, place.y2 < place.y);
+    for (int ty = 0; ty < target->h; ++ty) {
+        const int from_line = lines[static_cast<std::size_t>(ty)];
+        if (from_line < 0) continue;
+        const int* const from = row(picture, from_line);
+        int* const to = row(target, ty);
+        for (int tx = 0; tx < target->w; ++tx) {
+            const int column = columns[static_cast<std::size_t>(tx)];
+            if (column >= 0 && from[column] != mask_magenta) to[tx] = from[column];
+        }
+    }
 }
 
 // The previews of the modes. (x, y) is the cel's place in view coordinates.

@@ -26,18 +26,15 @@ struct Opaque {
             std::fill_n(run.frame, run.count, run.color);
             return;
         }
-        static constexpr int full = -1; // below every coverage: nothing is claimed
-        static constexpr ByTipValue weights = [] {
-            ByTipValue table = fixed_weights;
-            table[0] = full;
-            return table;
-        }();
         const Ints color = all_four(run.color);
-        by_fours(run, [&](const DabFour& four) {
-            const Ints weight = four.by_tip_value(weights);
-            const Ints claimed = four.claim(weight);
-            four.write(claimed, blend_four(load_four(four.frame), color, weight));
-            four.write(weight == full, color);
+        by_fours(*this, run, [&](const DabFour& four) {
+            const Ints values = four.tips();
+            const Ints full = values == 0;
+            const Ints weights = ~full & fixed_weights(values);
+            const Ints claimed = four.claim(weights);
+            if (none_of(claimed | full)) return;
+            const Ints below = load_four(four.frame);
+            store_four(four.frame, choose(full, color, choose(claimed, blend_four(below, color, weights), below)));
         });
     }
 };
@@ -64,8 +61,8 @@ void sum_channels(const Dab& dab, float strength, Channel channel)
 struct ByteSteps {
     int color = -1;
     float strength = -1;
-    ByTipValue steps{};
-    std::array<bool, 256> uneven{}; ///< the step depends on the pixel
+    Table<int, 256> steps{};
+    Table<bool, 256> uneven{}; ///< the step depends on the pixel
 
     /// Makes the table if it is another one's. `step_of(share, uneven)` gives the step of one channel.
     template <class StepOf>
@@ -73,10 +70,10 @@ struct ByteSteps {
     {
         if (s == strength && brush == color) return;
         *this = {.color = brush, .strength = s};
-        for (std::size_t i = 0; i < tip_no_ink; ++i) {
-            const float f = i == 0 ? s : static_cast<float>(fixed_weight(static_cast<int>(i))) / 200.0F * s;
-            const auto step = [&](int channel) { return step_of(f * static_cast<float>(channel), uneven[i]); };
-            steps[i] = pack_rgb(step(red_of(brush)), step(green_of(brush)), step(blue_of(brush)));
+        for (int tip_value = 0; tip_value < tip_no_ink; ++tip_value) {
+            const float f = tip_value == 0 ? s : static_cast<float>(fixed_weight(tip_value)) / 200.0F * s;
+            const auto step = [&](int channel) { return step_of(f * static_cast<float>(channel), uneven[tip_value]); };
+            steps[tip_value] = pack_rgb(step(red_of(brush)), step(green_of(brush)), step(blue_of(brush)));
         }
     }
     bool even_for(const DabRun& run) const
@@ -99,20 +96,26 @@ void step_bytes(const Ink& ink, const DabRun& run, const ByteSteps& table, Combi
             ink.apply(run.dab(i));
         return;
     }
-    by_fours(run, [&](const DabFour& four) {
-        const Ints claimed = four.claim(four.by_tip_value(fixed_weights));
-        four.write(claimed, combine(load_four(four.source) & 0xffffff, four.by_tip_value(table.steps)));
+    const auto step = [&](const DabFour& four) {
+        if (!four.tip_values) return all_four(table.steps[0]);
+        const uint8_t* values = four.tip_values;
+        return Ints{table.steps[values[0]], table.steps[values[1]], table.steps[values[2]], table.steps[values[3]]};
+    };
+    by_fours(ink, run, [&](const DabFour& four) {
+        const Ints claimed = four.claim(fixed_weights(four.tips()));
+        if (!none_of(claimed)) four.write(claimed, combine(load_four(four.source) & 0xffffff, step(four)));
     });
 }
 
 /// A run of an ink that lays one colour over the source on the strength scale.
-void blend_run(const DabRun& run, int s, int effect)
+template <class Ink>
+void blend_run(const Ink& ink, const DabRun& run, int effect)
 {
-    const ByTipValue& weights = strength_weights(s);
     const Ints color = all_four(effect);
-    by_fours(run, [&](const DabFour& four) {
-        const Ints weight = four.by_tip_value(weights);
-        four.write(four.claim(weight), blend_four(load_four(four.source), color, weight));
+    by_fours(ink, run, [&](const DabFour& four) {
+        const Ints weights = strength_weights(ink.s, four.tips());
+        const Ints claimed = four.claim(weights);
+        if (!none_of(claimed)) four.write(claimed, blend_four(load_four(four.source), color, weights));
     });
 }
 
@@ -167,7 +170,7 @@ struct Sub {
 struct Bright {
     explicit Bright(const Canvas&) : s(ink_strength(INK_BRIGHT)) {}
     void apply(const Dab& dab) const { blend_over_source(dab, s, fixed_colours.white); }
-    void apply_run(const DabRun& run) const { blend_run(run, s, fixed_colours.white); }
+    void apply_run(const DabRun& run) const { blend_run(*this, run, fixed_colours.white); }
     int s;
 };
 
@@ -175,7 +178,7 @@ struct Bright {
 struct Dark {
     explicit Dark(const Canvas&) : s(ink_strength(INK_DARK)) {}
     void apply(const Dab& dab) const { blend_over_source(dab, s, fixed_colours.black); }
-    void apply_run(const DabRun& run) const { blend_run(run, s, fixed_colours.black); }
+    void apply_run(const DabRun& run) const { blend_run(*this, run, fixed_colours.black); }
     int s;
 };
 
@@ -183,7 +186,7 @@ struct Dark {
 struct Glass {
     explicit Glass(const Canvas&) : s(ink_strength(INK_GLASS)) {}
     void apply(const Dab& dab) const { blend_over_source(dab, s, dab.color); }
-    void apply_run(const DabRun& run) const { blend_run(run, s, run.color); }
+    void apply_run(const DabRun& run) const { blend_run(*this, run, run.color); }
     int s;
 };
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "draw/ink_loops.h"
-#include <array>
 #include <bit>
 #include <cstring>
 
@@ -23,79 +22,69 @@ inline Ints all_four(int value) { return Ints{value, value, value, value}; }
 /// `a` where the mask is set, else `b`.
 inline Ints choose(Ints mask, Ints a, Ints b) { return (mask & a) | (~mask & b); }
 
-/// A number for each tip value.
-using ByTipValue = std::array<int, 256>;
-
-/// The fixed scale: 0, which is never claimed, where a tip value leaves no mark.
-constexpr ByTipValue fixed_weights = [] {
-    ByTipValue weights{};
-    for (int tip_value = 0; tip_value < tip_no_ink; ++tip_value)
-        weights[static_cast<std::size_t>(tip_value)] = fixed_weight(tip_value);
-    return weights;
-}();
-
-/// The strength scale. Keeps the table of the strength that was asked for last. Main thread.
-inline const ByTipValue& strength_weights(int s)
+/// True when the mask is nowhere set.
+inline bool none_of(Ints mask)
 {
-    static ByTipValue weights{};
-    static int made_for = -1;
-    if (s != made_for) {
-        made_for = s;
-        for (int tip_value = 0; tip_value < tip_no_ink; ++tip_value)
-            weights[static_cast<std::size_t>(tip_value)] = strength_weight(s, tip_value);
-    }
-    return weights;
+    using Pairs = long long __attribute__((vector_size(16)));
+    const Pairs pairs = std::bit_cast<Pairs>(mask);
+    return (pairs[0] | pairs[1]) == 0;
 }
 
 /// Four pixels of a run.
 struct DabFour {
+    int first;                 ///< of the run
     const uint8_t* tip_values; ///< null: full strength
     int* frame;
     int* coverage;
     const int* source;
 
-    /// The numbers of the four tip values.
-    Ints by_tip_value(const ByTipValue& table) const
+    int tip(int i) const { return tip_values ? tip_values[i] : 0; }
+    Ints tips() const
     {
-        if (!tip_values) return all_four(table[0]);
-        return Ints{table[tip_values[0]], table[tip_values[1]], table[tip_values[2]], table[tip_values[3]]};
+        if (!tip_values) return Ints{};
+        using Bytes = uint8_t __attribute__((vector_size(16)));
+        using Halves = uint16_t __attribute__((vector_size(16)));
+        int packed;
+        std::memcpy(&packed, tip_values, sizeof(packed));
+        const Bytes bytes = std::bit_cast<Bytes>(Ints{packed, 0, 0, 0});
+        const Halves halves =
+            std::bit_cast<Halves>(__builtin_shufflevector(bytes, Bytes{}, 0, 16, 1, 17, 2, 18, 3, 19, //
+                                                          4, 20, 5, 21, 6, 22, 7, 23));
+        return std::bit_cast<Ints>(__builtin_shufflevector(halves, Halves{}, 0, 8, 1, 9, 2, 10, 3, 11));
     }
-    /// As `claim`: the mask of the pixels on which no stamp was as strong.
+    /// The mask of the pixels on which no stamp was as strong; their weights are then on record, as with `claim`. A
+    /// weight of 0 or less claims nothing.
     Ints claim(Ints weights) const
     {
         const Ints covered = load_four(coverage);
         const Ints claimed = covered < weights;
-        store_four(coverage, choose(claimed, weights, covered));
+        if (!none_of(claimed)) store_four(coverage, choose(claimed, weights, covered));
         return claimed;
     }
     void write(Ints mask, Ints pixels) const { store_four(frame, choose(mask, pixels, load_four(frame))); }
 };
 
-/// Hands a run to `work(const DabFour&)`. What is left over at its end is filled up with pixels without ink.
-template <class Work>
-void by_fours(const DabRun& run, Work work)
+/// The fixed scale: 0 or less, which is never claimed, where a tip value leaves no mark.
+inline Ints fixed_weights(Ints tip_values) { return tip_no_ink - tip_values; }
+
+/// As `strength_weight`; 0 or less where a tip value leaves no mark.
+inline Ints strength_weights(int s, Ints tip_values)
+{
+    const Floats share = static_cast<float>(s) / 255.0F * __builtin_convertvector(tip_no_ink - tip_values, Floats);
+    return choose(tip_values == 0, all_four(s), __builtin_convertvector(share, Ints));
+}
+
+/// Hands a run to `work(const DabFour&)`, and what is left over at its end to the ink.
+template <class Ink, class Work>
+void by_fours(const Ink& ink, const DabRun& run, Work work)
 {
     constexpr int at_once = 4;
     int i = 0;
     for (; i + at_once <= run.count; i += at_once)
-        work(DabFour{run.tip_values ? run.tip_values + i : nullptr, run.frame + i, run.coverage + i, run.source + i});
-    const int left = run.count - i;
-    if (left == 0) return;
-    std::array<uint8_t, at_once> tip_values{255, 255, 255, 255};
-    std::array<int, at_once> frame{};
-    std::array<int, at_once> coverage{};
-    std::array<int, at_once> source{};
-    std::copy_n(run.frame + i, left, frame.begin());
-    std::copy_n(run.coverage + i, left, coverage.begin());
-    std::copy_n(run.source + i, left, source.begin());
-    if (run.tip_values) {
-        std::copy_n(run.tip_values + i, left, tip_values.begin());
-    } else {
-        std::fill_n(tip_values.begin(), left, uint8_t{0});
-    }
-    work(DabFour{tip_values.data(), frame.data(), coverage.data(), source.data()});
-    std::copy_n(frame.begin(), left, run.frame + i);
-    std::copy_n(coverage.begin(), left, run.coverage + i);
+        work(
+            DabFour{i, run.tip_values ? run.tip_values + i : nullptr, run.frame + i, run.coverage + i, run.source + i});
+    for (; i < run.count; ++i)
+        ink.apply(run.dab(i));
 }
 
 /// As `blend_pixel`, at alphas of 1 to 255.

@@ -20,6 +20,18 @@ struct DabRun {
     int* coverage;
     const int* source;
 
+    /// The `most` pixels from `first` on, or as many as there are.
+    DabRun part(int begin, int most) const
+    {
+        return {x + begin,
+                y,
+                std::min(count - begin, most),
+                color,
+                tip_values ? tip_values + begin : nullptr,
+                frame + begin,
+                coverage + begin,
+                source + begin};
+    }
     /// The i-th pixel by itself.
     Dab dab(int i) const
     {

@@ -10,6 +10,7 @@
 #include "platform/files.h"
 #include "runtime/pixels.h"
 #include <algorithm>
+#include <bit>
 #include <csetjmp>
 #include <cstdio>
 #include <cstdlib>
@@ -46,6 +47,48 @@ void watch_scans(j_common_ptr info)
     if (decoder.input_scan_number > most) leave(info);
 }
 
+// The library's own layout for our pixels, where it has one: a word 0x00RRGGBB with its lowest byte first.
+#ifdef JCS_EXTENSIONS
+constexpr bool has_our_layout = std::endian::native == std::endian::little;
+constexpr J_COLOR_SPACE our_layout = JCS_EXT_BGRX;
+#else
+constexpr bool has_our_layout = false;
+constexpr J_COLOR_SPACE our_layout = JCS_RGB;
+#endif
+constexpr J_COLOR_SPACE pixel_layout = has_our_layout ? our_layout : JCS_RGB;
+constexpr int samples_a_pixel = has_our_layout ? 4 : 3;
+
+/// The samples of a line, to be read from or written to: the pixels themselves, or `line` where the layouts differ.
+JSAMPROW samples_of(int* pixels, Bytes& line)
+{
+    return has_our_layout ? reinterpret_cast<JSAMPROW>(pixels) : line.data();
+}
+
+/// Puts the samples of a line, as the library has left them, into the form of pixels.
+void take_samples(const Bytes& line, int* pixels, int count)
+{
+    [[maybe_unused]] const uint8_t* in = line.data();
+    for (int x = 0; x < count; ++x) {
+        if constexpr (has_our_layout) {
+            pixels[x] &= 0xffffff; // what the library leaves in the fourth byte is its own affair
+        } else {
+            pixels[x] = pack_rgb(in[3 * x], in[3 * x + 1], in[3 * x + 2]);
+        }
+    }
+}
+
+/// Puts pixels into the form of samples.
+void give_samples(const int* pixels, Bytes& line, int count)
+{
+    if (has_our_layout) return;
+    uint8_t* out = line.data();
+    for (int x = 0; x < count; ++x, out += 3) {
+        out[0] = static_cast<uint8_t>(red_of(pixels[x]));
+        out[1] = static_cast<uint8_t>(green_of(pixels[x]));
+        out[2] = static_cast<uint8_t>(blue_of(pixels[x]));
+    }
+}
+
 /// The shortest code of a block of 64 pixels is one bit: more pixels than these a byte can't be meant.
 constexpr std::size_t most_pixels_a_byte = 2048;
 
@@ -67,17 +110,15 @@ bool run_decoder(jpeg_decompress_struct& info, ErrorManager& errors, std::span<c
     jpeg_read_header(&info, TRUE);
     if (!bitmap_size_valid(info.image_width, info.image_height)) return false;
     if (std::size_t{info.image_width} * info.image_height / most_pixels_a_byte > bytes.size()) return false;
-    info.out_color_space = JCS_RGB; // greyscale pictures too come as three components
+    info.out_color_space = pixel_layout; // greyscale pictures too come as three components
     jpeg_start_decompress(&info);
-    bitmap = Bitmap(static_cast<int>(info.output_width), static_cast<int>(info.output_height));
-    line.resize(std::size_t{info.output_width} * 3);
+    bitmap = Bitmap::unfilled(static_cast<int>(info.output_width), static_cast<int>(info.output_height));
+    if (!has_our_layout) line.resize(std::size_t{info.output_width} * samples_a_pixel);
     while (bitmap && info.output_scanline < info.output_height) {
         int* out = row(bitmap, static_cast<int>(info.output_scanline));
-        JSAMPROW lines[] = {line.data()};
+        JSAMPROW lines[] = {samples_of(out, line)};
         jpeg_read_scanlines(&info, lines, 1);
-        const uint8_t* in = line.data();
-        for (int x = 0; x < bitmap.width(); ++x, in += 3)
-            out[x] = pack_rgb(in[0], in[1], in[2]);
+        take_samples(line, out, bitmap.width());
     }
     jpeg_finish_decompress(&info);
     return static_cast<bool>(bitmap);
@@ -98,20 +139,14 @@ bool run_encoder(jpeg_compress_struct& info, ErrorManager& errors, BITMAP* bitma
     jpeg_mem_dest(&info, &output.block, &output.size);
     info.image_width = static_cast<JDIMENSION>(bitmap->w);
     info.image_height = static_cast<JDIMENSION>(bitmap->h);
-    info.input_components = 3;
-    info.in_color_space = JCS_RGB;
+    info.input_components = samples_a_pixel;
+    info.in_color_space = pixel_layout;
     jpeg_set_defaults(&info);
     jpeg_set_quality(&info, quality, TRUE);
     jpeg_start_compress(&info, TRUE);
     for (int y = 0; y < bitmap->h; ++y) {
-        uint8_t* out = line.data();
-        for (int x = 0; x < bitmap->w; ++x, out += 3) {
-            const int pixel = row(bitmap, y)[x];
-            out[0] = static_cast<uint8_t>(red_of(pixel));
-            out[1] = static_cast<uint8_t>(green_of(pixel));
-            out[2] = static_cast<uint8_t>(blue_of(pixel));
-        }
-        JSAMPROW lines[] = {line.data()};
+        give_samples(row(bitmap, y), line, bitmap->w);
+        JSAMPROW lines[] = {samples_of(row(bitmap, y), line)};
         jpeg_write_scanlines(&info, lines, 1);
     }
     jpeg_finish_compress(&info);
@@ -143,7 +178,7 @@ bool encode_jpeg(BITMAP* bitmap, int quality, Bytes& out)
     ErrorManager errors;
     set_errors(errors, info.err);
     Output output;
-    Bytes line(static_cast<std::size_t>(bitmap->w) * 3);
+    Bytes line(has_our_layout ? 0 : static_cast<std::size_t>(bitmap->w) * samples_a_pixel);
     const bool good = run_encoder(info, errors, bitmap, quality, output, line);
     jpeg_destroy_compress(&info);
     if (good) ByteWriter(out).append({output.block, output.size});
