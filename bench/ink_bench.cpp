@@ -1,4 +1,5 @@
 // Inks over large areas and along long strokes. "Pixels" and "stamps" give the cost of one.
+#include "draw/gradient.h"
 #include "draw/inks.h"
 #include "draw/undo.h"
 #include "platform/host.h"
@@ -28,6 +29,10 @@ void begin_operation()
     push_undo(false);
     toolbox.brush_color = 0x40c0f0;
     set_initial_ink_options();
+    toolbox.ink_table[INK_GLOW][options::glow_radius.column] = options::glow_radius.highest();
+    toolbox.ink_table[INK_L_GRAD][GRADIENT_END_X] = side - 100;
+    toolbox.ink_table[INK_L_GRAD][GRADIENT_END_Y] = side / 2;
+    update_gradient_geometry();
 }
 
 void end_operation()
@@ -57,6 +62,7 @@ BENCHMARK_CAPTURE(filled_box, add, INK_ADD)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(filled_box, glass, INK_GLASS)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(filled_box, soften, INK_SOFTEN)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(filled_box, pull, INK_PULL)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(filled_box, spark, INK_SPARK)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(filled_box, glow, INK_GLOW)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(filled_box, linear_gradient, INK_L_GRAD)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(filled_box, tile, INK_TILE)->Unit(benchmark::kMillisecond);
@@ -88,6 +94,7 @@ void soft_line(benchmark::State& state, int ink)
 BENCHMARK_CAPTURE(soft_line, opaque, INK_OPAQUE)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(soft_line, glass, INK_GLASS)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(soft_line, soften, INK_SOFTEN)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(soft_line, pull, INK_PULL)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace kelu

@@ -24,7 +24,7 @@ struct Presenter {
     Bitmap shown;                             ///< the last picture pushed, logical size
     bool shown_valid = false;                 ///< false: the screen holds something else
     int still = 0;                            ///< presents in a row that changed nothing, up to `still_enough`
-    Bitmap scaled;                            ///< physical size: `shown` as the screen has it
+    Bitmap scaled; ///< physical size, `shown` as the screen has it; empty while the window's own image serves
 };
 Presenter presenter;
 
@@ -76,7 +76,7 @@ bool enter_desktop_mode(const VideoMode& mode)
     presenter.order = plain ? ChannelOrder::PLAIN : ChannelOrder::EXCHANGED;
     presenter.scale = mode.scale;
     presenter.shown = Bitmap(logical_w, logical_h);
-    presenter.scaled = Bitmap(w, h);
+    presenter.scaled = window_image() ? Bitmap() : Bitmap(w, h);
     presenter.shown_valid = false;
     return true;
 }
@@ -92,13 +92,18 @@ void present_on_desktop(BITMAP* picture, bool fresh)
     const bool still = rows.first > rows.last;
     presenter.still = still ? std::min(presenter.still + 1, still_enough) : 0;
     if (still) return;
-    scale_rows(picture, presenter.scaled, presenter.scale, rows.first, rows.last, presenter.order);
     const int top = rows.first * presenter.scale;
     const int height = (rows.last - rows.first + 1) * presenter.scale;
-    // One blit is one request to the server: the display never shows half a picture.
+    BITMAP* const scaled = presenter.scaled ? presenter.scaled.get() : window_image();
+    // One request to the server: the display never shows half a picture.
     acquire_screen();
     if (connection_stands()) {
-        blit(presenter.scaled, screen, 0, top, 0, top, presenter.scaled.width(), height);
+        scale_rows(picture, scaled, presenter.scale, rows.first, rows.last, presenter.order);
+        if (presenter.scaled) {
+            blit(scaled, screen, 0, top, 0, top, scaled->w, height);
+        } else {
+            push_image(top, height);
+        }
         send_requests();
     }
     release_screen();

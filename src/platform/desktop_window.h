@@ -18,6 +18,11 @@ void present_on_desktop(BITMAP* picture, bool fresh);
 void describe_window(const char* title);
 /// Gives the window an icon in several sizes of at most 256 x 256, with alpha in the top byte.
 void set_desktop_icons(std::span<BITMAP* const> pictures);
+/// Allegro's image of the window, where its words are those that the display takes, so that a picture may be written
+/// straight into it; null otherwise.
+BITMAP* window_image();
+/// Shows lines of that image. Under Allegro's lock.
+void push_image(int top, int height);
 /// Sends what Allegro has drawn to the display now. X would keep it until the next request, which comes with the end of
 /// the rest. Under Allegro's lock.
 void send_requests();

@@ -77,6 +77,28 @@ void deliver_input()
     release_screen();
 }
 
+BITMAP* window_image()
+{
+    XImage* const image = _xwin.ximage;
+    const bool serves = screen && image && _xwin.matching_formats != 0 &&
+                        screen->line[0] == reinterpret_cast<unsigned char*>(image->data) &&
+                        image->bytes_per_line == screen->w * static_cast<int>(sizeof(int));
+    return serves ? screen : nullptr;
+}
+
+void push_image(int top, int height)
+{
+    const auto w = static_cast<unsigned>(screen->w);
+    const auto h = static_cast<unsigned>(height);
+#ifdef ALLEGRO_XWINDOWS_WITH_SHM
+    if (_xwin.use_shm != 0) {
+        XShmPutImage(_xwin.display, _xwin.window, _xwin.gc, _xwin.ximage, 0, top, 0, top, w, h, False);
+        return;
+    }
+#endif
+    XPutImage(_xwin.display, _xwin.window, _xwin.gc, _xwin.ximage, 0, top, 0, top, w, h);
+}
+
 void send_requests() { XFlush(_xwin.display); }
 
 void await_input(int milliseconds)

@@ -115,7 +115,7 @@ TEST_F(InkRunTest, GradientsAreAsByPixel)
                 set_option(INK_L_GRAD, GRADIENT_START_Y, 4);
                 set_option(INK_L_GRAD, GRADIENT_END_X, x);
                 set_option(INK_L_GRAD, GRADIENT_END_Y, y);
-                derive_gradients();
+                update_gradient_geometry();
                 expect_as_by_pixel(INK_L_GRAD, 0);
                 if (HasFatalFailure()) return;
             }
