@@ -33,6 +33,7 @@ InputTurn turn;
 struct SeenInput {
     int x = 0, y = 0, wheel = 0;
     unsigned events = 0;
+    bool end = false; ///< the program is asked to end: loops put back what they have
     bool operator==(const SeenInput&) const = default;
 };
 SeenInput seen;
@@ -70,7 +71,8 @@ void note_change(int buttons)
 /// True while a button or key is down, and once after an event or a motion.
 bool input_lasts()
 {
-    const SeenInput now{pointer.mouse_x, pointer.mouse_y, wheel_position(), platform::input_event_count()};
+    const SeenInput now{pointer.mouse_x, pointer.mouse_y, wheel_position(), platform::input_event_count(),
+                        run_state.exit_requested != 0};
     const bool moved = now != std::exchange(seen, now);
     const bool button_down = pointer.mouse_left != 0 || pointer.mouse_right != 0 || pointer.mouse_middle != 0 ||
                              pointer.mouse_button_4 != 0 || pointer.mouse_button_5 != 0;

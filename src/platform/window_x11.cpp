@@ -55,7 +55,8 @@ namespace {
 /// Under the lock. Allegro asks the display and waits for its answer, which is dear where nothing has come.
 void take_events()
 {
-    if (XEventsQueued(_xwin.display, QueuedAfterReading) > 0) {
+    pollfd connection = {ConnectionNumber(_xwin.display), POLLIN, 0};
+    if (poll(&connection, 1, 0) > 0 || XEventsQueued(_xwin.display, QueuedAlready) > 0) {
         _xwin_handle_input();
     } else {
         XFlush(_xwin.display);
