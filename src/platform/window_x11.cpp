@@ -56,11 +56,9 @@ namespace {
 void take_events()
 {
     pollfd connection = {ConnectionNumber(_xwin.display), POLLIN, 0};
-    if (poll(&connection, 1, 0) > 0 || XEventsQueued(_xwin.display, QueuedAlready) > 0) {
-        _xwin_handle_input();
-    } else {
-        XFlush(_xwin.display);
-    }
+    const bool readable = poll(&connection, 1, 0) > 0;
+    XFlush(_xwin.display); // which may itself read what has come
+    if (readable || XEventsQueued(_xwin.display, QueuedAfterReading) > 0) _xwin_handle_input();
     // After a jump of ours the pointer moves by steps, not to places, until Allegro has looked 200 times in vain.
     constexpr int looks = 20;
     for (int i = 0; i < looks && _xwin.mouse_warped != 0 && connection_stands(); ++i)
