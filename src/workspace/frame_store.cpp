@@ -92,6 +92,7 @@ class FrameLeaving {
 public:
     explicit FrameLeaving(int frame)
     {
+        put_back_piece();
         update_frame_nail(0);
         hand_over_nails();
         if (frame_changed()) leaving = frame;
