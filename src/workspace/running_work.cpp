@@ -254,17 +254,19 @@ private:
         failure_ = Failure{name, error};
     }
 
-    bool commit_failed(int frame)
+    /// A frame that was left isn't in its file yet: its order waits, also to be tried again.
+    bool commit_waits(int frame)
     {
         const std::lock_guard lock(unsaved.mutex);
-        return std::ranges::find(failed_commits_, frame, [](const CommitOrder& one) { return one.left.frame; }) !=
-               failed_commits_.end();
+        const auto is_of_frame = [frame](const CommitOrder& one) { return one.left.frame == frame; };
+        return std::ranges::any_of(failed_commits_, is_of_frame) ||
+               std::ranges::find(on_their_way_, in_store(frame_file(frame))) != on_their_way_.end();
     }
 
     void carry_out(BeginOrder& order)
     {
         seal();
-        if (order.drops && !commit_failed(writer_.frame())) writer_.drop();
+        if (order.drops && !commit_waits(writer_.frame())) writer_.drop();
         writer_.begin(order.frame, std::move(order.frame_name), std::move(order.journal_name));
         limit_ = least_kept;
     }
