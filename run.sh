@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Installs what is missing, builds the editor and starts it. Where no display is reachable it starts a copy on a
 # virtual one, paints a small picture with real mouse events and leaves a screenshot.
 set -euo pipefail

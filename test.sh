@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Installs what is missing, builds the suites and passes all tests, headless. The last line is ctest's.
 #   program  the order of the source, and stories of the real program on a virtual display
 #   asan     unit tests, sessions and a few seconds of each fuzz target under AddressSanitizer and UBSan

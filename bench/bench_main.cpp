@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Entry of the benchmarks: Allegro without a display, then the measurements.
 #include "platform/host.h"
 #include <benchmark/benchmark.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Codecs and quantiser on large pictures.
 #include "imagefile/gif.h"
 #include "imagefile/jpeg.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The cost of a frame, of presenting it, and of a stroke.
 #include "base/run_state.h"
 #include "draw/ink_rows.h"

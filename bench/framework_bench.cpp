@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the idle actor layer costs: its passes run 140 and 100 times a second while the editor works.
 #include "base/run_state.h"
 #include "framework/actor_shadow.h"

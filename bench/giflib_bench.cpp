@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A picture of the same size through giflib, to hold our own encoder against.
 #include "base/reader.h"
 #include "imagefile/gif.h"

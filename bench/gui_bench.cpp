@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a frame of text and a full table of slots cost.
 #include "base/run_state.h"
 #include "gui/build.h"

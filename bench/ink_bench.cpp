@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Inks over large areas and along long strokes. "Pixels" and "stamps" give the cost of one.
 #include "draw/gradient.h"
 #include "draw/inks.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // latency WINDOW SCALE SAMPLES: how long it takes from a real event to a pixel of the program's window.
 //
 // The program stands on its drawing menu with a tool that paints at once. Events go in by the XTEST extension, as a

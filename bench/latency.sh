@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # latency.sh [FOLDER] [SAMPLES]: the time from a real event to a pixel of the window, of the program in FOLDER (the
 # delivered one, build/app), on a virtual display at scale 3. The figures hold for a machine that has nothing else to
 # do; the load is printed with them.

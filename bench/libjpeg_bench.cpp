@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // JPEG files beside the shortest loop over libjpeg that ends in, or begins with, pixels of our layout.
 #include "base/bitmap.h"
 #include "imagefile/jpeg.h"

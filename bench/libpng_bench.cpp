@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The same picture through libpng at the same level of zlib, to hold our own codec against.
 #include "base/reader.h"
 #include "imagefile/png.h"

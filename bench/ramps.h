@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The picture on which our codecs are held against others.
 #pragma once
 

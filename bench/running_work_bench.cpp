@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Work that goes to disk while it is done: what a stroke costs the hand with the journal running, what reaches the
 // disk, and the pause at a frame key beside plain reading of the frame that comes.
 #include "base/run_state.h"

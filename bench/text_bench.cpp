@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The text tool at its largest: 120 letters at a size of 350.
 #include "draw/placed_text.h"
 #include "platform/host.h"

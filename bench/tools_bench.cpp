@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Flood fills of large frames: the cost of a pixel on flat ground, in a maze and in noise.
 #include "draw/fill.h"
 #include "draw/undo.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Undo on canvases of several sizes: what a stroke costs at its begin and at its end, and the memory of its steps.
 #include "draw/inks.h"
 #include "draw/touched.h"

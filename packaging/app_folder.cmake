@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Fills the program's own folder with what is not built: cmake -DFOLDER=... -DDEFAULTS=... -P app_folder.cmake
 #
 # What belongs to the user is made once and never touched again: config.def, user.def and all of WORKSPACE.

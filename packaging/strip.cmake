@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The packed program without the sections that tell of the compiler; run by cpack on what it is about to pack.
 file(GLOB_RECURSE programs "${CPACK_TEMPORARY_DIRECTORY}/usr/lib/kelu/kelu")
 foreach(program ${programs})

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Entry of every test program: Allegro without a display, then the tests.
 #include "platform/host.h"
 #include <gtest/gtest.h>

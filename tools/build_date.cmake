@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # KELU_BUILD_DATE: the day of SOURCE_DATE_EPOCH where that is set, else of the newest commit, else today. So two builds
 # of one commit tell the same. Looked at when the build is configured.
 set(epoch "$ENV{SOURCE_DATE_EPOCH}")

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Checks the order of the source against levels.txt: check_levels.py SRC
 
 levels.txt lists the folders bottom up, one level a folder. Prints, and then ends with 1,

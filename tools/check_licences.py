@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Checks that each source file says in its first lines under which licence it stands: check_licences.py ROOT
 
 With --mend it writes the line where it is missing. Prints what is wrong; the result is 1 if anything is.
@@ -8,12 +9,13 @@ import sys
 
 LINE = "SPDX-License-Identifier: MIT"
 COMMENTS = {".cpp": "//", ".h": "//", ".py": "#", ".sh": "#", ".cmake": "#", "CMakeLists.txt": "#"}
+TOP = ("CMakeLists.txt", "run.sh", "test.sh", ".ci/run")
 FOLDERS = ("src", "tools", "tests", "bench", "packaging")
 HEAD_LINES = 3  # a script's first line is its interpreter's
 
 
 def sources(root):
-    yield from (root / name for name in ("CMakeLists.txt", "run.sh", "test.sh", ".ci/run"))
+    yield from (root / name for name in TOP)
     for folder in FOLDERS:
         yield from sorted(path for path in (root / folder).rglob("*") if path.is_file())
 

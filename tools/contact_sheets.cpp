@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Draws the assets as PNGs for people, to look at while they are edited.
 //
 //   contact_sheets ASSETS OUT    palette.png, fonts.png, gui_sheet.png, tips.png, logo.png

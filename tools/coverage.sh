@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Measures which lines and branches of src/ the unit tests and sessions reach: coverage.sh
 # Prints a table by file and the sums; build/coverage/index.html shows each line.
 set -euo pipefail

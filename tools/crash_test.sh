@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Proves that nothing is lost, for as long as one likes: tools/crash_test.sh [SECONDS]
 #
 # First every failure point of the tests: each call on files fails or the program ends there, and the next start is

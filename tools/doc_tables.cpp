@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes docs/reference.md from the program's own tables: doc_tables OUT
 //
 // A test compares what it writes with the document, so that the two never part. After a change of a table:

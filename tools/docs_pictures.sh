@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Makes the pictures of the documents from the running program: docs_pictures.sh APP OUT [SCREEN...]
 # Without names it makes all of them.
 # It works in a copy of the program's folder APP, with the settings and the workspace that a first start finds and with

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Runs the fuzz targets, built by clang with libFuzzer, ASan and UBSan: fuzz.sh [TARGET] [MINUTES]
 # Without a target each of them runs, one after the other; a minute each without a number. Inputs that reach something
 # new gather in build/fuzz/corpus/TARGET; one that breaks a reader is written there beside them and ends the run.

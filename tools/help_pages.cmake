@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # assets/help.txt as string literals, one a page: help_pages.inc, which src/gui/help_pages.cpp includes. The head of the
 # text tells how it is written. Made when the build is configured, and anew when the text has changed.
 set(help_text ${CMAKE_SOURCE_DIR}/assets/help.txt)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The files that a user finds at the first start, written by the program's own code: the settings with keys, buttons
 // and macros, and a workspace with one blank frame, options for every tool and ink, and colours to paint with.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Draws the program's own font: make_font LETTERS OUT
 //
 //   make_font ../assets/letters.txt system.ttf

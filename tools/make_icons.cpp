@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Draws the program's icons for desktops, from the pictures of small sizes in the assets. Larger ones are these
 // enlarged by a whole number, so that their pixels stay squares.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Turns assets/ into the program's resource folder, with the program's own writers.
 //
 //   make_resources ASSETS RESOURCE    writes every resource file into RESOURCE

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Plants small faults one at a time, builds what changed and runs the tests: see mutate.sh.
 
 A fault is one edit of one line: a comparison, a number by one, a dropped call, two swapped arguments, a negated

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Plants small faults one at a time and names those that no test notices: mutate.sh [--count N] [--seed S] FILE...
 # Works on a copy of the tree in build/mutate, so that the sources stay as they are.
 set -euo pipefail

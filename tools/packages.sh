@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Debian packages that the project needs, and the way to have them. To be sourced by bash.
 
 # To build and to run. xmessage of x11-utils shows the message boxes.

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Paints a small picture with real mouse events: paint_demo.sh APP COPY
 # It works in COPY, a copy of the program's folder APP, so that nobody's work is touched, and leaves a screenshot there.
 set -euo pipefail

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Drawing of the resource pictures. Places and sizes are those that the program's readers expect.
 #include "resource_pictures.h"
 

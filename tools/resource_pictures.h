@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pictures of the resource files, drawn from the texts of assets/.
 #pragma once
 

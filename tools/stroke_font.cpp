@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From strokes to outlines: what a round pen covers on its way.
 #include "stroke_font.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A font of strokes: letters as lines and arcs of a round pen, in a text that people edit, and their outlines.
 //
 //   pen W             width of the pen; all measures are in steps of a grid

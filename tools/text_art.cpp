@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The readers of the text pictures.
 #include "text_art.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reading of the pictures in assets/, which are texts: a palette, pictures of one letter a pixel, fonts and brush tips.
 //
 // In all of them ';' starts a comment that runs to the end of the line, and empty lines count for nothing. A mistake

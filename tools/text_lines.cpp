@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reading line by line.
 #include "text_lines.h"
 

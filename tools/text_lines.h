@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The lines of a text that people edit, for the readers of assets.
 #pragma once
 

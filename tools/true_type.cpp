@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One function a table; all numbers are big-endian.
 #include "true_type.h"
 

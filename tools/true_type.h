@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // TrueType files from outlines: the tables that a font needs to be shown, and no hints.
 #pragma once
 

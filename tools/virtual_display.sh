@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The real program on a virtual display, with real mouse and key events. To be sourced by bash.
 #
 # All positions are in logical pixels. Events are held for a while: the program looks at mouse and keys 100 times a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Making, copying and destroying bitmaps.
 #include "base/bitmap.h"
 

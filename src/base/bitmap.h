@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Owner of an Allegro bitmap, and direct access to its lines.
 //
 // All bitmaps of the program are 32 bits deep. A pixel is an int: 0x00RRGGBB, or with an alpha value in the top byte

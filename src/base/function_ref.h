@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A reference to something callable: what the walkers of geometry report their points to.
 //
 // It owns nothing and is as cheap as a function pointer; what it refers to must outlive the call that it is passed to.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writer of FW_log.txt. A line is put together on the stack, so that timer callbacks never allocate here.
 #include "base/log.h"
 

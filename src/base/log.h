@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program's log, FW_log.txt: the only trace of what went wrong.
 //
 // A line is a bracketed prefix, " : " and text, with no time stamp, and it is flushed as soon as it is written. The

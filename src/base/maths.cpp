@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Distances and angles.
 #include "base/maths.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Distances, angles and bits.
 #pragma once
 

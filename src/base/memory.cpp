@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Advice to the system about the memory of large bitmaps.
 #include "base/memory.h"
 

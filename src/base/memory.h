@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Advice to the system about memory.
 #pragma once
 

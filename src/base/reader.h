@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Bounded reading and growing writing of bytes in memory, for everything that comes from or goes to a file.
 //
 // A read past the end gives zeros, moves to the end and raises `ended`, so a parser may read a whole head and ask

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Flags of the run and the size of the screen.
 #pragma once
 

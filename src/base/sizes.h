@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sizes in bytes or pixels from the program's ints.
 #pragma once
 

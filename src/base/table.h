@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An array that the program's own ints and enums index.
 #pragma once
 

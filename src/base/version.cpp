@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The one unit that changes with the version.
 #include "base/version.h"
 

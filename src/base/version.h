@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program's version. It stands in the build's own project line, and the build hands it to version.cpp.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Words that two threads touch.
 //
 // Timer callbacks and the main thread share plain words and no locks. The type of a word says so: a plain member

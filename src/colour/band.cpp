@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Folding, clamping and banding of a position, and the colour there.
 #include "colour/band.h"
 

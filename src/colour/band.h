@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The spectrum: a band between two colours, with folds and bands, that the gradient inks paint and the menus draw.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The table of tones, filled by the conversions of single colours.
 #include "colour/hls_pairs.h"
 

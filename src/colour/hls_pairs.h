@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Two colours at once through HLS and back: bit for bit what `rgb_to_hls` and `hls_to_rgb` do to each.
 //
 // Lightness and saturation follow from a colour's highest and lowest channel alone. What costs divisions of these two

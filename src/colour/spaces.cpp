@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // RGB to HLS and HSV and back, in double precision and in one fixed order of operations.
 #include "colour/spaces.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Colour spaces on the program's own scales. Every conversion to an integer truncates, so that a colour may drift by a
 // step each time it passes through HLS or HSV.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The shift of one colour, and of an area.
 #include "colour/tint.h"
 

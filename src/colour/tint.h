@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Shifts of hue, lightness and saturation of a whole picture.
 #pragma once
 

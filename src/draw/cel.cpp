@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The cel as a picture.
 #include "draw/cel.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The cel: a rectangle of picture held apart from the frames, the editor's own clipboard and the texture of two inks.
 //
 // This file is the model: taking a cel, masking it, changing it as a picture. Placing it is in cel_render.h, the

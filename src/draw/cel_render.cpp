@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Previews draw with Allegro's sprites in view coordinates; commits draw the same into a picture of frame pixels, which
 // goes through the ink. A commit never looks at the view: the timers may move it meanwhile.
 #include "draw/cel_render.h"

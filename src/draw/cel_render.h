@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The floating cel: its preview on the overlay, and its way into the frame through the current ink.
 #pragma once
 

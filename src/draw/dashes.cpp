@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pen of the previews.
 #include "draw/dashes.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Dashed lines that crawl: what every preview is drawn with.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The options of tools and inks: one row an option, and the lists that the rows of tools and inks name.
 //
 // A row says where the option's value is, what values it takes, and which widget sets it. The menus, the option

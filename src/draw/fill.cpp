@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The flood fill.
 //
 // A run is a maximal stretch of close pixels in a row. The first run of each row is in the row's head, all others

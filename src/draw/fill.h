@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "FILL": the connected area round a point.
 //
 // Connection is by the four sides. A pixel belongs to the area when it is close to the seed, the pixel clicked, and

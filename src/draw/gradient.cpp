@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The derived values of the gradients' nodes.
 #include "draw/gradient.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Nodes of the gradient inks: where they are in the option table, and what is derived from them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Nodes in the options of their inks, and their preview.
 #include "draw/gradient_nodes.h"
 

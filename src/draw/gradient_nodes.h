@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The two nodes of a gradient ink: where they are, and how they show while they are placed.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Snapping to the grid's lines.
 #include "draw/grid.h"
 

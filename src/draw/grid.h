@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Grid snap and the repair of the grid's settings.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What an ink sees: the bitmaps of the present operation, and one pixel of it under the brush.
 //
 // An ink is a class with a constructor that takes the Canvas and gathers the ink's options, and one function

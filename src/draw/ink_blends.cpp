@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Inks that blend a colour with the one pixel under the brush: OPAQUE, ADD, SUB, BRIGHT, DARK, GLASS, GRAIN, XOR.
 //
 // Channel arithmetic is single precision, and every conversion to an integer truncates.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Inks that look at the neighbours: CLOSE, EMBOSS, HOLLOW, JUMBLE, SOFTEN, SWEEP, UNZAG.
 //
 // They read the stroke source, so that a filter sees the picture as it was before the stroke; SWEEP alone averages the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Four pixels at a time, for inks that work on runs. What these functions do is what ink.h does to one pixel.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The ink GLOW: each pixel under the stroke sends out one disc of light, and the discs add up on the frame.
 #include "draw/ink_fours.h"
 

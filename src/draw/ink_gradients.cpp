@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Inks that paint the spectrum along a distance from nodes on the frame: H.GRAD, V.GRAD, L.GRAD and R.GRAD. Neither
 // the colour argument nor the brush colour plays a part.
 #include "colour/band.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The four loops of an ink, written once. Each family of inks includes this file and instantiates InkLoops for its
 // classes; inks.h declares it for everybody else.
 //

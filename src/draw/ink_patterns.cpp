@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Inks that paint with the cel as a repeating texture, anchored to the frame: TILE and SCRAPE.
 #include "draw/ink_loops.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The inks: enumerator, class and row of each, in the order of the menus.
 //
 // The class is in the file of its family, with the instantiation of its loops.

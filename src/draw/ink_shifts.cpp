@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Inks that shift the colour of the one pixel under the brush: GRAY, PULL and SPARK.
 //
 // PULL and SPARK work in HLS in double precision. Their full strength writes the shifted colour; under a soft tip the

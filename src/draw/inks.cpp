@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The calls that look an ink up once and run one of its loops.
 #include "draw/inks.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The calls through which tools, cels and text put ink on the frame. Each reports what it touches.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The way back of a lifted piece.
 #include "draw/lifted.h"
 

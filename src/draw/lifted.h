@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A piece that a tool has lifted out of the frame and that floats: until it is anchored its place in the frame is a
 // gap.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Stamps, and the display test between them.
 #include "draw/operation.h"
 

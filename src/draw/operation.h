@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One undoable operation: from a tool's geometry to stamps, from a stamp to the ink.
 //
 // `stamp_tip` puts the brush tip on one point; the ink's loop over the tip is chosen once for an operation. All in

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Ink along the point list, or inside it.
 #include "draw/outline.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The operation of the tools that gather a list of points: an outline under the brush tip, or its inside.
 #pragma once
 

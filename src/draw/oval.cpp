@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The ellipse chain.
 #include "draw/oval.h"
 

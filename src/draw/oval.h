@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The ellipse of "OVAL", as a chain of pixels.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every pixel of the text's picture is a strength: the mix of what lies below and the brush colour.
 #include "draw/placed_text.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The text that hangs over the frame while the text tool runs: its picture, its preview, and its way into the frame.
 #pragma once
 

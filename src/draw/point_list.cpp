@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Allegro's walkers behind visitors, and the outlines built on them.
 #include "draw/point_list.h"
 

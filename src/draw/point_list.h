@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Points, and the walks that turn pairs of them into pixels: lines, circles, outlines and filled outlines.
 //
 // The walkers know no frame, ink or screen. They report every pixel to a visitor, in the order in which it is drawn.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The corners of a regular polygon.
 #include "draw/polygon.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One row a kind of preview.
 #include "draw/preview.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The previews of the tools: dashed shapes on the overlay, which run_frame lays over the frame.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Selection by colour alone.
 #include "draw/replace.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "SEP." and "EDGE": every pixel of a colour, and the rim of every area of a colour, over the whole frame.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The runs of filled shapes.
 #include "draw/span_fill.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Filled shapes: runs of pixels without a tip, with the display test in between.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The spiral's points.
 #include "draw/spiral.h"
 

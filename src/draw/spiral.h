@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "SPIRAL": an Archimedean spiral.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From nodes to the points of a curve.
 #include "draw/spline.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The curve of "SPLINE": smooth, through nodes that the user sets and moves.
 //
 // Each stretch between two nodes is a cubic Bézier curve; its control points lie along the tangents at the nodes, and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Steps, dabs and drops.
 #include "draw/stroke.h"
 

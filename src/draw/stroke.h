@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Samples of the pointer: what lies between two of them, and the marks of "DRIZ." and "SPRAY".
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The superformula's outline.
 #include "draw/supershape.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "SSHAPE": the superformula (Johan Gielis, A generic geometric transformation that unifies a wide range of natural
 // and abstract shapes, 2003).
 #pragma once

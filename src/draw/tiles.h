@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A picture in squares of 64 x 64 pixels: the unit in which undo and the journal keep what an operation has changed.
 #pragma once
 

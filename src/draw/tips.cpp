@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tip's cell, and the mask and the reach that the pointer and the crosshairs take from it.
 #include "draw/tips.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Brush tips: reading a tip's cell from the sheet, choosing a tip, and what the pointer shows of it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a tool has gathered: the nodes that were clicked and the outline that comes of them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Options brought into their range, and their first values.
 #include "draw/tool_options.h"
 

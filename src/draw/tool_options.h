@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Options of the tools, as the geometries read them.
 #pragma once
 

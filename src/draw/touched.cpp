@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Marks of touched tiles.
 #include "draw/touched.h"
 

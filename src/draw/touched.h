@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The report of every writer of frame pixels: which tiles it has touched.
 //
 // Whoever writes to `store.frame_bitmap` says so here, in the same call: the inks' calls do it for all tools, cels and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The shapes between nodes 0 and 1.
 #include "draw/two_point_shapes.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "LINE", "BOX" and "CIRCLE" between two points.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The two queues of slots, written as one: each function works on a view of the undo or of the redo side.
 #include "draw/undo.h"
 

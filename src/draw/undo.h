@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Undo, redo and restore: what each operation has changed, and the stroke source that the inks read.
 //
 // A slot stands for a whole picture: the frame as it was before an operation. It keeps the tiles in which that picture

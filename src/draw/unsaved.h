@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What of the frame the journal has yet to take over.
 //
 // The journal's thread copies tiles out of the stroke source while the main thread paints on the frame: no stroke waits

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Discs, line by line.
 #include "framework/actor_painter.h"
 

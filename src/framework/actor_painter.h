@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Drawing of an actor. The framework holds no cels, so an actor is a disc of its diameter in its colour.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Followers, and the copy of the actors that is drawn.
 #include "framework/actor_shadow.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The renderers' copy of the actors, which the main thread refreshes at the head of each frame.
 #pragma once
 

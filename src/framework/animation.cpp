@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writing of animation tables. Main thread.
 #include "framework/animation.h"
 

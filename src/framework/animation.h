@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The animation tables of an actor: lists of cels that behaviours 4 and 6 play.
 #pragma once
 

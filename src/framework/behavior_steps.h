@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The single steps of the behaviours. A step sees one slot of one actor, moves its state on by one run and says
 // whether the behaviour goes on. The parameters, p0 to p9, are described at each body.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The table of behaviours and the pass that runs them. Timer thread.
 #include "framework/behaviors.h"
 

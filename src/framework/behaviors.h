@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Behaviours: what actors do over time, 140 times a second.
 //
 // A behaviour slot holds an id, an interval, a counter and ten parameters, and the parameters are the behaviour's

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Behaviours that play an actor's animation tables.
 #include "framework/behavior_steps.h"
 #include "framework/behaviors.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Behaviours whose state is a field of its own in the row: particles, plasma and splash; and the trail of copies.
 #include "base/log.h"
 #include "framework/behavior_steps.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Behaviours that fade an actor or change its drawing style.
 #include "framework/behavior_steps.h"
 #include "framework/behaviors.h"

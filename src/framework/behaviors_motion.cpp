@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Behaviours that move an actor.
 #include "framework/behavior_steps.h"
 #include "framework/behaviors.h"

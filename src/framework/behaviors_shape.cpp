@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Behaviours that change an actor's size and turn it.
 #include "framework/behavior_steps.h"
 #include <cstdlib>

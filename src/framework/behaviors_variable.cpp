@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The behaviour that changes any field of an actor, and the table of those fields.
 #include "framework/behavior_steps.h"
 #include "framework/fades.h"

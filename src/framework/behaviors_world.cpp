@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Behaviours that act beyond their actor: the tint and the bloom of the screen, jobs, and the other slots.
 #include "framework/behavior_steps.h"
 #include "framework/tint.h"

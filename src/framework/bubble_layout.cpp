@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The two layouts of a bubble's text. They run where the bubble is spoken, at times on the timer thread: all work is
 // done in arrays on the stack.
 #include "framework/bubble_layout.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Layout of a speech bubble's text: which characters it holds, in which colours, and where its lines end.
 #pragma once
 

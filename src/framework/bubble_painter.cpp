@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Panels and their characters, in the narrow font.
 #include "framework/bubble_painter.h"
 

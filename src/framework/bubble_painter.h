@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Drawing of speech bubbles.
 #pragma once
 

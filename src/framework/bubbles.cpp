@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The life of speech bubbles: opening, typing, holding, closing, free.
 #include "framework/bubbles.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Speech bubbles: panels beside an actor that open, type their text in, hold and close.
 #pragma once
 

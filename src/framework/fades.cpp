@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Starting of fades and waves: parameters first, the behaviour's id last, since the timer looks at it.
 #include "framework/fades.h"
 

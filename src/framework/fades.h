@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Starting of fades and waves.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Handlers of the framework's jobs. Main thread, at the end of a frame.
 #include "framework/framework_jobs.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The framework's share of the job queue: what its timer passes leave for the main thread to do.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The cipher of the resource files, their conversion and their loading.
 #include "framework/resource_files.h"
 

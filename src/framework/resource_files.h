@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Scrambled resource files: the pictures of the framework, each a GIF file under a name without an extension.
 //
 //   byte 0     start index into `scramble_table`, 0 to 63

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Running of scripts. Timer thread: no allocation and no locks, though every command leaves a line in the log.
 #include "framework/script.h"
 

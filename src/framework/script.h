@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The script interpreter: up to 20 small byte programs side by side, one command each a hundredth of a second.
 //
 // The editor starts none. A program that does calls `load_script`, sets the slot's `script_owner` and, last,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Translates scripts line by line. Main thread.
 #include "framework/script_compiler.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The compiler of scripts: from the text of scripts.def to the bytes of mojo.def.
 //
 //   digits in column 0   head of a script: four digits of its id, and the rest of the line is a remark

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reading of compiled scripts. Main thread; the slot is inactive.
 #include "framework/script.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Playing of samples.
 #include "framework/sound.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Short sounds: a table of samples, and two ways to play one. The editor loads no sample.
 #pragma once
 

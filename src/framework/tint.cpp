@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The screen tint's actor: found by its profession, or spawned.
 #include "framework/tint.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The screen tint: one translucent colour over the whole picture, moved by an actor of its own. The picture fades in
 // from black with it at the start.
 #pragma once

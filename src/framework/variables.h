@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The fields of an actor that behaviour 99 may change, by number.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Building of windows and slots.
 #include "gui/build.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How screens are built: the five helpers, and windows as tables of rows.
 //
 // A screen is an enum of slots, a constexpr array of SlotRow and one MenuLayout. `build_screen` places the window where

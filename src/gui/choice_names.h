@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The names that the rows of other tables need: of tools and inks on their buttons, in the order of their ids, where
 // six letters fit, and of the rows of the options.
 #pragma once

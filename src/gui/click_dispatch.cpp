@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The action codes as a table: one row each.
 #include "gui/click_dispatch.h"
 

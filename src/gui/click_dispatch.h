@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From a released button to the slot: what each action code does.
 #pragma once
 

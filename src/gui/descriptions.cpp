@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What each tool and ink says about itself, in lines of at most 20 characters.
 #include "gui/text_blocks.h"
 

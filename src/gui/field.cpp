@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The field editor.
 #include "gui/field.h"
 

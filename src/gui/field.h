@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One-line text fields: key focus, editing, and the keyboard with a repeat of its own.
 //
 // The editor reads Allegro's `key` array by scancode on the timer thread. Screens read a field's text after its event.

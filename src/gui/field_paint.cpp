@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Kinds that show the text of a field and its caret.
 #include "gui/build.h"
 #include "gui/painters.h"

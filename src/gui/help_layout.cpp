@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Breaking a help page into lines.
 #include "gui/help_layout.h"
 

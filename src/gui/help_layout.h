@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The layout of a help page: where its words are.
 #pragma once
 

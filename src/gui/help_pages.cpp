@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pages of the help screen, made from assets/help.txt. A page is one text: the word "|" ends a line, and the title
 // and key words are in colours of their own.
 #include "gui/text_blocks.h"

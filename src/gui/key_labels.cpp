@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The table of key names, in the order of Allegro's scancodes, and the prefixes of modifiers.
 #include "gui/key_labels.h"
 

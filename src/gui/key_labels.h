@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Names of keys as the screens show them.
 #pragma once
 

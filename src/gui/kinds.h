@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The kinds of slots: what is drawn, one enumerator each. A kind that the renderer's table lacks draws nothing and
 // still takes the pointer.
 #pragma once

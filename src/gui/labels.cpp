@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Kinds that are a panel with a label.
 #include "gui/key_labels.h"
 #include "gui/painters.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lists: rows of labels, and the file browser's names.
 #include "gui/painters.h"
 #include "gui/panels.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The passes of the logic tick, in their order.
 #include "gui/logic.h"
 

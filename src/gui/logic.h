@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The logic pass over the slots, 60 or 120 times a second on the timer thread.
 //
 // It finds the slot under the pointer, times tooltips, follows presses to their release, moves scroll bars and edits

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Timed status messages and the ghost of a menu.
 #include "gui/menus.h"
 

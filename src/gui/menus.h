@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The screen that runs now, where windows are, and the line that the status bar flashes.
 #pragma once
 

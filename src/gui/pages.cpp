@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Kinds that hold whole texts: descriptions, the help page, the about box.
 #include "base/version.h"
 #include "gui/help_layout.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One painter a kind, or a family of kinds. Each draws its slot into the canvas and may read any state. Main thread.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Kinds that are a panel: windows, grounds, progress, arrows.
 #include "base/run_state.h"
 #include "gui/painters.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Panels, boxes and labels.
 #include "gui/panels.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What all painters of slots share: the canvas, panels and boxes, centred labels. Main thread.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Colour planes: one channel fixed, the other two running across and down.
 #include "gui/planes.h"
 

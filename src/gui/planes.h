@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The colour map of the colour menus: its picture is made anew only when what it depends on has changed.
 #pragma once
 

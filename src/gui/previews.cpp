@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Kinds that show pictures: of a file, of the whole frame, of a thumbnail, of the frame round the pointer.
 #include "gui/previews.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pictures that previews show and other folders make.
 #pragma once
 

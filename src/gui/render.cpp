@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The table of kinds, and the walk over the slots.
 #include "gui/render.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Drawing of the table: every slot again in every frame, from 0 up. Main thread.
 #pragma once
 

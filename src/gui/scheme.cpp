@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A scheme put on: live colours, text sets, the GUI sheet.
 #include "gui/scheme.h"
 

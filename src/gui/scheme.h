@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The colours of the menus: what the user's scheme says, and what the painters draw with.
 #pragma once
 

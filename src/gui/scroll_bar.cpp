@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Geometry and logic of scroll bars.
 #include "gui/scroll_bar.h"
 

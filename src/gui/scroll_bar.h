@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Scroll bars and sliders: where arrows, rail and knob are, and how pointer and wheel move the value.
 //
 // The geometry is computed on the main thread, by builds and the renderer; the logic tick reads it. A bar whose cross

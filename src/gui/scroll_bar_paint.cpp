@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Drawing of scroll bars: arrows, rail, knob, and the number at the knob.
 #include "base/run_state.h"
 #include "gui/kinds.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Life of a slot: reset, search, visibility.
 #include "gui/slots.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The one table of the GUI: 128 slots that serve as windows, buttons, sliders, lists and fields.
 //
 // A structure of arrays, indexed by slot number. The main thread builds slots and draws them; the logic tick on the

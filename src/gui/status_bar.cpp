@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Place and contents of the status bar.
 #include "gui/status_bar.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The line of text at the edge of the screen: a message, a tooltip, or where the pointer is.
 #pragma once
 

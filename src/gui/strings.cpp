@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The texts of the screens: names by id, and the labels.
 #include "gui/strings.h"
 

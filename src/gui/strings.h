@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The texts of the screens by number. Rows that other numbers count into have fixed places; the labels follow each
 // other.
 #pragma once

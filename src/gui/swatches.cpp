@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Kinds that show a colour: cells, the two swatches, the spectrum, neighbours of a colour.
 #include "colour/band.h"
 #include "colour/spaces.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Drawing of one line of text.
 //
 // A glyph is resolved once into its working colours and goes straight to the target's lines; only shadows and the

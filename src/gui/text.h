@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The text engine: one line of a bitmap font into any bitmap.
 //
 // A pen with attributes, set by `set_text` just before each `draw_text`. Text is 7-bit ASCII; "|cNN" in a string

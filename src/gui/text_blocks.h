@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The long texts behind ui_strings: descriptions of tools and inks, and the help pages.
 #pragma once
 

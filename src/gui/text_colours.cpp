@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The start values of the colour sets.
 #include "gui/text_colours.h"
 

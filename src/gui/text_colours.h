@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Colour sets of the text engine: what replaces the marker colours of the glyphs.
 #pragma once
 

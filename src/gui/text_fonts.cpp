@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fonts from pictures. A picture is a grid of cells one pixel apart; the first row of a cell names its character, and
 // the cell at the grid's origin holds the sizes.
 #include "gui/text.h"

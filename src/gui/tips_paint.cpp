@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Kinds that show brush tips. A tip is a cell of the tip sheet, dark on light grey.
 #include "base/run_state.h"
 #include "gui/painters.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The texts of tooltips and status messages.
 #include "gui/tooltips.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tooltips and status messages: one table serves both.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Animations as files: what their writers are given, and what their readers hand out.
 //
 // Pictures are in merged form and go by one at a time, so that a long animation needs no more memory than a short one.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // PNG animations: a PNG of the first picture, and the others in chunks that other readers pass over.
 //
 //   acTL   pictures, runs (0: without an end)                        before the first IDAT

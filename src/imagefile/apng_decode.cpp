@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The reader of PNG animations: chunks, pictures in their rectangles, and how they are laid over what shows.
 #include "imagefile/apng.h"
 #include "imagefile/picture_area.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The writer of PNG animations.
 #include "imagefile/apng.h"
 #include "imagefile/picture_area.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Windows bitmaps: the containers of a workspace (cel, custom tip, thumbnails), and pictures of other programs.
 #pragma once
 

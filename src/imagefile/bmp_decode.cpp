@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The BMP reader.
 //
 // A file header of 14 bytes ("BM", where the pixels begin), then an info header: of 12 bytes in the oldest files, else

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The BMP writer: a file header of 14 bytes, an info header of 40, rows of blue green red padded to 4 bytes, the bottom
 // one first.
 #include "base/sizes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Between bitmaps and the clipboard's media types.
 #include "imagefile/clipboard_picture.h"
 

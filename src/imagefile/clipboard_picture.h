@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pictures on the system's clipboard.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sample is drawn with room on all sides, and what it uses is cut out.
 #include "imagefile/font_preview.h"
 

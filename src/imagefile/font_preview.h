@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A font in the file browser: its letter A in the place of a picture's preview.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rows of the formats, and the ways to find one.
 #include "imagefile/formats.h"
 

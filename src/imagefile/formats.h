@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The table of file formats: how each is determined by name or content, read into a picture and written from one.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // GIF pictures: a writer of single images with a local table of 256 colours, a reader of a file's first image.
 //
 //   "GIF89a", logical screen (width, height, packed, background, aspect), global table if bit 7 of packed is set

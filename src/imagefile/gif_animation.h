@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Animated GIF files: "GIF89a" with several images, each laid over what shows.
 //
 // An image is a rectangle of the canvas with pixels that may be transparent. Its control block says how long it stays

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The reader of animated GIFs: images laid over each other on a canvas.
 #include "imagefile/gif_animation.h"
 #include "imagefile/gif_blocks.h"

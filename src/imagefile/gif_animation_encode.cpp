@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The writer of animated GIFs: the table of colours, then picture by picture the smallest of a few ways to code it.
 #include "imagefile/gif_animation.h"
 #include "imagefile/gif_blocks.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The blocks of a GIF file, for the readers and writers of pictures and of animations.
 #pragma once
 

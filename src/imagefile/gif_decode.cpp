@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The GIF reader: blocks up to the first image, its data, its pixels.
 #include "imagefile/gif.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The GIF writer.
 #include "imagefile/gif.h"
 

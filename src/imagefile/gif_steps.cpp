@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Changed rectangles and disposals.
 #include "imagefile/gif_steps.h"
 

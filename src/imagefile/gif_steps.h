@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the pictures of an animated GIF get on the canvas one after the other: what is painted, and what becomes of it.
 //
 // A canvas pixel is 0 where it is transparent, else opaque: 0xff000000 and the colour. A GIF can paint colours and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Rendering of glyphs. FreeType bounds what it computes; what it allocates is bounded here, before it does.
 #include "imagefile/glyph_cache.h"
 #include "base/sizes.h"

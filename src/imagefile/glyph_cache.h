@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The record of a loaded font, and its glyphs as bytes. For the units of the vector fonts alone.
 #pragma once
 

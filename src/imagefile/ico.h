@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Windows icons: a directory of images, each a headless BMP with a mask, or a whole PNG.
 //
 //   0, 1, count (2 each)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The ICO reader.
 #include "base/sizes.h"
 #include "imagefile/ico.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The ICO writer.
 #include "imagefile/ico.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Indices by Allegro's colour table, and palettes in the form of files.
 #include "imagefile/indexed.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From colours to the indices of a 256-colour palette, as the palette formats need them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // JPEG reader and writer on libjpeg.
 //
 // libjpeg leaves by a long jump when it meets an error. Between a setjmp and the last call of the library nothing with

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // JPEG pictures through libjpeg. Its errors come back as results: nothing ends the process.
 #pragma once
 

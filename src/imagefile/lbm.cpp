@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reader and writer of LBM.
 #include "imagefile/lbm.h"
 

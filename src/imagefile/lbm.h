@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // IFF pictures (LBM): "FORM", size, "PBM " or "ILBM", then chunks of id, size and data, padded to an even length.
 //
 //   BMHD  width, height, x, y (2 each), planes, masking, compression (1 each) ...

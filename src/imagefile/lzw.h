@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The LZW coding of GIF pixel data, in sub-blocks of up to 255 bytes, codes packed least significant bit first.
 //
 // The codes below 1 << m are single pixels, then follow the clear code and the end code, then strings: each string

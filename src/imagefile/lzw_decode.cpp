@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The LZW decoder. Every string of the table is a run of the pixels already put out, so the table holds places.
 #include "imagefile/lzw.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The LZW encoder: a dictionary of strings, found by hash at the same cost however full it is.
 #include "imagefile/lzw.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The network's operations. The search for the winner, nearly all of the time, runs over plain arrays with one number
 // a neuron, so that the compiler can take several neurons at a time.
 #include "imagefile/neural.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The neural quantiser: 256 colours for a picture, learnt by a self-organising map.
 //
 // Anthony Dekker, "Kohonen neural networks for optimal colour quantization", Network: Computation in Neural Systems

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Exact palettes, and reduced ones.
 #include "imagefile/palette8.h"
 

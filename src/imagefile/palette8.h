@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Palettes of up to 256 colours with all 8 bits of a channel, and the way from colours to their indices: what the
 // pictures of an animated GIF need.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reader and writer of PCX.
 #include "imagefile/pcx.h"
 #include "base/sizes.h"

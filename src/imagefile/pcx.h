@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // PCX pictures: a head of 128 bytes, run-length coded rows of one or more planes, and for 256 colours a palette of
 // 768 bytes behind a byte 12 at the end of the file. Numbers are little-endian.
 #pragma once

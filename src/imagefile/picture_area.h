@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rectangles of pictures that change from one to the next.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The file side of the codecs, and their registration with Allegro.
 #include "imagefile/picture_files.h"
 

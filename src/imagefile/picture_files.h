@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Our formats in Allegro's table of file types.
 #pragma once
 

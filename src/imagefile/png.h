@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // PNG pictures: our own reader and writer over zlib's one-shot calls.
 //
 //   signature 89 'P' 'N' 'G' 0D 0A 1A 0A

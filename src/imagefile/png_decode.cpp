@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The PNG reader: the head, the chunks up to the picture's data, the pixels.
 #include "imagefile/png.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The PNG writer: one IHDR, one PLTE for palette pictures, one IDAT with everything, one IEND.
 //
 // Rows of true-colour pictures are all filtered by the Paeth predictor, and the whole picture is compressed in one

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Filtering and unfiltering of PNG rows.
 #include "imagefile/png_filters.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The filters of PNG rows: what is subtracted from each byte of a row.
 //
 // `step` is the distance in bytes from a byte to its counterpart in the pixel to the left: 1 below 8 bits a pixel.

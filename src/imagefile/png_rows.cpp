@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Chunks, one call of zlib, the filters, the pixels.
 #include "imagefile/png_rows.h"
 

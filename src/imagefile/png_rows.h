@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the readers of PNG pictures and PNG animations share: chunks, the head, and the way from compressed rows to
 // pixels.
 //

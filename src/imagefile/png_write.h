@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the writers of PNG pictures and PNG animations share.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The three ways to a palette.
 #include "imagefile/reduce.h"
 #include "base/sizes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Palettes of 256 colours for pictures of more: what GIF and LBM need.
 //
 // All palettes have 6 bits a channel, 0 to 63. Top bytes of pixels don't count.

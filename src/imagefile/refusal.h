@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Why a picture could not be read. The decoders tell it, and the user reads it in the status bar.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where a writer of pictures gets its pixels from, one row at a time, so that a large frame needs no second copy.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reader and writer of TGA.
 //
 // 18 bytes of header, an id and a colour map that are passed over, then the pixels. A run-length packet is a byte n

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Truevision TGA 2.0, the form in which frames lie on disk: 32 bits a pixel, the alpha bytes kept bit for bit.
 #pragma once
 

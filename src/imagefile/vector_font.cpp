@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The library, and fonts from load to destruction: sizes and settings.
 #include "imagefile/vector_font.h"
 

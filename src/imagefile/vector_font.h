@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Vector fonts: text in TrueType and other outline fonts, drawn into a bitmap. A thin layer over FreeType.
 //
 // A font's file lies in memory while the font lives, so that nothing happens when it changes on disk. Sizes are those

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Measuring and drawing of text: a pen walks over the cached glyphs.
 #include "imagefile/glyph_cache.h"
 #include "runtime/pixels.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The dispatcher of the actions.
 #include "loop/actions.h"
 

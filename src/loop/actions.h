@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a key or a spare mouse button can do, and the dispatcher. The rows are in the screens' table of actions.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The loop of a window that is being moved.
 #include "loop/drag.h"
 

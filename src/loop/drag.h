@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Moving a window by its label: it follows the pointer until the next click.
 #pragma once
 

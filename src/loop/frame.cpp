@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One frame, from the bottom of the picture to its top.
 #include "loop/frame.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One frame of the program: compose the picture, present it, run the jobs that are due.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Crosshairs and cursor. Both work in units: logical pixels, or frame pixels at the zoom factor.
 #include "loop/frame_pointer.h"
 

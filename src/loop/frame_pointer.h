@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pointer on the picture: crosshairs and cursor.
 #pragma once
 

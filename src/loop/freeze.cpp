@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Frozen menus and the colour dropper.
 #include "loop/freeze.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the screens share of the picture: menus frozen behind pop-ups, and the colour under the pointer.
 #pragma once
 

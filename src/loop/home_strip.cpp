@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The strip's layout.
 #include "loop/home_strip.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The strip of buttons over the frame: the slots of the home screen, which every tool and screen brings back.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Events of the pointer, one press or release a frame.
 #include "loop/input_turn.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The turn of the next input event: what the words of pointer and keys say until the next frame.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Place and lines of the inspector.
 #include "loop/inspector.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The colour inspector: the values of the frame pixel under the pointer, beside it. Main thread.
 #pragma once
 

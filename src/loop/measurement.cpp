@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The measurement's key, lines and figures.
 #include "loop/measurement.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The measurement from an anchor to the pointer, as it is started by its key and drawn. Main thread.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pass, and the waits that are made of passes.
 #include "loop/pass.h"
 

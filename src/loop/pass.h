@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A pass of a modal loop, said once as a value: the frame, the keys that answer, quick pan, what a right click does,
 // and the way out. Every loop of the program that waits for the user is written over `run_pass`.
 //

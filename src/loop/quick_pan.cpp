@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The picture of the whole frame and the way from a place on it to the view.
 #include "loop/quick_pan.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Quick pan: the whole frame on the screen, from which the view's new place is picked.
 #pragma once
 

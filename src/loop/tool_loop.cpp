@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The snapped pointer, presses and the measurement, for the loops of the tools.
 #include "loop/tool_loop.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the loops of the tools share: the snapped pointer, presses on the bare canvas, and the measurement that a tool
 // shows.
 #pragma once

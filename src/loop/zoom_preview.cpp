@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window's slots lie above those of the menus and outlive them.
 #include "loop/zoom_preview.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window that shows the frame round the pointer at its true size while the user is zoomed in.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The clipboard's thread, and the main thread's way to it: a job is handed over and waited for.
 #include "platform/clipboard.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The system's clipboard: blocks of bytes by media type, such as "image/png".
 //
 // On X11 the content stays with the program that offers it, which has to answer at any time. So the clipboard has a

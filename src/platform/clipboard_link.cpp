@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The clipboard's connection.
 #include "platform/clipboard_link.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The clipboard's own connection to the X server: its hidden window, atoms, waiting, and properties.
 //
 // A selection passes through properties of windows: one side appends, the other reads and deletes. The rules are those

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Offering content to other programs.
 #include "platform/clipboard_owner.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The side of the clipboard that offers: it owns the selection and answers those who ask for it. Runs on the
 // clipboard's thread.
 #pragma once

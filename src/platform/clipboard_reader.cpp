@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Taking content from another program.
 #include "platform/clipboard_reader.h"
 

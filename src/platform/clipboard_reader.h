@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The side of the clipboard that takes content from another program. Runs on the clipboard's thread.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The machine with a display: Allegro on X11.
 //
 // Beside the main thread Allegro runs one of its own, for events (keys, mouse, the close button); our callbacks on it

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sleeping and waking, by the connection to the display and by an event of our own.
 #include "platform/desktop_rest.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sleep between two frames, which input cuts short. Main thread.
 #pragma once
 

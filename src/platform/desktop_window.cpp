@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window through Allegro: modes, and the presenter.
 //
 // Allegro's `screen` is the shared image of the window itself; Allegro repaints exposed parts from it. So a picture

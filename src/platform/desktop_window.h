@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program's window on the desktop: identity, video mode and the showing of pictures. Main thread.
 #pragma once
 

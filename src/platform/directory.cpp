@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Folders and names: the working directory, case-blind lookup, listing.
 #include "platform/files.h"
 

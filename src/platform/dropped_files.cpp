@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The list of URIs, and the hand-over from the event thread to the main thread.
 #include "platform/dropped_files.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Files that another program drops on the window.
 #pragma once
 

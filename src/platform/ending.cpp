@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Ending on a signal or without a display. Allegro's threads block all signals, so that they reach the main thread
 // only.
 #include "platform/ending.h"

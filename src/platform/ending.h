@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What asks the program to end from outside: signals, and a display that goes away.
 //
 // A system that goes down doesn't wait for the user, and without a display there is none: both set `end_now`, upon

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The system's calls on files, and the words for their failures.
 #include "platform/file_calls.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The calls of the system that read and write the user's files, in one table.
 //
 // Everything that opens, writes, flushes, renames or removes a file of the user goes through it, so that a disk that

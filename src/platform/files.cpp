@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Single files: tests, bounded reading, and replacement by writing beside and renaming.
 #include "platform/files.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Files and folders: case-blind names, listing, and replacement that never harms the old file.
 //
 // Names are UTF-8 and keep their true case on disk. State that holds upper-case names finds its files again through

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The lock lies on the folder itself, so that no file of it can be left behind.
 #include "platform/folder_lock.h"
 

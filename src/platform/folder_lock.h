@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One program a folder.
 #pragma once
 

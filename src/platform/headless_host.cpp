@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The machine without a display: Allegro's bitmaps and files, no timers, no waiting.
 #include "platform/host.h"
 

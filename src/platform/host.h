@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The machine under the program, as a table of calls. The desktop's table drives Allegro on X11; the headless one
 // serves tests and tools, and tests replace single calls to make them fail.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Rings with one writer and one reader each: the writer's count is stored behind the entry.
 #include "platform/input_events.h"
 

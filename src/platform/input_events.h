@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the pointer and the keys did, in the order in which it happened.
 //
 // The callbacks of Allegro append, under its lock; each queue has one reader. A fast mouse reports a thousand positions

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The map from X key codes to scancodes.
 //
 // Allegro's X driver names a key by the symbol on it, so that scancodes move with the user's layout. The program names

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Keys by their place on the keyboard, whatever the user's layout says.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The layout of colours and the encoding of names, the same on every display.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Drives for a system without drives.
 #include "platform/places.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Places where files are: drives by letter and the folders of fonts.
 //
 // The system has no drives. C: stands for its root, H: for the user's home, and the other letters from D: on for the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The executable's folder, from the kernel's link to it.
 #include "platform/program_folder.h"
 

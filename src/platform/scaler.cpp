@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The scaler: one row is widened by a loop of fixed scale, and then copied for the rows below it.
 #include "platform/scaler.h"
 #include "base/sizes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sharp integer scaling of the logical picture into the bitmap that goes to the screen.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Deadlines, and the two ways past them.
 #include "platform/timer_table.h"
 

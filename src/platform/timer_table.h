@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Periodic callbacks and their deadlines, on a clock that is handed in.
 //
 // A timer whose callback nobody waits for doesn't have the clock's thread woken: what its callback would have left is

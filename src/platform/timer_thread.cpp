@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One sleep a deadline.
 #include "platform/timer_thread.h"
 

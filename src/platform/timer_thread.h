@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The thread that runs the timers' callbacks, one after the other, and sleeps until the next one that matters.
 #pragma once
 

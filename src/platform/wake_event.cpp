@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The event as an eventfd.
 #include "platform/wake_event.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An event that ends the sleep of the thread that waits for it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The answers, under Allegro's lock on whichever thread reads the connection. The state below is guarded by that lock.
 #include "platform/window_messages.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What other programs say to our window beside input: the window manager's question whether we are alive, and files
 // that are dragged over the window and dropped on it.
 //

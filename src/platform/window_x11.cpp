@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window beyond Allegro's calls: its class and its icon for the desktop, its events for us. The only unit that sees
 // X11 and Allegro's own X words.
 #include "platform/desktop_window.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Allegro's connection to the display for a block of calls. Its event thread waits meanwhile.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Options and files. Nothing here needs a display.
 #include "program/command_line.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the user has written behind the program's name.
 #pragma once
 

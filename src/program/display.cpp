@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The video mode of config.def and the bitmaps of the screen.
 #include "base/log.h"
 #include "base/run_state.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The user's folder of an installed program. It is the user's own from its first start on.
 #include "program/folders.h"
 

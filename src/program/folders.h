@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The two ways in which the program lives.
 //
 // In a folder of its own: art, settings and work lie beside the executable, and all of it can be moved or copied. Or

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writing the work at the end.
 #include "program/leaving.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The end of the program as its user sees it: the work is written, and where it can't be he is asked.
 #pragma once
 

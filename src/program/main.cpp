@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program's entry: the command line, its folders, the desktop, then the fixed sequence of start-up.
 #include "base/run_state.h"
 #include "platform/files.h"

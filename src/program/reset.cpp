@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The start values of every table. The initialisers in the headers are the values; this is the list of resets.
 #include "program/startup.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The start-up sequence. Each step leans on what the one before it left in the global tables.
 #include "program/startup.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The life of the program: the fixed sequence that brings a bare process to the drawing menu, and the one that ends it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The table of the nine timers.
 #include "program/startup.h"
 #include "runtime/clock.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fields of an actor that only its renderer reads: particles, plasma, splash, glow and waves. The behaviours move
 // them on the timer thread; a reset of the row resets them with it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Grabbing, spawning and destroying of actors.
 #include "runtime/actors.h"
 

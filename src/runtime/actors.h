@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The table of 50 actors: things with a place, a picture and up to four behaviours that run on a timer.
 //
 // The editor owns one live actor, the screen tint that fades the picture in at the start. Rows 0 and 49 are

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The position in the animation, moved by time and not by the frames of the screen.
 #include "runtime/animation.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The frames that make up the animation, and where its playback is.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where the file screens are.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The table of speech bubbles. It is beside the actors, since the end of an actor ends its bubbles.
 #pragma once
 

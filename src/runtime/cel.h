@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where the cel came from and how it was last turned. Its pictures are in store.h.
 #pragma once
 

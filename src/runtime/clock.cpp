@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The counters of the timers.
 #include "runtime/clock.h"
 

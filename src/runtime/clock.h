@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Counters that the timers move and the main thread reads, and the table of timers.
 //
 // The nine callbacks run one after the other on Allegro's timer thread. They move state and draw nothing; they

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The spectrum: the band of colours that gradient inks run along.
 #pragma once
 

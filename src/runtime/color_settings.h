@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the colour screens remember between two openings.
 #pragma once
 

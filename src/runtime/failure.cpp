@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The one place that ends the process early.
 #include "runtime/failure.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Failures that end the program: a message box the user closes, and the way out.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The row of reports that wait for the user.
 #include "runtime/failure_reports.h"
 

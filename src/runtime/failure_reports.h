@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Failures that the program survives, on their way to the user: whoever reads or writes files reports them, and the
 // home screen opens a dialog for each.
 #pragma once

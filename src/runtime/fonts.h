@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The bitmap fonts of the screens, as tables in memory. The vector fonts of the text tool are another matter.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Flags that loops set for the frames to come.
 #pragma once
 

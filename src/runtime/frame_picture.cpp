@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Painting of the frame. Above factor 1 a line of the view is stretched once and copied for each of its screen lines.
 #include "runtime/frame_picture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The frame as the user sees it: background, pixels at the zoom, onion skin, grid and tool overlay.
 #pragma once
 

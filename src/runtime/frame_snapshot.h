@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The values that one frame's picture shows, copied at its start, since the timers go on writing the originals.
 #pragma once
 

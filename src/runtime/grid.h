@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The grid that tools snap to.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The hotkey test: mouse buttons first, then the primary and the alternate key with exact modifiers.
 #include "runtime/hotkeys.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Keys and mouse buttons of every action, and the test whether one is being asked for.
 #pragma once
 

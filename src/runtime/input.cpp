@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Polling of pointer and buttons.
 #include "runtime/input.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pointer and buttons. Only this unit and the test support touch Allegro's own mouse words.
 #pragma once
 

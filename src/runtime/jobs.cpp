@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The job queue. A record is claimed and freed by its `type`, which is written last on both ways.
 #include "runtime/jobs.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The queue that carries work from the timer thread to the main thread.
 #pragma once
 

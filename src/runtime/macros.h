@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Macros: sets of tools, inks, tip and grid that one key puts in place.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The measurement from an anchor to the pointer: a key starts and ends it, and tools show their size with it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Files that the user has handed to the program from outside: on the command line, or dropped on its window.
 #pragma once
 

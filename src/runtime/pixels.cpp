@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Translucent rectangles and sprites, the mix of two colours, and the box shrink.
 #include "runtime/pixels.h"
 

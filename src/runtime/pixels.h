@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Colour arithmetic on pixels and rectangles, exact to the last bit.
 #pragma once
 

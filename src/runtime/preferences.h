@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The user's options. Owner: the options screen; the settings file and the workspace state fill them at start.
 #pragma once
 

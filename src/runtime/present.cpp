@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Frame limiter and presentation.
 #include "runtime/present.h"
 

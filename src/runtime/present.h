@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The presenter: shows the composed picture and sleeps as the frame limiter asks.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // MT19937 with its array seeding, after Matsumoto and Nishimura.
 #include "runtime/random.h"
 

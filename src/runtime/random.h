@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Two Mersenne Twisters (MT19937, Matsumoto and Nishimura 1998): one for the program, one for actors and scripts.
 // Seeded before main; no lock, since a draw out of turn only changes which number comes out.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The values with which the panels of the shape tools open: those that were last accepted.
 #pragma once
 

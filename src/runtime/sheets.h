@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pictures of the program's own: what resource/ holds, and the tiles and pictures made from it at start.
 #pragma once
 

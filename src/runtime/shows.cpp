@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The decision, and what the last picture showed.
 #include "runtime/shows.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Whether the next frame has anything new to show.
 //
 // A frame is composed only when something that shows may have changed. Few owners tell: the input, the table of the

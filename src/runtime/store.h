@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The frame in memory: its bitmaps, the sheets that travel with a workspace, and the numbers of the frame store.
 #pragma once
 

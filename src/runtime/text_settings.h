@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the text tool writes, and in which font.
 #pragma once
 

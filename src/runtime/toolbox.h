@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the user draws with: the slots of the drawing menu, colours, tip, and the options of every tool and ink.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The view's arithmetic. Each axis is worked out by itself; divisions truncate toward zero.
 #include "runtime/view.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where the user looks at the frame.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One row an action.
 #include "screens/action_table.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The table of everything that a key or a spare mouse button can do.
 #pragma once
 

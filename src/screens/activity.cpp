@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The activity columns as tables of entries.
 #include "screens/activity.h"
 

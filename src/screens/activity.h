@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The four columns of the drawing menu: FRAME, PIC, CEL and USER.
 #pragma once
 

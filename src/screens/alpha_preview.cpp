@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Only what the screen can show is blended, and again when the view moves, so that large frames come up at once.
 #include "screens/alpha_preview.h"
 

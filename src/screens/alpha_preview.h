@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The frame as it will look with its alpha channel, on the checker pattern.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Animations between the frames and files: GIF, animated PNG, and all pictures side by side on a sheet.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pictures of a file on their way to frames.
 #include "gui/build.h"
 #include "imagefile/apng.h"

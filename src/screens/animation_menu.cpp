@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The loop of the animation screen, and what CANCEL gives back.
 #include "screens/animation_menu.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The animation's frames, their delays and its speed.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tagged frames on their way into a file.
 #include "gui/build.h"
 #include "imagefile/apng.h"

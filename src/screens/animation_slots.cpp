@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Two strips of thumbnails: all frames, to be tagged by clicks, and the tagged ones with the delays between them.
 #include "screens/animation_slots.h"
 

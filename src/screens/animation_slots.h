@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The slots of the animation screen: the strip of all frames, the strip of the tagged ones, and the delays between
 // them.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Rows, folders and names.
 #include "screens/browser_listing.h"
 

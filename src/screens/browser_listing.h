@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The folder that the file browser shows: its rows, the way into other folders, and the files that names stand for.
 //
 // A row shows a name in upper case and keeps the true one beside it, so that a click always means the file that was

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Places and homes.
 #include "screens/browser_places.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the file browser goes from place to place: path field, drives, fonts, home.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Rows of the slots, and the buttons that change.
 #include "screens/browser_slots.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window of the file browser: its slots and what they show.
 #pragma once
 

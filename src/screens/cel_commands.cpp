@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Cel operations started from the drawing menu.
 #include "screens/cel_commands.h"
 

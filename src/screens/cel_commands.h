@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The cel operations as commands of columns and keys.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The buttons work on a scratch copy; the working copy of the cel shows it in the middle of the view.
 #include "screens/cel_transform.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The screen that flips, mirrors and turns the cel.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One layout and one loop for both menus; what differs is in two rows.
 #include "screens/choice_menu.h"
 

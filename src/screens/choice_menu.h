@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The brush tool menu and the ink menu: what the six slots of each hold, and the options of what is chosen.
 #pragma once
 

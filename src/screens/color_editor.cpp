@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The shared slots, and how clicks on them and sliders reach the colour.
 #include "screens/color_editor.h"
 

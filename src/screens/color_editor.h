@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the colour menu and the favourites menu share: ten favourites, the spectrum, sliders and a map, all round one
 // colour that is edited in place.
 #pragma once

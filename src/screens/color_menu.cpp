@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tabs and variance cells; the rest is the colour editor's.
 #include "screens/color_menu.h"
 

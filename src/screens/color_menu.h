@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The colour menu: where a colour is made, in four colour spaces, for the brush, the mask or another screen.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The commands on frames, colours and view that need no screen of their own.
 #include "screens/commands.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Commands that columns and keys share: each does its work over the drawing menu and leaves it built.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The confirmation dialog.
 #include "screens/dialogs.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program's one question to the user.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From a file's name to the routine that loads or saves it.
 #include "screens/dispatch.h"
 

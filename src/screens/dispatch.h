@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Files on their way into and out of the frame: which routine of which format, and what becomes of the alpha channel.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The loop that reads the strip's events.
 #include "screens/draw_menu.h"
 

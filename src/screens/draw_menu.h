@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The home screen: one strip of buttons over the frame, from which everything else opens.
 #pragma once
 

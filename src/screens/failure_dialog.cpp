@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Both dialogs are one window of three lines; the home strip stands frozen behind it.
 #include "screens/failure_dialog.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The dialogs of failures that the program survives: what, where and why.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The failure panel.
 #include "screens/failure_panel.h"
 

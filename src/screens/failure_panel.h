@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The failure panel: black, with red sides, over whatever menu is open.
 #pragma once
 

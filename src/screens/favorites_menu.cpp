@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The palette, its scrolling, its files and its clearing; the rest is the colour editor's.
 #include "screens/favorites_menu.h"
 

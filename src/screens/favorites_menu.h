@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The favourites menu: a palette of 256 colours beside the editor of the brush colour.
 #pragma once
 

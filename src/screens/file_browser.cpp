@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The browser's loop: clicks on the list, fields and buttons, and what OKAY does.
 #include "screens/file_browser.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The file browser: the one screen that chooses files to load and to save.
 #pragma once
 

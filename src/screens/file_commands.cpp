@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the frame's files and the clipboard need around them.
 #include "screens/file_commands.h"
 

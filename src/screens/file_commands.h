@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Commands that bring pictures in and out of the frame: files and the clipboard.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Copying and pasting of the frame.
 #include "screens/frame_clipboard.h"
 

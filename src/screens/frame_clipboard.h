@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The frame and the system's clipboard.
 #pragma once
 

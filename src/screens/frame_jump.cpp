@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Five rows of seven cells; the base frame is in the middle one.
 #include "screens/frame_jump.h"
 

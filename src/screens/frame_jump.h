@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Frame jump: the thumbnails round the current frame while a key is held.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The frame's place while another picture is in it.
 #include "screens/frame_loan.h"
 

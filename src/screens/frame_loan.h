@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Another picture in the frame's place, to be looked at only.
 //
 // Previews show a picture by putting it in the place of `frame_bitmap`. Meanwhile the frame is kept here and no action

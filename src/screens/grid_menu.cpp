@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Four fields that write through while their numbers are good, the switch, and the opacity.
 #include "screens/grid_menu.h"
 

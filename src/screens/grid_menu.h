@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The grid screen: pitch, offset and opacity of the snap grid.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Topics on the left, the page of the chosen one on the right.
 #include "screens/help_menu.h"
 

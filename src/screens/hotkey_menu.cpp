@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The list of actions, the cells of their keys, and the question about doubles.
 #include "screens/hotkey_menu.h"
 

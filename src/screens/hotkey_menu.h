@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The hotkey screen: a primary and an alternate key for every action.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Slider, VIEW, OKAY, CANCEL; the picture goes through the codec in memory.
 #include "screens/jpeg_quality.h"
 

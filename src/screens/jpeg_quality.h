@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The quality dialog of a JPEG, with its preview on the frame itself.
 #pragma once
 

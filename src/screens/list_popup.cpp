@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The list that pops up over a screen.
 #include "screens/list_popup.h"
 

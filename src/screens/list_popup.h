@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A short list that pops up over a screen, for one choice.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The macro screen. It edits a copy of the eight records, which OKAY stores.
 #include "screens/macro_menu.h"
 

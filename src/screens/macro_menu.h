@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Macros: running one, and the screen that edits the eight of them.
 #pragma once
 

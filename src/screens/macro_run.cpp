@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A macro put in place.
 #include "base/log.h"
 #include "draw/grid.h"

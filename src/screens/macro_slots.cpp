@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Layout and contents of the macro screen.
 #include "screens/macro_slots.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The slots of the macro screen, and how they show a record.
 #pragma once
 

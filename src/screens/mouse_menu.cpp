@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Buttons and their functions.
 #include "screens/mouse_menu.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The mouse button screen: what each button does.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pictures to frames, workspaces over a question.
 #include "screens/opened_files.h"
 

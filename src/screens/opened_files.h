@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Files from outside on their way into the workspace.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The build of the options area, by the rows of the options.
 #include "screens/option_widgets.h"
 

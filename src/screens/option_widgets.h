@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The widgets that set the options of a tool or an ink.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The list, the widgets of the rows in view, and what CANCEL, DEFAULTS and the end of the screen do.
 #include "screens/options_menu.h"
 

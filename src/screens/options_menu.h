@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The options screen: everything that the user may prefer, in one scrolling table.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rows of the options screen.
 #include "screens/options_table.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The options of the program as a table: one row serves the build of its widgets, DEFAULTS and CANCEL.
 #pragma once
 

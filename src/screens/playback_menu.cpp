@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The transport buttons, and the showing of the frame that the tick has come to.
 #include "screens/playback_menu.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Playback of the animation.
 #pragma once
 

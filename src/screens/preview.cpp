@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loading, fitting and the messages.
 #include "screens/preview.h"
 

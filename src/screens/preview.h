@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The small picture of the selected file in the browser.
 #pragma once
 

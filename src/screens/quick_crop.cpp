@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Two clicks under a message each.
 #include "screens/quick_crop.h"
 

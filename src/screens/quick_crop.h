@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Cropping the frame by hand.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A window with one slider that lives while the key is held.
 #include "screens/quick_slider.h"
 

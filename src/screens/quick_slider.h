@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The option keys: flip or slide the first option of the current tool or ink.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Watching the keyboard for a new key.
 #include "screens/remap_dialog.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The dialog that takes a new key.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Anchors, fields and the percentage, and what OKAY makes of them.
 #include "screens/resize_menu.h"
 

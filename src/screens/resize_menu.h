@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The resize screen: another size for the current frame.
 #pragma once
 

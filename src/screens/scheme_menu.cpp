@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The scheme editor. Only the GUI sheet follows the swatches: the screens keep their colours until OKAY.
 #include "screens/scheme_menu.h"
 

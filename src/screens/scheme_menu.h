@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The colour scheme editor: ten swatches, and a preview in which they are tried out.
 #pragma once
 

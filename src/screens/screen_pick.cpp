@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Picking from the screen.
 #include "screens/screen_pick.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Colours that the user points at on the screen: one for a cell, or the two ends of the spectrum.
 //
 // Menus below stay visible and can be picked from; their buttons take no clicks meanwhile.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The slider of the animation's speed, which two screens have.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Six fields and three swatches. Their slots lie above those of the colour menu, which runs while they are hidden.
 #include "screens/sprite_sheet_menu.h"
 

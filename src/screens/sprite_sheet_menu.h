@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sprite sheet screen: makes the frame an empty grid of sprite cells.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sliders, the preview of what is on the screen, and the two ways out.
 #include "screens/tint_menu.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The screen that shifts hue, lightness and saturation of the current frame, with a live preview on the frame itself.
 #pragma once
 

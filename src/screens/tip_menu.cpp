@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // 36 tips, the custom tip, and the taking of a custom tip from the frame.
 #include "screens/tip_menu.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The workspace menu.
 #include "screens/workspace_menu.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Workspace management: title and notes, and the workspace as a whole into a file, out of one, or anew.
 #pragma once
 

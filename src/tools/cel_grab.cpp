@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The two ways to take a cel.
 #include "tools/cel_grab.h"
 

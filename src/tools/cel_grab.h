@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Taking a cel: by two corners, or by all that isn't background.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Dragging and anchoring the cel, and the window of what is offscreen.
 #include "tools/cel_loop.h"
 

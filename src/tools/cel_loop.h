@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the loops of the cel operations share.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The floating cel, moved by clicks and anchored by a right one.
 #include "tools/cel_paste.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Putting a cel back: paste, paste below, and pictures that come in as a one-off cel.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A corner, then a size that follows the mouse until a click.
 #include "tools/cel_stretch.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pasting the cel stretched between two corners, turned over where they run backwards.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The centre, then the panel of the angle.
 #include "tools/cel_turn.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pasting the cel turned by an angle that a slider sets, about a centre that the user clicks.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The outline drawn freehand.
 #include "tools/freehand_shape.h"
 

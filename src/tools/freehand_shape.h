@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "FSHAPE": an outline drawn by hand, closed when the button is released.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What run_frame draws of a grab is in `cel_work`; this is its scope.
 #include "tools/grab_marker.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The marker of a rectangle that the user is grabbing on the frame.
 #pragma once
 

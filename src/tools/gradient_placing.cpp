@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The loop in which they are taken, carried and put down by clicks.
 #include "tools/gradient_placing.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Placing the nodes of a gradient ink on the frame.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Grab, fill the gap, float, anchor.
 #include "tools/move.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "MOVE": lifts a rectangle off the frame and puts it down elsewhere, through the machinery of the cels.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From a tool's call to its geometry.
 #include "tools/operation.h"
 

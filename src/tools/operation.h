@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Running a tool's operation on the frame: undo, coverage, and the geometry of the tool's row.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The loop in which the mouse sets its second axis.
 #include "tools/oval_tool.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "OVAL": an ellipse between two axes that the mouse sets.
 #pragma once
 

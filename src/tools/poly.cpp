@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The corners of a polygon.
 #include "tools/poly.h"
 

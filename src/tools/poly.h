@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "POLY": an outline set corner by corner.
 #pragma once
 

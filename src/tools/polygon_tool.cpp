@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The panel over the canvas.
 #include "tools/polygon_tool.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "R.POLY": a regular polygon: the panel of sliders and its loop.
 #pragma once
 

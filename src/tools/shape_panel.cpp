@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The loop of the panels.
 #include "tools/shape_panel.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The panel of a shape tool: sliders over the canvas, OKAY and CANCEL, and a shape that can be dragged meanwhile.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The panel over the canvas, and the drag of the whole spiral.
 #include "tools/spiral_tool.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "SPIRAL": the panel of sliders and its loop.
 #pragma once
 

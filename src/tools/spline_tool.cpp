@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The loops in which the nodes are set and moved.
 #include "tools/spline_tool.h"
 

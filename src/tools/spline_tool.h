@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "SPLINE": the loops in which the nodes of the curve are set and moved.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The loops of the strokes that follow the mouse.
 #include "tools/stroke_tools.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "DRAW", "DRIZ." and "SPRAY": strokes that follow the mouse until the left button is up.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "SSHAPE": the superformula: the panel of sliders and its loop.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window, its loop, and the text that sticks to the pointer.
 #include "tools/text_tool.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The text tool: one line of text over the frame, with its window.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rows of the tools, and the way from a press to one of them.
 #include "tools/tools.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The table of tools: one row each.
 #pragma once
 

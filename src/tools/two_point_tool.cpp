@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rubber band, and the flow of the two-point tools.
 #include "tools/two_point_tool.h"
 

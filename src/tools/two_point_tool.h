@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "LINE", "BOX" and "CIRCLE": a click, a dashed shape that follows the mouse, and a second click.
 #pragma once
 

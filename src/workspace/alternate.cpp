@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The second workspace, and the exchange with it.
 #include "workspace/alternate.h"
 

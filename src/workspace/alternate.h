@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A second complete set of files in the store, which becomes the workspace when the first has no state file. Nothing
 // in the program writes it: it is put there from outside. The working directory must be the store's.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Packing a workspace into one file, and taking it out again.
 #include "workspace/archive.h"
 

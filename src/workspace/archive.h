@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A whole workspace in one file, by custom with the extension .WSP: for transport or keeping.
 //
 // "kWSP", title and notes with a length byte each, the number of frames, and then as blocks of a length word and that

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The window with the bar of an archive on its way.
 #include "workspace/archive_progress.h"
 

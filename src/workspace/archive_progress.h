@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The small window that shows how far an archive or an animation has come.
 #pragma once
 

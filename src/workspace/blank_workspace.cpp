@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How a workspace begins: a blank frame, a blank cel and fresh options.
 #include "workspace/blank_workspace.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A workspace as it is before anything has been drawn.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Changes of several files: staged, decided by one rename, applied, finished at the next start.
 #include "workspace/change_set.h"
 

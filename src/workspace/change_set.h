@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Changes of several files of the workspace that happen all or not at all, whatever ends the program between them.
 //
 // The new files are made whole under names of their own ("next.007" for "current.007"). Then a record of what is to be

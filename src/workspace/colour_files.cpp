@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Both kinds are three letters and then the colours, each a big-endian word.
 #include "workspace/colour_files.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Colours as files of the user's: a scheme of the interface, or the extended favourites.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The custom tip's file.
 #include "workspace/custom_tip.h"
 

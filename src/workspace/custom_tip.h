@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The custom brush tip: 16 x 14 pixels of the tip sheet, kept in a file of its own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Words of state by reference, as tagged files read and write them.
 #include "workspace/field.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A variable of the program's state, as a tagged file sees it: a row of words.
 #pragma once
 

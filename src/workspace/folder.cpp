@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Names of the workspace's files, and the way into its folder.
 #include "workspace/folder.h"
 

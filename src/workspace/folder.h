@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The store's folder and the names of the files in it.
 //
 // WORKSPACE lies below the program's folder; one that is missing is made. Whoever works on the store enters it for the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The frames of an animation in memory.
 #include "workspace/frame_cache.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The frames of the animation as bitmaps in memory, so that playback never waits for the disk.
 //
 // A bitmap belongs to one of 100 cache slots; a frame refers to a slot. The cache outlives the playback screen and is

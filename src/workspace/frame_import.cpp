@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Files first, by one set of changes, then the tables of the program.
 #include "workspace/frame_import.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pictures that become frames behind the last one, all of them or none.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Frames are renumbered in the tables of the program and on disk, there by one set of changes with the tables' own
 // files: a run that fails or is cut short leaves the old order or the new one.
 #include "workspace/frame_order.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Adding frames to a workspace and taking them out.
 #pragma once
 

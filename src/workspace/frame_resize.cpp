@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Each way in which the pictures of the old frame come into the new one works on frame and alpha alike.
 #include "workspace/frame_resize.h"
 

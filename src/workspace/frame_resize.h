@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Other sizes for the current frame: scaled, placed by an anchor, or cut out. Main thread.
 //
 // The restoration copy keeps the old size, so that RESTORE brings it back. A size that can't be had is refused with a

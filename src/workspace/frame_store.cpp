@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fetching, committing and exchanging the live frame.
 #include "workspace/frame_store.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The frames of a workspace: one in memory, all others on disk as `current.NNN`.
 //
 // The files 0 to frame_count - 1 exist without gaps, and their numbering is the order of the frames. The file of the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Renumbering in memory, and the way back.
 #include "workspace/frame_tables.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What belongs to a frame in the tables of the program, by its number: view, thumbnail, tag and delay of the animation.
 // It follows the frame's file when that gets another number. Main thread.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Records of the journal: making them, and laying them over a picture.
 #include "workspace/journal_file.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The journal of a frame: what has been painted since the frame's file was written, in records that are only appended.
 //
 // "journal.007" belongs to "current.007", and to no other file of that name: its head has the size and the checksum of

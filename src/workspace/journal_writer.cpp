@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Batches of records on their way to the disk.
 #include "workspace/journal_writer.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The file of one frame's journal, as the thread of running work writes it.
 #pragma once
 

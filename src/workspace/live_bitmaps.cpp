@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One exchange for everything that gives the frame a new size.
 #include "workspace/live_bitmaps.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // New live bitmaps of the current frame, made apart so that the old ones stay until all of them exist.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Frame and alpha picture to one picture and back.
 #include "workspace/merged.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Between the two pictures of the current frame and its merged form, in which it lies on disk.
 //
 // A merged pixel has its colour in the low 24 bits and its alpha in the top byte, 255 opaque. In memory colour and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How this folder asks the screens to tell the user something that needs an answer.
 #pragma once
 

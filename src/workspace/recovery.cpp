@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What an earlier run has left in journals, found at the next start.
 #include "base/log.h"
 #include "base/run_state.h"

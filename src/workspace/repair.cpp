@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Missing and damaged files, made anew.
 #include "workspace/repair.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a workspace misses, made anew: the containers of cel, thumbnails and custom tip, and frames that can't be read.
 #pragma once
 

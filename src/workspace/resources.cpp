@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The fixed pictures of the program, and what is made from them at start.
 #include "workspace/resources.h"
 

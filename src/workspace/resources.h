@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the program brings in from resource/ at start: pictures, tips, palette, fonts and the outline library. The
 // bitmaps are in `sheets`, the tips in `store`, the fonts in `font_table`. Main thread, before the timers.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Splitting the restoration copy into new live bitmaps.
 #include "workspace/restore.h"
 

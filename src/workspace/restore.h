@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The restore command: back to the frame as it was fetched.
 #pragma once
 

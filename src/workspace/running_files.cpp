@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Looking for what has changed, by content where that is small and by stamp where it isn't.
 #include "workspace/running_files.h"
 

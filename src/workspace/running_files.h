@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The small files that follow the work while it is done: the state, the user's settings, the cel, the custom tip.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The thread that writes running work, and what the main thread hands it.
 #include "workspace/running_work.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Work goes to disk while it is done: every finished stroke within a second, everything else that belongs to the
 // workspace or the user within five.
 //

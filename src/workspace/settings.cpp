@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rows of the user's settings, their defaults, and their file.
 #include "workspace/settings.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What belongs to the user rather than to a workspace: options, keys, buttons, colour scheme and macros, in
 // resource/user.def.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Cells in rows and columns.
 #include "workspace/sprite_sheet.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A frame that is an empty grid of sprite cells.
 #pragma once
 

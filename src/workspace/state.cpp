@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The state of a workspace: reading, repair of its values, writing.
 #include "workspace/state.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The state of a workspace: everything that belongs to it and is not pixels, in WORKSPACE/current.spa.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tags of a workspace's state: one row each, for reader, writer and test.
 #include "base/run_state.h"
 #include "draw/ink_rows.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tagged files on disk.
 #include "workspace/tag_files.h"
 

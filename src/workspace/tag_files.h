@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tagged files on disk: written beside and renamed, and kept beside when they can't be read whole.
 #pragma once
 

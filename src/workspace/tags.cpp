@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Records of tagged files in memory.
 #include "workspace/tags.h"
 

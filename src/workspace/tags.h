@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tagged files: plain sequences of records, without a head and without a version.
 //
 // A record is four big-endian words, the marker 0xDEADBEEF, the tag, a minor number and a count, and then its payload,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loading, and the way back to the program's own font.
 #include "workspace/text_font.h"
 

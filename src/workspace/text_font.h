@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The font of the text tool: loaded by name, and set up again with a workspace.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sheet of thumbnails.
 #include "workspace/thumbnails.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sheet of thumbnails: one cell a frame.
 #pragma once
 

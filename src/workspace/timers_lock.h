@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The process lock for the time of a block.
 #pragma once
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Makes the picture fixtures of this folder with other programs' encoders: netpbm and ImageMagick.
 
 They are kept in the repository; this runs only when one is added. Every picture follows level(), which the tests

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The clipboard with another program, xclip: copy and paste, small and in pieces, and others that misbehave.
 . "$(dirname "${BASH_SOURCE[0]}")/story.sh"
 start_display 640x480

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // clipboard_probe: copies and pastes pictures as the editor does, by commands on standard input, one a line:
 //   copy FILE.PNG    answers "copied" or "failed"
 //   paste FILE.PNG   saves what is on the clipboard; answers "W x H" or "empty"

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Pictures in and out by real mouse and keys: saved and loaded in the browser, copied and pasted with another program.
 . "$(dirname "${BASH_SOURCE[0]}")/story.sh"
 start_display 1300x1000

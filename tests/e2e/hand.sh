@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Real events faster than frames: a press that comes with its motion, a release in motion, a click of no length, a fast
 # circle. Each is one call of xdotool without a pause in it.
 . "$(dirname "${BASH_SOURCE[0]}")/story.sh"

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The program as an administrator installs it: its user can't write where it lies, and has a folder of his own.
 . "$(dirname "${BASH_SOURCE[0]}")/story.sh"
 install_program() { cmake --install "$(dirname "$delivered")" --prefix "$scratch/usr" >/dev/null; }

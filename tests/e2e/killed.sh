@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The program killed a second after a stroke, and with a stroke in hand: the next start shows the picture, says so, and
 # brings the committed one by RESTORE. An idle program writes nothing.
 . "$(dirname "${BASH_SOURCE[0]}")/story.sh"

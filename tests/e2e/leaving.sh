@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # The close button while a screen is open: the first press waits for the user, the second doesn't; a signal ends the
 # program out of a tool. The work is kept each time.
 . "$(dirname "${BASH_SOURCE[0]}")/story.sh"

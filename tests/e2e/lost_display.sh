@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # A display that goes away ends the program, and the work is kept: whatever paces the frames, also with a menu open.
 . "$(dirname "${BASH_SOURCE[0]}")/story.sh"
 start_display 1300x1000

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Files handed to the program: on its command line and dropped on its window.
 . "$(dirname "${BASH_SOURCE[0]}")/story.sh"
 kelu=$app/kelu

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Start, stroke, undo, stroke, quit by the close button, start again: the same picture. Then quit by Shift+Q on another
 # keyboard layout.
 . "$(dirname "${BASH_SOURCE[0]}")/story.sh"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // send_close WINDOW: presses the close button of a window, as a window manager would.
 #include <cstdlib>
 #include <X11/Xlib.h>

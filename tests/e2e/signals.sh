@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # A signal to end keeps the work, also while a menu is open that waits for its user.
 . "$(dirname "${BASH_SOURCE[0]}")/story.sh"
 start_display 1300x1000

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # What stops the start, and the modes that a small desktop allows.
 . "$(dirname "${BASH_SOURCE[0]}")/story.sh"
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What the stories share: story.sh is sourced first. Arguments of a story: the program's folder, the folder of tools.
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)

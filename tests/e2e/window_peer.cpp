@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Another program's side of the window's messages: a window manager's ping, and files dragged and dropped.
 //
 //   window_peer WINDOW ping           0 when the answer comes within two seconds

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes for the reader of PNG animations.
 #include "imagefile/apng.h"
 

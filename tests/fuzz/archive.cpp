@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as an archive, loaded over a small workspace: afterwards there is a frame to paint on.
 #include "workspace/archive.h"
 #include "../support/temporary_folder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes for the BMP reader.
 #include "imagefile/bmp.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs a fuzz target without libFuzzer, so that any compiler's sanitizers can watch it: driver SECONDS FOUND [CORPUS
 // ...]
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes for the GIF reader.
 #include "imagefile/gif.h"
 

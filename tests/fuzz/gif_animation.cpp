@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes for the reader of animated GIFs.
 #include "imagefile/gif_animation.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes for the ICO reader.
 #include "imagefile/ico.h"
 

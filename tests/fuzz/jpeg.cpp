@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes for the JPEG reader.
 #include "imagefile/jpeg.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes for the LBM reader.
 #include "imagefile/lbm.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes for the PCX reader.
 #include "imagefile/pcx.h"
 

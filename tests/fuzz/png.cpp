@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes for the PNG reader.
 #include "imagefile/png.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the fuzz targets of picture readers share: Allegro without a display, and the run over one input.
 #pragma once
 

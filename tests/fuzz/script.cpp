@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as the body of a compiled script, and any text as the source of one, for some hundred ticks.
 #include "framework/script.h"
 #include "base/run_state.h"

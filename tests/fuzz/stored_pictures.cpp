@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as a frame's TGA and as a container's BMP. What is read can be looked at to its last pixel.
 #include "imagefile/bmp.h"
 #include "imagefile/tga.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as a workspace's state and as the user's settings: whatever they hold, every word stays in its range.
 #include "platform/host.h"
 #include "workspace/settings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes for the TGA reader.
 #include "imagefile/tga.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Animations between the frames and files, by mouse and keys: what is asked, what is told, and that nothing is lost.
 #include "imagefile/apng.h"
 #include "imagefile/formats.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The animation's two screens: tags, delays and speed, and the playback that nothing of reaches the frame.
 #include "runtime/animation.h"
 #include "screens/animation_slots.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Cels by mouse: grabbing, dragging, anchoring, and the tool that lifts a piece of the frame.
 #include "draw/ink_rows.h"
 #include "draw/touched.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The brush tool, ink and tip menus and the option keys, by mouse and keys.
 #include "support/screen_session.h"
 #include <string>

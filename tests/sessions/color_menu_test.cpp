@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The colour screens by mouse: the colour menu in its four spaces, the favourites, and picks from the screen.
 #include "colour/band.h"
 #include "colour/spaces.h"

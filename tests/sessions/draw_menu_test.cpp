@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The home screen as a person uses it: buttons, colours, columns, dialogs, hiding, dragging, keys.
 #include "draw/operation.h"
 #include "loop/actions.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tools under a queue of events: presses act where they were, and strokes pass through every reported position.
 #include "draw/tool_input.h"
 #include "draw/touched.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The failure panel over an open menu.
 #include "loop/home_strip.h"
 #include "screens/failure_panel.h"

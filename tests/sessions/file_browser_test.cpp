@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The file browser by mouse and keys: what a click, a name and a place stand for, and what is asked before a file goes.
 #include "gui/build.h"
 #include "imagefile/formats.h"

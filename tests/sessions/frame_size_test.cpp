@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The screens that change the frame's geometry, walked by mouse and keys: resize and crop, sprite sheet, grid.
 #include "draw/undo.h"
 #include "gui/build.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The actor layer in the running program: the fade at the start, a script that speaks, fades and waits, and waits of
 // the main thread on actors.
 #include "framework/animation.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The nodes of the gradients by mouse and key.
 #include "draw/gradient.h"
 #include "draw/preview.h"

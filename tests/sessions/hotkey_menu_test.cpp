@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The hotkey screen, its remap dialog, and the mouse button screen, by mouse and keys.
 #include "support/screen_session.h"
 

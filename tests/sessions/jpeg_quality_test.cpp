@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The quality dialog of a JPEG: the preview on the frame, and what OKAY and CANCEL leave.
 #include "loop/actions.h"
 #include "runtime/browser_state.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rule of leaving, in every screen and tool: the first request to end the program waits until the user has left
 // what is open, a click acts once meanwhile; the second request doesn't wait, and gives up what isn't committed.
 #include "support/screen_session.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Macros: the screen by mouse and keys, and what running one changes.
 #include "runtime/macros.h"
 #include "screens/macro_menu.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Files from outside: pictures behind the last frame, a workspace over a question, and what can't be opened.
 #include "imagefile/png.h"
 #include "platform/dropped_files.h"

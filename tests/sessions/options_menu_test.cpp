@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The options screen: its rows as they scroll, what acts at once, DEFAULTS, CANCEL, and what its end brings about.
 #include "draw/undo.h"
 #include "screens/options_table.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Strokes with "DRAW" and "OPAQUE" by mouse, and the three ways back by key.
 #include "base/version.h"
 #include "draw/operation.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a tool shows before it is committed are the pixels that it commits, at every zoom and pan.
 #include "draw/ink_rows.h"
 #include "draw/preview.h"

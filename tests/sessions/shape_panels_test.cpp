@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tools with a panel, from the first click to OKAY or CANCEL.
 #include "draw/polygon.h"
 #include "draw/preview.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Frames are composed for a reason only, and for every one. That nothing is missed is checked in all sessions.
 #include "support/screen_session.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The text tool by mouse and keys, its fonts from the browser, and the font that a start finds.
 #include "draw/placed_text.h"
 #include "draw/preview.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program with its ticks on a real thread: strokes, menus and the way out, for ThreadSanitizer to watch.
 #include "draw/operation.h"
 #include "support/frames.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tint screen: its live preview, and what OKAY and CANCEL leave.
 #include "colour/tint.h"
 #include "loop/actions.h"

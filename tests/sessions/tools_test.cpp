@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tools by mouse, from the first click to the last.
 #include "draw/oval.h"
 #include "draw/preview.h"

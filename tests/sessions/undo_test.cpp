@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every tool, every ink and every command that changes the frame, as the user starts them: what a writer doesn't report
 // is missing in the stroke source, and what undo brings back is the picture of before.
 #include "draw/touched.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The end of the program while its work can't be written: the user tries again, stays, or leaves without.
 #include "gui/text.h"
 #include "imagefile/tga.h"

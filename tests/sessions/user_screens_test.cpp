@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What hangs under USER beside options, keys and buttons: scheme editor, help, about box, workspace menu.
 #include "gui/text_colours.h"
 #include "runtime/sheets.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Looking and moving: zoom, quick pan, frame jump, zoom preview, measurement, inspector and alpha preview.
 #include "runtime/measure.h"
 #include "support/frames.h"

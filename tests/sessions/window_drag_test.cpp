@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A window that is moved by its label, in the whole program.
 #include "gui/build.h"
 #include "support/screen_session.h"

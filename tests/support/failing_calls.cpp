@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The table of calls that count and fail.
 #include "support/failing_calls.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The calls on files with a failure at the n-th of them, or the end of the process there.
 #pragma once
 

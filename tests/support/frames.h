@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A workspace of several frames that tell themselves apart, its files, and keys tapped one after the other.
 #pragma once
 

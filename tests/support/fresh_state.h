@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every table of the program on its start values, before and after a test.
 #pragma once
 

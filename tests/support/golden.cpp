@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Comparison with a kept picture.
 #include "support/golden.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pictures that were looked at once and are kept: tests compare what the program draws with them.
 //
 // A mismatch leaves NAME.actual.png and NAME.diff.png in golden/ of the build folder. With KELU_ACCEPT=1 in the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One operation on a small frame, for tests of inks.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program's log, opened in a folder of its own for the time of a test and read back line by line.
 #pragma once
 

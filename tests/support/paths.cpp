@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The build hands its folders to this unit alone, so that every other object is the same wherever it is built.
 #include "support/paths.h"
 

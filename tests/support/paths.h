@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Folders that tests read: fixtures, golden pictures, and the program's folder that the build has made.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fixture formulas, comparisons, and decoding by another program.
 #include "support/pictures.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pictures for the tests of the picture formats: what the fixtures in tests/data show, and the eyes of another program.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Text to pixels and back.
 #include "support/pixel_text.h"
 

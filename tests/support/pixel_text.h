@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Small pixel grids as text, for tests: one letter a pixel, one string a line.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How a failed test shows a point.
 #pragma once
 

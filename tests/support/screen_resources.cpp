@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loading from the build's program folder.
 #include "support/screen_resources.h"
 

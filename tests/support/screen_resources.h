@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program's own fonts, palette, sheets and tips, for tests that draw without starting the program.
 #pragma once
 

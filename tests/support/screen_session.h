@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What nearly every session on a screen looks at, and the small steps that they have in common.
 #pragma once
 

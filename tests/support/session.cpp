@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The two threads of a session, their turns, and the virtual clock.
 #include "support/session.h"
 

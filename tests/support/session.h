@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The whole program in a test, without a display and without chance.
 //
 // A session makes a folder with the program's resources, starts the program on a thread of its own and lets it run

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A folder for the time of a test, entered at the start and removed with all that it holds at the end.
 #pragma once
 

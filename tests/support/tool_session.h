@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A session with one tool in hand, and what its tests look at.
 #pragma once
 

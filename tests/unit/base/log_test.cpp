@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The log's own format language, and angles and distances.
 #include "base/log.h"
 #include "base/maths.h"

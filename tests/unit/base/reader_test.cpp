@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The bounded reader and the byte writer.
 #include "base/reader.h"
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Folds, bands and ends of the spectrum.
 #include "colour/band.h"
 

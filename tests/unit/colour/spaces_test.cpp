@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The conversions there and back, and worked values where truncation decides.
 #include "colour/spaces.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Shifts of single colours, and the area that a preview touches.
 #include "colour/tint.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The cel as a picture, where it is drawn, and what it leaves in the frame.
 #include "draw/cel.h"
 

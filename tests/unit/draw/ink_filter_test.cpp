@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Inks that look at neighbours: worked values in the middle and in the corner, and their rules on small pictures.
 #include "support/ink_test.h"
 

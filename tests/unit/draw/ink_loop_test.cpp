@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The loops that carry an ink over a tip, a span and a picture: clipping, order, and that all of them are the one-pixel
 // form, for every ink.
 #include "support/golden.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Inks that paint a pattern anchored to the frame: gradients at both sides of their nodes, and the cel as a texture.
 #include "draw/gradient.h"
 #include "support/ink_test.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Inks that change one pixel by a formula: each against values worked out apart from the program, at two
 // strengths and tip values 0, 1, 100, 199 and 200, and by the rules of the coverage.
 #include "support/ink_test.h"

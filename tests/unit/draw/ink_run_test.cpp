@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Inks that work on runs do to whole pictures what their one-pixel form does, at all strengths.
 #include "draw/cel.h"
 #include "draw/cel_render.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The outlines of the shape tools as lists of points.
 #include "draw/oval.h"
 #include "draw/polygon.h"

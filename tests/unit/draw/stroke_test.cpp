@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Choice of dabs and drops.
 #include "draw/stroke.h"
 #include "runtime/random.h"

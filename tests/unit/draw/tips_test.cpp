@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Cells of the tip sheet, and what the pointer takes from them.
 #include "draw/tips.h"
 

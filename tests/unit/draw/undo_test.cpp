@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The queues against the pictures of each step, and against queues of whole copies.
 #include "draw/undo.h"
 

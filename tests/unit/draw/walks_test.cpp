@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pixels of lines, discs, outlines, areas and colours.
 #include "draw/fill.h"
 #include "draw/point_list.h"

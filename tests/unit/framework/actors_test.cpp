@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The table of actors: who may be grabbed and destroyed, and what the log says about the rest.
 #include "runtime/actors.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Animation tables: writing, playing, looping, ending.
 #include "framework/animation.h"
 

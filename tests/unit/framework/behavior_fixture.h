@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Actors on start values, behaviours in their slots, and ticks counted by hand.
 #pragma once
 

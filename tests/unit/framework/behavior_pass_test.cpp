@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pass over the slots: intervals, lives, puppets, pauses, autokill and the guards.
 #include "unit/framework/behavior_fixture.h"
 

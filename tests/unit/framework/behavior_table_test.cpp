@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What each behaviour makes of an actor, run by run; and those that act beyond it.
 #include "framework/fades.h"
 #include "framework/variables.h"

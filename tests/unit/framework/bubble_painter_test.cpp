@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A bubble on the screen: panel, place, characters as they fade in.
 #include "framework/bubble_painter.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Speech bubbles: both layouts and the states from opening to free.
 #include "framework/bubbles.h"
 

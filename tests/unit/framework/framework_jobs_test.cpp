@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The framework's jobs, and the samples that one of them plays.
 #include "framework/framework_jobs.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The cipher of the resource files, the conversion of plain pictures, and the ways out when a file is not usable.
 #include "framework/resource_files.h"
 

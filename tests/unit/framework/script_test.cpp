@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Scripts: compiled from text, loaded, and run tick by tick; and what malformed ones do.
 #include "framework/script.h"
 

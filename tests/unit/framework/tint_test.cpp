@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The fade from black at the start, and what else the screen tint can do.
 #include "framework/tint.h"
 

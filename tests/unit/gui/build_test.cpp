@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Screens from rows: places, standard looks, focus, texts.
 #include "gui/build.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The field editor: typing, repeat, caret and view, Tab.
 #include "gui/field.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Kinds of slots in states that the sessions' screens don't show, and every use of text, as pictures.
 #include "gui/build.h"
 #include "gui/planes.h"

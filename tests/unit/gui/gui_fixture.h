@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A clean table of slots, and a pointer, buttons and wheel that tests move by hand.
 #pragma once
 

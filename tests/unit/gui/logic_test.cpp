@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The table's slots: found, hidden, cleared; and the way from pointer and buttons to hover, capture, events and rows.
 #include "gui_fixture.h"
 #include <string>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What painters write for themselves, and the rules that pictures don't show well.
 #include "gui/render.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Bars and sliders: geometry, wheel, arrows, knob, binding.
 #include "gui/scroll_bar.h"
 

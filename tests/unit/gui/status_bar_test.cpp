@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where the status bar stands and what it says.
 #include "gui/status_bar.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A palette whose colours all differ, and a font of cells of 3 x 4 pixels in the form of the font pictures.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The text engine pixel by pixel, on a font of 3 x 4 pixels.
 #include "gui/text.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Animated GIF and PNG both ways: what comes back, what other programs see, how long it takes, and hostile files.
 #include "imagefile/apng.h"
 #include "imagefile/gif_animation.h"

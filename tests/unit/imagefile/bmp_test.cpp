@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // BMP: fixtures of other encoders, runs to the letter, damage.
 #include "imagefile/bmp.h"
 

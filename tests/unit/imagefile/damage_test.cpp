@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Damaged files of every format: cut anywhere, with a wrong word, and with sizes that can't be. Nothing is read out of
 // bounds, and where a format can't tell what is missing there is no picture.
 #include "imagefile/bmp.h"

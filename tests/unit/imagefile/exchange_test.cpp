@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every format both ways with another program, at the sizes where rows, planes and bytes are odd.
 #include "imagefile/formats.h"
 #include "imagefile/picture_files.h"

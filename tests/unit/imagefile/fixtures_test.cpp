@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pictures that other encoders wrote, named <kind>-<depth>: what they show is a formula of their place.
 #include "imagefile/bmp.h"
 #include "imagefile/ico.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The table of formats: names, signatures, alpha on the way in, writers.
 #include "imagefile/formats.h"
 

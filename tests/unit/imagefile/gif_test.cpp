@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // GIF: fixtures of other encoders, the written form to the byte, the codes, damage.
 #include "imagefile/gif.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // ICO: fixtures of other encoders, the written form, alpha on the way, damage.
 #include "imagefile/ico.h"
 

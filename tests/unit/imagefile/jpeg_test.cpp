@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // JPEG: fixtures, round trips within the loss of the format, damage that never ends the process.
 #include "imagefile/formats.h"
 #include "imagefile/jpeg.h"

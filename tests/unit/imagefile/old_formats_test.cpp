@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // PCX and LBM: fixtures of other encoders, the written forms, round trips, damage.
 #include "imagefile/lbm.h"
 #include "imagefile/pcx.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // PNG: fixtures of other encoders, round trips, what other decoders see, damage.
 #include "imagefile/png.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reduction to 256 colours: exact palettes, and the network's integers, which stand in a picture.
 #include "imagefile/reduce.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Frames and containers on disk: what the readers take, what they refuse, and the bytes that the writers leave.
 #include "base/reader.h"
 #include "imagefile/bmp.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Vector fonts: sizes, the two forms of letters, fonts of bitmaps, and files that are no fonts.
 #include "imagefile/vector_font.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lists of URIs, as file managers hand them over.
 #include "platform/dropped_files.h"
 

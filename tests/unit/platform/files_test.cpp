@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Names without case, listing, bounded reading, and files that are replaced whole or not at all.
 #include "platform/files.h"
 #include "support/temporary_folder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One program a folder: the lock stands as long as its process and leaves nothing behind.
 #include "platform/folder_lock.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The positional map as Allegro's configuration reads it.
 #include "platform/keyboard_map.h"
 #include <allegro.h>

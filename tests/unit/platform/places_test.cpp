@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Letters for places.
 #include "base/log.h"
 #include "platform/places.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The presenter's scaler against Allegro's own enlarging.
 #include "base/bitmap.h"
 #include "platform/scaler.h"

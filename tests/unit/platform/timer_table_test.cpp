@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Deadlines on a clock of the test's, and ticks that nobody waits for.
 #include "platform/timer_table.h"
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The folder beside the executable, and the user's folder of an installation.
 #include "program/folders.h"
 

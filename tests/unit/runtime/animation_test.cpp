@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The animation's tick: speeds, delays, both directions and both ends.
 #include "runtime/animation.h"
 #include <gtest/gtest.h>

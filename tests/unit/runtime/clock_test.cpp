@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Ticks that nobody waited for leave the same as ticks one by one.
 #include "base/run_state.h"
 #include "gui/logic.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Buttons, the press filter, the hotkey test and the counters of the timers.
 #include "base/run_state.h"
 #include "runtime/clock.h"

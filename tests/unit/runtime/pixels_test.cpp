@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Colour arithmetic at its ends, its roundings, and the clips.
 #include "runtime/pixels.h"
 #include "support/pixel_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The generator against the reference sequence, and its bounds.
 #include "runtime/random.h"
 #include <gtest/gtest.h>

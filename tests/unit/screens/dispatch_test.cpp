@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Files into and out of the frame: alpha on the way, refusals, previews.
 #include "screens/dispatch.h"
 

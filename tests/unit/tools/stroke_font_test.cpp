@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program's own font: from strokes to a TrueType file that FreeType reads.
 #include "stroke_font.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The texts that pictures are drawn from: what they may hold, and that a mistake is named by file and line.
 #include "text_art.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The start on an alternate workspace, with a failure at each of its calls on files or the program's end there: no part
 // of that workspace is ever lost, and the next start that can have it has it.
 #include "support/failing_calls.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Archives: what is packed comes back, and what is short or wrong touches nothing.
 
 #include "base/reader.h"

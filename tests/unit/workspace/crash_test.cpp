@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program killed while it writes: whatever the moment, the next start finds every frame whole and a state that
 // reads. A child process does the work and is killed at a random time; the parent starts on what it left.
 #include "support/failing_calls.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every operation on the workspace with a failure at each of its calls on files, or the program's end there: the next
 // start finds the old workspace or the new one, every picture whole, and a failure that the program survives is told.
 #include "support/failing_calls.h"

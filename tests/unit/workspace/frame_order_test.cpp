@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Adding and deleting frames: files, views, thumbnails, cache and the refusals.
 
 #include "workspace/repair.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Other sizes of the frame: scaled, placed by an anchor, cut out; frame and alpha together.
 #include "workspace/frame_resize.h"
 

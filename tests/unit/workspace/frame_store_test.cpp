@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Swapping frames: what is committed, what is loaded, and what a missing or broken file leaves.
 #include "imagefile/png.h"
 #include "workspace/frame_store.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Between the two pictures of a frame and its merged form, in both roles.
 #include "workspace_fixture.h"
 

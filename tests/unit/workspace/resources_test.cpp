@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The fixed pictures of the program as the build makes them, the tiles made at start, and the outline library.
 #include "workspace/resources.h"
 

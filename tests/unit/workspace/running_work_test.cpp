@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Work that was never committed, found at the next start: after every kind of change, after an end at every call on
 // files, and out of journals that are torn or belong to another frame.
 #include "draw/cel.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Painting on while the journal's thread takes tiles, writes and starts anew: for ThreadSanitizer, and every picture is
 // found again.
 #include "draw/touched.h"

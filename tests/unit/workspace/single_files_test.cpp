@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Files of the user's that are written one by one, with a failure at each call or the program's end there: the old form
 // stands or the new one, and a failure that the program survives is told.
 #include "gui/scheme.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The workspace as files: written and found again, begun anew, wiped, taken over from the alternate set, and started
 // from every kind of damage.
 

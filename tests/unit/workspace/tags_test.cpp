@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Tagged files: both tables round trip, the bytes of a record, and everything a damaged file may hold.
 #include "workspace/tags.h"
 

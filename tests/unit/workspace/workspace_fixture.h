@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A program folder with an empty store, and the program's tables on their start values.
 #pragma once
 
