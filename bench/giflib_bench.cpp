@@ -3,7 +3,7 @@
 #include "base/reader.h"
 #include "imagefile/gif.h"
 #include "imagefile/reduce.h"
-#include "ramps.h"
+#include "pictures.h"
 #include <benchmark/benchmark.h>
 #include <gif_lib.h>
 #include <map>

@@ -2,7 +2,7 @@
 // JPEG files beside the shortest loop over libjpeg that ends in, or begins with, pixels of our layout.
 #include "base/bitmap.h"
 #include "imagefile/jpeg.h"
-#include "ramps.h"
+#include "pictures.h"
 #include <benchmark/benchmark.h>
 #include <cstdio>
 #include <cstdlib>

@@ -176,10 +176,9 @@ Bitmap decode(const File& file, const Picture& picture)
     PngForm form = file.form;
     form.width = picture.area.width();
     form.height = picture.area.height();
-    Bytes raw;
-    if (!inflate_png_rows(form, picture.data, raw) || !unfilter_png(form, raw)) return refuse(png_error);
-    Bitmap bitmap = build_png_bitmap(form, colors_of(file), raw);
-    if (!bitmap) return refuse(refusal::no_memory);
+    const std::array parts = {std::span<const uint8_t>(picture.data)};
+    Bitmap bitmap = read_png_rows(form, colors_of(file), parts);
+    if (!bitmap) return refuse(png_error);
     give_alpha(bitmap, file);
     return bitmap;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// PNG pictures: our own reader and writer over zlib's one-shot calls.
+// PNG pictures: our own reader and writer over zlib.
 //
 //   signature 89 'P' 'N' 'G' 0D 0A 1A 0A
 //   chunks    length (4, big-endian), type (4), data, CRC-32 of type and data (4)

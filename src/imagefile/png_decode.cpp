@@ -6,6 +6,7 @@
 #include "imagefile/png_rows.h"
 #include "imagefile/refusal.h"
 #include <new>
+#include <vector>
 
 namespace kelu {
 namespace {
@@ -31,8 +32,11 @@ bool read_palette(ByteReader& in, std::size_t length, Palette& palette)
     return skip_png_chunk(in, 0);
 }
 
-/// Walks to the first IDAT and collects its run of chunks; the head of the chunk behind the run is left in `chunk`.
-bool collect_data(ByteReader& in, const PngForm& form, Palette& palette, PngChunk& chunk, Bytes& data)
+using Parts = std::vector<std::span<const uint8_t>>;
+
+/// Walks to the first IDAT and finds the data of its run of chunks; the head of the chunk behind the run is left in
+/// `chunk`.
+bool find_data(ByteReader& in, const PngForm& form, Palette& palette, PngChunk& chunk, Parts& parts)
 {
     for (;;) {
         if (!read_png_chunk(in, chunk)) return false;
@@ -42,13 +46,15 @@ bool collect_data(ByteReader& in, const PngForm& form, Palette& palette, PngChun
         if (!good) return false;
     }
     if (form.color_type == PNG_INDEXED && !palette.present) return png_fail("Palette required but not found!");
+    std::size_t size = 0;
     while (chunk.type == "IDAT") {
         const auto run = in.take(chunk.length);
         if (in.ended()) return png_fail("Cannot read image data!");
-        data.insert(data.end(), run.begin(), run.end());
+        if (!run.empty()) parts.push_back(run);
+        size += run.size();
         if (!skip_png_chunk(in, 0) || !read_png_chunk(in, chunk)) return false;
     }
-    return data.size() >= 7 || png_fail("File without data!");
+    return size >= 7 || png_fail("File without data!");
 }
 
 /// Walks the chunks behind the data, of which `chunk` is the first, up to IEND.
@@ -67,12 +73,10 @@ Bitmap decode(std::span<const uint8_t> bytes, RGB* colors)
     PngForm form;
     ByteReader in(bytes);
     PngChunk chunk;
-    Bytes data, raw;
-    if (!read_png_header(in, form) || !collect_data(in, form, palette, chunk, data) ||
-        !inflate_png_rows(form, data, raw) || !unfilter_png(form, raw))
-        return {};
+    Parts parts;
+    if (!read_png_header(in, form) || !find_data(in, form, palette, chunk, parts)) return {};
     const bool indexed = form.color_type == PNG_INDEXED;
-    Bitmap bitmap = build_png_bitmap(form, indexed ? palette_colors(palette.colors) : png_greys(form.depth), raw);
+    Bitmap bitmap = read_png_rows(form, indexed ? palette_colors(palette.colors) : png_greys(form.depth), parts);
     if (bitmap && !read_end(in, chunk)) bitmap.reset();
     return bitmap;
 }

@@ -1,20 +1,22 @@
 // SPDX-License-Identifier: MIT
 // The PNG writer: one IHDR, one PLTE for palette pictures, one IDAT with everything, one IEND.
 //
-// Rows of true-colour pictures are all filtered by the Paeth predictor, and the whole picture is compressed in one
-// call at zlib's level 9.
+// Rows of true-colour pictures are all filtered by the Paeth predictor, and packed at zlib's level 9.
 #include "imagefile/png.h"
 
 #include "imagefile/png_filters.h"
 #include "imagefile/png_rows.h"
+#include "imagefile/png_stream.h"
 #include "imagefile/png_write.h"
+#include <algorithm>
+#include <cstring>
+#include <functional>
 #include <new>
+#include <numeric>
 #include <zlib.h>
 
 namespace kelu {
 namespace {
-
-constexpr int best_compression = 9;
 
 /// Colour types that are written, with the bytes of one pixel.
 struct PixelForm {
@@ -28,10 +30,9 @@ constexpr PixelForm rgba_form = {6, 4};
 bool has_alpha(BITMAP* bitmap)
 {
     for (int y = 0; y < bitmap->h; ++y) {
-        const int* pixels = row(bitmap, y);
-        for (int x = 0; x < bitmap->w; ++x) {
-            if (static_cast<uint32_t>(pixels[x]) >> 24 != 0) return true;
-        }
+        const std::span pixels(row(bitmap, y), static_cast<std::size_t>(bitmap->w));
+        const int bits = std::accumulate(pixels.begin(), pixels.end(), 0, std::bit_or<>());
+        if (static_cast<uint32_t>(bits) >> 24 != 0) return true;
     }
     return false;
 }
@@ -43,44 +44,70 @@ PixelForm form_of(BITMAP* bitmap)
     return depth == 32 && has_alpha(bitmap) ? rgba_form : rgb_form;
 }
 
-/// Writes row y of the bitmap as plain bytes in the order of the file.
+/// Pixels of 32 bits as plain bytes. RGB writes a byte beyond them.
+template <int bytes>
+void gather_pixels(const int* pixels, int count, uint8_t* out)
+{
+    for (int x = 0; x < count; ++x, out += bytes) {
+        const auto pixel = static_cast<uint32_t>(pixels[x]);
+        out[0] = static_cast<uint8_t>(pixel >> 16);
+        out[1] = static_cast<uint8_t>(pixel >> 8);
+        out[2] = static_cast<uint8_t>(pixel);
+        out[3] = static_cast<uint8_t>(pixel >> 24);
+    }
+}
+
+/// Writes row y of the bitmap as plain bytes in the order of the file, with room for one more behind them.
 void gather_row(BITMAP* bitmap, int y, int pixel_bytes, uint8_t* out)
 {
     const int depth = bitmap_color_depth(bitmap);
     if (depth == 8) {
         std::copy_n(bitmap->line[y], bitmap->w, out);
-        return;
-    }
-    for (int x = 0; x < bitmap->w; ++x, out += pixel_bytes) {
-        const int pixel = depth == 32 ? row(bitmap, y)[x] : getpixel(bitmap, x, y);
-        out[0] = static_cast<uint8_t>(getr_depth(depth, pixel));
-        out[1] = static_cast<uint8_t>(getg_depth(depth, pixel));
-        out[2] = static_cast<uint8_t>(getb_depth(depth, pixel));
-        if (pixel_bytes == 4) out[3] = static_cast<uint8_t>(geta_depth(depth, pixel));
+    } else if (depth == 32) {
+        pixel_bytes == 4 ? gather_pixels<4>(row(bitmap, y), bitmap->w, out)
+                         : gather_pixels<3>(row(bitmap, y), bitmap->w, out);
+    } else {
+        for (int x = 0; x < bitmap->w; ++x, out += pixel_bytes) {
+            const int pixel = getpixel(bitmap, x, y);
+            out[0] = static_cast<uint8_t>(getr_depth(depth, pixel));
+            out[1] = static_cast<uint8_t>(getg_depth(depth, pixel));
+            out[2] = static_cast<uint8_t>(getb_depth(depth, pixel));
+        }
     }
 }
 
-/// All rows, each behind its filter byte.
-Bytes filtered_rows(BITMAP* bitmap, PixelForm form, int filter)
+/// True when a row of a 32-bit bitmap is the one above once more.
+bool repeats(BITMAP* bitmap, int y)
+{
+    return y > 0 && bitmap_color_depth(bitmap) == 32 &&
+           std::memcmp(bitmap->line[y], bitmap->line[y - 1], static_cast<std::size_t>(bitmap->w) * sizeof(int)) == 0;
+}
+
+/// All rows, each behind its filter byte, in one zlib stream; empty when that failed.
+Bytes packed_rows(BITMAP* bitmap, PixelForm form, int filter)
 {
     const auto step = static_cast<std::size_t>(form.bytes);
     const std::size_t size = static_cast<std::size_t>(bitmap->w) * step;
-    Bytes raw(static_cast<std::size_t>(bitmap->h) * (size + 1));
     // Two rows take turns; each has zeros to its left, where the predictor of the first pixel looks.
-    Bytes rows[2] = {Bytes(step + size), Bytes(step + size)};
-    uint8_t* out = raw.data();
-    for (int y = 0; y < bitmap->h; ++y, out += size + 1) {
-        uint8_t* present = rows[y & 1].data() + step;
-        gather_row(bitmap, y, form.bytes, present);
-        if (filter == PNG_FILTER_NONE) {
-            out[0] = PNG_FILTER_NONE;
-            std::copy_n(present, size, out + 1);
-        } else {
-            out[0] = PNG_FILTER_PAETH;
-            filter_paeth(present, rows[~y & 1].data() + step, size, step, out + 1);
+    Bytes rows[2] = {Bytes(step + size + 1), Bytes(step + size + 1)};
+    Bytes filtered(1 + size);
+    filtered[0] = static_cast<uint8_t>(filter);
+    PngRowWriter out;
+    for (int y = 0, turn = 0; y < bitmap->h; ++y) {
+        if (!repeats(bitmap, y)) {
+            turn = 1 - turn;
+            gather_row(bitmap, y, form.bytes, rows[turn].data() + step);
+            const uint8_t* const present = rows[turn].data() + step;
+            if (filter == PNG_FILTER_NONE)
+                std::copy_n(present, size, filtered.begin() + 1);
+            else
+                filter_paeth(present, rows[1 - turn].data() + step, size, step, filtered.data() + 1);
+        } else if (filter != PNG_FILTER_NONE) {
+            std::fill(filtered.begin() + 1, filtered.end(), uint8_t{0});
         }
+        out.add(filtered);
     }
-    return raw;
+    return out.finish();
 }
 
 Bytes palette_data(const RGB* palette)
@@ -104,23 +131,12 @@ int fail(const char* error)
     return -1;
 }
 
-/// One zlib stream; empty when that failed.
-Bytes packed(const Bytes& raw)
-{
-    uLongf size = compressBound(static_cast<uLong>(raw.size()));
-    Bytes bytes(size);
-    const int result = compress2(bytes.data(), &size, raw.data(), static_cast<uLong>(raw.size()), best_compression);
-    bytes.resize(result == Z_OK ? size : 0);
-    if (result != Z_OK) fail(result == Z_MEM_ERROR ? "Cannot allocate memory!" : "Error during compression!");
-    return bytes;
-}
-
 int encode(BITMAP* bitmap, const RGB* palette, Bytes& out)
 {
     if (!bitmap || bitmap->w < 1 || bitmap->h < 1) return fail("Width or height or both of the image are 0!");
     const PixelForm form = form_of(bitmap);
     const bool indexed = form.color_type == palette_form.color_type;
-    const Bytes data = packed(filtered_rows(bitmap, form, indexed ? PNG_FILTER_NONE : PNG_FILTER_PAETH));
+    const Bytes data = packed_rows(bitmap, form, indexed ? PNG_FILTER_NONE : PNG_FILTER_PAETH);
     if (data.empty()) return -1;
     ByteWriter file(out);
     file.append(png_signature);
@@ -157,8 +173,8 @@ Bytes png_header_data(int width, int height, int color_type)
 
 Bytes packed_rgba(BITMAP* bitmap)
 {
-    Bytes by_paeth = packed(filtered_rows(bitmap, rgba_form, PNG_FILTER_PAETH));
-    Bytes plain = packed(filtered_rows(bitmap, rgba_form, PNG_FILTER_NONE));
+    Bytes by_paeth = packed_rows(bitmap, rgba_form, PNG_FILTER_PAETH);
+    Bytes plain = packed_rows(bitmap, rgba_form, PNG_FILTER_NONE);
     return plain.empty() || (!by_paeth.empty() && by_paeth.size() < plain.size()) ? std::move(by_paeth)
                                                                                   : std::move(plain);
 }

@@ -30,6 +30,9 @@ inline uint8_t paeth(int left, int above, int above_left)
 /// before their first byte, so the left edge needs no case of its own.
 void filter_paeth(const uint8_t* row, const uint8_t* above, std::size_t size, std::size_t step, uint8_t* out);
 
+/// The number of zero bytes that a run begins with, at least; all of it when it has no others.
+std::size_t count_zeros(const uint8_t* bytes, std::size_t size);
+
 /// Undoes a filter in place. `above` is the unfiltered row above, of zeros for the first row. False: no such filter.
 bool unfilter_row(int filter, uint8_t* row, const uint8_t* above, std::size_t size, std::size_t step);
 

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
-// Chunks, one call of zlib, the filters, the pixels.
+// Chunks, and the rows of pictures as pixels.
 #include "imagefile/png_rows.h"
 
 #include "imagefile/png.h"
 #include "imagefile/png_filters.h"
+#include "imagefile/png_stream.h"
 #include "runtime/pixels.h"
+#include <algorithm>
 #include <bit>
-#include <zlib.h>
 
 namespace kelu {
 namespace {
@@ -49,26 +50,88 @@ void unpack_samples(int depth, const std::array<int, 256>& colors, const uint8_t
         *out = colors[static_cast<std::size_t>(raw[bit / 8] >> (8 - depth - bit % 8) & mask)];
 }
 
+uint32_t big_word(const uint8_t* raw)
+{
+    return uint32_t{raw[0]} << 24 | uint32_t{raw[1]} << 16 | uint32_t{raw[2]} << 8 | raw[3];
+}
+
+/// Pixels of three or four samples of a byte; `raw` may be read a byte beyond them.
+template <int channels>
+void unpack_bytes(const uint8_t* raw, int count, int* out, int dx)
+{
+    for (int i = 0; i < count; ++i, out += dx, raw += channels) {
+        const uint32_t word = big_word(raw);
+        *out = static_cast<int>(channels == 3 ? word >> 8 : std::rotr(word, 8));
+    }
+}
+
 /// Pixels of several channels of `bytes` bytes each.
 void unpack_channels(int color_type, int bytes, const uint8_t* raw, int count, int* out, int dx)
 {
-    const auto with_alpha = [](int color, int alpha) {
-        return static_cast<int>(static_cast<uint32_t>(alpha) << 24) | color;
-    };
-    for (int i = 0; i < count; ++i, out += dx) {
-        switch (color_type) {
-        case PNG_RGB:
-            *out = pack_rgb(raw[0], raw[bytes], raw[2 * bytes]);
-            break;
-        case PNG_GREY_ALPHA:
-            *out = with_alpha(pack_rgb(raw[0], raw[0], raw[0]), raw[bytes]);
-            break;
-        default:
-            *out = with_alpha(pack_rgb(raw[0], raw[bytes], raw[2 * bytes]), raw[3 * bytes]);
-        }
-        raw += png_color_forms[color_type].channels * bytes;
+    if (bytes == 1 && color_type == PNG_RGB) return unpack_bytes<3>(raw, count, out, dx);
+    if (bytes == 1 && color_type == PNG_RGBA) return unpack_bytes<4>(raw, count, out, dx);
+    const bool grey = color_type == PNG_GREY_ALPHA;
+    const int green = grey ? 0 : bytes, blue = grey ? 0 : 2 * bytes,
+              step = png_color_forms[color_type].channels * bytes;
+    for (int i = 0; i < count; ++i, out += dx, raw += step) {
+        const int alpha = color_type == PNG_RGB ? 0 : raw[step - bytes];
+        *out = static_cast<int>(static_cast<uint32_t>(alpha) << 24) | pack_rgb(raw[0], raw[green], raw[blue]);
     }
 }
+
+/// Unpacks the rows of a picture, pass by pass, into a bitmap.
+class Rows {
+public:
+    Rows(const PngForm& form, const std::array<int, 256>& colors, BITMAP* bitmap, PngRowReader& rows)
+        : form_(form), colors_(colors), bitmap_(bitmap), rows_(rows),
+          step_(static_cast<std::size_t>(std::max(1, form.channels() * form.depth / 8)))
+    {}
+
+    bool read(const Pass& pass)
+    {
+        if (pass.size(form_) == 0) return true;
+        const std::size_t size = form_.row_bytes(pass.width(form_));
+        const Bytes zeros(size + 1);
+        for (int y = pass.y; y < form_.height; y += pass.dy) {
+            const PngRow bytes = rows_.next(size + 1);
+            if (!bytes.bytes) return false;
+            const int filter = bytes.bytes[0];
+            const uint8_t* const above = y == pass.y ? zeros.data() + 1 : bytes.before + 1;
+            if (y > 0 && repeats(filter, bytes.bytes + 1, size)) {
+                std::copy_n(above, size, bytes.bytes + 1);
+                if (!form_.interlaced) {
+                    std::copy_n(row(bitmap_, y - 1), form_.width, row(bitmap_, y));
+                    continue;
+                }
+            } else if (!unfilter_row(filter, bytes.bytes + 1, above, size, step_)) {
+                return png_fail("Unknown filter!");
+            }
+            unpack(pass, bytes.bytes + 1, row(bitmap_, y) + pass.x);
+        }
+        return true;
+    }
+
+private:
+    /// True for a row that is the same as the one above.
+    static bool repeats(int filter, const uint8_t* bytes, std::size_t size)
+    {
+        return (filter == PNG_FILTER_UP || filter == PNG_FILTER_PAETH) && count_zeros(bytes, size) == size;
+    }
+
+    void unpack(const Pass& pass, const uint8_t* bytes, int* out) const
+    {
+        if (form_.channels() == 1)
+            unpack_samples(form_.depth, colors_, bytes, pass.width(form_), out, pass.dx);
+        else
+            unpack_channels(form_.color_type, form_.depth / 8, bytes, pass.width(form_), out, pass.dx);
+    }
+
+    const PngForm& form_;
+    const std::array<int, 256>& colors_;
+    BITMAP* bitmap_;
+    PngRowReader& rows_;
+    std::size_t step_;
+};
 
 } // namespace
 
@@ -134,40 +197,6 @@ bool read_png_header(ByteReader& in, PngForm& p)
     return skip_png_chunk(in, 0);
 }
 
-bool inflate_png_rows(const PngForm& p, std::span<const uint8_t> data, Bytes& raw)
-{
-    std::size_t size = 0;
-    for (const Pass& pass : passes(p))
-        size += pass.size(p);
-    if (size / most_expansion > data.size()) return png_fail("Not enough data!");
-    raw.resize(size);
-    uLongf unpacked = static_cast<uLongf>(size);
-    uLong used = static_cast<uLong>(data.size());
-    const int result = uncompress2(raw.data(), &unpacked, data.data(), &used);
-    if (result == Z_MEM_ERROR) return png_fail("Cannot allocate memory!");
-    // A stream that is cut has used up its bytes; one that is damaged has stopped before.
-    const bool cut = result == Z_DATA_ERROR && used == data.size() && unpacked < size;
-    if (result != Z_OK && !cut) return png_fail("Cannot decompress data!");
-    return unpacked == size || png_fail("Not enough data!");
-}
-
-bool unfilter_png(const PngForm& p, Bytes& raw)
-{
-    const auto step = static_cast<std::size_t>(std::max(1, p.channels() * p.depth / 8));
-    uint8_t* at = raw.data();
-    for (const Pass& pass : passes(p)) {
-        if (pass.size(p) == 0) continue;
-        const std::size_t size = p.row_bytes(pass.width(p));
-        const Bytes zeros(size);
-        const uint8_t* above = zeros.data();
-        for (int y = 0; y < pass.height(p); ++y, at += size + 1) {
-            if (!unfilter_row(at[0], at + 1, above, size, step)) return png_fail("Unknown filter!");
-            above = at + 1;
-        }
-    }
-    return true;
-}
-
 std::array<int, 256> png_greys(int depth)
 {
     std::array<int, 256> greys{};
@@ -177,25 +206,24 @@ std::array<int, 256> png_greys(int depth)
     return greys;
 }
 
-Bitmap build_png_bitmap(const PngForm& p, const std::array<int, 256>& colors, const Bytes& raw)
+Bitmap read_png_rows(const PngForm& p, const std::array<int, 256>& colors,
+                     std::span<const std::span<const uint8_t>> parts)
 {
-    Bitmap bitmap(p.width, p.height);
+    std::size_t size = 0, packed = 0;
+    for (const Pass& pass : passes(p))
+        size += pass.size(p);
+    for (const auto part : parts)
+        packed += part.size();
+    const bool enough = size / most_expansion <= packed;
+    Bitmap bitmap = enough ? Bitmap::unfilled(p.width, p.height) : Bitmap();
     if (!bitmap) {
-        png_fail("Cannot allocate bitmap!");
+        png_fail(enough ? "Cannot allocate bitmap!" : "Not enough data!");
         return {};
     }
-    const uint8_t* at = raw.data();
-    for (const Pass& pass : passes(p)) {
-        if (pass.size(p) == 0) continue;
-        const int count = pass.width(p);
-        for (int y = pass.y; y < p.height; y += pass.dy, at += p.row_bytes(count) + 1) {
-            int* out = row(bitmap, y) + pass.x;
-            if (p.channels() == 1)
-                unpack_samples(p.depth, colors, at + 1, count, out, pass.dx);
-            else
-                unpack_channels(p.color_type, p.depth / 8, at + 1, count, out, pass.dx);
-        }
-    }
+    PngRowReader reader(parts, size);
+    Rows rows(p, colors, bitmap, reader);
+    const bool whole = std::ranges::all_of(passes(p), [&](const Pass& pass) { return rows.read(pass); });
+    if (!whole || !reader.finish()) bitmap.reset();
     return bitmap;
 }
 

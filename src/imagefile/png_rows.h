@@ -52,14 +52,11 @@ bool read_png_chunk(ByteReader& in, PngChunk& chunk);
 bool skip_png_chunk(ByteReader& in, std::size_t data_left);
 /// Reads the signature and the head.
 bool read_png_header(ByteReader& in, PngForm& form);
-/// Unpacks the rows of a picture, which are still filtered. `data` is a zlib stream.
-bool inflate_png_rows(const PngForm& form, std::span<const uint8_t> data, Bytes& raw);
-/// Undoes the filters of the rows.
-bool unfilter_png(const PngForm& form, Bytes& raw);
 /// What the sample values of a grey picture stand for. 16-bit samples count by their high byte.
 std::array<int, 256> png_greys(int depth);
-/// The pixels of unfiltered rows. Samples of one channel go through the table `colors`; types with alpha carry it in
-/// the top byte, RGB has 0 there.
-Bitmap build_png_bitmap(const PngForm& form, const std::array<int, 256>& colors, const Bytes& raw);
+/// The pixels of a picture. `parts` together are one zlib stream of filtered rows. Samples of one channel go through
+/// the table `colors`; types with alpha carry it in the top byte, RGB has 0 there.
+Bitmap read_png_rows(const PngForm& form, const std::array<int, 256>& colors,
+                     std::span<const std::span<const uint8_t>> parts);
 
 } // namespace kelu

@@ -7,6 +7,7 @@
 #include "support/paths.h"
 #include "support/pictures.h"
 #include "support/temporary_folder.h"
+#include <functional>
 #include <gtest/gtest.h>
 #include <zlib.h>
 
@@ -151,6 +152,59 @@ TEST(png, writes_head_one_data_chunk_and_paeth_rows)
     compress2(packed.data(), &size, rows.data(), rows.size(), 9);
     packed.resize(size);
     EXPECT_EQ(bytes, Chunks().head(2, 2, 8, 2).add("IDAT", packed).end());
+}
+
+/// Areas of one colour with a few pixels in them; rows that repeat, and more bytes than are unpacked at once.
+Bitmap flat_areas()
+{
+    return paint(400, 300, [](int x, int y) {
+        const bool speck = y % 16 == 3 && (x * 7 + y) % 90 == 0;
+        return speck ? 0x123456 : (x / 50 + y / 16) % 3 * 0x305070;
+    });
+}
+
+/// The rows of a picture of RGB, filtered as the format's text says, each by the filter of its number.
+Bytes filtered_by_the_book(BITMAP* picture, const std::function<int(int y)>& filter_of)
+{
+    const auto sample = [picture](int i, int y) {
+        return i < 0 || y < 0 ? 0 : row(picture, y)[i / 3] >> (16 - i % 3 * 8) & 255;
+    };
+    Bytes rows;
+    for (int y = 0; y < picture->h; ++y) {
+        const int filter = filter_of(y);
+        rows.push_back(static_cast<uint8_t>(filter));
+        for (int i = 0; i < picture->w * 3; ++i) {
+            const int a = sample(i - 3, y), b = sample(i, y - 1), c = sample(i - 3, y - 1), p = a + b - c;
+            const int pa = std::abs(p - a), pb = std::abs(p - b), pc = std::abs(p - c);
+            const int predicted[] = {0, a, b, (a + b) / 2, pa <= pb && pa <= pc ? a : pb <= pc ? b : c};
+            rows.push_back(static_cast<uint8_t>(sample(i, y) - predicted[filter]));
+        }
+    }
+    return rows;
+}
+
+TEST(png, areas_of_one_colour_go_both_ways_by_every_filter)
+{
+    const Bitmap picture = flat_areas();
+    for (int filter = 0; filter <= 5; ++filter) { // 5: all of them in turn
+        const Bytes rows = filtered_by_the_book(picture, [filter](int y) { return filter < 5 ? filter : y % 5; });
+        const Bytes bytes = Chunks().head(400, 300, 8, 2).data(rows, 7).end();
+        EXPECT_EQ(difference(decode_png(bytes), picture), "") << filter;
+        Bytes more = rows, fewer = rows;
+        more.push_back(0);
+        fewer.pop_back();
+        EXPECT_FALSE(decode_png(Chunks().head(400, 300, 8, 2).data(more).end()));
+        EXPECT_STREQ(png_error, "Cannot decompress data!");
+        EXPECT_FALSE(decode_png(Chunks().head(400, 300, 8, 2).data(fewer).end()));
+        EXPECT_STREQ(png_error, "Not enough data!");
+    }
+    const Bytes rows = filtered_by_the_book(picture, [](int) { return 4; });
+    uLongf size = compressBound(rows.size());
+    Bytes packed(size), bytes;
+    compress2(packed.data(), &size, rows.data(), rows.size(), 9);
+    packed.resize(size);
+    ASSERT_EQ(encode_png(picture, nullptr, bytes), 0);
+    EXPECT_EQ(bytes, Chunks().head(400, 300, 8, 2).add("IDAT", packed).end());
 }
 
 TEST(png, an_eight_bit_bitmap_becomes_a_palette_picture)
