@@ -7,11 +7,11 @@
 // is looked over 64 pixels at a time.
 #include "draw/fill.h"
 
+#include "draw/close_pixels.h"
 #include "draw/ink_rows.h"
 #include "draw/inks.h"
 #include "draw/tool_options.h"
 #include "draw/undo.h"
-#include "runtime/pixels.h"
 #include "runtime/store.h"
 #include <algorithm>
 #include <bit>
@@ -30,8 +30,7 @@ struct Run {
 class OpenPixels {
 public:
     OpenPixels(BITMAP* source, int seed, int tolerance)
-        : source_(source), seed_(seed), tolerance_(tolerance),
-          words_per_row_((static_cast<std::size_t>(source->w) + 63) / 64),
+        : source_(source), close_(seed, tolerance), words_per_row_((static_cast<std::size_t>(source->w) + 63) / 64),
           words_(words_per_row_ * static_cast<std::size_t>(source->h)), known_(words_.size())
     {}
 
@@ -46,10 +45,25 @@ public:
         return limit + 1;
     }
 
-    /// The stretch of open pixels through the open pixel (x, y).
-    Run run_through(int x, int y) { return {left_end(x, y), right_end(x, y), y}; }
+    /// Takes the stretch of open pixels through the open pixel (x, y): none of them is open afterwards.
+    Run take_run(int x, int y)
+    {
+        uint64_t& here = word(x / 64, y);
+        const uint64_t before = ~here & to_bit(x % 64), behind = ~here & from_bit(x % 64);
+        if (before != 0 && behind != 0) { // it lies within a word
+            const int left = 64 - std::countl_zero(before), right = std::countr_zero(behind) - 1;
+            here &= ~(from_bit(left) & to_bit(right));
+            return {x / 64 * 64 + left, x / 64 * 64 + right, y};
+        }
+        const Run run{left_end(x, y), right_end(x, y), y};
+        close(run);
+        return run;
+    }
 
-    /// The run is filled.
+private:
+    static uint64_t from_bit(int bit) { return ~uint64_t{0} << bit; }
+    static uint64_t to_bit(int bit) { return ~uint64_t{0} >> (63 - bit); }
+
     void close(const Run& run)
     {
         const int first = run.left / 64;
@@ -60,10 +74,6 @@ public:
             word(i, run.y) &= ~(from & to);
         }
     }
-
-private:
-    static uint64_t from_bit(int bit) { return ~uint64_t{0} << bit; }
-    static uint64_t to_bit(int bit) { return ~uint64_t{0} >> (63 - bit); }
 
     int left_end(int x, int y)
     {
@@ -90,24 +100,13 @@ private:
         const std::size_t at = words_per_row_ * static_cast<std::size_t>(y) + static_cast<std::size_t>(i);
         if (!known_[at]) {
             known_[at] = 1;
-            words_[at] = compare(i * 64, y);
+            words_[at] = close_.bits(row(source_, y) + i * 64, std::min(64, source_->w - i * 64));
         }
         return words_[at];
     }
 
-    /// The bits of the 64 pixels from x on; 0 beyond the bitmap.
-    uint64_t compare(int x, int y) const
-    {
-        const int* const pixels = row(source_, y) + x;
-        const int count = std::min(64, source_->w - x);
-        uint64_t bits = 0;
-        for (int k = 0; k < count; ++k)
-            bits |= uint64_t{colors_close(pixels[k], seed_, tolerance_)} << k;
-        return bits;
-    }
-
     BITMAP* source_;
-    int seed_, tolerance_;
+    ClosePixels close_;
     std::size_t words_per_row_;
     std::vector<uint64_t> words_;
     std::vector<uint8_t> known_;
@@ -163,8 +162,7 @@ private:
     {
         bool found = false;
         for (int x = open_.find(left, right, y); x <= right; x = open_.find(x, right, y)) {
-            const Run run = open_.run_through(x, y);
-            open_.close(run);
+            const Run run = open_.take_run(x, y);
             report_(run.left, run.right, y);
             keep(run);
             found = true;

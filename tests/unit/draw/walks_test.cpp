@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Pixels of lines, discs, outlines, areas and colours.
+#include "draw/close_pixels.h"
 #include "draw/fill.h"
 #include "draw/point_list.h"
 #include "draw/replace.h"
@@ -138,6 +139,27 @@ TEST(FloodFill, TakesEachPixelOfAnyAreaOnce)
             nothing);
         mark_area(picture, marked.bitmap, x, y, row(picture, y)[x]);
         ASSERT_EQ(filled.text(), marked.text()) << "round " << round;
+    }
+}
+
+TEST(FloodFill, ClosePixelsAreThoseOfTheToleranceInEachChannel)
+{
+    seed_random(3);
+    std::array<int, 64> pixels{};
+    for (int round = 0; round < 300; ++round) {
+        const int color = rnd(1 << 24), tolerance = rnd(round % 3 == 0 ? 4 : 256);
+        for (int& pixel : pixels) { // near the colour in two channels of three, so that each of them decides
+            pixel = color ^ (rnd(256) << 8 * rnd(3));
+            if (rnd(2) == 0) pixel |= rnd(128) << 24;
+        }
+        const ClosePixels close(color, tolerance);
+        for (const int count : {64, 1 + rnd(63)}) {
+            const uint64_t bits = close.bits(pixels.data(), count);
+            for (int k = 0; k < 64; ++k)
+                ASSERT_EQ(bits >> k & 1,
+                          k < count && colors_close(pixels[static_cast<std::size_t>(k)], color, tolerance))
+                    << color << ' ' << tolerance << ' ' << k;
+        }
     }
 }
 
