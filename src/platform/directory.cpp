@@ -98,6 +98,21 @@ std::vector<Entry> list_folder(const std::string& folder)
     return entries;
 }
 
+FolderNames::FolderNames(const std::string& folder) : folder_(folder), listed_(false)
+{
+    const Folder open(opendir(folder.c_str()));
+    listed_ = static_cast<bool>(open);
+    while (const dirent* entry = open ? readdir(open.get()) : nullptr) {
+        const bool may_dangle = entry->d_type == DT_LNK || entry->d_type == DT_UNKNOWN;
+        if (!may_dangle || file_exists(folder + "/" + entry->d_name)) names_.emplace(entry->d_name);
+    }
+}
+
+bool FolderNames::contains(const std::string& name) const
+{
+    return listed_ ? names_.contains(name) : file_exists(folder_ + "/" + name);
+}
+
 DirectoryVisit::DirectoryVisit(const std::string& path) : before_(working_directory()), entered_(change_directory(path))
 {}
 

@@ -9,6 +9,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -58,6 +60,19 @@ struct Entry {
 /// The folder's visible regular files and folders, links followed, in case-blind alphabetical order, folders first.
 /// Names that begin with a dot are hidden. Empty when the folder can't be read.
 std::vector<Entry> list_folder(const std::string& folder);
+
+/// The names in a folder, read at once, for who would ask for many that may not be there.
+class FolderNames {
+public:
+    explicit FolderNames(const std::string& folder = ".");
+    /// As `file_exists` at the time the names were read. A folder that can't be listed is asked now.
+    bool contains(const std::string& name) const;
+
+private:
+    std::string folder_;
+    bool listed_;
+    std::set<std::string, std::less<>> names_;
+};
 
 /// The first `count` bytes of a regular file, fewer when it is shorter; false when it can't be read.
 bool read_start(const std::string& name, std::size_t count, std::vector<uint8_t>& bytes);

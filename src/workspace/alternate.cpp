@@ -44,10 +44,14 @@ void remove_alternate_files()
 {
     // A whole set is a workspace that could not be taken over, and nobody's to throw away.
     if (platform::file_exists(set_file("spa", file_set::alternate))) return;
+    const platform::FolderNames names;
+    const auto remove = [&names](const std::string& name) {
+        if (names.contains(name)) platform::remove_file(name);
+    };
     for (int frame = 0; frame < max_frames; ++frame)
-        platform::remove_file(frame_file(frame, file_set::alternate));
+        remove(frame_file(frame, file_set::alternate));
     for (const char* ending : containers)
-        platform::remove_file(set_file(ending, file_set::alternate));
+        remove(set_file(ending, file_set::alternate));
 }
 
 } // namespace kelu

@@ -8,6 +8,7 @@
 #include "platform/file_calls.h"
 #include "platform/files.h"
 #include "runtime/failure_reports.h"
+#include "runtime/view.h"
 #include <array>
 #include <cstdio>
 #include <set>
@@ -43,6 +44,14 @@ std::string frame_file(int frame, const std::string& set)
 }
 
 std::string set_file(const char* ending, const std::string& set) { return set + "." + ending; }
+
+int count_frame_files(const platform::FolderNames& names)
+{
+    int count = 0;
+    for (int frame = 0; frame < max_frames; ++frame)
+        count += names.contains(frame_file(frame));
+    return count;
+}
 
 WorkspaceVisit::WorkspaceVisit(std::string leave_to)
     : before_(platform::working_directory()), leave_to_(std::move(leave_to)),

@@ -5,6 +5,7 @@
 // time of a block and uses bare names.
 #pragma once
 
+#include "platform/files.h"
 #include <string>
 
 namespace kelu {
@@ -24,6 +25,8 @@ constexpr const char* journal = "journal"; ///< what has been painted since the 
 
 /// Name of a frame's file, "current.007" for frame 7; or of the same frame in another set.
 std::string frame_file(int frame, const std::string& set = file_set::current);
+/// The frames whose files are among the names.
+int count_frame_files(const platform::FolderNames& names);
 /// Name of a file of a set by its ending: "spa", "cel", "tip" or "nal".
 std::string set_file(const char* ending, const std::string& set = file_set::current);
 

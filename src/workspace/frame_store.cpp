@@ -259,10 +259,7 @@ bool fetch_frame(int old_slot, int new_slot, int mode)
 int count_workspace_frames()
 {
     const WorkspaceVisit visit({});
-    int count = 0;
-    for (int frame = 0; visit.entered() && frame < max_frames; ++frame)
-        count += platform::file_exists(frame_file(frame));
-    return count;
+    return visit.entered() ? count_frame_files(platform::FolderNames()) : 0;
 }
 
 bool show_onion_skin()

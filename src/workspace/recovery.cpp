@@ -83,9 +83,11 @@ void commit_left_frame(const Found& left)
 std::optional<RecoveredWork> recover_work()
 {
     std::vector<Found> all;
+    const platform::FolderNames names;
     for (int frame = 0; frame < max_frames; ++frame) {
-        platform::remove_file(frame_file(frame, file_set::journal) + ".new");
-        if (!platform::file_exists(frame_file(frame, file_set::journal))) continue;
+        const std::string name = frame_file(frame, file_set::journal);
+        if (names.contains(name + ".new")) platform::remove_file(name + ".new");
+        if (!names.contains(name)) continue;
         if (std::optional<Found> one = read_journal(frame)) all.push_back(std::move(*one));
     }
     if (all.empty()) return std::nullopt;

@@ -46,14 +46,6 @@ bool repair_tip()
 /// Frames of which the thumbnails have yet to follow, by number before and after. Main thread.
 std::vector<std::pair<int, int>> nail_moves;
 
-int count_frame_files()
-{
-    int count = 0;
-    for (int frame = 0; frame < max_frames; ++frame)
-        count += platform::file_exists(frame_file(frame));
-    return count;
-}
-
 /// Gives a frame the free number `to`; false when its file can't be renamed.
 bool move_up(int from, int to, bool with_tables)
 {
@@ -116,10 +108,11 @@ void replace_damaged_frame(int frame)
 int close_frame_gaps(int table_frames)
 {
     nail_moves.clear();
-    const bool numbered_already = count_frame_files() == table_frames;
+    const platform::FolderNames names;
+    const bool numbered_already = count_frame_files(names) == table_frames;
     int count = 0;
     for (int frame = 0; frame < max_frames; ++frame) {
-        if (!platform::file_exists(frame_file(frame))) continue;
+        if (!names.contains(frame_file(frame))) continue;
         if (frame != count && !move_up(frame, count, !numbered_already)) return count;
         ++count;
     }

@@ -84,6 +84,13 @@ TEST(Listing, ShowsWhatCanBeOpenedInOneOrder)
         names.push_back(entry.name + (entry.is_folder ? "/" : "=" + std::to_string(entry.size)));
     EXPECT_EQ(names, (std::vector<std::string>{"Bin/", "zoo/", "A.tga=0", "a.tga=1", "b.tga=5", "link=5"}));
     EXPECT_TRUE(list_folder("b.tga").empty());
+    const FolderNames seen("Bin/..");
+    fs::remove("b.tga");
+    for (const char* name : {"Bin", "A.tga", "b.tga", "link", "pipe"})
+        EXPECT_TRUE(seen.contains(name)) << name;
+    EXPECT_FALSE(seen.contains("B.tga"));
+    EXPECT_FALSE(FolderNames().contains("b.tga"));
+    EXPECT_FALSE(FolderNames().contains("link")) << "it leads nowhere now";
 }
 
 TEST(Reading, TakesRegularFilesUpToTheLimit)
