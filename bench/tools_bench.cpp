@@ -2,6 +2,7 @@
 // Flood fills of large frames: the cost of a pixel on flat ground, in a maze and in noise.
 #include "draw/fill.h"
 #include "draw/undo.h"
+#include "opencv_peer.h"
 #include "platform/host.h"
 #include "runtime/random.h"
 #include "runtime/store.h"
@@ -59,9 +60,27 @@ void flood(benchmark::State& state, void (*paint)(BITMAP*), int x, int y)
     store = {};
     toolbox = {};
 }
+/// The same by OpenCV, with the channels side by side and a tolerance of 0, which is our 1.
+void flood_opencv(benchmark::State& state, void (*paint)(BITMAP*), int x, int y)
+{
+    platform::headless_host.start();
+    const Bitmap picture(side, side);
+    paint(picture);
+    OpenCvFill peer(row(picture, 0), side);
+    for (auto _ : state) {
+        state.PauseTiming();
+        peer.restore();
+        state.ResumeTiming();
+        peer.fill(x, y);
+    }
+}
+
 BENCHMARK_CAPTURE(flood, flat, flat, 17, 3000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(flood_opencv, flat, flat, 17, 3000)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(flood, serpentine, serpentine, 0, 0)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(flood_opencv, serpentine, serpentine, 0, 0)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(flood, noise, noise, side / 2, side / 2)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(flood_opencv, noise, noise, side / 2, side / 2)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace kelu

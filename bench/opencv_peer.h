@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+// What OpenCV does, apart from Allegro, whose header shares names with its own.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+namespace kelu {
+
+/// A picture of three bytes a pixel that is filled again and again.
+class OpenCvFill {
+public:
+    /// `pixels`: 0x00RRGGBB, side x side.
+    OpenCvFill(const int* pixels, int side);
+    ~OpenCvFill();
+    /// Makes the picture what it was.
+    void restore();
+    void fill(int x, int y);
+
+private:
+    struct Pictures;
+    std::unique_ptr<Pictures> pictures_;
+};
+
+} // namespace kelu
