@@ -53,6 +53,8 @@ int count_frame_files(const platform::FolderNames& names)
     return count;
 }
 
+std::string store_path(const std::string& name) { return run_state.program_dir + '/' + workspace_folder + '/' + name; }
+
 WorkspaceVisit::WorkspaceVisit(std::string leave_to)
     : before_(platform::working_directory()), leave_to_(std::move(leave_to)),
       found_program_(platform::change_directory(run_state.program_dir)), entered_(enter_store(found_program_))

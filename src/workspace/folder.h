@@ -30,6 +30,9 @@ int count_frame_files(const platform::FolderNames& names);
 /// Name of a file of a set by its ending: "spa", "cel", "tip" or "nal".
 std::string set_file(const char* ending, const std::string& set = file_set::current);
 
+/// Absolute name of a file in the store's folder.
+std::string store_path(const std::string& name);
+
 /// The store's folder as the working directory for the time of a block. At its end the process goes to the folder that
 /// the caller named, or back to where it was when there is no such folder.
 class WorkspaceVisit {

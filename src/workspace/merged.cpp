@@ -15,22 +15,12 @@ namespace {
 
 constexpr int color_bits = 0xffffff;
 
-constexpr int merge_pixel(int color, int alpha)
-{
-    return static_cast<int>(static_cast<unsigned>(color & color_bits) | static_cast<unsigned>(red_of(alpha)) << 24);
-}
-
 constexpr int top_byte(int pixel) { return static_cast<int>(static_cast<unsigned>(pixel) >> 24); }
-
-void merge_row(int y, int* to, int w)
-{
-    const int* color = row(color_picture(), y);
-    const int* alpha = row(alpha_picture(), y);
-    std::transform(color, color + w, alpha, to, merge_pixel);
-}
 
 /// The grey that a pixel of the alpha picture turns to when it is kept.
 constexpr int grey_level(int pixel) { return (red_of(pixel) + green_of(pixel) + blue_of(pixel)) / 3; }
+
+void merge_row(int y, int* to, int w) { merge_pixels(row(color_picture(), y), row(alpha_picture(), y), to, w); }
 
 bool same_row(int y, const int* restored, int w)
 {
@@ -55,6 +45,22 @@ bool same_size(const Bitmap& a, const Bitmap& b) { return a.width() == b.width()
 
 Bitmap& color_picture() { return store.alpha_edit_mode ? store.alpha_bitmap : store.frame_bitmap; }
 Bitmap& alpha_picture() { return store.alpha_edit_mode ? store.frame_bitmap : store.alpha_bitmap; }
+
+void merge_pixels(const int* color, const int* alpha, int* to, int count)
+{
+    for (int x = 0; x < count; ++x) {
+        const auto level = static_cast<unsigned>(grey_level(alpha[x]));
+        to[x] = static_cast<int>(static_cast<unsigned>(color[x] & color_bits) | level << 24);
+    }
+}
+
+Bitmap merged_picture(const Bitmap& color, const Bitmap& alpha)
+{
+    Bitmap merged = Bitmap::unfilled(color.width(), color.height());
+    for (int y = 0; y < merged.height(); ++y)
+        merge_pixels(row(color, y), row(alpha, y), row(merged, y), merged.width());
+    return merged;
+}
 
 void alpha_merge(BITMAP* dest)
 {

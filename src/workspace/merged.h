@@ -19,6 +19,12 @@ Bitmap& alpha_picture();
 /// made grey first. A missing bitmap is refused with a line in the log.
 void alpha_merge(BITMAP* dest);
 
+/// Merges `count` pixels. A colour on the alpha picture counts as the grey that is kept of it: the mean of its
+/// channels.
+void merge_pixels(const int* color, const int* alpha, int* to, int count);
+/// Two pictures of one size in merged form, without a change to either; empty when there is no memory for it.
+Bitmap merged_picture(const Bitmap& color, const Bitmap& alpha);
+
 /// The current frame as rows in merged form, for writers. The frame must exist as long as the source is in use.
 RowSource merged_rows();
 
