@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Work that goes to disk while it is done: what a stroke costs the hand with the journal running, what reaches the
-// disk, and the pause at a frame key beside plain reading of the frame that comes.
+// Work that goes to disk while it is done: what a stroke costs the main thread with the journal running, what reaches
+// the disk, and the pause at a frame key beside plain reading of the frame that comes.
 #include "base/run_state.h"
 #include "draw/inks.h"
 #include "draw/touched.h"
@@ -84,7 +84,7 @@ private:
     std::filesystem::path path_;
 };
 
-/// A stroke of some 60 pixels with a tip, as the hand makes them two to four times a second.
+/// A stroke of some 60 pixels with a tip, as people make them two to four times a second.
 void stroke(int number)
 {
     const UndoableOperation step;

@@ -8,7 +8,7 @@
 
 namespace kelu::tools {
 
-/// The lines of a file that say something, one at a time, and the complaint about the line in hand. ';' starts a
+/// The lines of a file that say something, one at a time, and the complaint about the present line. ';' starts a
 /// comment.
 class Lines {
 public:

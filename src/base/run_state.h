@@ -18,7 +18,7 @@ struct RunState {
     Shared<uint8_t> timers_locked = 1;        ///< 1: actor, behaviour and script timers return at once; also workspace/
     Shared<uint8_t> gui_active = 0;           ///< 1 from the main loop on: clicks are dispatched and job delays run
     Shared<uint8_t> gui_clicks_enabled = 0;   ///< 1: presses on slots are started; also the dragging of a window
-    uint8_t workspace_damaged = 0;            ///< 1: the drawing menu tells of repairs at its next pass; workspace/
+    uint8_t workspace_damaged = 0;            ///< 1: the drawing menu reports repairs at its next pass; workspace/
     int start_month = 0;                      ///< month of the start, 0 to 11
     int start_day = 1;                        ///< day of the month of the start
     std::string program_dir; ///< folder of the user's work and settings, no separator at its end: the executable's own,

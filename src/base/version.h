@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The program's version. It stands in the build's own project line, and the build hands it to version.cpp.
+// The program's version. It is given in the build's project line, and the build passes it to version.cpp.
 #pragma once
 
 namespace kelu {

@@ -14,8 +14,8 @@ namespace kelu {
 /// What has been touched since the frame was last settled. Owner: draw/touched; draw/undo empties it.
 struct Touched {
     enum Mark : uint8_t {
-        TOUCHED = 1, ///< stands in `tiles`
-        FRESH = 2,   ///< stands in `fresh`
+        TOUCHED = 1, ///< is in `tiles`
+        FRESH = 2,   ///< is in `fresh`
         SEEN = 4     ///< the journal has a state of it that this operation has left behind
     };
     TileGrid grid;                  ///< of the frame as it was when `marks` were made

@@ -124,7 +124,7 @@ void leave_size()
     copy_source();
 }
 
-/// While it stands, no seal of the journal divides the tiles of one operation.
+/// While it exists, no seal of the journal divides the tiles of one operation.
 class Settling {
 public:
     Settling() { note(true); }

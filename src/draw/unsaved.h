@@ -2,7 +2,7 @@
 // What of the frame the journal has yet to take over.
 //
 // The journal's thread copies tiles out of the stroke source while the main thread paints on the frame: no stroke waits
-// for the disk, and nothing is copied for it. The mutex stands between that thread and every write to the source.
+// for the disk, and nothing is copied for it. The mutex keeps that thread and every write to the source apart.
 #pragma once
 
 #include "draw/tiles.h"
@@ -20,7 +20,7 @@ struct Unsaved {
     bool collecting = false;      ///< a journal runs
     bool settling = false;        ///< the main thread is half-way through an operation's tiles
     bool whole = false;           ///< not only tiles: the frame has another size, or the alpha picture is another one
-    std::vector<uint8_t> marks;   ///< by tile of the source: 1 when it stands in `tiles`
+    std::vector<uint8_t> marks;   ///< by tile of the source: 1 when it is in `tiles`
     std::vector<std::size_t> tiles;
 
     /// Notes a tile of the source. The caller holds the mutex.
@@ -32,7 +32,7 @@ struct Unsaved {
         marks[tile] = 1;
         tiles.push_back(tile);
     }
-    /// Takes the note of a tile away, which stands last; the mutex as above.
+    /// Takes the last tile off the list and returns it. The caller holds the mutex.
     std::size_t take_last()
     {
         const std::size_t tile = tiles.back();

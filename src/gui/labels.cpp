@@ -20,7 +20,7 @@ namespace {
 constexpr int number_blank = 1000; // from here on KIND_NUMBER shows nothing
 constexpr std::size_t longest_font_name = 21;
 
-/// Panel and label of a look. A slot in the warning's red tells of a collision, and keeps its text legible on it.
+/// Panel and label of a look. A slot in the warning's red shows a collision, and keeps its text legible on it.
 void draw_labelled(int slot, const Look& look, const char* text)
 {
     const bool hovered = look.hover_fill != LOOK_SAME && look_hovered(slot);

@@ -193,7 +193,7 @@ int gui_reset_slot(int slot);
 int gui_find_free_slot(int direction);
 /// True for a slot of the table; otherwise a line in the log names the caller.
 bool gui_check_slot(int slot, const char* caller);
-/// Resets the slots of the open window, as its `slot_count` tells.
+/// Resets the slots of the open window, as many as its `slot_count` says.
 void gui_clear_window();
 /// Highest slot whose whole rectangle holds the position of the press, -1 none.
 int gui_slot_at_press();

@@ -35,7 +35,7 @@ void draw_mask_swatch(int slot, const Look&)
     const int mask = toolbox.mask_color;
     gui.colour[slot] = mask;
     draw_own_panel(slot);
-    // A small box tells it from the brush colour; its corners are clipped.
+    // A small box distinguishes it from the brush colour; its corners are clipped.
     const int left = gui.x[slot] + 15;
     const int top = gui.y[slot] + 2;
     const int right = left + 3;

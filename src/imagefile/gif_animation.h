@@ -2,7 +2,7 @@
 // Animated GIF files: "GIF89a" with several images, each laid over what shows.
 //
 // An image is a rectangle of the canvas with pixels that may be transparent. Its control block says how long it stays
-// and what becomes of it then: it stands, its rectangle is cleared, or what was before comes back.
+// and what becomes of it then: it stays, its rectangle is cleared, or what was before comes back.
 #pragma once
 
 #include "imagefile/animation_file.h"

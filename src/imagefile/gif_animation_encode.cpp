@@ -144,7 +144,7 @@ private:
     ByteSink sink_;
     WorkDone done_;
     std::optional<Table> shared_;
-    long units_due_ = 0, hundredths_told_ = 0; ///< of the pictures so far
+    long units_due_ = 0, hundredths_written_ = 0; ///< of the pictures so far
     WriteResult result_ = WriteResult::WRITTEN;
 };
 
@@ -200,14 +200,14 @@ bool Writer::put_head()
     return sink_(bytes) || fail(WriteResult::NOT_TAKEN);
 }
 
-/// What a picture's control block tells: the time due so far less the time told so far, so that nothing adds up.
+/// The delay in a picture's control block: the time due so far less the time written so far, so that no error adds up.
 int Writer::hundredths(int i)
 {
     units_due_ += source_.durations[static_cast<std::size_t>(i)];
-    const long due = (units_due_ + units_per_hundredth / 2) / units_per_hundredth - hundredths_told_;
-    const int told = static_cast<int>(std::clamp(due, long{least_hundredths}, long{most_hundredths}));
-    hundredths_told_ += told;
-    return told;
+    const long due = (units_due_ + units_per_hundredth / 2) / units_per_hundredth - hundredths_written_;
+    const int delay = static_cast<int>(std::clamp(due, long{least_hundredths}, long{most_hundredths}));
+    hundredths_written_ += delay;
+    return delay;
 }
 
 bool Writer::put_picture(int i, const Canvases& canvases, int disposal)

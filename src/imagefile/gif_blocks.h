@@ -11,7 +11,7 @@ enum GifBlock : int { GIF_EXTENSION = 0x21, GIF_IMAGE = 0x2c, GIF_END = 0x3b };
 constexpr int gif_control_label = 0xf9;     ///< extension: delay, disposal and transparent index of the next image
 constexpr int gif_application_label = 0xff; ///< extension: among others, how often the animation runs
 
-/// Bit 7 of a packed byte tells of a table; its low three bits tell of how many entries.
+/// Bit 7 of a packed byte says that there is a table; its low three bits say how many entries it has.
 constexpr int gif_packed_table = 0x80;
 constexpr int gif_packed_interlaced = 0x40;
 constexpr int gif_table_entries(int packed) { return packed & gif_packed_table ? 1 << ((packed & 7) + 1) : 0; }

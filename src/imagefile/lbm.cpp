@@ -11,7 +11,7 @@ namespace {
 
 struct Form {
     int width = 0, height = 0, planes = 0;
-    bool masked = false;   ///< one more plane in each row, which tells what is seen
+    bool masked = false;   ///< one more plane in each row, which says what is seen
     bool packed = false;   ///< ByteRun1
     bool bitplanes = true; ///< ILBM, else a byte a pixel
 

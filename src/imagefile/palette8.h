@@ -37,7 +37,7 @@ private:
 /// The index of the nearest colour of a palette; it remembers what it has been asked.
 class NearestColor {
 public:
-    /// The palette has 1 to 256 colours and must stand as long as this is in use.
+    /// The palette has 1 to 256 colours and must exist as long as this is in use.
     explicit NearestColor(const Palette8& palette);
     int operator()(int rgb);
 

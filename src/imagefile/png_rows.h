@@ -23,7 +23,7 @@ struct PngColorForm {
 constexpr PngColorForm png_color_forms[] = {
     {1, 1 | 2 | 4 | 8 | 16}, {}, {3, 8 | 16}, {1, 1 | 2 | 4 | 8}, {2, 8 | 16}, {}, {4, 8 | 16}};
 
-/// The form of a picture's data, as its head tells it.
+/// The form of a picture's data, as its head gives it.
 struct PngForm {
     int width = 0, height = 0;
     int depth = 0; ///< bits of a sample

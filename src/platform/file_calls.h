@@ -34,7 +34,7 @@ inline const FileCalls* file_calls = &system_file_calls;
 bool note_failure();
 /// The error number of the last call on a file that has failed; 0 when none has since `forget_failure`.
 int last_failure();
-/// So that `last_failure` tells of what follows.
+/// So that `last_failure` is that of a call that follows.
 void forget_failure();
 /// Why the last call on a file has failed, in words for the user: "NO SPACE LEFT", "NO PERMISSION" ...
 const char* failure_reason();

@@ -164,7 +164,7 @@ bool read_start(const std::string& name, std::size_t count, std::vector<uint8_t>
 bool read_file(const std::string& name, std::size_t limit, std::vector<uint8_t>& bytes)
 {
     if (read_once(name, limit, bytes)) return true;
-    // One that is there, allowed and of a size that will do has met a passing error: a second try tells.
+    // One that is there, allowed and of a size that will do has met a passing error: a second try shows it.
     const int error = last_failure();
     for (const int lasting : {ENOENT, ENOTDIR, EACCES, EISDIR, EFBIG, ENAMETOOLONG, ELOOP, ENXIO})
         if (error == lasting) return false;

@@ -32,7 +32,7 @@ bool rename_file(const std::string& from, const std::string& to);
 bool copy_file(const std::string& from, const std::string& to);
 /// The working directory, without a separator at its end (but for "/").
 std::string working_directory();
-/// The path of a file of the working directory that stands when that changes.
+/// The path of a file of the working directory that stays valid when that changes.
 std::string absolute_path(const std::string& name);
 /// Makes a folder; false when it could not.
 bool make_folder(const std::string& name);

@@ -40,11 +40,11 @@ std::array<Shared<uint8_t>, KEY_MAX> keys_down{};    ///< by scancode; the write
 std::array<Shared<uint8_t>, KEY_MAX> new_presses{};  ///< by scancode, since the last turn
 std::array<Shared<uint8_t>, KEY_MAX> late_presses{}; ///< by scancode, before it
 
-void (*told)() = nullptr; // set before the callbacks are
+void (*on_arrival)() = nullptr; // set before the callbacks are
 
 void tell_queued()
 {
-    if (told) told();
+    if (on_arrival) on_arrival();
 }
 
 void on_pointer(int)
@@ -65,7 +65,7 @@ void on_key(int code)
 
 void queue_input_events(void (*on_event)())
 {
-    told = on_event;
+    on_arrival = on_event;
     queued = 1;
     mouse_callback = on_pointer;
     keyboard_lowlevel_callback = on_key;

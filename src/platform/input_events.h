@@ -26,7 +26,7 @@ bool input_events_queued();
 /// Events so far, modulo 2^32.
 unsigned input_event_count();
 
-/// Appends an event. Where the queue is full an event is left out, and the last one of all says where things stand.
+/// Appends an event. Where the queue is full an event is left out, and the last one of all gives the state as it is.
 void append_pointer_event(const PointerEvent& event);
 /// The oldest event of the pointer that hasn't been dropped; false when there is none. Main thread.
 bool peek_pointer_event(PointerEvent& event);

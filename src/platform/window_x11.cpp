@@ -113,7 +113,7 @@ void describe_window(const char* title)
     set_window_title(title); // WM_NAME, for managers that know no other
     const XLock lock;
     Display* display = _xwin.display;
-    // The class stands already: this call, which sets the machine as well, is asked for nothing else.
+    // The class is set already: this call, which sets the machine as well, is asked for nothing else.
     XSetWMProperties(display, _xwin.wm_window, nullptr, nullptr, nullptr, 0, nullptr, nullptr, nullptr);
     const long process = getpid();
     set_property("_NET_WM_PID", XA_CARDINAL, 32, &process, 1);

@@ -35,7 +35,7 @@ bool settle_file(const fs::path& file, const fs::path& from)
 {
     if (platform::file_exists(file.string())) return true;
     std::vector<uint8_t> bytes;
-    // Without delivered settings the program's own defaults stand.
+    // Without delivered settings the program's own defaults are used.
     if (!platform::read_file(from.string(), largest_settings, bytes)) return true;
     return platform::replace_file(file.string(), bytes);
 }

@@ -43,7 +43,7 @@ bool write_work()
     return written;
 }
 
-/// What the user hasn't been told yet when the window goes.
+/// What hasn't been reported to the user yet when the window goes.
 void tell_the_rest()
 {
     while (const auto report = take_failure_report())
@@ -56,7 +56,7 @@ Leaving end_with(bool written)
     return written ? Leaving::WRITTEN : Leaving::UNWRITTEN;
 }
 
-/// Asks about the first thing that wasn't written; stderr tells of all when the answer is to leave.
+/// Asks about the first thing that wasn't written; stderr lists all when the answer is to leave.
 LeaveAnswer ask_user()
 {
     const FailureReport report = take_failure_report().value_or(FailureReport{});

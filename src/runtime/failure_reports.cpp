@@ -10,7 +10,7 @@
 namespace kelu {
 namespace {
 
-constexpr std::size_t most_reports = 16; ///< a broken disk fails everything: more than this tells nothing new
+constexpr std::size_t most_reports = 16; ///< a broken disk fails everything: more than this says nothing new
 
 /// Owner: this file. Any thread, under its lock.
 struct Reports {

@@ -9,7 +9,7 @@
 
 namespace kelu {
 
-/// What the user is told, for the letters of the screen's fonts.
+/// What the user reads, for the letters of the screen's fonts.
 struct FailureReport {
     std::string what;  ///< a sentence: "THE FRAME COULDN'T BE SAVED!"
     std::string where; ///< file or folder
@@ -17,7 +17,7 @@ struct FailureReport {
     bool operator==(const FailureReport&) const = default;
 };
 
-/// Reports a failure; one that waits already isn't told twice. `error` is an error number of the system. Any thread. A
+/// Reports a failure; one that waits already isn't added twice. `error` is an error number of the system. Any thread. A
 /// writer that tries again by itself reports the first failure of a row alone.
 void report_failure(std::string_view what, std::string_view where, int error);
 /// The same where it isn't the system that gives the reason.

@@ -117,7 +117,7 @@ bool look_into(const std::string& name, Content& content)
     return true;
 }
 
-/// Frames that are to come; 0: none after all. More than there is room for are told before anything is done.
+/// Frames that are to come; 0: none after all. More than there is room for are announced before anything is done.
 int frames_to_load(const Content& content)
 {
     const int room = FrameImport::room();
@@ -203,9 +203,10 @@ bool load(const Content& content, int frames)
         flash_status_message(TIP_CALLED_OFF);
         return false;
     }
-    std::string told = std::to_string(frames) + (frames == 1 ? " frame" : " frames");
-    if (const int cut = loading.cut_times(); cut > 0) told += ", " + std::to_string(cut) + " times cut at this speed";
-    flash_done(TIP_LOADED, told);
+    std::string summary = std::to_string(frames) + (frames == 1 ? " frame" : " frames");
+    if (const int cut = loading.cut_times(); cut > 0)
+        summary += ", " + std::to_string(cut) + " times cut at this speed";
+    flash_done(TIP_LOADED, summary);
     return true;
 }
 
@@ -219,7 +220,7 @@ bool load_animation_file(const std::string& name)
         if (!look_into(name, content)) return refused();
         const int frames = frames_to_load(content);
         const platform::DirectoryVisit here(platform::working_directory()); // the state is written from elsewhere
-        // The message of a failure to write the state stands.
+        // The message of a failure to write the state stays.
         return frames > 0 && load(content, frames) && write_workspace_state(state_file, true);
     } catch (const std::bad_alloc&) {
         picture_refusal = refusal::no_memory;

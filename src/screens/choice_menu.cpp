@@ -33,7 +33,7 @@ constexpr int choices = 6;
 
 constexpr int rows_in_view = 9; ///< of the list
 
-/// What tells the two menus apart.
+/// What differs between the two menus.
 struct ChoiceMenu {
     int menu_id, action;             ///< its id, and the key that leaves it
     int title, options, description; ///< texts of the labels

@@ -31,7 +31,7 @@ constexpr SlotRow palette_cell_row(int slot, int x, int y)
     return {slot, x, y, 10, KIND_COLOR_CELL, TEXT_NONE, ACT_CLICK, ACT_RIGHT_CLICK, TIP_NEW_SLOT_COLOR};
 }
 
-/// The edited colour. Once a slider has moved from where it stood at the start, the colour follows the sliders, with
+/// The edited colour. Once a slider has moved from where it was at the start, the colour follows the sliders, with
 /// the rounding of the colour space that is chosen.
 class ColorEditor {
 public:
@@ -66,7 +66,7 @@ private:
 
     Shared<int>& target_;
     int map_slot_;
-    Sliders start_;        // where they stood at the start
+    Sliders start_;        // where they were at the start
     Sliders last_;         // and in the last pass, for a menu that is built again
     bool follows_ = false; // a slider has moved
     CanvasButtons buttons_;

@@ -12,7 +12,7 @@ enum class DialogButtons {
 };
 
 /// Shows a dialog with one or two lines (rows of the strings; second 0: none) and waits for an answer: 1 for OKAY, 0
-/// for CANCEL or the program's end. It stands in slots 0 to 5 and doesn't clear them; the caller does, and builds its
+/// for CANCEL or the program's end. It uses slots 0 to 5 and doesn't clear them; the caller does, and builds its
 /// own window again.
 int confirm_dialog(int first_text, int second_text, DialogButtons buttons = DialogButtons::OKAY_AND_CANCEL);
 

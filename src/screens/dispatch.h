@@ -10,7 +10,7 @@ namespace kelu {
 enum BrowserMode : int {
     BROWSE_PICTURE = 1, ///< the format is determined from the file
     BROWSE_FONT,
-    BROWSE_WORKSPACE, ///< these three overrule the format that the name tells of
+    BROWSE_WORKSPACE, ///< these three overrule the format that the name has
     BROWSE_FAVORITES,
     BROWSE_SCHEME,
     BROWSE_ANIMATION ///< GIF or PNG, out of the tagged frames or behind the last one

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Both dialogs are one window of three lines; the home strip stands frozen behind it.
+// Both dialogs are one window of three lines; the home strip is frozen behind it.
 #include "screens/failure_dialog.h"
 
 #include "base/run_state.h"
@@ -25,10 +25,10 @@ constexpr int first_line_y = 16, line_pitch = 10, button_y = 50;
 constexpr int button_w = 59;
 constexpr int what_colour = 37, where_colour = 40; ///< codes of colour sets
 
-/// What the lines show while the dialog stands. Main thread.
+/// What the lines show while the dialog is open. Main thread.
 std::array<std::string, 3> line_texts;
 
-/// A text without its middle, so that it fits a line: of a path its end tells most.
+/// A text without its middle, so that it fits a line: the end of a path says most.
 std::string fitted(const std::string& text)
 {
     set_plain_text(FONT_WIDE, SET_BLACK);
@@ -48,7 +48,7 @@ void build_lines(const FailureReport& report)
     }
 }
 
-/// The strip frozen and hidden while a dialog stands over it, and as it was afterwards.
+/// The strip frozen and hidden while a dialog is over it, and as it was afterwards.
 class StripAside {
 public:
     StripAside() : stood_(gui.hidden[SLOT_WINDOW] == 0), menu_before_(menus.menu_id)

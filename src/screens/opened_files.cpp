@@ -28,7 +28,7 @@ namespace {
 
 constexpr const char* state_file = "current.spa";
 
-/// The picture, or an empty one for what can't be opened, which is told.
+/// The picture, or an empty one for what can't be opened, which is reported.
 Bitmap read_opened(const std::string& name, int format)
 {
     picture_refusal = refusal::no_memory; // until a decoder says something else
@@ -62,7 +62,7 @@ void open_files(const std::vector<std::string>& names)
         }
         const Bitmap picture = read_opened(name, format);
         if (!picture) continue;
-        if (!append_frame(picture)) break; // it takes no more, which is told once
+        if (!append_frame(picture)) break; // it takes no more, which is reported once
         if (first_new < 0) first_new = store.frame_count - 1;
     }
     if (first_new < 0 || !fetch_frame(store.current_frame, first_new, 0)) return;

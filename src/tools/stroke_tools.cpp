@@ -42,7 +42,7 @@ void dab_at(const Stroke& stroke, Point now)
     stroke_position = {now.x, now.y};
 }
 
-/// Passes while the button is held; `visit` gets each position that the hand reports, on the grid while that is on.
+/// Passes while the button is held; `visit` gets each position of the pointer, on the grid while that is on.
 template <class Visit>
 void follow_hand(Visit visit)
 {

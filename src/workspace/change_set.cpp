@@ -20,7 +20,7 @@ constexpr int tries = 2;                       // of a move to its place before 
 
 bool stuck = false; ///< a change that has been decided waits for the next try
 
-/// Where the new form of a file waits: the ending tells which file it is.
+/// Where the new form of a file waits: the ending says which file it is.
 std::string staged_name(const std::string& name) { return file_set::next + name.substr(name.find('.')); }
 
 /// Moves a file to its place; one that isn't there has been moved before.

@@ -30,14 +30,14 @@ public:
     void move(const std::string& source, const std::string& name);
     /// Lets a file go, if there is one.
     void remove(const std::string& name);
-    /// Does it all. False: nothing has changed. `platform::failure_reason` tells why.
+    /// Does it all. False: nothing has changed. `platform::failure_reason` says why.
     bool commit();
 
 private:
     /// What was painted on a frame goes with the file that it was painted on.
     void remove_journal(const std::string& name);
     std::string record_; ///< lines "take FROM TO" and "remove NAME"
-    bool ready_ = false; ///< no earlier change stands in the way
+    bool ready_ = false; ///< no earlier change is in the way
     int refused_ = 0;    ///< error number of a file that may not be replaced
     bool committed_ = false;
 };

@@ -18,7 +18,7 @@ public:
     /// Frames that the workspace has room for.
     static int room();
     /// Adds a picture in merged form as the next frame. Sides below a frame's least get transparent pixels added.
-    /// False: it can't be had or written; `platform::failure_reason` tells why.
+    /// False: it can't be had or written; `platform::failure_reason` says why.
     bool add(BITMAP* picture);
     /// Number of the frames so far.
     int count() const { return count_; }

@@ -32,7 +32,7 @@ void tell(int first_text, int second_text)
     if (show_notice) show_notice(first_text, second_text);
 }
 
-/// Nothing has changed: tells the user so, and why.
+/// Nothing has changed: reports it to the user, and why.
 void report_unchanged()
 {
     log_line("[ ERROR ] : The frames keep their order: %s", platform::failure_reason());

@@ -78,7 +78,7 @@ bool commit_frame(int frame)
     if (!frame_changed()) {
         save_nails();
     } else if (!write_with_nail(frame)) {
-        if (!write_frame(frame)) return false; // the picture before all; what else can't be written is told
+        if (!write_frame(frame)) return false; // the picture before all; what else can't be written is reported
         save_nails();
     }
     keep_view(frame);

@@ -26,7 +26,7 @@ enum LoadPurpose : int {
 /// the live frame are gone. A mode that isn't 0 loads `new_slot` as the onion skin and changes nothing else. A frame
 /// that is damaged is replaced by a blank one. Returns false when nothing was fetched: the slot is out of range, the
 /// system wouldn't read the new frame, or the old one could not be written; the old one then stays in memory. While
-/// running work is kept the old one is written behind the user's back, and what can't be written is tried again.
+/// running work is kept the old one is written in the background, and what can't be written is tried again.
 bool fetch_frame(int old_slot, int new_slot, int mode);
 
 /// Reads a file of the working directory in one of the ways of LoadPurpose. The undo queues, coverage and backdrop
@@ -38,10 +38,10 @@ bool load_frame_file(const std::string& name, int how, int format = FORMAT_NONE)
 bool adopt_picture(Bitmap merged, bool becomes_restoration);
 
 /// Writes the live frame in merged form to `current.NNN` of the working directory. A failure is reported to the user
-/// and returns false; the old file then stands.
+/// and returns false; the old file is then as it was.
 bool write_frame(int frame);
 
-/// Writes the live frame in merged form to a file of the working directory. Tells nobody of a failure.
+/// Writes the live frame in merged form to a file of the working directory. Reports no failure.
 bool write_live_frame(const std::string& name);
 /// To be called once the live frame's file has it: its journal begins anew.
 void note_commit();

@@ -4,7 +4,7 @@
 // "journal.007" belongs to "current.007", and to no other file of that name: its head has the size and the checksum of
 // the file that it goes on from. A record is its kind, the length of its payload and a checksum over both, each a
 // big-endian word, and the payload: a size (both pictures begin anew in it, black and opaque), a tile of one of the
-// pictures (its number and its pixels, deflated), or a seal. What stands behind the last seal doesn't count, nor what
+// pictures (its number and its pixels, deflated), or a seal. What follows the last seal doesn't count, nor what
 // follows a record that is torn. Pixels alone are kept, so that neither the mode of editing nor undo shows here.
 #pragma once
 

@@ -29,7 +29,7 @@ public:
     JournalRecords& records() { return records_; }
     /// Lets what has come so far go to the system, once there is much of it.
     bool spill();
-    /// Seals the batch and brings it to the disk. False: it isn't there, and `errno` tells why.
+    /// Seals the batch and brings it to the disk. False: it isn't there, and `errno` says why.
     bool finish();
     /// Nothing of the present batch counts.
     void give_up();
@@ -39,7 +39,7 @@ public:
     uint64_t size() const { return size_; } ///< bytes of the journal
 
 private:
-    /// What tells one version of a file from another without reading it.
+    /// What distinguishes versions of a file without reading it.
     struct Version {
         ino_t node = 0;
         off_t size = 0;

@@ -27,7 +27,7 @@ void remember_running_files();
 /// What is on the disk is unsure: the next look finds all of them changed.
 void forget_running_files();
 
-/// Writes the file. False when that failed, and the old file stands. Any thread.
+/// Writes the file. False when that failed; the old file is then as it was. Any thread.
 bool write_running_file(const RunningFile& file);
 
 } // namespace kelu

@@ -3,8 +3,8 @@
 // workspace or the user within five.
 //
 // A thread writes. It takes tiles out of the stroke source by itself (draw/unsaved), and what else there is in the
-// order in which the main thread hands it over: tiles of a stroke in hand, whole pictures, small files, the begin of
-// another frame's journal. Nothing of it is a commit: the frame's file stays as it was until the frame is left. The
+// order in which the main thread hands it over: tiles of a stroke being drawn, whole pictures, small files, the begin
+// of another frame's journal. Nothing of it is a commit: the frame's file stays as it was until the frame is left. The
 // thread sleeps while nothing is painted. All functions here are the main thread's.
 #pragma once
 
@@ -29,7 +29,7 @@ void stop_running_work(bool committed);
 void begin_journal();
 /// True while the thread runs; without it a frame that is left is written at once.
 bool running_work_started();
-/// The live frame makes way for another one, and its file is written behind the user's back. Until then the journal
+/// The live frame makes way for another one, and its file is written in the background. Until then the journal
 /// covers it.
 void hand_over_left_frame(LeftFrame left);
 /// Lets the thread write the sheet of thumbnails.
@@ -43,12 +43,12 @@ Bitmap take_back_left_frame(int frame);
 /// Before the pictures of frame and alpha change places: what the journal doesn't have yet is handed over.
 void exchange_journal_plane();
 
-/// To be called at every frame that is shown while the live frame stands in its place: keeps a stroke in hand, and
-/// looks every few seconds for what else has changed. Tells of what could not be written.
+/// To be called at every frame that is shown while the live frame is in its place: keeps a stroke that is being drawn,
+/// and looks every few seconds for what else has changed. Reports what could not be written.
 void keep_running_work();
 
 /// Waits until all that has been handed over is on the disk, or could not be written. Whoever writes files of the
-/// workspace by himself calls it first. False: a frame that was left is in no file yet.
+/// workspace without it calls it first. False: a frame that was left is in no file yet.
 bool settle_running_work();
 
 /// Work of an earlier run that was never committed.

@@ -39,7 +39,7 @@
 namespace kelu {
 namespace {
 
-constexpr int recovery_ticks = 480; // the message of it stands until the user has found his picture
+constexpr int recovery_ticks = 480; // its message stays until the user has found the picture
 constexpr int opaque_black = static_cast<int>(0xff000000U);
 constexpr std::size_t least_name = 5;          // letters of a state file's name: its ending makes way for the frames'
 constexpr std::size_t longest_directory = 255; // bytes of the browser's folder in a state file
@@ -132,7 +132,7 @@ constexpr ContainerRow containers[] = {
     {CONTAINER_NAILS, "nal", load_nails},
 };
 
-/// What a workspace has when nothing tells otherwise.
+/// What a workspace has when no file says otherwise.
 void set_missing_state()
 {
     view.frame_pan_x.fill(0);

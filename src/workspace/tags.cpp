@@ -30,7 +30,7 @@ void write_text(const TagRow& row, ByteWriter& out)
     out.fill(tag_text_bytes - text.size());
 }
 
-/// Walks word by word to the next marker. False at the end. `skipped` tells that there was something that is no record.
+/// Walks word by word to the next marker. False at the end. `skipped` says that there was something that is no record.
 bool find_record(ByteReader& in, RecordHead& head, bool& skipped)
 {
     skipped = false;
@@ -51,7 +51,7 @@ bool find_record(ByteReader& in, RecordHead& head, bool& skipped)
     return false;
 }
 
-/// True when a record may end `words` further on: there stands the next marker, or the end of the file.
+/// True when a record may end `words` further on: the next marker is there, or the end of the file.
 bool ends_there(ByteReader in, uint64_t words)
 {
     if (words > in.left() / word_bytes) return false;

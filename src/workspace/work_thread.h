@@ -1,7 +1,7 @@
 // The thread that writes running work, and the orders that it takes.
 //
-// Tiles of the stroke source it takes by itself (draw/unsaved); everything else comes as an order, and orders are
-// carried out in the order in which they came. Records that follow one another at once are sealed as one batch.
+// It takes tiles of the stroke source without being asked (draw/unsaved); everything else comes as an order, and orders
+// are carried out in the order in which they came. Records that follow one another at once are sealed as one batch.
 #pragma once
 
 #include "draw/unsaved.h"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# The program killed a second after a stroke, and with a stroke in hand: the next start shows the picture, says so, and
+# The program killed a second after a stroke, and with a stroke being drawn: the next start shows the picture, says so, and
 # brings the committed one by RESTORE. An idle program writes nothing.
 . "$(dirname "${BASH_SOURCE[0]}")/story.sh"
 start_display 1300x1000
@@ -38,7 +38,7 @@ kill_program
 xdotool mouseup 1
 start_program "$app"
 rest
-wait_for 'the stroke in hand' differs "$scratch/painted.png"
+wait_for 'the unfinished stroke' differs "$scratch/painted.png"
 wait_for 'a steady picture' steady
 
 sleep 5 # whatever the start has changed is written

@@ -28,7 +28,7 @@ painted() { [ "$(pixel "$scratch/frame.png" "$1" "$2")" != "$background" ]; }
 bare() { ! painted "$1" "$2"; }
 
 expect 'the stroke begins at the press' painted 60 60
-expect 'it turns where the hand turned' painted 80 60
+expect 'it turns where the pointer turned' painted 80 60
 expect 'it ends at the release' painted 100 90
 expect 'it goes no further' bare 150 55
 expect 'a click of no length leaves a stamp' painted 30 130
