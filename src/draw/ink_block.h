@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The 3 x 3 block round a pixel, for inks that look at the neighbours.
 #pragma once
 

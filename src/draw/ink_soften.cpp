@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // SOFTEN: a pixel is mixed with its neighbours, four pixels at a time where the block lies in the frame.
 #include "draw/ink_block.h"
 

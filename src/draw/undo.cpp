@@ -278,6 +278,14 @@ void settle_frame() { settle_or_forget(Settle::OPERATION); }
 
 void settle_exchanged_frame() { settle_or_forget(Settle::EXCHANGE); }
 
+void take_back_operation()
+{
+    if (undo.operations == 0 || TileGrid::of(store.frame_bitmap) != TileGrid::of(undo.source_bitmap)) return;
+    for (const std::size_t tile : touched.tiles)
+        copy_tile(undo.source_bitmap, store.frame_bitmap, touched.grid.box(tile));
+    settle_frame();
+}
+
 void undo_step() { step(undo_queue(depth()), redo_queue(depth())); }
 
 void redo_step() { step(redo_queue(depth()), undo_queue(depth())); }

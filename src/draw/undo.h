@@ -50,6 +50,9 @@ void push_undo(bool keep_redo);
 void settle_frame();
 /// As `settle_frame`, for a frame that has changed places with the alpha picture: the journal knows both.
 void settle_exchanged_frame();
+/// An operation that can't come to its end is given up half-way: the frame is as it was before it. Nothing when none is
+/// under way, or when it has changed the frame's size.
+void take_back_operation();
 /// Takes back the newest operation. The picture that it replaces goes to the redo queue. Nothing when there is none.
 void undo_step();
 /// Takes back the newest undo, as long as no new operation came after it.

@@ -20,9 +20,7 @@ using ColorTable = std::array<int, 256>;
 struct Image {
     int left = 0, top = 0, width = 0, height = 0;
     int packed = 0;
-    int transparent = -1; ///< index that isn't painted, -1 for none
-    int disposal = 0;     ///< a GifDisposal; anything else keeps the image as well
-    int hundredths = 0;
+    GifControl control;
 };
 
 void read_table(ByteReader& in, int packed, ColorTable& table)
@@ -30,19 +28,6 @@ void read_table(ByteReader& in, int packed, ColorTable& table)
     const auto levels = in.take(3 * static_cast<std::size_t>(gif_table_entries(packed)));
     for (std::size_t i = 0; i < levels.size() / 3; ++i)
         table[i] = opaque | levels[3 * i] << 16 | levels[3 * i + 1] << 8 | levels[3 * i + 2];
-}
-
-void read_extension(ByteReader& in, Image& image)
-{
-    const int label = in.byte();
-    for (int size = in.byte(); size > 0; size = in.byte()) {
-        ByteReader block(in.take(static_cast<std::size_t>(size)));
-        if (label != gif_control_label) continue;
-        const int flags = block.byte();
-        image.disposal = flags >> 2 & 7;
-        image.hundredths = block.little16();
-        image.transparent = flags & 1 ? block.byte() : -1;
-    }
 }
 
 /// Walks a file. Head and tables are read at once, images one by one.
@@ -65,21 +50,9 @@ public:
     bool next(Image& image)
     {
         image = {};
-        while (!in_.ended()) {
-            switch (in_.byte()) {
-            case GIF_EXTENSION:
-                read_extension(in_, image);
-                break;
-            case GIF_IMAGE:
-                read_descriptor(image);
-                return !in_.ended();
-            case GIF_END:
-                return false;
-            default:
-                break;
-            }
-        }
-        return false;
+        if (!find_gif_image(in_, image.control)) return false;
+        read_descriptor(image);
+        return !in_.ended();
     }
     /// Steps over the data of an image.
     void skip_data()
@@ -142,7 +115,7 @@ void paint(BITMAP* canvas, const Image& image, const Bytes& indices, const Color
         if (image.top + y < area.bottom) {
             int* to = row(canvas, image.top + y) + image.left;
             for (int x = 0; x < area.width(); ++x)
-                if (from[x] != image.transparent) to[x] = colors[from[x]];
+                if (from[x] != image.control.transparent) to[x] = colors[from[x]];
         }
         from += image.width;
     }
@@ -181,12 +154,12 @@ bool show(Walker& file, const Image& image, Bitmap& canvas, TakePicture take)
     const auto pixels = static_cast<long>(image.width) * image.height;
     if (pixels < 1 || pixels > max_bitmap_pixels || !file.read_data(image, indices)) return fail(refusal::damaged);
     Bitmap before;
-    if (image.disposal == GIF_BRING_BACK && !(before = canvas.copy())) return fail(refusal::no_memory);
+    if (image.control.disposal == GIF_BRING_BACK && !(before = canvas.copy())) return fail(refusal::no_memory);
     paint(canvas, image, indices, file.colors());
-    const int hundredths = image.hundredths < least_hundredths ? usual_hundredths : image.hundredths;
+    const int hundredths = image.control.hundredths < least_hundredths ? usual_hundredths : image.control.hundredths;
     if (!take(canvas, hundredths * units_per_hundredth)) return false;
-    if (image.disposal == GIF_BRING_BACK) canvas = std::move(before);
-    if (image.disposal == GIF_CLEAR) clear(canvas, area_on(canvas, image));
+    if (image.control.disposal == GIF_BRING_BACK) canvas = std::move(before);
+    if (image.control.disposal == GIF_CLEAR) clear(canvas, area_on(canvas, image));
     return true;
 }
 

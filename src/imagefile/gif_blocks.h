@@ -2,6 +2,7 @@
 // The blocks of a GIF file, for the readers and writers of pictures and of animations.
 #pragma once
 
+#include "base/reader.h"
 #include <span>
 #include <vector>
 
@@ -15,6 +16,16 @@ constexpr int gif_application_label = 0xff; ///< extension: among others, how of
 constexpr int gif_packed_table = 0x80;
 constexpr int gif_packed_interlaced = 0x40;
 constexpr int gif_table_entries(int packed) { return packed & gif_packed_table ? 1 << ((packed & 7) + 1) : 0; }
+
+/// What a control block says of the image that follows.
+struct GifControl {
+    int transparent = -1; ///< index that isn't painted, -1 for none
+    int disposal = 0;     ///< a GifDisposal; anything else keeps the image as well
+    int hundredths = 0;   ///< how long it shows
+};
+
+/// Walks to the descriptor of the next image; false at the end of the file. Stray bytes between blocks are passed over.
+bool find_gif_image(ByteReader& in, GifControl& control);
 
 /// The rows of an image in the order of the file. An interlaced one keeps every eighth row first, then the rows
 /// between, in four passes.

@@ -14,7 +14,7 @@ namespace {
 struct Image {
     int width = 0, height = 0;
     bool interlaced = false;
-    int transparent = -1; ///< index that isn't drawn, -1 for none
+    GifControl control;
 };
 
 void read_table(ByteReader& in, int packed, RGB* palette)
@@ -24,38 +24,6 @@ void read_table(ByteReader& in, int packed, RGB* palette)
         palette[i].g = static_cast<unsigned char>(in.byte() >> 2);
         palette[i].b = static_cast<unsigned char>(in.byte() >> 2);
     }
-}
-
-/// Reads one extension to its empty sub-block. The control block of an image carries its transparent index.
-void read_extension(ByteReader& in, Image& image)
-{
-    const int label = in.byte();
-    for (int size = in.byte(); size > 0; size = in.byte()) {
-        ByteReader block(in.take(static_cast<std::size_t>(size)));
-        if (label != gif_control_label) continue;
-        const int flags = block.byte();
-        block.little16(); // delay
-        image.transparent = flags & 1 ? block.byte() : -1;
-    }
-}
-
-/// Walks to the first image; false when the file ends before. Stray bytes between blocks are passed over.
-bool find_image(ByteReader& in, Image& image)
-{
-    while (!in.ended()) {
-        switch (in.byte()) {
-        case GIF_EXTENSION:
-            read_extension(in, image);
-            break;
-        case GIF_IMAGE:
-            return true;
-        case GIF_END:
-            return false;
-        default:
-            break;
-        }
-    }
-    return false;
 }
 
 /// False when the descriptor is cut or its sides can't be a bitmap's.
@@ -73,20 +41,20 @@ bool read_descriptor(ByteReader& in, Image& image, RGB* palette)
 /// Lets the transparent index and index 0 change places: transparency ends at index 0, and no colour changes.
 void move_transparency(const Image& image, Bytes& pixels, RGB* palette)
 {
-    if (image.transparent <= 0) return;
-    palette[image.transparent] = palette[0];
+    if (image.control.transparent <= 0) return;
+    palette[image.control.transparent] = palette[0];
     for (uint8_t& pixel : pixels) {
-        if (pixel == image.transparent)
+        if (pixel == image.control.transparent)
             pixel = 0;
         else if (pixel == 0)
-            pixel = static_cast<uint8_t>(image.transparent);
+            pixel = static_cast<uint8_t>(image.control.transparent);
     }
 }
 
 Bitmap build_bitmap(const Image& image, const Bytes& pixels, const RGB* palette)
 {
     auto colors = palette_colors(palette);
-    if (image.transparent >= 0) colors[0] = mask_magenta;
+    if (image.control.transparent >= 0) colors[0] = mask_magenta;
     Bitmap bitmap(image.width, image.height, colors[0]);
     if (!bitmap) return refuse(refusal::no_memory);
     const auto w = static_cast<std::size_t>(image.width);
@@ -113,7 +81,7 @@ Bitmap decode_gif(std::span<const uint8_t> bytes, RGB* palette)
     read_table(in, packed, palette);
 
     Image image;
-    if (!find_image(in, image) || !read_descriptor(in, image, palette)) return refuse(refusal::no_picture);
+    if (!find_gif_image(in, image.control) || !read_descriptor(in, image, palette)) return refuse(refusal::no_picture);
     const int minimum_size = in.byte();
     if (minimum_size < 1 || minimum_size > 8) return refuse("Bad code size!");
     const auto wanted = static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height);

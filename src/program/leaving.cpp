@@ -4,6 +4,7 @@
 
 #include "base/log.h"
 #include "base/run_state.h"
+#include "draw/undo.h"
 #include "loop/home_strip.h"
 #include "platform/ending.h"
 #include "platform/files.h"
@@ -85,6 +86,11 @@ Leaving leave_program()
     return end_with(true);
 }
 
-Leaving write_last_work() { return end_with(write_work()); }
+Leaving write_last_work()
+{
+    end_frame_loan();
+    take_back_operation();
+    return end_with(write_work());
+}
 
 } // namespace kelu

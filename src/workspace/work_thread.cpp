@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Orders carried out one after the other, and tiles between them.
 #include "workspace/work_thread.h"
 

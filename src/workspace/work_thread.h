@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The thread that writes running work, and the orders that it takes.
 //
 // It takes tiles of the stroke source without being asked (draw/unsaved); everything else comes as an order, and orders

@@ -8,9 +8,11 @@
 #include "runtime/macros.h"
 #include "screens/animation_slots.h"
 #include "screens/browser_slots.h"
+#include "support/frames.h"
 #include "tools/text_tool.h"
 #include <allegro.h>
 #include <filesystem>
+#include <fstream>
 
 namespace kelu {
 
@@ -18,6 +20,7 @@ using namespace test;
 
 namespace {
 
+enum { ANSWER_CANCEL = 126 };            ///< of the question about an animation's form
 constexpr int bare_x = 160, bare_y = 12; ///< on the frame, away from the windows
 
 void click_canvas(Session& session) { session.click_at(bare_x, bare_y); }
@@ -84,6 +87,41 @@ void tag_two(Session&)
 {
     animation.anim_count = 2;
     animation.anim_list[0] = animation.anim_list[1] = 0;
+}
+
+/// Types a name into the browser that an entry of the column PIC opens.
+void name_in_browser(Session& session, int entry, const std::string& name)
+{
+    open_entry_of(session, HOME_PIC, entry);
+    session.type(name);
+    session.key(KEY_STOP);
+    session.type("png");
+    session.key(KEY_ENTER);
+    session.frame(4);
+}
+
+void overwrite(Session& session)
+{
+    std::ofstream("a.png") << "something";
+    name_in_browser(session, 7, "a");
+}
+
+void load_garbage(Session& session)
+{
+    std::ofstream("b.png") << "no picture";
+    name_in_browser(session, 8, "b");
+}
+
+void save_animation_as_png(Session& session)
+{
+    tag_two(session);
+    open_entry_of(session, HOME_FRAME, 7);
+    session.click(SLOT_SAVE);
+    session.type("c");
+    session.key(KEY_STOP);
+    session.type("png");
+    session.key(KEY_ENTER);
+    session.frame(4);
 }
 
 /// A place where the program waits for its user.
@@ -161,6 +199,13 @@ const Place places[] = {
      },
      slot<105>},
     {"load browser", entry<HOME_PIC, 8>, slot<BROWSER_CANCEL>},
+    {"overwrite question", overwrite, [](Session& s) { leave_both(s, DIALOG_CANCEL, BROWSER_CANCEL); }},
+    {"failure panel", load_garbage, click_canvas},
+    {"form of an animation", save_animation_as_png,
+     [](Session& s) {
+         s.click(ANSWER_CANCEL);
+         s.click(SLOT_CANCEL);
+     }},
     {"get", entry<HOME_CEL, 2>, right_click, click_canvas},
     {"paste", entry<HOME_CEL, 4>, right_click},
     {"turn", entry<HOME_CEL, 7>, right_click},
@@ -182,6 +227,19 @@ const Place places[] = {
          s.key(KEY_T);
      }},
     {"spectrum", [](Session& s) { s.click(HOME_SPECTRUM, RIGHT_BUTTON); }, right_click, click_canvas},
+    {"quick slider",
+     [](Session& s) {
+         toolbox.ink_slots[0] = INK_GLASS;
+         toolbox.ink_slot = 0;
+         s.hold_key(KEY_PGUP);
+     },
+     let_go<KEY_PGUP>},
+    {"frame stepping",
+     [](Session& s) {
+         make_frames(4);
+         s.hold_key(KEY_PGDN);
+     },
+     let_go<KEY_PGDN>},
     {"frame jump", hold<KEY_BACKSLASH>, let_go<KEY_BACKSLASH>},
     {"alpha preview", hold<KEY_SLASH>, let_go<KEY_SLASH>},
     {"quick pan", hold<KEY_0_PAD>, let_go<KEY_0_PAD>},
@@ -218,11 +276,11 @@ const Place places[] = {
      tap<KEY_PGUP>},
 };
 
-/// Strokes in progress stay: what is painted is work.
-bool paints_at_once(const Place& place)
+/// Strokes in progress stay, since what is painted is work; and so does a step to another frame.
+bool acts_at_once(const Place& place)
 {
     const std::string name = place.name;
-    return name == "stroke" || name == "dabs" || name == "spray";
+    return name == "stroke" || name == "dabs" || name == "spray" || name == "frame stepping";
 }
 
 /// All that a screen could change in the work and in the settings, but the choice of tool, colours and view.
@@ -298,7 +356,7 @@ TEST_P(Leaving, TheSecondRequestGivesUpWhatIsNotCommitted)
     session.frame(5);
     ASSERT_TRUE(session.ended());
     EXPECT_EQ(session.exit_code(), 0);
-    if (paints_at_once(GetParam())) return;
+    if (acts_at_once(GetParam())) return;
     EXPECT_EQ(committed(), before);
 }
 
