@@ -20,7 +20,8 @@ using namespace test;
 
 namespace {
 
-enum { ANSWER_CANCEL = 126 };            ///< of the question about an animation's form
+constexpr int over_window = 120;         ///< first slot of a question over a window
+constexpr int answer_cancel = 126;       ///< of the question about an animation's form
 constexpr int bare_x = 160, bare_y = 12; ///< on the frame, away from the windows
 
 void click_canvas(Session& session) { session.click_at(bare_x, bare_y); }
@@ -89,13 +90,12 @@ void tag_two(Session&)
     animation.anim_list[0] = animation.anim_list[1] = 0;
 }
 
-/// Types a name into the browser that an entry of the column PIC opens.
-void name_in_browser(Session& session, int entry, const std::string& name)
+/// Types a name into the browser that is open.
+void enter_name(Session& session, const char* name, const char* ending)
 {
-    open_entry_of(session, HOME_PIC, entry);
     session.type(name);
     session.key(KEY_STOP);
-    session.type("png");
+    session.type(ending);
     session.key(KEY_ENTER);
     session.frame(4);
 }
@@ -103,13 +103,16 @@ void name_in_browser(Session& session, int entry, const std::string& name)
 void overwrite(Session& session)
 {
     std::ofstream("a.png") << "something";
-    name_in_browser(session, 7, "a");
+    open_entry_of(session, HOME_PIC, 7);
+    enter_name(session, "a", "png");
 }
 
-void load_garbage(Session& session)
+void choose_broken_font(Session& session)
 {
-    std::ofstream("b.png") << "no picture";
-    name_in_browser(session, 8, "b");
+    std::ofstream(session.folder() + "/fonts/b.ttf") << "no font";
+    use_tool<TOOL_TEXT>(session);
+    session.click(TEXT_SLOT_FONT);
+    enter_name(session, "b", "ttf");
 }
 
 void save_animation_as_png(Session& session)
@@ -117,11 +120,7 @@ void save_animation_as_png(Session& session)
     tag_two(session);
     open_entry_of(session, HOME_FRAME, 7);
     session.click(SLOT_SAVE);
-    session.type("c");
-    session.key(KEY_STOP);
-    session.type("png");
-    session.key(KEY_ENTER);
-    session.frame(4);
+    enter_name(session, "c", "png");
 }
 
 /// A place where the program waits for its user.
@@ -199,11 +198,15 @@ const Place places[] = {
      },
      slot<105>},
     {"load browser", entry<HOME_PIC, 8>, slot<BROWSER_CANCEL>},
-    {"overwrite question", overwrite, [](Session& s) { leave_both(s, DIALOG_CANCEL, BROWSER_CANCEL); }},
-    {"failure panel", load_garbage, click_canvas},
+    {"overwrite question", overwrite, [](Session& s) { leave_both(s, over_window + DIALOG_CANCEL, BROWSER_CANCEL); }},
+    {"failure panel", choose_broken_font,
+     [](Session& s) {
+         click_canvas(s);
+         s.click(TEXT_SLOT_CANCEL);
+     }},
     {"form of an animation", save_animation_as_png,
      [](Session& s) {
-         s.click(ANSWER_CANCEL);
+         s.click(answer_cancel);
          s.click(SLOT_CANCEL);
      }},
     {"get", entry<HOME_CEL, 2>, right_click, click_canvas},
