@@ -30,10 +30,7 @@ static_assert(std::size(names) == 113);
 /// By the three modifier bits: Control 1, Alt 2, Shift 4.
 constexpr const char* prefixes[] = {"", "CTRL+", "ALT+", "C/A+", "SHIFT+", "C/S+", "A/S+", "CAS+"};
 
-std::string cut(std::string_view label)
-{
-    return std::string(label.substr(0, longest_label));
-}
+std::string cut(std::string_view label) { return std::string(label.substr(0, longest_label)); }
 
 } // namespace
 

@@ -89,8 +89,8 @@ void sample_press()
     update_mouse_position();
     const int x = view.frame_mouse_x;
     const int y = view.frame_mouse_y;
-    // The stable position is kept in pixels of the frame: jitter of the screen matters only where it changes the frame's
-    // pixel.
+    // The stable position is kept in pixels of the frame: jitter of the screen matters only where it changes the
+    // frame's pixel.
     const int shift = view.zoom - 1;
     const int still_x = (pointer.stable_mouse_x >> shift) + view.pan_x;
     const int still_y = (pointer.stable_mouse_y >> shift) + view.pan_y;
