@@ -7,9 +7,11 @@ build_packages=(g++ cmake ninja-build pkg-config liballegro4-dev libx11-dev libj
 # To run without a display, with real mouse events and a screenshot.
 display_packages=(xvfb xauth xdotool x11-xkb-utils x11-apps imagemagick)
 # To pass the tests.
-test_packages=(libgtest-dev python3 xclip netpbm icoutils libjpeg-turbo-progs apngdis)
+test_packages=(libgtest-dev python3 xclip netpbm icoutils libjpeg-turbo-progs apngdis openbox)
 # To measure beside others.
 bench_packages=(libbenchmark-dev libpng-dev libgif-dev libopencv-imgproc-dev libpixman-1-dev)
+# To try the Debian package, by package_test.sh.
+package_packages=(git file dpkg-dev fakeroot lintian appstream desktop-file-utils debootstrap)
 
 # need_packages NAME...: installs what is missing, as root or by sudo. Where neither works it prints the one line to
 # run and fails. On a system without apt-get it leaves the matter to the build, which names what it doesn't find.

@@ -7,7 +7,8 @@
 hold=0.06 # seconds
 
 scratch=$(mktemp -d)
-display_server= program= window= scale=3
+display_server= program= window=
+scale=3 left=0 top=0 # of the picture in the window: its size and its place
 
 # Ends what was started here, by its own id.
 clean_up() {
@@ -64,6 +65,14 @@ find_window() {
     [ -n "$window" ]
 }
 
+# The picture is as large as fits, and in the middle.
+measure_window() {
+    local WIDTH HEIGHT SCREEN WINDOW X Y
+    eval "$(xdotool getwindowgeometry --shell "$window")"
+    scale=$((WIDTH * 3 < HEIGHT * 4 ? WIDTH / 320 : HEIGHT / 240))
+    left=$(((WIDTH - 320 * scale) / 2)) top=$(((HEIGHT - 240 * scale) / 2))
+}
+
 # start_program FOLDER [COMMAND...]: starts ./kelu, or the command, in the folder that has its log, and waits until it
 # takes input.
 start_program() {
@@ -74,9 +83,14 @@ start_program() {
     rm -f "$folder/FW_log.txt"
     (cd "$folder" && exec "$@" >"$scratch/output" 2>&1) &
     program=$!
-    wait_for 'the start of the program' grep -q 'Entering program loop' "$folder/FW_log.txt"
+    wait_for_input "$folder"
+}
+
+# wait_for_input FOLDER: until the program that has its log there takes input.
+wait_for_input() {
+    wait_for 'the start of the program' grep -q 'Entering program loop' "$1/FW_log.txt"
     wait_for 'the window' find_window
-    scale=$(($(xdotool getwindowgeometry --shell "$window" | sed -n 's/^WIDTH=//p') / 320))
+    measure_window
     xdotool windowfocus "$window"
     # For a quarter of a second after the start the pointer moves by steps, not to places.
     sleep 0.4
@@ -92,11 +106,11 @@ end_program() {
     wait "$id"
 }
 
-# The physical pixel in the middle of a logical one.
-physical() { echo $(($1 * scale + scale / 2)); }
+# physical X Y: the pixel of the window in the middle of a logical one.
+physical() { echo $((left + $1 * scale + scale / 2)) $((top + $2 * scale + scale / 2)); }
 
 move_to() {
-    xdotool mousemove --window "$window" "$(physical "$1")" "$(physical "$2")"
+    xdotool mousemove --window "$window" $(physical "$1" "$2")
     sleep "$hold"
 }
 
@@ -106,7 +120,7 @@ stroke() {
     xdotool mousedown 1
     sleep "$hold"
     while [ $# -ge 2 ]; do
-        xdotool mousemove --window "$window" "$(physical "$1")" "$(physical "$2")" sleep 0.02
+        xdotool mousemove --window "$window" $(physical "$1" "$2") sleep 0.02
         shift 2
     done
     sleep "$hold"

@@ -7,6 +7,7 @@
 
 #include "base/run_state.h"
 #include "platform/ending.h"
+#include "platform/full_screen.h"
 #include "platform/layout.h"
 #include "platform/scaler.h"
 #include <algorithm>
@@ -49,37 +50,73 @@ RowSpan changed_rows(BITMAP* picture)
     return span;
 }
 
+/// Allegro opens any window, though half of it may lie beyond the edge.
 bool desktop_holds(int w, int h)
 {
     int desktop_w = 0;
     int desktop_h = 0;
-    // Allegro opens any window, though half of it may lie beyond the edge.
     return get_desktop_resolution(&desktop_w, &desktop_h) != 0 || (w <= desktop_w && h <= desktop_h);
 }
 
-} // namespace
+/// The largest scale at which the picture lies within these sizes; below `min_scale` when there is none.
+int largest_scale(int w, int h) { return std::min({w / logical_w, h / logical_h, max_scale}); }
 
-bool enter_desktop_mode(const VideoMode& mode)
+/// Has Allegro enter a mode of this driver and scale.
+bool set_mode(int driver, int scale)
 {
-    const int w = logical_w * mode.scale;
-    const int h = logical_h * mode.scale;
-    if (mode.scale < min_scale || mode.scale > max_scale || !desktop_holds(w, h)) return false;
+    const int w = logical_w * scale;
+    const int h = logical_h * scale;
+    if (scale < min_scale || scale > max_scale || !desktop_holds(w, h)) return false;
+    leave_full_screen();
     // The driver states its order of channels by these words, and on odd displays by leaving them alone.
     _rgb_r_shift_32 = 0;
     _rgb_b_shift_32 = 16;
-    const bool entered =
-        set_gfx_mode(mode.fullscreen ? GFX_AUTODETECT_FULLSCREEN : GFX_AUTODETECT_WINDOWED, w, h, 0, 0) == 0;
+    const bool entered = set_gfx_mode(driver, w, h, 0, 0) == 0;
     const bool plain = _rgb_r_shift_32 == 16;
     fix_pixel_layout();
     if (!entered) return false;
-    // The X driver knows only the second; the first is for systems that lose the picture in the background.
-    set_display_switch_mode(mode.fullscreen ? SWITCH_BACKAMNESIA : SWITCH_BACKGROUND);
     presenter.order = plain ? ChannelOrder::PLAIN : ChannelOrder::EXCHANGED;
-    presenter.scale = mode.scale;
+    presenter.scale = scale;
     presenter.shown = Bitmap(logical_w, logical_h);
     presenter.scaled = window_image() ? Bitmap() : Bitmap(w, h);
     presenter.shown_valid = false;
     return true;
+}
+
+/// By the window manager. On a desktop of several screens the window gets one of them, so that the scale may have to be
+/// found anew.
+int enter_full_screen_of_manager(int scale)
+{
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        if (!set_mode(GFX_AUTODETECT_WINDOWED, scale)) return 0;
+        const Extent screen_size = ask_for_full_screen();
+        const int fitting = largest_scale(screen_size.w, screen_size.h);
+        if (fitting == scale) return scale;
+        scale = fitting;
+    }
+    return 0;
+}
+
+/// Without a manager that does it, by a window that no manager has a say in.
+int enter_full_screen()
+{
+    int w = 0;
+    int h = 0;
+    const int scale = get_desktop_resolution(&w, &h) == 0 ? largest_scale(w, h) : min_scale;
+    const int managed = manager_offers_full_screen() ? enter_full_screen_of_manager(scale) : 0;
+    if (managed != 0) return managed;
+    return set_mode(GFX_AUTODETECT_FULLSCREEN, scale) ? scale : 0;
+}
+
+} // namespace
+
+int enter_desktop_mode(const VideoMode& mode)
+{
+    const int scale =
+        mode.fullscreen ? enter_full_screen() : (set_mode(GFX_AUTODETECT_WINDOWED, mode.scale) ? mode.scale : 0);
+    // The X driver knows only the second; the first is for systems that lose the picture in the background.
+    if (scale != 0) set_display_switch_mode(mode.fullscreen ? SWITCH_BACKAMNESIA : SWITCH_BACKGROUND);
+    return scale;
 }
 
 void present_on_desktop(BITMAP* picture, bool fresh)
@@ -116,6 +153,7 @@ bool picture_stands_still() { return presenter.still == still_enough; }
 
 void close_desktop_window()
 {
+    leave_full_screen();
     if (presenter.scale != 0) set_gfx_mode(GFX_TEXT, 0, 0, 0, 0);
     presenter = {};
 }

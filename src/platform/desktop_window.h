@@ -10,8 +10,8 @@ namespace kelu::platform {
 void name_window_class();
 /// After it: a broken connection to the display is noted, and nothing else.
 void watch_connection();
-/// Enters the mode; false when it is refused, also when the desktop is smaller than it. The old mode then stays.
-bool enter_desktop_mode(const VideoMode& mode);
+/// Enters the mode; its scale, or 0 when it is refused, also when the desktop is smaller than it.
+int enter_desktop_mode(const VideoMode& mode);
 /// Shows a picture of 320 x 240, scaled. Only the rows that differ from the last picture shown go to the display.
 /// `fresh` false: it is that one.
 void present_on_desktop(BITMAP* picture, bool fresh);

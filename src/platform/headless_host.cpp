@@ -15,7 +15,7 @@ bool start()
     return true;
 }
 
-bool enter_mode(const VideoMode&) { return true; }
+int enter_mode(const VideoMode& mode) { return mode.scale; }
 void set_title(const char*) {}
 void set_icons(std::span<BITMAP* const>) {}
 void present(BITMAP*, bool) {}

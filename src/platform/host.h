@@ -9,16 +9,17 @@
 
 namespace kelu::platform {
 
-/// A video mode of the program: full screen or a window, at 320 x 240 times the scale.
+/// A video mode of the program: a window of 320 x 240 times the scale, or full screen.
 struct VideoMode {
-    bool fullscreen = false;
-    int scale = 2; ///< 2 to 9
+    bool fullscreen = false; ///< as large as the screen allows, black around it
+    int scale = 2;           ///< 2 to 9 for a window; full screen finds its own
 };
 
 /// One call an operation of the system. All run on the main thread; the timers' own threads are the host's affair.
 struct Host {
     bool (*start)(); ///< Allegro, timers, keyboard, mouse, close button, signals; false: no display
-    bool (*enter_mode)(const VideoMode& mode); ///< false: refused, also when the desktop is smaller than the mode
+    /// The scale that the mode has; 0: refused, also when the desktop is smaller than the mode.
+    int (*enter_mode)(const VideoMode& mode);
     void (*set_title)(const char* title);
     /// The window's icon, in several sizes of at most 256 x 256, with alpha in the top byte.
     void (*set_icons)(std::span<BITMAP* const> pictures);

@@ -6,8 +6,8 @@
 
 namespace kelu::platform {
 
-constexpr int min_scale = 2; ///< physical pixels for a logical one
-constexpr int max_scale = 9;
+constexpr int min_scale = 2;  ///< physical pixels for a logical one
+constexpr int max_scale = 18; ///< fills a screen of 7680 x 4320
 
 /// Order of the colour channels in the screen's words. EXCHANGED is for displays of 8 or 30 bits, where Allegro's
 /// driver takes 0x00BBGGRR.

@@ -4,7 +4,10 @@
 
 #include "platform/dropped_files.h"
 #include "platform/ending.h"
+#include "platform/full_screen.h"
+#include "platform/x_events.h"
 #include "platform/x_lock.h"
+#include "platform/x_properties.h"
 #include <algorithm>
 #include <array>
 #include <string>
@@ -14,9 +17,6 @@
 #include <X11/Xlib.h>
 
 extern "C" {
-/// Xlib's call for extensions: who makes an event of the bytes that came. In a header of Xlib's own parts only.
-using EventMaker = Bool (*)(Display*, XEvent*, void* bytes);
-EventMaker XESetWireToEvent(Display*, int event, EventMaker);
 /// Allegro's own handling of input, which stands aside while `_xwin_input_handler` is set.
 void _xwin_private_handle_input(void);
 }
@@ -25,7 +25,6 @@ namespace kelu::platform {
 namespace {
 
 constexpr long protocol_version = 5; ///< of dragging, the newest one
-constexpr long most_list = 1L << 20; ///< longest list of files that is taken, in bytes
 
 struct Atoms {
     Atom protocols, close, ping, aware, enter, position, leave, drop, status, finished, selection, type_list, copy,
@@ -46,8 +45,6 @@ struct Messages {
 };
 Messages messages;
 
-Atom atom(const char* name) { return XInternAtom(_xwin.display, name, False); }
-
 /// Sends five words to a window of another program.
 void send(Window target, Atom type, std::array<long, 5> words)
 {
@@ -62,37 +59,13 @@ void send(Window target, Atom type, std::array<long, 5> words)
 
 long our_window() { return static_cast<long>(_xwin.wm_window); }
 
-/// The whole of a property, if it has the type; the property goes when it is ours.
-std::string read_property(Window window, Atom property, Atom type, bool remove)
-{
-    Atom real_type = None;
-    int format = 0;
-    unsigned long items = 0, left = 0;
-    unsigned char* data = nullptr;
-    if (XGetWindowProperty(_xwin.display, window, property, 0, most_list / 4, remove, type, &real_type, &format, &items,
-                           &left, &data) != Success ||
-        !data)
-        return {};
-    const std::size_t item = format == 32 ? sizeof(long) : static_cast<std::size_t>(format) / 8;
-    std::string bytes;
-    if (real_type == type && left == 0) bytes.assign(reinterpret_cast<const char*>(data), items * item);
-    XFree(data);
-    return bytes;
-}
-
 bool lists_uris(const XClientMessageEvent& enter)
 {
     for (int i = 2; i < 5; ++i) {
         if (static_cast<Atom>(enter.data.l[i]) == messages.atoms.uri_list) return true;
     }
     if ((enter.data.l[1] & 1) == 0) return false; // there are no more than these
-    const std::string types = read_property(messages.drag.source, messages.atoms.type_list, XA_ATOM, false);
-    for (std::size_t at = 0; at + sizeof(Atom) <= types.size(); at += sizeof(Atom)) {
-        Atom type = None;
-        types.copy(reinterpret_cast<char*>(&type), sizeof type, at);
-        if (type == messages.atoms.uri_list) return true;
-    }
-    return false;
+    return lists_atom(messages.drag.source, messages.atoms.type_list, messages.atoms.uri_list);
 }
 
 void finish_drop(bool taken)
@@ -139,7 +112,7 @@ void answer_message(const XEvent& event)
 void take_drop(const XSelectionEvent& notice)
 {
     std::string list;
-    if (notice.property != None) list = read_property(_xwin.wm_window, notice.property, messages.atoms.uri_list, true);
+    if (notice.property != None) list = take_property(_xwin.wm_window, notice.property, messages.atoms.uri_list);
     std::vector<std::string> files = files_of_uri_list(list);
     const bool taken = !files.empty();
     if (taken) add_dropped_files(std::move(files));
@@ -218,6 +191,7 @@ void listen_to_messages()
     _xwin_input_handler = [] {
         _xwin_private_handle_input();
         answer_all();
+        if (!display_lost()) follow_full_screen();
     };
     std::array<Atom, 2> protocols = {atoms.close, atoms.ping};
     XSetWMProtocols(_xwin.display, _xwin.wm_window, protocols.data(), static_cast<int>(protocols.size()));

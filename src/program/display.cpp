@@ -46,8 +46,10 @@ bool request_mode(int digit)
     const platform::VideoMode mode{digit == 1, std::max(digit, smallest_window)};
     log_line("[ INIT ] : Requesting %dx%d %s resolution", logical_w * mode.scale, logical_h * mode.scale,
              mode.fullscreen ? "fullscreen" : "windowed");
-    if (!platform::host->enter_mode(mode)) return false;
-    set_screen_size(mode.scale);
+    const int scale = platform::host->enter_mode(mode);
+    if (scale == 0) return false;
+    set_screen_size(scale);
+    if (mode.fullscreen) log_line("[ INIT ] : Full screen shows %dx%d", screen_state.screen_w, screen_state.screen_h);
     return true;
 }
 

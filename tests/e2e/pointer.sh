@@ -6,7 +6,7 @@
 start_display 1300x1000
 start_program "$app"
 
-at() { echo "mousemove --window $window $(physical "$1") $(physical "$2")"; }
+at() { echo "mousemove --window $window $(physical "$1" "$2")"; }
 move_to 10 10
 sleep 0.3
 

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Another program's side of the window's messages: a window manager's ping, and files dragged and dropped.
+// Another program's side of the window's messages: a window manager's ping and promises, and files dragged and dropped.
 //
 //   window_peer WINDOW ping           0 when the answer comes within two seconds
 //   window_peer WINDOW drop TEXT      drops a list of URIs; 0 when the window takes it
 //   window_peer WINDOW drop-other     drags something that is no list; 0 when the window refuses it
 //   window_peer WINDOW drop-dying     drops a list and is gone before it is asked for it
+//   window_peer WINDOW leave          asks the window manager to end the window's full screen
+//   window_peer ROOT manager          names the root window as a manager that does full screen
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
@@ -23,17 +25,22 @@ Window target = None, own = None;
 
 Atom atom(const char* name) { return XInternAtom(display, name, False); }
 
-void send(const char* type, long l0, long l1 = 0, long l2 = 0, long l3 = 0, long l4 = 0)
+/// A message about the target, to the target or to the window manager.
+void send_to(Window receiver, long mask, const char* type, const long (&words)[5])
 {
     XEvent event = {};
     event.xclient.type = ClientMessage;
     event.xclient.window = target;
     event.xclient.message_type = atom(type);
     event.xclient.format = 32;
-    const long words[] = {l0, l1, l2, l3, l4};
     std::memcpy(event.xclient.data.l, words, sizeof words);
-    XSendEvent(display, target, False, NoEventMask, &event);
+    XSendEvent(display, receiver, False, mask, &event);
     XFlush(display);
+}
+
+void send(const char* type, long l0, long l1 = 0, long l2 = 0, long l3 = 0, long l4 = 0)
+{
+    send_to(target, NoEventMask, type, {l0, l1, l2, l3, l4});
 }
 
 /// The next event, or none within two seconds.
@@ -107,6 +114,23 @@ bool drop(std::string_view text)
     return false;
 }
 
+void leave_full_screen()
+{
+    constexpr long remove = 0, from_pager = 2;
+    send_to(DefaultRootWindow(display), SubstructureRedirectMask | SubstructureNotifyMask, "_NET_WM_STATE",
+            {remove, static_cast<long>(atom("_NET_WM_STATE_FULLSCREEN")), 0, from_pager, 0});
+}
+
+void promise_full_screen()
+{
+    const auto set = [](const char* name, Atom type, Atom word) {
+        XChangeProperty(display, target, atom(name), type, 32, PropModeReplace,
+                        reinterpret_cast<const unsigned char*>(&word), 1);
+    };
+    set("_NET_SUPPORTING_WM_CHECK", XA_WINDOW, target);
+    set("_NET_SUPPORTED", XA_ATOM, atom("_NET_WM_STATE_FULLSCREEN"));
+}
+
 } // namespace
 
 int main(int count, char** words)
@@ -118,6 +142,11 @@ int main(int count, char** words)
     const std::string_view what = words[2];
     if (what == "ping") return ping() ? 0 : 1;
     if (what == "drop" && count == 4) return drop(words[3]) ? 0 : 1;
+    if (what == "leave" || what == "manager") {
+        what == "leave" ? leave_full_screen() : promise_full_screen();
+        XSync(display, False);
+        return 0;
+    }
     if (what == "drop-other") {
         const bool taken = drag("text/other");
         send("XdndLeave", static_cast<long>(own));

@@ -1,0 +1,80 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# Full screen: by a window manager, without one, and with one that promises it and does nothing. The picture is as large
+# as whole factors allow and in the middle, black is around it, and every press lands on the pixel that is seen there.
+. "$(dirname "${BASH_SOURCE[0]}")/story.sh"
+printf 1 >"$app/config.def"
+manager=
+trap '[ -z "$manager" ] || kill "$manager" 2>/dev/null || true; clean_up' EXIT
+
+start_manager() {
+    openbox --sm-disable --config-file /dev/null >"$scratch/manager" 2>&1 &
+    manager=$!
+    wait_for 'the window manager' sh -c 'xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"'
+}
+
+# The window that a user sees: the whole screen.
+whole_screen() { xwininfo -root | sed -n 's/.*Window id: \(0x[0-9a-f]*\).*/\1/p'; }
+
+# border_is_black: what lies around the picture on the screen.
+border_is_black() {
+    import -window root "png24:$scratch/root.png"
+    convert "$scratch/root.png" -fill black -draw "rectangle $left,$top $((left + 320 * scale - 1)),$((top + 240 * scale - 1))" \
+        "$scratch/border.png"
+    [ "$(convert "$scratch/border.png" -format '%[fx:maxima]' info:)" = 0 ]
+}
+
+# paint_and_judge WHAT: strokes from inside and from outside of the picture, and where they are in its file.
+paint_and_judge() {
+    wait_for "black around the picture, $1" border_is_black
+    stroke 120 100 170 100
+    # A press on the black on the left begins at the picture's edge.
+    xdotool mousemove --window "$window" 2 $((top + 60 * scale)) sleep "$hold" mousedown 1 sleep "$hold"
+    xdotool mousemove --window "$window" $(physical 40 60) sleep "$hold" mouseup 1 sleep "$hold"
+    kill -TERM "$program"
+    end_program || fail "result $? after TERM, $1"
+    local frame=tga:$app/WORKSPACE/current.000 background place
+    background=$(pixel "$frame" 200 30)
+    for place in 120,100 170,100 145,100 0,60 40,60; do
+        expect "$1, paint at $place" test "$(pixel "$frame" ${place/,/ })" != "$background"
+    done
+    for place in 116,100 174,100 145,96 145,104 44,60; do
+        expect "$1, no paint at $place" test "$(pixel "$frame" ${place/,/ })" = "$background"
+    done
+    rm -rf "$app/WORKSPACE"
+}
+
+start_display 1366x1000
+start_manager
+start_program "$app"
+expect 'the state' sh -c "xprop -id $window _NET_WM_STATE | grep -q _NET_WM_STATE_FULLSCREEN"
+expect 'a window as large as the screen' test "$scale $left $top" = '4 43 20'
+expect 'the scale in the log' log_says '[ INIT ] : Full screen shows 1280x960'
+expect 'the request' log_says '[ INIT ] : Requesting 640x480 fullscreen resolution'
+paint_and_judge 'by the manager'
+
+# The user leaves full screen by the manager's keys, and the picture stays where the pointer finds it.
+start_program "$app"
+"$tools/window_peer" "$window" leave
+smaller() { measure_window && [ "$left" -lt 43 ]; }
+wait_for 'a smaller window' smaller
+stroke 120 100 170 100
+kill -TERM "$program"
+end_program || fail "result $? after leaving"
+frame=tga:$app/WORKSPACE/current.000
+expect 'paint in the smaller window' test "$(pixel "$frame" 145 100)" != "$(pixel "$frame" 145 96)"
+rm -rf "$app/WORKSPACE"
+
+# Without a manager: a window of its own kind, which has no name.
+kill "$manager"
+wait "$manager" 2>/dev/null || true
+manager=
+find_window() { window=$(whole_screen); }
+start_program "$app"
+paint_and_judge 'without a manager'
+
+# A manager that says it can.
+root=$(whole_screen)
+"$tools/window_peer" "$root" manager
+start_program "$app"
+paint_and_judge 'with a manager that does nothing'
