@@ -13,6 +13,7 @@ endif()
 if(epoch)
   set(ENV{SOURCE_DATE_EPOCH} ${epoch})
 endif()
+set(KELU_EPOCH "${epoch}") # for what is packed; empty where nothing is known
 string(TIMESTAMP KELU_BUILD_DATE "%Y-%m-%d" UTC)
 
 # The day of the release, from the newest heading of CHANGELOG.md, "## 1.6 (2026-11-25)", which is held to the version
