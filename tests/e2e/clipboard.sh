@@ -14,6 +14,9 @@ ask() {
 # same A B: both files are there and show the same picture.
 same() { [ -s "$1" ] && [ "$(convert "$1" rgb:- | cksum)" = "$(convert "$2" rgb:- | cksum)" ]; }
 
+# offers TYPE: what is on the clipboard has this type.
+offers() { xclip -selection clipboard -o -t TARGETS 2>/dev/null | grep -qx "$1"; }
+
 convert -size 33x21 gradient:red-blue -depth 8 PNG24:small.png
 convert -size 900x700 -seed 1 plasma: -depth 8 PNG24:large.png
 
@@ -43,24 +46,24 @@ done
 xclip -selection clipboard -o -t image/png >after.png
 expect 'others are served on' same after.png large.png
 
+# xclip goes into the background before it owns the clipboard.
+pastes() { rm -f out.png && ask paste out.png && same out.png "$1"; }
 for picture in small large; do
     xclip -selection clipboard -i -t image/png <$picture.png
-    rm -f out.png
-    ask paste out.png
-    expect "we take $picture as PNG" same out.png $picture.png
+    wait_for "$picture taken as PNG" pastes $picture.png || fail "we don't take $picture as PNG"
     convert $picture.png BMP3:$picture.bmp
+    echo text | xclip -selection clipboard -i
+    wait_for 'the text on the clipboard' offers UTF8_STRING
     xclip -selection clipboard -i -t image/bmp <$picture.bmp
-    rm -f out.png
-    ask paste out.png
-    expect "we take $picture as BMP" same out.png $picture.png
+    wait_for "$picture taken as BMP" pastes $picture.png || fail "we don't take $picture as BMP"
 done
 
 echo text | xclip -selection clipboard -i
-text_is_offered() { xclip -selection clipboard -o -t TARGETS 2>/dev/null >targets && ! grep -q image targets; }
-wait_for 'the text on the clipboard' text_is_offered # xclip has gone into the background before it owns it
+wait_for 'the text on the clipboard' offers UTF8_STRING
 ask paste out.png
 expect 'a text is no picture' test "$answer" = empty
 head -c 300 small.png | xclip -selection clipboard -i -t image/png
+wait_for 'the damaged picture on the clipboard' offers image/png
 ask paste out.png
 expect 'a damaged picture is none' test "$answer" = empty
 
