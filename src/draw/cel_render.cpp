@@ -55,12 +55,12 @@ void draw_stretched(BITMAP* target, int x, int y, const StretchBox& box)
     const std::vector<int> columns = stretched_places(picture->w, x, box.w, target->w, place.x2 < place.x);
     const std::vector<int> lines = stretched_places(picture->h, y, box.h, target->h, place.y2 < place.y);
     for (int ty = 0; ty < target->h; ++ty) {
-        const int from_line = lines[static_cast<std::size_t>(ty)];
+        const int from_line = lines[ty];
         if (from_line < 0) continue;
         const int* const from = row(picture, from_line);
         int* const to = row(target, ty);
         for (int tx = 0; tx < target->w; ++tx) {
-            const int column = columns[static_cast<std::size_t>(tx)];
+            const int column = columns[tx];
             if (column >= 0 && from[column] != mask_magenta) to[tx] = from[column];
         }
     }

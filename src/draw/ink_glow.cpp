@@ -21,7 +21,7 @@ constexpr auto glow_distance = [] {
             int d = 0;
             while ((d + 1) * (d + 1) <= dx * dx + dy * dy)
                 ++d;
-            table[static_cast<std::size_t>(dx)][static_cast<std::size_t>(dy)] = d;
+            table[dx][dy] = d;
         }
     }
     return table;
@@ -38,11 +38,9 @@ struct GlowDisc {
         radius = r;
         for (int dy = 0; dy <= r; ++dy) {
             for (int dx = -r; dx <= r; ++dx) {
-                const auto row = static_cast<std::size_t>(dy);
-                const int d = glow_distance[static_cast<std::size_t>(std::abs(dx))][row];
+                const int d = glow_distance[std::abs(dx)][dy];
                 const int column = dx + r;
-                rows[row][static_cast<std::size_t>(column)] =
-                    d > r ? 0.0F : 1.0F - static_cast<float>(d) / static_cast<float>(r + 1);
+                rows[dy][column] = d > r ? 0.0F : 1.0F - static_cast<float>(d) / static_cast<float>(r + 1);
             }
         }
     }
@@ -89,16 +87,14 @@ Light make_light(int radius, float w, int color)
     constexpr float near_next = 1.0F - 1.0F / 8192;
     Light light{.whole = true};
     for (int dy = 0; dy <= radius; ++dy) {
-        const auto line = static_cast<std::size_t>(dy);
         for (int column = 0; column <= 2 * radius; ++column) {
-            const auto at = static_cast<std::size_t>(column);
-            const float f = disc.rows[line][at] * w;
+            const float f = disc.rows[dy][column] * w;
             for (std::size_t c = 0; c < shifts.size(); ++c) {
                 const float share = f * static_cast<float>(color >> shifts[c] & 255);
                 const int whole = static_cast<int>(share);
                 light.whole = light.whole && share - static_cast<float>(whole) < near_next;
-                light.rows[line][at] |= static_cast<uint32_t>(whole) << shifts[c];
-                light.sums[line][at + 1][c] = light.sums[line][at][c] + whole;
+                light.rows[dy][column] |= static_cast<uint32_t>(whole) << shifts[c];
+                light.sums[dy][column + 1][c] = light.sums[dy][column][c] + whole;
             }
         }
     }
@@ -121,7 +117,7 @@ const Light& light_of(int radius, float strength, int color, int tip_value, floa
         lights.strength = strength;
         lights.color = color;
     }
-    std::unique_ptr<const Light>& light = lights.by_tip_value[static_cast<std::size_t>(tip_value)];
+    std::unique_ptr<const Light>& light = lights.by_tip_value[tip_value];
     if (!light) light = std::make_unique<const Light>(make_light(radius, w, color));
     return *light;
 }
@@ -147,10 +143,10 @@ constexpr int most_at_once = 512;
 /// 2 x radius + 1 senders, which is the difference of two sums.
 void gather_light(const Light& light, int radius, int dy, int count, uint32_t* gathered)
 {
-    const auto& sums = light.sums[static_cast<std::size_t>(dy)];
+    const auto& sums = light.sums[dy];
     const auto at = [&](int i) {
-        const auto& upper = sums[static_cast<std::size_t>(std::min(i, 2 * radius) + 1)];
-        const auto& lower = sums[static_cast<std::size_t>(std::max(i - count + 1, 0))];
+        const auto& upper = sums[std::min(i, 2 * radius) + 1];
+        const auto& lower = sums[std::max(i - count + 1, 0)];
         uint32_t pixel = 0;
         for (std::size_t c = 0; c < shifts.size(); ++c)
             pixel |= static_cast<uint32_t>(std::min(upper[c] - lower[c], 255)) << shifts[c];
@@ -184,7 +180,7 @@ struct Glow {
         const float w = weight(dab.tip_value);
         const Reach reach = reach_of(dab.x, 1, dab.y);
         for (int y = reach.top; y <= reach.bottom; ++y) {
-            const float* shares = disc.rows[static_cast<std::size_t>(std::abs(y - dab.y))].data();
+            const float* shares = disc.rows[std::abs(y - dab.y)].data();
             add_light(row(canvas.frame, y) + reach.left, shares + reach.skipped, reach.count, w, dab.color);
         }
     }
@@ -242,7 +238,7 @@ private:
         std::array<uint32_t, most_at_once + most_width> gathered;
         for (int y = reach.top; y <= reach.bottom; ++y) {
             const int dy = std::abs(y - run.y);
-            const uint32_t* added = light.rows[static_cast<std::size_t>(dy)].data();
+            const uint32_t* added = light.rows[dy].data();
             if (count > 1) {
                 gather_light(light, radius, dy, count, gathered.data());
                 added = gathered.data();

@@ -41,7 +41,7 @@ Queue redo_queue(std::size_t used)
 TileSet* slot_of_age(const Queue& queue, int age)
 {
     const auto found = std::find(queue.ages.begin(), queue.ages.end(), age);
-    return found == queue.ages.end() ? nullptr : &queue.slots[static_cast<std::size_t>(found - queue.ages.begin())];
+    return found == queue.ages.end() ? nullptr : &queue.slots[found - queue.ages.begin()];
 }
 
 /// The tile's pixels where a writer has changed them go to the newest picture of the queue, unless it has its own.
@@ -183,7 +183,7 @@ TileSet* add_newest(const Queue& queue)
         return nullptr;
     }
     queue.head = static_cast<int>(slot - queue.slots.data());
-    queue.ages[static_cast<std::size_t>(queue.head)] = undo_slot_newest;
+    queue.ages[queue.head] = undo_slot_newest;
     return slot;
 }
 
@@ -246,7 +246,7 @@ void step(const Queue& from, const Queue& to)
             complete_older(from, *newest);
             before = exchange_picture(*newest);
         }
-        from.ages[static_cast<std::size_t>(newest - from.slots.data())] = undo_slot_free;
+        from.ages[newest - from.slots.data()] = undo_slot_free;
         for (int& age : from.ages) {
             if (age != undo_slot_free) --age;
         }

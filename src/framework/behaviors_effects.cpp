@@ -99,7 +99,7 @@ Outcome BE_splash(const Run& run)
 {
     Shared16& phase = run.params[3];
     if (phase >= 0) {
-        const auto now = static_cast<std::size_t>(std::min(int(phase), 2));
+        const int now = std::min(int(phase), 2);
         if (reaches_limit(run.params[now], run.actor.splash.limits[now])) phase = static_cast<int>(now) - 1;
     }
     return phase < 0 ? Outcome::ENDS : Outcome::GOES_ON;

@@ -82,7 +82,7 @@ void pass_clock(int n)
             turns * multiples(phase_turn - 1, k) + multiples(std::min(end, phase_turn - 1), k) - multiples(begin, k);
         if (end >= phase_turn) steps += multiples(end - phase_turn, k) + 1;
         // 0 is a multiple of all, and is met once a turn.
-        advance(clock_state.phase[static_cast<std::size_t>(k)], steps + turns);
+        advance(clock_state.phase[k], steps + turns);
     }
 }
 

@@ -43,9 +43,8 @@ void visit_files(void (*open)(), Animation& kept)
     close_screen();
     open();
     for (int frame = frames; frame < store.frame_count; ++frame) {
-        const auto slot = static_cast<std::size_t>(frame);
-        kept.anim_tag[slot] = int(animation.anim_tag[slot]);
-        kept.anim_delay[slot] = int(animation.anim_delay[slot]);
+        kept.anim_tag[frame] = int(animation.anim_tag[frame]);
+        kept.anim_delay[frame] = int(animation.anim_delay[frame]);
     }
     if (store.frame_count > frames && kept.anim_count == 0) kept.anim_speed = int(animation.anim_speed);
     build_animation_menu();

@@ -42,8 +42,7 @@ public:
             if (!frame) return false;
             width = std::max(width, frame.width());
             height = std::max(height, frame.height());
-            const int delay =
-                animation.anim_delay[static_cast<std::size_t>(int(animation.anim_list[static_cast<std::size_t>(i)]))];
+            const int delay = animation.anim_delay[animation.anim_list[i]];
             durations.push_back(units_per_tick * ticks_of_delay(delay, animation.anim_speed));
         }
         return true;
@@ -52,7 +51,7 @@ public:
     /// Frame i of the animation; must be asked for in the store's folder.
     Bitmap frame_at(int i) const
     {
-        const int frame = animation.anim_list[static_cast<std::size_t>(i)];
+        const int frame = animation.anim_list[i];
         Bitmap picture;
         if (frame != store.current_frame) {
             picture = read_stored_frame(frame_file(frame));

@@ -103,8 +103,7 @@ int choose_over_window(int first_text, std::span<const int> answers, int second_
     const int count = static_cast<int>(answers.size());
     for (int i = 0; i < count; ++i) {
         const int x = count == 1 ? (width - button_w) / 2 : 2 + i * (width - button_w - 3) / (count - 1);
-        build_slot(push_row(high_window + FIRST_ANSWER + i, x, 50, button_w, answers[static_cast<std::size_t>(i)]),
-                   left, top);
+        build_slot(push_row(high_window + FIRST_ANSWER + i, x, 50, button_w, answers[i]), left, top);
     }
     int answer = -1;
     while (answer < 0 && run_pass(passes::plain)) {

@@ -44,7 +44,7 @@ void build_lines(const FailureReport& report)
     for (int i = 0; i < 3; ++i) {
         const SlotRow line{FIRST_LINE + i, 0, first_line_y + i * line_pitch, width, KIND_PTR_LABEL};
         build_slot(line.inked(i == 0 ? what_colour : where_colour), left, top);
-        gui.ptr[FIRST_LINE + i] = line_texts[static_cast<std::size_t>(i)].c_str();
+        gui.ptr[FIRST_LINE + i] = line_texts[i].c_str();
     }
 }
 
@@ -89,7 +89,7 @@ int show_report(const FailureReport& report, std::span<const int> buttons)
     const int count = static_cast<int>(buttons.size());
     for (int i = 0; i < count; ++i) {
         const int x = count == 1 ? (width - button_w) / 2 : 2 + room * i / (count - 1);
-        build_slot(push_row(FIRST_BUTTON + i, x, button_y, button_w, buttons[static_cast<std::size_t>(i)]), left, top);
+        build_slot(push_row(FIRST_BUTTON + i, x, button_y, button_w, buttons[i]), left, top);
     }
     ++action_state.frame_locked; // no key may change frames behind the question
     int answer = -1;

@@ -84,11 +84,9 @@ void Browser::show_preview()
 /// A file takes the place of the one selected before; a second click on it confirms.
 void Browser::choose_file(int row)
 {
-    const auto index = static_cast<std::size_t>(row);
     confirmed_ = browser_listing.selected_row == row && clock_state.idle_counter < double_click;
     browser_listing.selected_row = row;
-    picked_ = {browser_listing.browser_list[index].data(), browser_listing.true_name[index],
-               platform::working_directory()};
+    picked_ = {browser_listing.browser_list[row].data(), browser_listing.true_name[row], platform::working_directory()};
     browser_state.browser_file = picked_.shown;
     show_in_field(BROWSER_FILE, picked_.shown);
     clicked_field_ = BROWSER_FILE;
@@ -104,12 +102,11 @@ void Browser::read_list()
     wait_left_release();
     const int row = pointed_row(BROWSER_LIST, press_x);
     if (row < 0) return;
-    const auto index = static_cast<std::size_t>(row);
-    if (browser_listing.browser_isdir[index] == 0) {
+    if (browser_listing.browser_isdir[row] == 0) {
         choose_file(row);
         return;
     }
-    enter_folder("./" + browser_listing.true_name[index]);
+    enter_folder("./" + browser_listing.true_name[row]);
     reload_ = true;
     clicked_field_ = BROWSER_PATH;
 }

@@ -8,6 +8,7 @@
 #include "runtime/view.h"
 #include "workspace/frame_cache.h"
 #include "workspace/frame_store.h"
+#include "workspace/frame_tables.h"
 #include "workspace/thumbnails.h"
 #include <algorithm>
 
@@ -24,12 +25,10 @@ Bitmap widened(BITMAP* picture)
 
 void enter_frame(int frame, int delay)
 {
-    const auto slot = static_cast<std::size_t>(frame);
-    view.frame_pan_x[slot] = view.frame_pan_y[slot] = 0;
-    view.frame_zoom[slot] = 1;
+    clear_view(frame);
     drop_cached_frame(frame);
-    animation.anim_tag[slot] = 1;
-    animation.anim_delay[slot] = delay;
+    animation.anim_tag[frame] = 1;
+    animation.anim_delay[frame] = delay;
 }
 
 } // namespace
@@ -61,7 +60,7 @@ bool FrameImport::commit(const std::vector<int>& delays)
 {
     if (!changes_ || !changes_->commit()) return false;
     for (int i = 0; i < count_; ++i)
-        enter_frame(store.frame_count + i, delays[static_cast<std::size_t>(i)]);
+        enter_frame(store.frame_count + i, delays[i]);
     store.frame_count = store.frame_count + count_;
     save_nails();
     animation.anim_count = build_anim_list();

@@ -116,19 +116,17 @@ void hand_over_leaving()
 
 void keep_view(int frame)
 {
-    const auto slot = static_cast<std::size_t>(frame);
-    view.frame_pan_x[slot] = view.pan_x;
-    view.frame_pan_y[slot] = view.pan_y;
-    view.frame_zoom[slot] = view.zoom;
+    view.frame_pan_x[frame] = view.pan_x;
+    view.frame_pan_y[frame] = view.pan_y;
+    view.frame_zoom[frame] = view.zoom;
 }
 
 void take_view(int frame)
 {
-    const auto slot = static_cast<std::size_t>(frame);
-    view.frame_zoom[slot] = std::clamp(view.frame_zoom[slot], 1, max_zoom);
-    view.pan_x = view.frame_pan_x[slot];
-    view.pan_y = view.frame_pan_y[slot];
-    view.zoom = view.frame_zoom[slot];
+    view.frame_zoom[frame] = std::clamp(view.frame_zoom[frame], 1, max_zoom);
+    view.pan_x = view.frame_pan_x[frame];
+    view.pan_y = view.frame_pan_y[frame];
+    view.zoom = view.frame_zoom[frame];
 }
 
 Bitmap read_stored_frame(const std::string& name)

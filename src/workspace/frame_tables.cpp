@@ -10,17 +10,15 @@ namespace kelu {
 
 void copy_view(int from, int to)
 {
-    const auto source = static_cast<std::size_t>(from), target = static_cast<std::size_t>(to);
-    view.frame_pan_x[target] = view.frame_pan_x[source];
-    view.frame_pan_y[target] = view.frame_pan_y[source];
-    view.frame_zoom[target] = view.frame_zoom[source];
+    view.frame_pan_x[to] = view.frame_pan_x[from];
+    view.frame_pan_y[to] = view.frame_pan_y[from];
+    view.frame_zoom[to] = view.frame_zoom[from];
 }
 
 void clear_view(int frame)
 {
-    const auto slot = static_cast<std::size_t>(frame);
-    view.frame_pan_x[slot] = view.frame_pan_y[slot] = 0;
-    view.frame_zoom[slot] = 1;
+    view.frame_pan_x[frame] = view.frame_pan_y[frame] = 0;
+    view.frame_zoom[frame] = 1;
 }
 
 void renumber_tables(int from, int to)

@@ -56,12 +56,11 @@ bool move_up(int from, int to, bool with_tables)
         return false;
     }
     if (!with_tables) return true;
-    const auto source = static_cast<std::size_t>(from), target = static_cast<std::size_t>(to);
     copy_view(from, to);
-    animation.anim_tag[target] = animation.anim_tag[source];
-    animation.anim_delay[target] = animation.anim_delay[source];
-    animation.anim_tag[source] = 0;
-    animation.anim_delay[source] = 0;
+    animation.anim_tag[to] = animation.anim_tag[from];
+    animation.anim_delay[to] = animation.anim_delay[from];
+    animation.anim_tag[from] = 0;
+    animation.anim_delay[from] = 0;
     nail_moves.emplace_back(from, to);
     if (store.current_frame == from) store.current_frame = to;
     return true;

@@ -99,13 +99,17 @@ TEST_F(ArchiveTest, ReplacesALargerWorkspace)
 
 TEST_F(ArchiveTest, OpensInColourEditing)
 {
-    make_frames(1);
-    toggle_alpha_edit();
+    make_frames(2);
+    show_onion_skin();
+    switch_alpha_mode();
+    ASSERT_EQ(pixel(store.onion_bitmap), 0xffffff) << "the neighbour's alpha shows through";
     save_workspace_archive("w.wsp", show_bar);
     EXPECT_EQ(load_workspace_archive("w.wsp", show_bar), 0);
     EXPECT_EQ(store.alpha_edit_mode, 0);
     EXPECT_EQ(row(store.frame_bitmap, 0)[0], 0x10);
     EXPECT_EQ(row(store.alpha_bitmap, 0)[0], 0xffffff);
+    ASSERT_EQ(view.onion_on, 1);
+    EXPECT_EQ(pixel(store.onion_bitmap) & 0xffffff, 0x11) << "the neighbour's colours";
 }
 
 TEST_F(ArchiveTest, RefusesEveryDamageBeforeAnythingIsTouched)
