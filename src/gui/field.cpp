@@ -54,20 +54,42 @@ void caret_right(int slot)
     gui.field_caret[slot] = caret + 1;
 }
 
+/// The text is the user's own from now on. True when it was a proposal.
+bool accept_proposal(int slot)
+{
+    const bool proposed = gui_proposes_text(slot);
+    field_keys.proposing = -1;
+    return proposed;
+}
+
+/// Takes a marked text away; true when there was one.
+bool drop_proposal(int slot)
+{
+    if (!accept_proposal(slot)) return false;
+    for (int i = 0; i < field_bytes; ++i)
+        character_at(slot, i) = '\0';
+    gui.field_caret[slot] = 0;
+    gui.field_scroll[slot] = 0;
+    return true;
+}
+
 bool edit_left(int slot)
 {
+    accept_proposal(slot);
     caret_left(slot);
     return true;
 }
 
 bool edit_right(int slot)
 {
+    accept_proposal(slot);
     caret_right(slot);
     return true;
 }
 
 bool edit_backspace(int slot)
 {
+    if (drop_proposal(slot)) return true;
     gui_delete_field(slot, gui.field_caret[slot]);
     caret_left(slot);
     return true;
@@ -75,6 +97,7 @@ bool edit_backspace(int slot)
 
 bool edit_delete(int slot)
 {
+    if (drop_proposal(slot)) return true;
     gui_delete_field_forward(slot, gui.field_caret[slot]);
     return true;
 }
@@ -87,6 +110,7 @@ bool edit_enter(int slot)
 
 bool edit_home(int slot)
 {
+    accept_proposal(slot);
     gui.field_caret[slot] = 0;
     gui.field_scroll[slot] = 0;
     return true;
@@ -94,6 +118,7 @@ bool edit_home(int slot)
 
 bool edit_end(int slot)
 {
+    accept_proposal(slot);
     const int length = text_length(slot);
     gui.field_caret[slot] = length;
     gui.field_scroll[slot] = std::max(0, length - gui.field_visible[slot]);
@@ -164,6 +189,7 @@ bool shift_down() { return ::key[KEY_LSHIFT] || ::key[KEY_RSHIFT]; }
 
 void type_character(int slot, const FieldKey& typed, bool shift)
 {
+    drop_proposal(slot);
     const bool capital = shift || (is_letter(typed.scancode) && (::key_shifts & KB_CAPSLOCK_FLAG));
     if (gui_insert_field(slot, capital ? typed.shifted : typed.plain, gui.field_caret[slot])) caret_right(slot);
 }
@@ -198,6 +224,7 @@ void gui_set_key_focus(int slot, bool to_end)
 {
     if (!gui_check_slot(slot, "GUI_set_key_focus")) return;
     gui_logic.gui_key_focus = slot;
+    field_keys.proposing = -1;
     const int font = std::clamp(int(gui.field_font[slot]), 0, FONT_SLOT_COUNT - 1);
     const Font& shown = font_table[font];
     if (shown.cell_w < 1 || shown.advance['A'] < 1) {
@@ -211,6 +238,14 @@ void gui_set_key_focus(int slot, bool to_end)
     const int length = text_length(slot);
     gui.field_caret[slot] = to_end ? length : std::clamp(caret, 0, length);
 }
+
+void gui_propose_text(int slot)
+{
+    gui_set_key_focus(slot, true);
+    if (gui_logic.gui_key_focus == slot && text_length(slot) > 0) field_keys.proposing = slot;
+}
+
+bool gui_proposes_text(int slot) { return field_keys.proposing == slot && gui_logic.gui_key_focus == slot; }
 
 bool gui_insert_field(int slot, char character, int position)
 {

@@ -443,6 +443,7 @@ constexpr LabelRow label_rows[] = {
     {TEXT_ANIMATION, "ANIMATION"},
     {TEXT_SHEET_OR_ANIMATION, "ONE AFTER THE OTHER, OR SIDE BY SIDE?"},
     {TEXT_LOAD_FIRST_ONES, "LOAD THE FIRST OF THEM?"},
+    {TEXT_MAKE_FOLDER, "THERE IS NO SUCH FOLDER. MAKE IT?"},
 };
 
 /// The labels spread out by their rows; two labels on one row stop the build.

@@ -357,6 +357,7 @@ enum TextId : int {
     TEXT_ANIMATION,
     TEXT_SHEET_OR_ANIMATION,
     TEXT_LOAD_FIRST_ONES,
+    TEXT_MAKE_FOLDER,
     TEXT_TOLD ///< `told_text`
 };
 constexpr int text_rows = TEXT_DISABLED + 1; ///< rows of the table

@@ -58,6 +58,31 @@ bool holds(const std::string& root, const std::string& folder)
     return folder.size() == root.size() || root.ends_with('/') || folder[root.size()] == '/';
 }
 
+/// A value of the list of the user's folders: in quotes, `$HOME` at its start, and a backslash before what is special.
+std::string decode_user_folder(const std::string& quoted)
+{
+    constexpr std::string_view home = "$HOME";
+    std::string value;
+    for (std::size_t i = 1; i < quoted.size() && quoted[i] != '"'; ++i) {
+        if (quoted[i] == '\\' && i + 1 < quoted.size()) ++i;
+        value += quoted[i];
+    }
+    return value.starts_with(home) ? home_folder() + value.substr(home.size()) : value;
+}
+
+/// What the list says of a folder, a path from the root; empty when it says nothing.
+std::string listed_folder(const std::string& name)
+{
+    const char* config = std::getenv("XDG_CONFIG_HOME");
+    std::ifstream list((config && config[0] == '/' ? config : home_folder() + "/.config") + "/user-dirs.dirs");
+    std::string folder;
+    for (std::string line; std::getline(list, line);) {
+        line.erase(0, line.find_first_not_of(" \t"));
+        if (line.starts_with(name + "=\"")) folder = decode_user_folder(line.substr(name.size() + 1));
+    }
+    return folder.starts_with('/') ? folder : std::string();
+}
+
 } // namespace
 
 std::string home_folder()
@@ -72,6 +97,15 @@ std::string user_data_folder()
     // A relative path is no path here, by the convention of desktops.
     if (const char* folder = std::getenv("XDG_DATA_HOME"); folder && folder[0] == '/') return folder;
     return home_folder() + "/.local/share";
+}
+
+std::string picture_folder()
+{
+    std::string home = home_folder();
+    for (const std::string& folder : {listed_folder("XDG_PICTURES_DIR"), home + "/Pictures"}) {
+        if (!folder.empty() && access((folder + "/").c_str(), R_OK | X_OK) == 0) return folder;
+    }
+    return home;
 }
 
 void scan_drives()

@@ -23,6 +23,9 @@ inline Places places;
 std::string home_folder();
 /// Where programs keep what belongs to the user: $XDG_DATA_HOME, or .local/share in the home. It needn't exist yet.
 std::string user_data_folder();
+/// Where the user keeps pictures: what the desktop's list of the user's folders says, else Pictures in the home, else
+/// the home itself.
+std::string picture_folder();
 /// Finds the drives and logs each.
 void scan_drives();
 /// True when drive 0 (A:) to 25 (Z:) stands for a place.

@@ -24,6 +24,7 @@
 #include "platform/files.h"
 #include "platform/folder_lock.h"
 #include "platform/host.h"
+#include "platform/places.h"
 #include "runtime/actors.h"
 #include "runtime/browser_state.h"
 #include "runtime/clock.h"
@@ -214,11 +215,12 @@ void prepare()
 /// For a system that goes down while a menu is open: the program ends from inside it.
 [[noreturn]] void end_program_at_once() { std::exit(shutdown_program(write_last_work())); }
 
-/// The folder in which the user last looked for files, if it is still there.
+/// The folder in which the user last looked for files, if it is still there; else the one for pictures.
 void enter_last_folder()
 {
     const std::string& last = browser_state.browser_dir;
-    const bool entered = !last.empty() && platform::change_directory(last);
+    const bool entered =
+        (!last.empty() && platform::change_directory(last)) || platform::change_directory(platform::picture_folder());
     if (entered) run_state.current_dir = platform::working_directory();
     platform::change_directory(run_state.current_dir);
 }

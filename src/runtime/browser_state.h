@@ -14,6 +14,7 @@ struct BrowserState {
     std::string browser_file;   ///< selected file, at most 127 bytes
     std::string home_image_dir; ///< folder in which picture browsers open; empty: none
     std::string home_font_dir;  ///< folder in which the font browser opens; empty: none
+    std::string last_picture;   ///< name under which a picture was loaded or saved last, true case; not kept on disk
     int jpg_quality = 90;       ///< of saved JPEG files, 0 to 100
 };
 inline BrowserState browser_state;

@@ -11,6 +11,7 @@
 #include "platform/file_calls.h"
 #include "platform/files.h"
 #include "runtime/animation.h"
+#include "runtime/failure_reports.h"
 #include "runtime/hotkeys.h"
 #include "runtime/preferences.h"
 #include "runtime/store.h"
@@ -119,11 +120,16 @@ WriteResult write_film(const Film& film, Form form, platform::FileReplacement& f
                              : write_apng(source, sink, done);
 }
 
-/// Writes the file, and says so or why not.
+/// Writes the file, and says so. Why not is told in a dialog.
 bool save(const std::string& name, Form form)
 {
     picture_refusal = refusal::no_memory;
     platform::FileReplacement file(name);
+    const std::string path = platform::absolute_path(name); // the name is the folder's that is left
+    if (!file.write({})) {
+        report_unwritten(path, TEXT_FILE_NOT_WRITTEN);
+        return false;
+    }
     const WorkspaceVisit visit({});
     ArchiveProgress progress(TEXT_SAVING_ANIMATION, 1, run_frame_plain, true);
     Film film;
@@ -138,9 +144,10 @@ bool save(const std::string& name, Form form)
         flash_done(TIP_SAVED, shown_name(name));
     else if (result == WriteResult::CALLED_OFF)
         flash_status_message(TIP_CALLED_OFF);
+    else if (result == WriteResult::NOT_TAKEN)
+        report_unwritten(path, TEXT_FILE_NOT_WRITTEN);
     else
-        flash_failure(TIP_SAVE_FAILED,
-                      result == WriteResult::NO_PICTURE ? picture_refusal.c_str() : platform::failure_reason());
+        report_failure(ui_strings[TEXT_FILE_NOT_WRITTEN], path, platform::upper_case(picture_refusal));
     return result == WriteResult::WRITTEN;
 }
 

@@ -6,6 +6,7 @@
 #include "gui/build.h"
 #include "gui/scroll_bar.h"
 #include "imagefile/formats.h"
+#include "platform/file_calls.h"
 #include "platform/files.h"
 #include "platform/places.h"
 #include "runtime/browser_list.h"
@@ -22,6 +23,7 @@ constexpr int row_pitch = 6;
 constexpr int most_steps = 1023;
 constexpr int bar_x = 183; ///< a press further right of the list's edge is the bar's
 constexpr std::size_t longest_dir = 255;
+constexpr std::size_t longest_shown = 30; ///< characters of a name in a message
 
 /// What a row shows of a name. The font has the letters of ASCII alone.
 std::string row_text(const std::string& name, bool folder)
@@ -66,7 +68,19 @@ std::string without_drive(const std::string& path)
 
 } // namespace
 
-std::string shown_name(const std::string& name) { return row_text(name, false); }
+std::string path_named(const std::string& typed)
+{
+    std::string path = platform::resolve_path(without_drive(typed));
+    while (path.size() > 1 && (path.back() == '/' || path.back() == '\\'))
+        path.pop_back();
+    return path;
+}
+
+std::string shown_name(const std::string& path)
+{
+    const std::string name = row_text(path.substr(path.rfind('/') + 1), false);
+    return name.size() <= longest_shown ? name : "..." + name.substr(name.size() - longest_shown + 3);
+}
 
 void scan_directory(std::string_view pattern, int list_slot, int path_slot)
 {
@@ -106,8 +120,10 @@ int pointed_row(int slot, int press_x)
 bool enter_folder(const std::string& path)
 {
     if (platform::change_directory(without_drive(path))) return true;
+    platform::note_failure();
     log_line("[ ERROR ] : Couldn't open the folder! Name = %s", path);
-    flash_status_message(TIP_FOLDER_NOT_OPENED);
+    const bool missing = !platform::file_exists(path_named(path));
+    flash_failure(TIP_FOLDER_NOT_OPENED, missing ? "NO SUCH FOLDER" : platform::failure_reason());
     return false;
 }
 

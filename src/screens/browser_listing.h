@@ -28,8 +28,13 @@ int pointed_row(int slot, int press_x);
 /// in the log, when it can't be entered; the working directory is then as before.
 bool enter_folder(const std::string& path);
 
-/// What the screens show of a file's name: its letters in upper case, "?" for those that the font doesn't have.
-std::string shown_name(const std::string& name);
+/// The true path that a typed one stands for, without a separator at its end: drives by their folders, and each part as
+/// it is written on the disk. What doesn't exist stays as it was typed.
+std::string path_named(const std::string& typed);
+
+/// What messages show of a file's name or path: its last part in upper case, "?" for letters that the font doesn't
+/// have, and of a long one its end.
+std::string shown_name(const std::string& path);
 
 /// Puts a text into a field, with the caret behind it and in view.
 void show_in_field(int slot, const std::string& text);

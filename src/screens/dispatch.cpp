@@ -2,6 +2,7 @@
 // From a file's name to the routine that loads or saves it.
 #include "screens/dispatch.h"
 
+#include "gui/key_labels.h"
 #include "gui/menus.h"
 #include "gui/slots.h"
 #include "gui/strings.h"
@@ -13,9 +14,11 @@
 #include "platform/file_calls.h"
 #include "platform/files.h"
 #include "runtime/browser_state.h"
+#include "runtime/hotkeys.h"
 #include "runtime/preferences.h"
 #include "runtime/store.h"
 #include "screens/animation_files.h"
+#include "screens/browser_listing.h"
 #include "screens/jpeg_quality.h"
 #include "workspace/archive.h"
 #include "workspace/colour_files.h"
@@ -37,13 +40,28 @@ bool refuse_file(const std::string& name, const std::string& reason)
     return false;
 }
 
-/// Tells of a file that wasn't saved.
+/// Tells what was saved, or why it wasn't.
 bool saved(const std::string& name, bool good)
 {
-    const bool by_system = platform::last_failure() != 0;
-    if (!good && by_system) report_unwritten(name, TEXT_FILE_NOT_WRITTEN);
-    if (!good && !by_system) flash_status_message(TIP_NOT_ENOUGH_MEMORY);
+    if (good) {
+        flash_done(TIP_SAVED, shown_name(name));
+    } else if (platform::last_failure() != 0) {
+        report_unwritten(name, TEXT_FILE_NOT_WRITTEN);
+    } else {
+        flash_status_message(TIP_NOT_ENOUGH_MEMORY);
+    }
     return good;
+}
+
+/// Tells what was loaded into the frame, and the way back.
+void tell_loaded(const std::string& name)
+{
+    constexpr std::size_t longest_name = 14; // beside the way back
+    const HotkeyRow& keys = hotkeys.hotkey_table[ACTION_PIC_RESTORE];
+    const int key = keys.primary > 0 ? keys.primary : keys.alternate;
+    const std::string way = key > 0 ? key_label(key) : "PIC, RESTORE";
+    const std::string shown = shown_name(name);
+    flash_done(TIP_LOADED, (shown.size() > longest_name ? "" : shown + ". ") + way + " BRINGS THE OLD PICTURE BACK");
 }
 
 /// The format that a browser mode stands for by itself, or the one determined from the file.
@@ -69,7 +87,10 @@ bool load_into_frame(const std::string& name, int format)
     picture_refusal = platform::file_exists(name) ? reason : "No such file!"; // until a decoder says something else
     if (is_picture) {
         refresh_frame_cache();
-        if (load_frame_file(name, LOAD_PICTURE, format)) return true;
+        if (load_frame_file(name, LOAD_PICTURE, format)) {
+            tell_loaded(name);
+            return true;
+        }
     }
     return refuse_file(name, picture_refusal);
 }
@@ -147,7 +168,8 @@ bool save_picture_file(const std::string& name, int browser_mode)
     const int format = format_in_mode(format_from_extension(name, false), browser_mode);
     switch (format) {
     case FORMAT_WSP:
-        return save_workspace_archive(name, run_frame_plain) == 0;
+        if (save_workspace_archive(name, run_frame_plain) != 0) return false; // which tells of its failures itself
+        return saved(name, true);
     case FORMAT_FAVORITES:
         return saved(name, save_favorites_file(name));
     case FORMAT_SCHEME:

@@ -17,14 +17,14 @@ enum BrowserMode : int {
 };
 
 /// Loads a file of the working directory: a picture into the frame, a workspace, favourites or a scheme. A picture
-/// without an alpha channel comes in opaque. False, with a word in the status bar, when the file can't be loaded;
-/// frame and tables are then as before.
+/// without an alpha channel comes in opaque; the status bar then says how the old one comes back. False, with a word in
+/// the status bar, when the file can't be loaded; frame and tables are then as before.
 bool load_picture_file(const std::string& name, int browser_mode);
 
 /// Saves to a file of the working directory, which replaces an old one only when it is whole. The extension alone
 /// determines the format; a picture of any other name becomes a PNG without alpha. Before a JPEG the user is asked for
-/// its quality, in place of the window that is open. False when nothing was saved: the user has cancelled, or it failed
-/// and the status bar says so.
+/// its quality, in place of the window that is open. The status bar says what was saved. False when nothing was: the
+/// user has cancelled, or it failed, which is told.
 bool save_picture_file(const std::string& name, int browser_mode);
 
 } // namespace kelu

@@ -22,6 +22,7 @@
 #include "screens/preview.h"
 #include "workspace/text_font.h"
 #include "workspace/thumbnails.h"
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -48,6 +49,7 @@ private:
     bool okay();
     bool choose_font(const std::string& name);
     std::string name_to_save(const std::string& typed) const;
+    void keep_name(const std::string& name) const;
     void reload();
 
     int task_, file_kind_;
@@ -64,9 +66,10 @@ void Browser::open()
     build_file_browser(task_);
     show_current_drive();
     show_home_button(!home_dir(task_).empty());
-    show_in_field(BROWSER_PATH, browser_state.browser_dir);
+    show_present_folder();
     show_preview_message(PREVIEW_UNAVAILABLE);
-    gui_set_key_focus(BROWSER_FILE, true);
+    if (file_kind_ == BROWSE_PICTURE) show_in_field(BROWSER_FILE, browser_state.last_picture);
+    gui_propose_text(BROWSER_FILE);
 }
 
 void Browser::show_preview()
@@ -88,6 +91,7 @@ void Browser::choose_file(int row)
     browser_listing.selected_row = row;
     picked_ = {browser_listing.browser_list[row].data(), browser_listing.true_name[row], platform::working_directory()};
     browser_state.browser_file = picked_.shown;
+    show_present_folder(); // the file is one of those that are listed, whatever was typed there
     show_in_field(BROWSER_FILE, picked_.shown);
     clicked_field_ = BROWSER_FILE;
     preview_pending_ = format_from_extension(picked_.name, task_ == BROWSER_FONT) != FORMAT_NONE;
@@ -146,17 +150,29 @@ std::string Browser::name_to_save(const std::string& typed) const
     return with_ending(typed, lit_pattern() == every_file ? "*.GIF" : lit_pattern());
 }
 
+/// The name is proposed the next time, if the field has all of its letters.
+void Browser::keep_name(const std::string& name) const
+{
+    const bool plain = std::ranges::all_of(name, [](char c) { return c >= ' ' && c < 0x7f; });
+    if (file_kind_ == BROWSE_PICTURE && plain) browser_state.last_picture = name;
+}
+
 /// True when the file of the field has been loaded or saved, or that was tried.
 bool Browser::okay()
 {
+    const std::string folder = platform::working_directory();
+    const bool settled = settle_path();
+    reload_ |= platform::working_directory() != folder;
+    if (!settled) return false;
     const std::string typed = field_text(BROWSER_FILE);
     const std::string name = file_named(task_ == BROWSER_SAVE ? name_to_save(typed) : typed, picked_);
     if (task_ == BROWSER_FONT) {
         cancelled_ = !choose_font(name);
     } else if (task_ == BROWSER_SAVE) {
         if (platform::file_exists(name) && confirm_over_window(TEXT_FILE_EXISTS, TEXT_NONE) == 0) return false;
-        save_picture_file(name, file_kind_);
+        if (save_picture_file(name, file_kind_)) keep_name(name);
     } else if (load_picture_file(name, file_kind_)) {
+        keep_name(name);
         update_frame_nail(0);
     }
     return true;

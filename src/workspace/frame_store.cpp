@@ -8,6 +8,7 @@
 #include "draw/undo.h"
 #include "gui/strings.h"
 #include "imagefile/bmp.h"
+#include "imagefile/refusal.h"
 #include "imagefile/tga.h"
 #include "platform/file_calls.h"
 #include "platform/files.h"
@@ -23,7 +24,9 @@
 #include "workspace/running_work.h"
 #include "workspace/thumbnails.h"
 #include <algorithm>
+#include <cstdint>
 #include <optional>
+#include <span>
 #include <utility>
 
 namespace kelu {
@@ -103,6 +106,51 @@ public:
     FrameLeaving(const FrameLeaving&) = delete;
     FrameLeaving& operator=(const FrameLeaving&) = delete;
 };
+
+/// Checksum of the picture that was loaded into the live frame last, in merged form.
+uint64_t last_loaded = 0;
+
+uint64_t checksum(BITMAP* merged)
+{
+    constexpr uint64_t prime = 0x100000001b3;
+    uint64_t sum = 0xcbf29ce484222325;
+    for (int y = 0; y < merged->h; ++y) {
+        for (const int pixel : std::span(row(merged, y), static_cast<std::size_t>(merged->w)))
+            sum = (sum ^ static_cast<uint32_t>(pixel)) * prime;
+    }
+    return sum;
+}
+
+/// Before a picture is loaded over the live one: that becomes the one that a restore brings back, and what the frame's
+/// file holds, unless it has itself just been loaded, when looking for the right file. False: it couldn't be written,
+/// which is told, or memory is too short.
+bool keep_replaced_picture()
+{
+    put_back_piece();
+    if (!frame_changed()) return true;
+    Bitmap merged = Bitmap::unfilled(store.frame_bitmap.width(), store.frame_bitmap.height());
+    if (!merged) return false;
+    alpha_merge(merged);
+    if (checksum(merged) == last_loaded) return true;
+    settle_running_work();
+    const WorkspaceVisit visit({});
+    if (!visit.entered() || !commit_frame(store.current_frame)) {
+        platform::forget_failure(); // it has been told, and isn't the loaded file's
+        picture_refusal = "The present picture can't be kept!";
+        return false;
+    }
+    store.restoration_bitmap = std::move(merged);
+    return true;
+}
+
+/// Loads a picture file of another program.
+bool load_foreign_picture(const std::string& name, int format)
+{
+    Bitmap picture = load_picture(name, format);
+    if (!picture || !keep_replaced_picture()) return false;
+    last_loaded = checksum(picture);
+    return adopt_picture(std::move(picture), false);
+}
 
 /// The pictures that are about to be replaced go to the thread, if they are those of a frame that is left.
 void hand_over_leaving()
@@ -215,7 +263,7 @@ bool load_frame_file(const std::string& name, int how, int format)
     }
     if (how == LOAD_ONION) return load_onion(name);
     if (how == LOAD_STORED) return adopt_picture(read_stored_frame(name), true);
-    return adopt_picture(load_picture(name, format), false);
+    return load_foreign_picture(name, format);
 }
 
 bool fetch_frame(int old_slot, int new_slot, int mode)

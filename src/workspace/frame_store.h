@@ -30,8 +30,9 @@ enum LoadPurpose : int {
 bool fetch_frame(int old_slot, int new_slot, int mode);
 
 /// Reads a file of the working directory in one of the ways of LoadPurpose. The undo queues, coverage and backdrop
-/// follow a new frame; the restoration copy does only for a stored one. `format` is that of a picture file. Returns
-/// false, and leaves the live bitmaps as they were, when the file is missing or can't be read.
+/// follow a new frame. The restoration copy follows a stored one; for a picture file, of the given `format`, it and the
+/// frame's own file take what the user had painted till then, so that a restore brings it back. Returns false, and
+/// leaves the live bitmaps as they were, when the file is missing or can't be read, or what was painted not be kept.
 bool load_frame_file(const std::string& name, int how, int format = FORMAT_NONE);
 
 /// Makes a picture in merged form the live frame, as `load_frame_file` does for a file that it has read.

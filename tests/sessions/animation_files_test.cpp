@@ -5,6 +5,7 @@
 #include "imagefile/gif_animation.h"
 #include "imagefile/png.h"
 #include "runtime/animation.h"
+#include "runtime/failure_reports.h"
 #include "runtime/grid.h"
 #include "runtime/pixels.h"
 #include "screens/animation_slots.h"
@@ -91,8 +92,8 @@ protected:
     void enter(const std::string& name)
     {
         for (const char letter : name) {
-            if (letter == '.')
-                session_->key(KEY_STOP);
+            if (letter == '.' || letter == '/')
+                session_->key(letter == '.' ? KEY_STOP : KEY_SLASH);
             else
                 session_->type({letter});
         }
@@ -177,6 +178,14 @@ TEST_F(AnimationFiles, LeavesNoHalfFileAndSaysWhy)
     wait_for_animation_menu();
     EXPECT_EQ(menus.status_message, TIP_SAVE_FAILED);
     EXPECT_NE(told().find("GIF OR PNG"), std::string::npos);
+    session_->click(SLOT_SAVE);
+    choose("nowhere/walk.gif");
+    wait_for_animation_menu();
+    const std::optional<FailureReport> report = take_failure_report();
+    ASSERT_TRUE(report);
+    EXPECT_EQ(report->what, "THE FILE COULDN'T BE SAVED!");
+    EXPECT_EQ(report->where, folder_ + "/nowhere/walk.gif");
+    EXPECT_EQ(report->why, "NO SUCH FILE");
     session_->click(SLOT_NONE);
     session_->click(SLOT_SAVE);
     session_->frame(5);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The file browser by mouse and keys: what a click, a name and a place stand for, and what is asked before a file goes.
+#include "draw/touched.h"
 #include "gui/build.h"
+#include "gui/field.h"
 #include "imagefile/formats.h"
 #include "imagefile/png.h"
 #include "platform/files.h"
@@ -9,6 +11,7 @@
 #include "runtime/browser_state.h"
 #include "runtime/text_settings.h"
 #include "screens/browser_listing.h"
+#include "screens/browser_places.h"
 #include "screens/browser_slots.h"
 #include "screens/dispatch.h"
 #include "screens/file_browser.h"
@@ -27,7 +30,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-enum { PIC_SAVE = 7, FAVORITES_SAVE = 2, FAVORITES_LOAD = 3 };
+enum { PIC_RESTORE = 3, PIC_SAVE = 7, FAVORITES_SAVE = 2, FAVORITES_LOAD = 3 };
 enum { ASK_OKAY = 122, ASK_CANCEL = 123 };
 enum { FAILURE_WHY = 124, FAILURE_OKAY = 125 };
 constexpr int red = 0xc02020, blue = 0x2040c0, green = 0x20a040;
@@ -110,6 +113,7 @@ TEST_F(Browser, ListsFiltersAndGoesPlaces)
     session_.move(5, 60);
     session_.frame(200);
     EXPECT_TRUE(matches_golden(session_.picture(), "file_browser"));
+    show_present_folder();
     session_.click(BROWSER_FILTER_0);
     EXPECT_EQ(gui.kind[BROWSER_FILTER_0 + 3], KIND_BUTTON);
     EXPECT_EQ(rows(), "\\.. \\SUB DAMAGED.GIF ");
@@ -119,10 +123,7 @@ TEST_F(Browser, ListsFiltersAndGoesPlaces)
     EXPECT_EQ(browser_state.browser_dir, platform::upper_case(folder_ + "/Sub"));
     for (int i = 0; i < 13; ++i)
         std::ofstream("file" + std::to_string(i)) << "x";
-    enter(BROWSER_PATH, "no such folder");
-    session_.key(KEY_ENTER);
-    EXPECT_EQ(text(BROWSER_PATH), browser_state.browser_dir) << "snaps back";
-    EXPECT_EQ(menus.status_message, TIP_FOLDER_NOT_OPENED);
+    enter(BROWSER_PATH, ".");
     session_.key(KEY_ENTER);
     EXPECT_EQ(gui.scroll_on[BROWSER_LIST], 1);
     EXPECT_EQ(gui.scroll_max[BROWSER_LIST], 2);
@@ -178,6 +179,107 @@ TEST_F(Browser, LoadsTheFileThatWasClickedOrTyped)
     EXPECT_EQ(menus.status_message, TIP_CLIPBOARD_EMPTY);
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
     EXPECT_EQ(frame_color(), green);
+}
+
+TEST_F(Browser, PathsThatCantBeOpenedStayToBeMended)
+{
+    open(KEY_F5);
+    enter(BROWSER_PATH, "sub/no/such");
+    session_.key(KEY_ENTER);
+    EXPECT_EQ(text(BROWSER_PATH), "sub/no/such") << "more than the last part is missing";
+    EXPECT_EQ(menus.status_message, TIP_FOLDER_NOT_OPENED);
+    EXPECT_EQ(menus.status_reason, "NO SUCH FOLDER");
+    EXPECT_EQ(menus.menu_id, MENU_BROWSER);
+    enter(BROWSER_FILE, "lost.png");
+    session_.click(BROWSER_OKAY);
+    EXPECT_EQ(menus.menu_id, MENU_BROWSER) << "where should it go";
+    enter(BROWSER_PATH, "sub/new one");
+    session_.key(KEY_ENTER);
+    ASSERT_EQ(menus.menu_id, MENU_DIALOG);
+    EXPECT_EQ(told_text, "<NEW ONE>");
+    session_.click(ASK_CANCEL);
+    EXPECT_FALSE(fs::exists("Sub/new one"));
+    EXPECT_EQ(text(BROWSER_PATH), "sub/new one");
+    session_.click(BROWSER_OKAY); // goes there first, too
+    session_.click(ASK_OKAY);
+    EXPECT_EQ(menus.menu_id, MENU_DRAW);
+    EXPECT_TRUE(fs::exists(folder_ + "/Sub/new one/lost.png"));
+    EXPECT_FALSE(fs::exists(folder_ + "/lost.png"));
+    open(KEY_F5);
+    enter(BROWSER_PATH, "../nothing");
+    session_.click(BROWSER_FILE); // a click alone opens nothing
+    show_present_folder();
+    click_row("lost.png");
+    EXPECT_EQ(text(BROWSER_PATH), browser_state.browser_dir);
+    session_.click(BROWSER_CANCEL);
+}
+
+TEST_F(Browser, ProposesTheNameOfTheLastPicture)
+{
+    replace_frame(7, 5, 0x123456);
+    open(KEY_F5);
+    EXPECT_EQ(text(BROWSER_FILE), "");
+    session_.type("walk");
+    session_.click(BROWSER_FILTER_0 + 3);
+    session_.click(BROWSER_OKAY);
+    EXPECT_EQ(menus.status_message, TIP_SAVED);
+    EXPECT_EQ(menus.status_reason, "WALK.PNG");
+    open(KEY_F5);
+    EXPECT_EQ(text(BROWSER_FILE), "walk.PNG");
+    click_row("Sub");
+    EXPECT_EQ(text(BROWSER_FILE), "walk.PNG") << "a folder is no name";
+    session_.key(KEY_R); // into the marked text's place
+    EXPECT_EQ(text(BROWSER_FILE), "r");
+    session_.type("un");
+    EXPECT_EQ(text(BROWSER_FILE), "run");
+    session_.click(BROWSER_CANCEL);
+    open(KEY_F5);
+    EXPECT_EQ(text(BROWSER_FILE), "walk.PNG") << "nothing was saved since";
+    session_.move(5, 60);
+    EXPECT_TRUE(gui_proposes_text(BROWSER_FILE));
+    session_.key(KEY_LEFT);
+    EXPECT_FALSE(gui_proposes_text(BROWSER_FILE));
+    session_.key(KEY_BACKSPACE);
+    EXPECT_EQ(text(BROWSER_FILE), "walk.PG");
+    session_.click(BROWSER_CANCEL);
+    open(KEY_F5);
+    session_.key(KEY_BACKSPACE);
+    EXPECT_EQ(text(BROWSER_FILE), "");
+    session_.click(BROWSER_CANCEL);
+    session_.key(KEY_P);
+    session_.click(FAVORITES_SAVE);
+    EXPECT_EQ(text(BROWSER_FILE), "") << "colors are no picture";
+    session_.click(BROWSER_CANCEL);
+    session_.click_at(100, 50, RIGHT_BUTTON);
+}
+
+TEST_F(Browser, AKeyBringsTheReplacedPictureBack)
+{
+    row(store.frame_bitmap, 1)[1] = 0x55aa55; // painted since the frame was fetched
+    touch_frame();
+    for (const char* name : {"Hero.png", "Sky.png"}) { // looked for, and found at the second go
+        open(KEY_F9);
+        click_row(name);
+        session_.click(BROWSER_OKAY);
+        EXPECT_EQ(menus.status_message, TIP_LOADED);
+    }
+    EXPECT_EQ(menus.status_reason, "SKY.PNG. R BRINGS THE OLD PICTURE BACK");
+    EXPECT_EQ(frame_color(), green);
+    session_.key(KEY_R);
+    EXPECT_EQ(frame_color(), 0x55aa55);
+    hotkeys.hotkey_table[ACTION_PIC_RESTORE].primary = 0;
+    open(KEY_F9);
+    click_row("Sky.png");
+    session_.click(BROWSER_OKAY);
+    EXPECT_EQ(menus.status_reason, "SKY.PNG. PIC, RESTORE BRINGS THE OLD PICTURE BACK");
+    row(store.frame_bitmap, 1)[1] = 0x112233; // painted on what was loaded: that is worth keeping
+    touch_frame();
+    open(KEY_F9);
+    click_row("Hero.png");
+    session_.click(BROWSER_OKAY);
+    session_.click(HOME_PIC);
+    session_.click(PIC_RESTORE);
+    EXPECT_EQ(frame_color(), 0x112233);
 }
 
 TEST_F(Browser, TheLitFilterSuppliesTheEndingOfASavedName)
@@ -240,6 +342,7 @@ TEST_F(Browser, AsksBeforeTheFileThatWouldGo)
     session_.key(KEY_ENTER);
     EXPECT_EQ(color_of("new.png"), 0x123456) << "a new name as it was typed";
     open(KEY_F5);
+    session_.key(KEY_DEL);
     session_.click(BROWSER_OKAY);
     session_.frame(2);
     EXPECT_EQ(menus.menu_id, MENU_DIALOG) << "no name at all";
@@ -270,6 +373,22 @@ TEST(BrowserStart, GoesBackToTheLastFolder)
     {
         const Session second(nullptr, folder);
         EXPECT_EQ(fs::current_path(), fs::path(folder) / "Drawings");
+    }
+    fs::current_path(fs::path(folder).parent_path());
+    remove_program_folder(folder);
+}
+
+TEST(BrowserStart, OpensInThePictureFolder)
+{
+    const std::string folder = make_program_folder();
+    fs::create_directories(folder + "/home/Drawn Things");
+    fs::create_directories(folder + "/home/.config");
+    std::ofstream(folder + "/home/.config/user-dirs.dirs") << "XDG_PICTURES_DIR=\"$HOME/Drawn Things\"\n";
+    {
+        Session session(nullptr, folder, Ticks::virtual_clock, folder + "/home");
+        session.key(KEY_F9);
+        EXPECT_EQ(fs::current_path(), fs::path(folder) / "home/Drawn Things");
+        session.click(BROWSER_CANCEL);
     }
     fs::current_path(fs::path(folder).parent_path());
     remove_program_folder(folder);
@@ -321,6 +440,7 @@ TEST(FontBrowser, HasPlacesOfItsOwn)
     EXPECT_EQ(browser_state.browser_file, "SYSTEM.TTF");
     show_in_field(BROWSER_PATH, "/HOME/ME/KELU/FONTS");
     EXPECT_TRUE(looks_like(session, "font_browser"));
+    show_present_folder();
     session.click(BROWSER_OKAY);
     EXPECT_EQ(text_settings.font_dir, platform::upper_case(fonts));
     EXPECT_EQ(text_settings.font_file, "SYSTEM.TTF");

@@ -220,13 +220,16 @@ void remove_program_folder(const std::string& folder)
     fs::remove_all(folder, ignored);
 }
 
-Session::Session(void (*home_loop)(), std::string folder, Ticks ticks) : folder_(std::move(folder))
+Session::Session(void (*home_loop)(), std::string folder, Ticks ticks, const std::string& home)
+    : folder_(std::move(folder))
 {
     if (folder_.empty()) {
         folder_ = make_program_folder();
         owns_folder_ = true;
     }
     fs::current_path(folder_);
+    setenv("HOME", home.empty() ? folder_.c_str() : home.c_str(), 1);
+    unsetenv("XDG_CONFIG_HOME");
     clear_input();
     seed_random(1);
     run_state = {};

@@ -25,7 +25,9 @@ class Session {
 public:
     /// Starts the program and runs it to its first frames. `home_loop` takes the place of the drawing menu's loop.
     /// `folder` is an existing program folder to start in, for the second start of the same workspace.
-    explicit Session(void (*home_loop)() = nullptr, std::string folder = {}, Ticks ticks = Ticks::virtual_clock);
+    /// The program's folder is the user's home, too, unless `home` says another.
+    explicit Session(void (*home_loop)() = nullptr, std::string folder = {}, Ticks ticks = Ticks::virtual_clock,
+                     const std::string& home = {});
     /// Ends the program when it still runs, and removes the folder that it made.
     ~Session();
     Session(const Session&) = delete;

@@ -33,6 +33,8 @@ protected:
         store.frame_bitmap = paint(21, 9, [](int x, int y) { return six_bit(pack_rgb(x / 7 * 96, y / 3 * 96, 64)); });
         store.alpha_bitmap = paint(21, 9, [](int x, int y) { return (1 + x * 9 + y) * 0x010101; });
         store.restoration_bitmap = Bitmap(21, 9);
+        store.nail_sheet = Bitmap(400, 400);
+        run_state.program_dir = folder_.path();
         screen_state.preview_bitmap = Bitmap(117, 79);
         colors_ = store.frame_bitmap.copy();
         alpha_ = store.alpha_bitmap.copy();
@@ -42,6 +44,7 @@ protected:
         store = {};
         menus = {};
         preferences = {};
+        run_state = {};
         screen_state.preview_bitmap.reset();
     }
     /// Another frame, into which something is loaded.
@@ -69,7 +72,7 @@ TEST_F(Dispatch, AlphaTravelsInPngAndIconsAndIsOpaqueElsewhere)
         EXPECT_EQ(difference(store.frame_bitmap, colors_), "") << name;
         EXPECT_EQ(difference(store.alpha_bitmap, keeps ? alpha_.get() : white.get()), "") << name;
     }
-    EXPECT_EQ(menus.status_message, 0);
+    EXPECT_EQ(menus.status_message, TIP_LOADED);
 }
 
 TEST_F(Dispatch, AlphaEditingChangesNothingInPng)
