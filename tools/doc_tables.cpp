@@ -154,7 +154,8 @@ std::string radio_list(const OptionRow& row)
 
 void write_options(std::ostream& out)
 {
-    out << "\n## Options\n\nUSER, OPTIONS. DEFAULTS chooses what stands in bold here.\n\n| Option | Choices "
+    out << "\n## Options\n\nUSER, OPTIONS. What stands in bold here is delivered, and what DEFAULTS chooses.\n\n| "
+           "Option | Choices "
            "|\n|---|---|\n";
     const auto rows = options_table();
     for (std::size_t i = 0; i < rows.size(); ++i) {

@@ -14,12 +14,12 @@
 #include "runtime/hotkeys.h"
 #include "runtime/macros.h"
 #include "runtime/pixels.h"
-#include "runtime/preferences.h"
 #include "runtime/random.h"
 #include "runtime/store.h"
 #include "runtime/text_settings.h"
 #include "runtime/toolbox.h"
 #include "screens/action_table.h"
+#include "screens/options_table.h"
 #include "tools/tools.h"
 #include "workspace/blank_workspace.h"
 #include "workspace/settings.h"
@@ -124,16 +124,20 @@ constexpr Macro delivered_macros[macro_count] = {
     grid_off(),
 };
 
+/// What DEFAULTS of the options screen chooses; a part of it belongs to the workspace.
+void choose_default_options()
+{
+    for (const OptionRow& row : options_table()) {
+        if (row.word) *row.word = row.by_default;
+    }
+}
+
 void set_settings()
 {
     set_default_hotkeys();
     for (std::size_t button = 0; button < hotkeys.mouse_button_map.size(); ++button)
         hotkeys.mouse_button_map[button] = static_cast<int>(button) + 1;
-    preferences.mouse_swap = 0;
-    preferences.tooltips_on = 1;
-    preferences.undo_depth = 6;
-    preferences.color_reduction = 2;
-    preferences.crosshair_opacity = 18;
+    choose_default_options();
     std::ranges::copy(delivered_macros, macros.macro_table.begin());
 }
 
@@ -141,6 +145,7 @@ void set_settings()
 void write_workspace()
 {
     make_blank_workspace();
+    choose_default_options();
     set_palette();
     apply_default_options();
     text_settings.font_file = "system.ttf";

@@ -136,7 +136,6 @@ void clear_workspace()
 
 void begin_workspace()
 {
-    prefer_system_font();
     restore_text_font();
     if (count_workspace_frames() == 0) {
         make_blank_workspace();

@@ -28,8 +28,17 @@ void load_system_font()
     text_settings.font_file = system_font;
 }
 
+/// While no font was chosen yet: the program's own.
+void prefer_system_font()
+{
+    if (!text_settings.font_dir.empty()) return;
+    text_settings.font_dir = run_state.program_dir + "/" + font_folder;
+    if (text_settings.font_file.empty()) text_settings.font_file = system_font;
+}
+
 void load_preferred_font()
 {
+    prefer_system_font();
     if (!platform::change_directory(text_settings.font_dir)) {
         log_line("[ WARNING ] : Preferred font path doesn't exist. Defaulting as Bravely as I can!");
         text_settings.font_dir = run_state.program_dir;
@@ -62,13 +71,6 @@ void restore_text_font()
     const std::string before = platform::working_directory();
     load_preferred_font();
     platform::change_directory(before);
-}
-
-void prefer_system_font()
-{
-    if (!text_settings.font_dir.empty() || !text_settings.font_file.empty()) return;
-    text_settings.font_dir = run_state.program_dir + "/" + font_folder;
-    text_settings.font_file = system_font;
 }
 
 } // namespace kelu

@@ -11,12 +11,9 @@ namespace kelu {
 /// else with a line in the log and the failure panel, which the user dismisses.
 int load_vector_font(const std::string& name);
 
-/// Sets the font up from the text settings. Where its folder or its file is gone or damaged, the program's own font
-/// takes its place in the settings. Without that the program ends with a message. The working directory is as before
-/// at the end. Nothing happens while the font system doesn't run.
+/// Sets the font up from the text settings; the program's own while no font was chosen yet. Where its folder or its
+/// file is gone or damaged, the program's own font takes its place in the settings. Without that the program ends with
+/// a message. The working directory is as before at the end. Nothing happens while the font system doesn't run.
 void restore_text_font();
-
-/// Names the program's own font in the text settings when they name none: a workspace without a state.
-void prefer_system_font();
 
 } // namespace kelu

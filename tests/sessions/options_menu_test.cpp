@@ -2,11 +2,16 @@
 // The options screen: its rows as they scroll, what acts at once, DEFAULTS, CANCEL, and what its end brings about.
 #include "draw/undo.h"
 #include "screens/options_table.h"
+#include "support/paths.h"
 #include "support/screen_session.h"
+#include <filesystem>
+#include <regex>
 
 namespace kelu {
 
 using namespace test;
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -33,6 +38,26 @@ std::vector<int> option_values()
 }
 
 } // namespace
+
+TEST(OptionsMenu, DefaultsAreWhatIsDelivered)
+{
+    const std::string folder = make_program_folder();
+    const fs::path delivered = fs::path(app_folder()).parent_path() / "defaults"; // the app's own may be a user's
+    for (const char* part : {"resource", "WORKSPACE"}) {
+        fs::copy(delivered / part, fs::path(folder) / part,
+                 fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+    }
+    {
+        const Session session(nullptr, folder);
+        const auto rows = options_table();
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            if (!rows[i].word) continue;
+            EXPECT_EQ(*rows[i].word, rows[i].by_default) << ui_strings[first_option_name + static_cast<int>(i)];
+        }
+        EXPECT_FALSE(std::regex_search(session.log(), std::regex("WARNING|ERROR"))) << session.log();
+    }
+    remove_program_folder(folder);
+}
 
 TEST(OptionsMenu, RowsScrollAndActAtOnce)
 {
