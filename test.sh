@@ -4,6 +4,7 @@
 #   program  the order of the source, and stories of the real program on a virtual display
 #   asan     unit tests, sessions and a few seconds of each fuzz target under AddressSanitizer and UBSan
 #   tsan     the program with its timers on a thread of their own, under ThreadSanitizer
+# The fuzz targets for libFuzzer are built too, by clang, and not run.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")"
 . tools/packages.sh
@@ -17,4 +18,5 @@ for suite in "${suites[@]}"; do
     build_preset "$suite"
     echo "subdirs(\"$PWD/build/$suite\")" >>build/all/CTestTestfile.cmake
 done
+build_preset clang tests/fuzz/all
 ctest --test-dir build/all -j"$(nproc)" --output-on-failure --no-tests=error

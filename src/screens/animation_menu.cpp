@@ -43,7 +43,7 @@ void visit_files(void (*open)(), Animation& kept)
     close_screen();
     open();
     for (int frame = frames; frame < store.frame_count; ++frame) {
-        kept.anim_tag[frame] = int(animation.anim_tag[frame]);
+        kept.anim_tag[frame] = static_cast<uint8_t>(animation.anim_tag[frame]);
         kept.anim_delay[frame] = int(animation.anim_delay[frame]);
     }
     if (store.frame_count > frames && kept.anim_count == 0) kept.anim_speed = int(animation.anim_speed);

@@ -31,7 +31,7 @@ bool choose_size()
 {
     CelPlace& place = cel_work.cel_place;
     CanvasButtons buttons;
-    const auto sizing = [&place] { return place.show_outline == 0; };
+    const auto sizing = [] { return cel_work.cel_place.show_outline == 0; };
     const auto follow = [&sizing] {
         if (sizing()) follow_mouse();
         menus.status_message = sizing() ? TIP_STRETCH_SIZE : TIP_STRETCH_OR_MOVE;
