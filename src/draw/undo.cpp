@@ -99,19 +99,27 @@ void free_slots()
 }
 
 /// Makes the source a copy of the whole frame, in the old memory where the size is the same.
-void copy_source()
+void copy_source(FunctionRef<void(int y)> make_row)
 {
     const Bitmap& frame = store.frame_bitmap;
+    Bitmap& source = undo.source_bitmap;
     touched.restart(TileGrid::of(frame));
     const std::lock_guard lock(unsaved.mutex);
     unsaved.clear();
     unsaved.whole = true;
-    if (frame && TileGrid::of(frame) == TileGrid::of(undo.source_bitmap)) {
-        blit(frame, undo.source_bitmap, 0, 0, 0, 0, frame.width(), frame.height());
-        return;
+    if (!frame || TileGrid::of(frame) != TileGrid::of(source)) {
+        source.reset(); // first, so that two copies are never in memory together
+        if (frame) source = Bitmap::unfilled(frame.width(), frame.height());
     }
-    undo.source_bitmap.reset(); // first, so that two copies are never in memory together
-    if (frame) undo.source_bitmap = frame.copy();
+    for (int y = 0; y < frame.height(); ++y) {
+        make_row(y);
+        if (source) std::copy_n(row(frame, y), frame.width(), row(source, y));
+    }
+}
+
+void copy_source()
+{
+    copy_source([](int) {});
 }
 
 /// The frame has another size: the newest pictures become whole, in theirs.
@@ -292,9 +300,14 @@ void redo_step() { step(redo_queue(depth()), undo_queue(depth())); }
 
 void reset_undo_slots()
 {
+    reset_undo_slots([](int) {});
+}
+
+void reset_undo_slots(FunctionRef<void(int y)> make_row)
+{
     free_slots();
     undo.undo_head = undo.redo_head = 0;
-    copy_source();
+    copy_source(make_row);
 }
 
 BITMAP* stroke_source() { return undo.source_bitmap ? undo.source_bitmap.get() : store.frame_bitmap.get(); }

@@ -12,6 +12,7 @@
 #pragma once
 
 #include "base/bitmap.h"
+#include "base/function_ref.h"
 #include "draw/tiles.h"
 #include <array>
 
@@ -60,6 +61,9 @@ void redo_step();
 /// Frees every slot, and makes the stroke source anew: the frame has been replaced, or its size or the depth has
 /// changed.
 void reset_undo_slots();
+/// The same for a frame whose rows aren't there yet: `make_row` makes each of them once, and it is copied while the
+/// processor still has it at hand.
+void reset_undo_slots(FunctionRef<void(int y)> make_row);
 
 /// The frame as it was before the present operation. The frame itself where that isn't to be had.
 BITMAP* stroke_source();

@@ -9,6 +9,7 @@
 #include "base/reader.h"
 #include "platform/files.h"
 #include "runtime/pixels.h"
+#include <array>
 #include <bit>
 #include <cstring>
 #include <vector>
@@ -105,8 +106,40 @@ Bitmap decode_tga(std::span<const uint8_t> bytes)
     return in.ended() ? Bitmap() : std::move(picture);
 }
 
+/// Reads the form in which frames are kept, piece by piece into place; empty for all others, and where anything is
+/// amiss.
+Bitmap read_plain_file(const std::string& name)
+{
+    constexpr std::size_t piece = std::size_t{1} << 18; // bytes that the processor's second cache holds
+    platform::FileSource file(name);
+    std::array<uint8_t, header_size> bytes{};
+    if (!file.opened() || !file.read(bytes)) return {};
+    ByteReader in(bytes);
+    const int id_size = in.byte();
+    const bool plain = in.byte() == 0 && in.byte() == type_plain;
+    in.skip(9);
+    const int w = in.little16(), h = in.little16(), bits = in.byte(), descriptor = in.byte();
+    if (!plain || bits != 32 || (descriptor & right_to_left) != 0 || !bitmap_size_valid(w, h)) return {};
+    const std::size_t row_bytes = product(w, 1) * sizeof(int);
+    const auto rows = static_cast<std::size_t>(h);
+    if (!file.seek(file.position() + id_size) || file.size() - file.position() < static_cast<long>(rows * row_bytes))
+        return {};
+    Bitmap picture = Bitmap::unfilled(w, h);
+    Bytes block(std::min(rows, std::max<std::size_t>(piece / row_bytes, 1)) * row_bytes);
+    for (std::size_t y = 0; picture && y < rows;) {
+        const std::size_t count = std::min(block.size() / row_bytes, rows - y);
+        if (!file.read(std::span(block).first(count * row_bytes))) return {};
+        for (std::size_t i = 0; i < count; ++i, ++y) {
+            const auto at = static_cast<int>((descriptor & top_down) != 0 ? y : rows - 1 - y);
+            std::memcpy(row(picture, at), block.data() + i * row_bytes, row_bytes);
+        }
+    }
+    return picture;
+}
+
 Bitmap read_tga(const std::string& name)
 {
+    if (Bitmap picture = read_plain_file(name)) return picture;
     constexpr std::size_t limit = header_size + 255U + 65536U * 4U + 5U * max_bitmap_pixels;
     Bytes bytes;
     if (!platform::read_file(name, limit, bytes)) return {};

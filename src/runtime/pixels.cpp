@@ -110,11 +110,15 @@ void downscale_bitmap(BITMAP* source, BITMAP* target, int x, int y, int w, int h
             long blue = 0;
             for (int j = 0; j < box_h; ++j) {
                 const int* pixel = row(source, first_y + j) + first_x;
+                int row_red = 0, row_green = 0, row_blue = 0; // narrow: more of them go side by side
                 for (int i = 0; i < box_w; ++i) {
-                    red += red_of(pixel[i]);
-                    green += green_of(pixel[i]);
-                    blue += blue_of(pixel[i]);
+                    row_red += red_of(pixel[i]);
+                    row_green += green_of(pixel[i]);
+                    row_blue += blue_of(pixel[i]);
                 }
+                red += row_red;
+                green += row_green;
+                blue += row_blue;
             }
             if (in_bitmap(target, x + c, y + r))
                 row(target, y + r)[x + c] = pack_rgb(mean(red), mean(green), mean(blue));

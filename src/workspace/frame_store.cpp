@@ -227,31 +227,31 @@ bool adopt_picture(Bitmap merged, bool becomes_restoration)
 {
     if (!merged) return false;
     const int w = merged.width(), h = merged.height();
-    // Between two operations the coverage is 0 all over.
-    const bool fits = store.coverage_bitmap.width() == w && store.coverage_bitmap.height() == h;
-    Bitmap alpha = Bitmap::unfilled(w, h), frame;
-    Bitmap coverage = fits ? std::move(store.coverage_bitmap) : Bitmap(w, h);
-    if (becomes_restoration) frame = Bitmap::unfilled(w, h);
-    if (!alpha || !coverage || (becomes_restoration && !frame)) {
-        if (fits) store.coverage_bitmap = std::move(coverage);
+    const auto fits = [w, h](const Bitmap& old) { return old.width() == w && old.height() == h; };
+    // Old pictures of the same size lend their memory, which the system needn't clear; but those of a frame that is
+    // left go to the thread.
+    const bool lends_frame = becomes_restoration && fits(store.restoration_bitmap);
+    const bool lends_alpha = leaving < 0 && fits(store.alpha_bitmap);
+    const bool lends_coverage = fits(store.coverage_bitmap); // between two operations it is 0 all over
+    Bitmap frame = lends_frame || !becomes_restoration ? Bitmap() : Bitmap::unfilled(w, h);
+    Bitmap alpha = lends_alpha ? Bitmap() : Bitmap::unfilled(w, h);
+    Bitmap coverage = lends_coverage ? Bitmap() : Bitmap(w, h);
+    if ((!lends_frame && becomes_restoration && !frame) || (!lends_alpha && !alpha) || (!lends_coverage && !coverage))
         return false;
-    }
     hand_over_leaving();
-    if (becomes_restoration) {
-        alpha_strip(merged, frame, alpha);
-        store.restoration_bitmap = std::move(merged);
-    } else {
-        alpha_strip(merged, merged, alpha);
-        frame = std::move(merged);
-    }
-    store.frame_bitmap = std::move(frame);
-    store.alpha_bitmap = std::move(alpha);
-    store.coverage_bitmap = std::move(coverage);
+    if (lends_frame) frame = std::move(store.restoration_bitmap);
+    if (!lends_alpha) store.alpha_bitmap = std::move(alpha);
+    if (!lends_coverage) store.coverage_bitmap = std::move(coverage);
+    store.frame_bitmap = becomes_restoration ? std::move(frame) : std::move(merged);
+    const Bitmap& whole = becomes_restoration ? merged : store.frame_bitmap;
     note_frame_size();
     clamp_pan();
+    reset_undo_slots(
+        [&](int y) { strip_row(row(whole, y), row(store.frame_bitmap, y), row(store.alpha_bitmap, y), w); });
     if (w < logical_w || h < logical_h) view.backdrop = mean_lightness(color_picture()) / backdrop_lightness;
-    reset_undo_slots();
-    if (becomes_restoration) begin_journal();
+    if (!becomes_restoration) return true;
+    store.restoration_bitmap = std::move(merged);
+    begin_journal();
     return true;
 }
 

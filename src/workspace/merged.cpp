@@ -26,9 +26,10 @@ bool same_row(int y, const int* restored, int w)
 {
     const int* color = row(color_picture(), y);
     const int* alpha = row(alpha_picture(), y);
+    int difference = 0; // of all pixels: a way out for each would keep them from going side by side
     for (int x = 0; x < w; ++x)
-        if (((color[x] ^ restored[x]) & color_bits) != 0 || grey_level(alpha[x]) != top_byte(restored[x])) return false;
-    return true;
+        difference |= ((color[x] ^ restored[x]) & color_bits) | (grey_level(alpha[x]) ^ top_byte(restored[x]));
+    return difference == 0;
 }
 
 /// What the tools have drawn on the alpha picture turns to the grey that is kept.
@@ -89,16 +90,19 @@ void alpha_strip(BITMAP* src, BITMAP* first, BITMAP* second)
     }
     const int w = std::min({src->w, first->w, second->w});
     const int h = std::min({src->h, first->h, second->h});
-    for (int y = 0; y < h; ++y) {
-        const int* from = row(src, y);
-        int* color = row(store.alpha_edit_mode ? second : first, y);
-        int* alpha = row(store.alpha_edit_mode ? first : second, y);
-        for (int x = 0; x < w; ++x) {
-            const int pixel = from[x]; // read before it is written: one of the two may be the source
-            const int level = top_byte(pixel);
-            color[x] = pixel & color_bits;
-            alpha[x] = pack_rgb(level, level, level);
-        }
+    for (int y = 0; y < h; ++y)
+        strip_row(row(src, y), row(first, y), row(second, y), w);
+}
+
+void strip_row(const int* from, int* first, int* second, int w)
+{
+    int* const color = store.alpha_edit_mode ? second : first;
+    int* const alpha = store.alpha_edit_mode ? first : second;
+    for (int x = 0; x < w; ++x) {
+        const int pixel = from[x]; // read before it is written: one of the two may be the source
+        const int level = top_byte(pixel);
+        color[x] = pixel & color_bits;
+        alpha[x] = pack_rgb(level, level, level);
     }
 }
 

@@ -32,6 +32,9 @@ RowSource merged_rows();
 /// editing. `first` may be `src` itself. A missing bitmap is refused with a line in the log.
 void alpha_strip(BITMAP* src, BITMAP* first, BITMAP* second);
 
+/// The same for `w` pixels of a row.
+void strip_row(const int* from, int* first, int* second, int w);
+
 /// Makes every pixel grey: the mean of its three channels, truncated.
 void gray_normalize(BITMAP* bitmap);
 
