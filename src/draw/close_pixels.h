@@ -2,11 +2,9 @@
 // Which pixels are close to a colour, 64 at a time.
 #pragma once
 
-#include "draw/ink_fours.h"
+#include "base/fours.h"
 #include "runtime/pixels.h"
-#include <array>
-#include <cstdint>
-#include <cstring>
+#include <algorithm>
 
 namespace kelu {
 

@@ -12,6 +12,11 @@ namespace kelu {
 /// The plain colour. At full strength it knows no coverage, so that it paints over a soft stamp of the same stroke; a
 /// soft rim blends over the pixel as it is now and builds up.
 struct Opaque {
+    /// The fixed scale; what has full strength is written always.
+    struct OpaqueScale {
+        static DabBytes most(DabBytes values) { return values == 0 ? ~DabBytes{} : left_of_mark(values); }
+    };
+
     explicit Opaque(const Canvas&) {}
     void apply(const Dab& dab) const
     {
@@ -28,7 +33,7 @@ struct Opaque {
             return;
         }
         const Ints color = all_four(run.color);
-        by_fours(*this, run, [&](const DabFour& four) {
+        by_fours(*this, run, OpaqueScale{}, [&](const DabFour& four) {
             const Ints values = four.tips();
             const Ints full = values == 0;
             const Ints weights = ~full & fixed_weights(values);
@@ -102,7 +107,7 @@ void step_bytes(const Ink& ink, const DabRun& run, const ByteSteps& table, Combi
         const uint8_t* values = four.tip_values;
         return Ints{table.steps[values[0]], table.steps[values[1]], table.steps[values[2]], table.steps[values[3]]};
     };
-    by_fours(ink, run, [&](const DabFour& four) {
+    by_fours(ink, run, FixedScale{}, [&](const DabFour& four) {
         const Ints claimed = four.claim(fixed_weights(four.tips()));
         if (!none_of(claimed)) four.write(claimed, combine(load_four(four.source) & 0xffffff, step(four)));
     });
@@ -113,7 +118,7 @@ template <class Ink>
 void blend_run(const Ink& ink, const DabRun& run, int effect)
 {
     const Ints color = all_four(effect);
-    by_fours(ink, run, [&](const DabFour& four) {
+    by_fours(ink, run, StrengthScale{ink.s}, [&](const DabFour& four) {
         const Ints weights = strength_weights(ink.s, four.tips());
         const Ints claimed = four.claim(weights);
         if (!none_of(claimed)) four.write(claimed, blend_four(load_four(four.source), color, weights));

@@ -156,7 +156,7 @@ struct LGrad {
             const float position = length > 0 ? along(static_cast<float>(step)) : 0;
             return spectrum_color(band.start, band.end, band.bands, position);
         };
-        by_fours(*this, run, [&](const DabFour& four) {
+        by_fours(*this, run, FixedScale{}, [&](const DabFour& four) {
             const Ints claimed = four.claim(fixed_weights(four.tips()));
             if (none_of(claimed)) return;
             const Ints right = all_four(run.x + four.first - start_x) + Ints{0, 1, 2, 3};

@@ -3,12 +3,14 @@
 //
 // PULL and SPARK work in HLS in double precision. Their full strength writes the shifted colour; under a soft tip the
 // colour takes its whole step and the tip's weight acts through the blend.
+#include "colour/hls_fours.h"
 #include "colour/hls_pairs.h"
 #include "colour/spaces.h"
 #include "draw/ink_fours.h"
 
 #include <cmath>
 #include <cstdlib>
+#include <vector>
 
 namespace kelu {
 namespace {
@@ -30,16 +32,67 @@ void put_shifted(const Dab& dab, int shifted, int weight)
     }
 }
 
+/// What the conversions look up.
+struct HlsTables {
+    const HlsTone* tones = hls_tones();
+    const uint8_t* drops = hls_drops();
+};
+
 /// A colour at full strength, and what became of it.
 struct ShiftedColor {
     bool known = false;
     int source = 0, shifted = 0;
 };
 
-/// As `put_shifted`, with the weights claimed; `shift(HlsPair, first)` gives two shifted colours, those from the first
-/// on.
-template <class Shift>
-void put_shifted_four(const DabFour& four, const HlsTone* tones, ShiftedColor& last, Ints weights, Shift shift)
+/// What became of colours, for a soft tip, which passes over each pixel many times. Main thread.
+class ShiftedColors {
+public:
+    /// Forgets all unless the colours are still shifted in that way.
+    void begin(int strength, double target)
+    {
+        if (strength == strength_ && target == target_) return;
+        strength_ = strength;
+        target_ = target;
+        entries_.assign(size, {});
+    }
+    /// True when all pixels under the mask are known; then `shifted` has them.
+    bool find(Ints pixels, Ints mask, Ints& shifted) const
+    {
+        for (int i = 0; i < 4; ++i) {
+            if (mask[i] == 0) continue;
+            const Entry& entry = entries_[place(pixels[i])];
+            if (entry.source != pixels[i]) return false;
+            shifted[i] = entry.shifted;
+        }
+        return true;
+    }
+    void keep(Ints pixels, const HlsResult& result)
+    {
+        for (int i = 0; i < 4; ++i)
+            if (result.doubtful[i] == 0) entries_[place(pixels[i])] = {pixels[i], result.colors[i]};
+    }
+
+private:
+    static constexpr int size_bits = 11, size = 1 << size_bits;
+    struct Entry {
+        int source = -1, shifted = 0; ///< -1: none
+    };
+    static std::size_t place(int color)
+    {
+        constexpr uint32_t spread = 0x9e3779b1;
+        return static_cast<uint32_t>(color) * spread >> (32 - size_bits);
+    }
+    std::vector<Entry> entries_;
+    int strength_ = -1;
+    double target_ = 0;
+};
+
+/// As `put_shifted`, with the weights claimed. `shift_all(HlsFour)` shifts four colours, and `shift(HlsPair, first)`,
+/// where it is in doubt, those of the first on. `known`
+/// has what four colours were shifted to before, if that doesn't hang on the tip.
+template <class ShiftAll, class Shift>
+void put_shifted_four(const DabFour& four, const HlsTables& tables, ShiftedColor& last, Ints weights,
+                      ShiftAll shift_all, Shift shift, ShiftedColors* known = nullptr)
 {
     const Ints claimed = four.claim(weights);
     if (none_of(claimed)) return;
@@ -48,18 +101,25 @@ void put_shifted_four(const DabFour& four, const HlsTone* tones, ShiftedColor& l
     const bool flat = !four.tip_values && pixels[0] == pixels[1] && pixels[0] == pixels[2] && pixels[0] == pixels[3];
     if (flat) {
         if (!last.known || pixels[0] != last.source)
-            last = {true, pixels[0], shift(HlsPair(tones, pixels[0], pixels[0]), 0)[0]};
+            last = {true, pixels[0], shift(HlsPair(tables.tones, pixels[0], pixels[0]), 0)[0]};
         four.write(claimed, all_four(last.shifted));
         return;
     }
-    const auto pair = [&](int first) {
-        if ((claimed[first] | claimed[first + 1]) == 0) return std::array<int, 2>{};
-        return shift(HlsPair(tones, four.source[first], four.source[first + 1]), first);
-    };
-    const auto [a, b] = pair(0);
-    const auto [c, d] = pair(2);
-    const Ints shifted{a, b, c, d};
-    const Ints soft = blend_four(load_four(four.source), shifted, weights);
+    const Ints sources = load_four(pixels) & 0xffffff;
+    Ints shifted{};
+    if (!known || !four.tip_values || !known->find(sources, claimed, shifted)) {
+        const HlsResult result = shift_all(HlsFour(tables.drops, sources));
+        if (known && four.tip_values) known->keep(sources, result);
+        const Ints doubtful = result.doubtful & claimed;
+        shifted = result.colors;
+        for (int first = 0; first < 4; first += 2) {
+            if ((doubtful[first] | doubtful[first + 1]) == 0) continue;
+            const auto [a, b] = shift(HlsPair(tables.tones, pixels[first], pixels[first + 1]), first);
+            shifted[first] = a;
+            shifted[first + 1] = b;
+        }
+    }
+    const Ints soft = blend_four(sources, shifted, weights);
     four.write(claimed, four.tip_values ? choose(four.tips() == 0, shifted, soft) : shifted);
 }
 
@@ -95,17 +155,39 @@ struct Pull {
 
     void apply_run(const DabRun& run) const
     {
-        const HlsTone* const tones = hls_tones();
+        static ShiftedColors known;
+        const HlsTables tables;
         ShiftedColor last; // of this run
-        by_fours(*this, run, [&](const DabFour& four) {
-            put_shifted_four(four, tones, last, strength_weights(s, four.tips()), [&](const HlsPair& hls, int first) {
-                const auto step = [&](int i) { return four.tip(i) == 0 ? full_step : double{soft_step}; };
-                return hls.with_hue(pulled(hls.hue(), Doubles{step(first), step(first + 1)}));
-            });
+        known.begin(s, target_hue);
+        by_fours(*this, run, StrengthScale{s}, [&](const DabFour& four) {
+            put_shifted_four(
+                four, tables, last, strength_weights(s, four.tips()), [&](const HlsFour& hls) { return pulled(hls); },
+                [&](const HlsPair& hls, int first) {
+                    const auto step = [&](int i) { return four.tip(i) == 0 ? full_step : double{soft_step}; };
+                    return hls.with_hue(pulled(hls.hue(), Doubles{step(first), step(first + 1)}));
+                },
+                &known);
         });
     }
 
 private:
+    /// As below, for four colours in single precision, in which full and soft step are the same.
+    HlsResult pulled(const HlsFour& hls) const
+    {
+        constexpr float bound = 1e-3F; // of steps of hue
+        Floats hue = hls.hue();
+        const Floats way = static_cast<float>(target_hue) - hue;
+        const Floats d = to_floats(to_ints(size_of(way)));
+        const Ints direct = d < 128;
+        const Floats step = soft_step * choose(direct, d, 255 - d);
+        hue += choose(direct == (way > 0), step, -step);
+        hue = choose(hue < 0, hue + 255, hue);
+        hue = choose(hue > 255, hue - 255, hue);
+        HlsResult result = hls.with_hue(hue);
+        result.doubtful |= near_integer(size_of(way), bound) & ~hls.greys();
+        return result;
+    }
+
     /// As below, for two hues.
     Doubles pulled(Doubles hue, Doubles t) const
     {
@@ -154,14 +236,15 @@ struct Spark {
     }
     void apply_run(const DabRun& run) const
     {
-        const HlsTone* const tones = hls_tones();
+        const HlsTables tables;
         ShiftedColor last; // of this run
-        by_fours(*this, run, [&](const DabFour& four) {
+        by_fours(*this, run, AnyScale{}, [&](const DabFour& four) {
             const Floats gains{gain_of(four.tip(0)), gain_of(four.tip(1)), gain_of(four.tip(2)), gain_of(four.tip(3))};
-            put_shifted_four(four, tones, last, __builtin_convertvector(gains, Ints),
-                             [&](const HlsPair& hls, int first) {
-                                 return hls.with_saturation(Doubles{gains[first], gains[first + 1]});
-                             });
+            put_shifted_four(
+                four, tables, last, to_ints(gains), [&](const HlsFour& hls) { return hls.with_saturation(gains); },
+                [&](const HlsPair& hls, int first) {
+                    return hls.with_saturation(Doubles{gains[first], gains[first + 1]});
+                });
         });
     }
 

@@ -84,7 +84,7 @@ private:
     {
         const PixelPlanes planes(canvas.source, run.x, run.y, run.count, strength);
         const Floats w{strength, strength, strength, strength};
-        by_fours(*this, run, [&](const DabFour& four) {
+        by_fours(*this, run, FixedScale{}, [&](const DabFour& four) {
             const Ints claimed = four.claim(all_four(fixed_weight(0)));
             if (none_of(claimed)) return;
             const Ints centers = load_four(four.source);
@@ -112,11 +112,12 @@ private:
         const std::array<const int*, 3> lines{row(canvas.source, run.y - 1) + run.x - 1,
                                               row(canvas.source, run.y) + run.x - 1,
                                               row(canvas.source, run.y + 1) + run.x - 1};
-        by_fours(*this, run, [&](const DabFour& four) {
-            const Ints claimed = four.claim(fixed_weights(four.tips()));
+        by_fours(*this, run, FixedScale{}, [&](const DabFour& four) {
+            const Ints values = four.tips(), weights = fixed_weights(values);
+            const Ints claimed = four.claim(weights);
             if (none_of(claimed)) return;
-            const auto thin = [&](int i) { return thinned(strength, std::min(four.tip(i), tip_no_ink)); };
-            const Floats w{thin(0), thin(1), thin(2), thin(3)};
+            const Floats full{strength, strength, strength, strength};
+            const Floats w = choose(values == 0, full, to_floats(weights) / 200.0F * strength); // as `thinned`
             const Ints centers = load_four(four.source);
             Ints pixels{};
             for (int channel = 0; channel < 3; ++channel) {
