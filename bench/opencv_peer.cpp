@@ -10,9 +10,9 @@ struct OpenCvFill::Pictures {
     cv::Mat source, work;
 };
 
-OpenCvFill::OpenCvFill(const int* pixels, int side) : pictures_(std::make_unique<Pictures>())
+OpenCvFill::OpenCvFill(const int* pixels, int side, long pitch) : pictures_(std::make_unique<Pictures>())
 {
-    const cv::Mat words(side, side, CV_8UC4, const_cast<int*>(pixels)); // is only read
+    const cv::Mat words(side, side, CV_8UC4, const_cast<int*>(pixels), static_cast<std::size_t>(pitch)); // is only read
     cv::cvtColor(words, pictures_->source, cv::COLOR_BGRA2BGR);
 }
 

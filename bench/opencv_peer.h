@@ -10,8 +10,8 @@ namespace kelu {
 /// A picture of three bytes a pixel that is filled again and again.
 class OpenCvFill {
 public:
-    /// `pixels`: 0x00RRGGBB, side x side.
-    OpenCvFill(const int* pixels, int side);
+    /// `pixels`: 0x00RRGGBB, side x side; `pitch`: bytes from row to row.
+    OpenCvFill(const int* pixels, int side, long pitch);
     ~OpenCvFill();
     /// Makes the picture what it was.
     void restore();

@@ -66,7 +66,7 @@ void flood_opencv(benchmark::State& state, void (*paint)(BITMAP*), int x, int y)
     platform::headless_host.start();
     const Bitmap picture(side, side);
     paint(picture);
-    OpenCvFill peer(row(picture, 0), side);
+    OpenCvFill peer(row(picture, 0), side, picture->line[1] - picture->line[0]);
     for (auto _ : state) {
         state.PauseTiming();
         peer.restore();
