@@ -38,7 +38,8 @@ class Check:
                    if path.suffix in (".h", ".cpp")]
         self.code = "\n".join(path.read_text() for path in sources)
         self.words = set(re.findall(r"\w+", self.code))
-        targets = "\n".join(path.read_text() for path in root.rglob("CMakeLists.txt") if "build" not in path.parts)
+        targets = "\n".join(path.read_text() for folder in ("tools", "tests", "bench")
+                            for path in (root / folder).rglob("CMakeLists.txt")) + (root / "CMakeLists.txt").read_text()
         self.targets = set(re.findall(r"add_executable\((\w+)", targets)) | {"kelu_unit", "kelu_sessions"}
         self.tests = ["".join((suite, ".", name)) for suite, name in
                       re.findall(r"^TEST(?:_[FP])?\((\w+),\s*(\w+)\)", self.code, re.M)]

@@ -12,7 +12,7 @@ test_packages=(libgtest-dev python3 xclip netpbm icoutils libjpeg-turbo-progs ap
 # To measure beside others.
 bench_packages=(libbenchmark-dev libpng-dev libgif-dev libopencv-imgproc-dev libpixman-1-dev)
 # To try the Debian package, by package_test.sh.
-package_packages=(git file dpkg-dev fakeroot lintian appstream desktop-file-utils debootstrap)
+package_packages=(git file man-db dpkg-dev fakeroot lintian appstream desktop-file-utils debootstrap)
 
 # need_packages NAME...: installs what is missing, as root or by sudo. Where neither works it prints the one line to
 # run and fails. On a system without apt-get it leaves the matter to the build, which names what it doesn't find.
@@ -23,12 +23,12 @@ need_packages() {
         dpkg-query -W -f '${Status}' "$name" 2>/dev/null | grep -q ' installed$' || missing+=("$name")
     done
     [ ${#missing[@]} -eq 0 ] && return 0
-    echo "Installing ${missing[*]}"
     local root=()
     if [ "$(id -u)" -ne 0 ]; then
         # Without a terminal sudo can't ask for a password, and would fail or wait.
         if command -v sudo >/dev/null && { sudo -n true 2>/dev/null || [ -t 0 ]; }; then root=(sudo); else root=(false); fi
     fi
+    [ "${root[*]}" = false ] || echo "Installing ${missing[*]}"
     if ! { "${root[@]}" apt-get update -qq &&
            "${root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
                "${missing[@]}" >/dev/null; }; then
