@@ -2,7 +2,9 @@
 // Folders and names: the working directory, case-blind lookup, listing.
 #include "platform/files.h"
 
+#include "platform/file_calls.h"
 #include <algorithm>
+#include <cerrno>
 #include <dirent.h>
 #include <filesystem>
 #include <memory>
@@ -31,6 +33,15 @@ bool listed_before(const Entry& a, const Entry& b)
     if (a.is_folder != b.is_folder) return a.is_folder;
     if (before_case_blind(a.name, b.name)) return true;
     return !before_case_blind(b.name, a.name) && a.name < b.name;
+}
+
+/// The next entry; null behind the last one, and when the system can't go on, which is noted.
+const dirent* next_entry(DIR* folder)
+{
+    errno = 0;
+    const dirent* entry = readdir(folder);
+    if (!entry && errno != 0) note_failure();
+    return entry;
 }
 
 } // namespace
@@ -86,7 +97,8 @@ std::vector<Entry> list_folder(const std::string& folder)
 {
     std::vector<Entry> entries;
     const Folder open(opendir(folder.c_str()));
-    while (const dirent* entry = open ? readdir(open.get()) : nullptr) {
+    if (!open) note_failure();
+    while (const dirent* entry = open ? next_entry(open.get()) : nullptr) {
         if (entry->d_name[0] == '.') continue;
         // Links show what they point to; a dangling one can't be opened and is left out.
         struct stat status = {};

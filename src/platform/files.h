@@ -58,7 +58,7 @@ struct Entry {
     long size = 0; ///< bytes of a regular file
 };
 /// The folder's visible regular files and folders, links followed, in case-blind alphabetical order, folders first.
-/// Names that begin with a dot are hidden. Empty when the folder can't be read.
+/// Names that begin with a dot are hidden. What can't be read is left out, and `last_failure` tells of it.
 std::vector<Entry> list_folder(const std::string& folder);
 
 /// The names in a folder, read at once, for who would ask for many that may not be there.

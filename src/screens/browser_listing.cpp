@@ -89,9 +89,11 @@ void scan_directory(std::string_view pattern, int list_slot, int path_slot)
     const std::string folder = platform::working_directory();
     browser_state.browser_dir = platform::upper_case(folder).substr(0, longest_dir);
     if (folder != "/") add_row("..", true);
+    platform::forget_failure();
     for (const platform::Entry& entry : platform::list_folder(".")) {
         if (entry.is_folder || matches(entry.name, pattern)) add_row(entry.name, entry.is_folder);
     }
+    if (platform::last_failure() != 0) flash_failure(TIP_FOLDER_NOT_READ, platform::failure_reason());
     if (path_slot >= 0) show_in_field(path_slot, browser_state.browser_dir);
     if (list_slot >= 0) fit_list_bar(list_slot);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Names without case, listing, bounded reading, and files that are replaced whole or not at all.
 #include "platform/files.h"
+
+#include "platform/file_calls.h"
 #include "support/temporary_folder.h"
 #include <csignal>
 #include <gtest/gtest.h>
@@ -80,10 +82,13 @@ TEST(Listing, ShowsWhatCanBeOpenedInOneOrder)
     mkfifo("pipe", 0600);
 
     std::vector<std::string> names;
+    forget_failure();
     for (const Entry& entry : list_folder("."))
         names.push_back(entry.name + (entry.is_folder ? "/" : "=" + std::to_string(entry.size)));
     EXPECT_EQ(names, (std::vector<std::string>{"Bin/", "zoo/", "A.tga=0", "a.tga=1", "b.tga=5", "link=5"}));
+    EXPECT_EQ(last_failure(), 0);
     EXPECT_TRUE(list_folder("b.tga").empty());
+    EXPECT_EQ(last_failure(), ENOTDIR) << "a folder that can't be read isn't an empty one";
     const FolderNames seen("Bin/..");
     fs::remove("b.tga");
     for (const char* name : {"Bin", "A.tga", "b.tga", "link", "pipe"})
