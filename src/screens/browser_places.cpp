@@ -36,7 +36,7 @@ bool make_missing_folder(const std::string& folder)
     const std::size_t slash = folder.rfind('/');
     const std::string parent = slash == std::string::npos ? "." : folder.substr(0, slash + 1);
     if (folder.empty() || platform::file_exists(folder) || !platform::DirectoryVisit(parent).entered()) return false;
-    told_text = "<" + shown_name(folder) + ">";
+    told_text = '<' + shown_name(folder) + '>';
     if (confirm_over_window(TEXT_MAKE_FOLDER, TEXT_TOLD) == 0) return false;
     if (platform::make_folder(folder)) return true;
     flash_failure(TIP_FOLDER_NOT_OPENED, platform::failure_reason());
