@@ -12,7 +12,7 @@ string(REGEX REPLACE "`([^`\n]+)`" "|c39\\1|c40" pages "${pages}")
 
 # A page's word "|" ends a line, so two of them leave a blank one. The breaks of the text become blanks at last.
 string(REGEX REPLACE "\n+$" "" pages "${pages}")
-string(REGEX REPLACE "\n\n+== ([^\n]+)" "\",<page>\"|c38\\1|c40" pages "${pages}")
+string(REGEX REPLACE "\n\n+== ([^\n]+)" "\",<page>\"|c43\\1|c40" pages "${pages}")
 string(REGEX REPLACE "\n\n+- " " | | - " pages "${pages}")
 string(REGEX REPLACE "\n\n+" " | | " pages "${pages}")
 string(REPLACE "\n- " " | - " pages "${pages}")

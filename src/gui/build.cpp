@@ -26,6 +26,10 @@ int usual_fill(int kind)
     case KIND_TEXT_FIELD:
     case KIND_LIST:
         return FILL_BORDER; // light text, and caret and highlight in the shadow's colour
+    case KIND_NUMBER:
+    case KIND_FRAME_COUNT:
+    case KIND_HELP_PAGE:
+        return FILL_HIGHLIGHT_BACK; // blue text
     case KIND_TIP:
     case KIND_TIP_BUTTON:
         return FILL_LIGHT_GREY;

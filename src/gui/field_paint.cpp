@@ -35,7 +35,7 @@ void draw_mark(int slot, std::size_t count, int colour)
 
 void draw_field(int slot, const Look& look)
 {
-    const bool edited = look.fill == LOOK_EDITED_BACKGROUND;
+    const bool edited = look_edited(look);
     const int fill = gui.field_error[slot] ? menu_scheme.scheme_highlight_fore : look_colour(slot, look.fill);
     draw_panel(slot, fill, look_border(look), solid_opacity);
     const FieldText text = field_text_of(slot);
@@ -44,8 +44,9 @@ void draw_field(int slot, const Look& look)
     const std::size_t shown =
         std::min(std::strlen(text.data() + first), static_cast<std::size_t>(gui.field_visible[slot]));
     if (marked) draw_mark(slot, shown, menu_scheme.scheme_background);
+    const bool on_red = fill == warning_red || gui.field_error[slot] != 0; // too close to the light text
     draw_characters(gui.x[slot] + 3, gui.y[slot] + 2, text.data() + first, gui.field_visible[slot],
-                    marked ? int(SET_BUTTON) : look.text);
+                    marked || on_red ? int(SET_BUTTON) : look.text);
     draw_caret(slot, edited ? menu_scheme.scheme[SCHEME_SHADOW] : menu_scheme.scheme_shadow);
 }
 

@@ -7,6 +7,7 @@
 #include "gui/slots.h"
 #include "gui/strings.h"
 #include "gui/text.h"
+#include "runtime/preferences.h"
 #include "runtime/store.h"
 #include "runtime/text_settings.h"
 #include "runtime/view.h"
@@ -34,6 +35,15 @@ void draw_labelled(int slot, const Look& look, const char* text)
     }
 }
 
+/// A label in the slot's colour set. Where windows have no ground a dark one brings its own, or it would be lost on the
+/// frame.
+void draw_without_panel(int slot, const char* text)
+{
+    const bool dark = gui.colour[slot] == SET_BUTTON || gui.colour[slot] == SET_HIGHLIGHT;
+    if (dark && preferences.backless_mode != 0) draw_plate(slot, text, menu_scheme.scheme_background);
+    draw_centred(slot, text, gui.colour[slot]);
+}
+
 } // namespace
 
 int look_colour(int slot, int fill)
@@ -57,10 +67,14 @@ int look_colour(int slot, int fill)
     }
 }
 
+bool look_edited(const Look& look)
+{
+    return look.fill >= LOOK_EDITED_BACKGROUND && look.fill <= LOOK_EDITED_HIGHLIGHT_BACK;
+}
+
 int look_border(const Look& look)
 {
-    const bool edited = look.fill >= LOOK_EDITED_BACKGROUND && look.fill <= LOOK_EDITED_HIGHLIGHT_BACK;
-    return edited ? menu_scheme.scheme[SCHEME_BORDER] : menu_scheme.scheme_border;
+    return look_edited(look) ? menu_scheme.scheme[SCHEME_BORDER] : menu_scheme.scheme_border;
 }
 
 void draw_label(int slot, const Look& look) { draw_labelled(slot, look, ui_strings[gui.text_id[slot]]); }
@@ -74,11 +88,11 @@ void draw_font_name(int slot, const Look& look)
     draw_labelled(slot, look, name.c_str());
 }
 
-void draw_caption(int slot, const Look&) { draw_centred(slot, ui_strings[gui.text_id[slot]], gui.colour[slot]); }
+void draw_caption(int slot, const Look&) { draw_without_panel(slot, ui_strings[gui.text_id[slot]]); }
 
 void draw_ptr_label(int slot, const Look&)
 {
-    if (const char* text = gui.ptr[slot]) draw_centred(slot, text, gui.colour[slot]);
+    if (const char* text = gui.ptr[slot]) draw_without_panel(slot, text);
 }
 
 void draw_frame_count(int slot, const Look& look)

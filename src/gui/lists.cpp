@@ -29,6 +29,30 @@ int file_set(int entry, bool pointed)
 
 } // namespace
 
+namespace {
+
+/// Fills row r of those in view; nothing when it isn't one.
+void fill_row(int slot, int r, int colour)
+{
+    if (r < 0 || r >= gui.list_rows[slot]) return;
+    const int pitch = gui.row_height[slot];
+    const int width = gui.row_width[slot] ? gui.row_width[slot] : gui.w[slot];
+    fill_area(gui.x[slot] + 2, gui.y[slot] + 1 + r * pitch, gui.x[slot] + width, gui.y[slot] + pitch + r * pitch,
+              colour);
+}
+
+/// Folders and the chosen file stand in the scheme's preview on the grounds that they have in a list of files.
+void draw_preview_grounds(int slot)
+{
+    for (int r = 0; r < gui.list_rows[slot]; ++r) {
+        const int id = gui.list_items[slot][r + gui.scroll_value[slot]];
+        if (id == TEXT_SCHEME_ROW_UP) fill_row(slot, r, menu_scheme.scheme[SCHEME_BACKGROUND]);
+        if (id == TEXT_SCHEME_ROW_SELECTED) fill_row(slot, r, menu_scheme.scheme[SCHEME_HIGHLIGHT_BACK]);
+    }
+}
+
+} // namespace
+
 void draw_row_highlight(int slot, int colour)
 {
     const int pitch = gui.row_height[slot];
@@ -52,7 +76,7 @@ void draw_list_rows(int slot, bool centred)
         const int id = gui.list_items[slot][entry];
         const char* text = ui_strings[id];
         if (id == 0 || *text == 0) continue;
-        set_plain_text(font, SET_LIGHT);
+        set_plain_text(font, entry == gui.params[slot][0] - 1 ? SET_SELECTED : SET_LIGHT);
         const int x = centred ? gui.x[slot] + width / 2 - text_width(text) / 2 : gui.x[slot] + 3 + gui.row_text_x[slot];
         draw_text(gui_canvas, x, gui.y[slot] + 1 + inset + r * pitch, text);
     }
@@ -61,8 +85,11 @@ void draw_list_rows(int slot, bool centred)
 void draw_list(int slot, const Look& look)
 {
     draw_plain_panel(slot, look);
-    const bool edited = look.fill == LOOK_EDITED_BACKGROUND;
+    const bool edited = look_edited(look);
     draw_row_highlight(slot, edited ? menu_scheme.scheme[SCHEME_SHADOW] : menu_scheme.scheme_shadow);
+    if (edited) draw_preview_grounds(slot);
+    if (const int marked = gui.params[slot][0]; marked > 0)
+        fill_row(slot, marked - 1 - gui.scroll_value[slot], menu_scheme.scheme_highlight_back);
     draw_list_rows(slot, false);
 }
 
@@ -76,13 +103,15 @@ void draw_file_list(int slot, const Look& look)
     for (int r = 0; r < file_rows; ++r) {
         const int entry = r + gui.scroll_value[slot];
         if (entry < 0 || entry >= std::min(browser_listing.browser_count, browser_list_rows)) return;
-        if (r == pointed) {
+        const int set = file_set(entry, r == pointed);
+        if (r == pointed || set == SET_SELECTED) {
             const int right = x + gui.w[slot] - (gui.scroll_on[slot] ? bar_room : 2);
             const int top = y + 1 + file_pitch * r;
-            fill_area(x + 2, top, right, top + file_pitch, menu_scheme.scheme_shadow);
+            fill_area(x + 2, top, right, top + file_pitch,
+                      r == pointed ? menu_scheme.scheme_shadow : menu_scheme.scheme_highlight_back);
         }
         draw_characters(x + 3, y + 2 + file_pitch * r, browser_listing.browser_list[entry].data(),
-                        gui.field_visible[slot], file_set(entry, r == pointed));
+                        gui.field_visible[slot], set);
     }
 }
 

@@ -91,10 +91,11 @@ void draw_about(int slot, const Look&)
     draw_line(slot, 93, 58, SET_SELECTED, version());
     draw_line(slot, 4, 68, SET_HIGHLIGHT, "COMPILED");
     draw_line(slot, 93, 68, SET_SELECTED, "01/29/2013");
-    draw_line(slot, 4, 80, SET_HIGHLIGHT, "PAINTS, ANIMATES, RUNS ON");
-    draw_line(slot, 10, 98, SET_HIGHLIGHT, "ALLEGRO 4, FREETYPE, ZLIB,");
-    draw_line(slot, 10, 108, SET_HIGHLIGHT, "LIBJPEG AND A LOT OF COFFEE");
-    draw_line(slot, 13, 132, SET_SELECTED, "ONE PIXEL AFTER THE OTHER");
+    draw_line(slot, 4, 84, SET_HIGHLIGHT, "PAINTS, ANIMATES, RUNS ON");
+    draw_line(slot, 4, 94, SET_HIGHLIGHT, "ALLEGRO 4, FREETYPE, ZLIB,");
+    draw_line(slot, 4, 104, SET_HIGHLIGHT, "LIBJPEG AND A LOT OF COFFEE.");
+    fill_area(x + 10, y + 125, x + 167, y + 131, menu_scheme.scheme_highlight_back);
+    draw_line(slot, 14, 126, SET_SELECTED, "ONE PIXEL AFTER THE OTHER");
 }
 
 } // namespace kelu

@@ -77,6 +77,8 @@ void draw_frame_nail(int slot, const Look& look);
 void draw_sheet_preview(int slot, const Look& look);
 void draw_zoom_preview(int slot, const Look& look);
 
+/// True for a look in the colours of the scheme that is being edited.
+bool look_edited(const Look& look);
 /// Colour of a LookFill on that slot.
 int look_colour(int slot, int fill);
 /// Border that belongs to a look: the scheme's, or the edited scheme's.

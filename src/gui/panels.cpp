@@ -19,6 +19,8 @@ namespace {
 constexpr int dashed_frame = 2;   // value of `frame_state`
 constexpr int character_w = 6;    // advance of the wide font
 constexpr int half_character = 3; // pixels
+constexpr int frame_room = 2;     // pixels of a slot's width that its frame takes
+constexpr int plate_h = 7;
 
 /// A slot's rectangle, read once.
 struct Box {
@@ -29,6 +31,7 @@ Box box_of(int slot) { return {gui.x[slot], gui.y[slot], gui.w[slot], gui.h[slot
 
 int random_grey()
 {
+    something_shows(); // another one in the next frame
     const int v = rnd(192) + 32;
     return pack_rgb(v, v, v);
 }
@@ -141,8 +144,21 @@ bool look_hovered(int slot)
 void draw_centred(int slot, const char* text, int colour_set, int opacity)
 {
     const int length = static_cast<int>(std::strlen(text));
-    set_text({.slot = FONT_WIDE, .colour_set = colour_set, .mode = opacity > 0 ? 1 : 0, .opacity = opacity});
-    draw_text(gui_canvas, gui.x[slot] + 1 + gui.w[slot] / 2 - half_character * length, gui.y[slot] + 2, text);
+    const bool fits = character_w * length <= gui.w[slot] - frame_room;
+    set_text({.slot = fits ? FONT_WIDE : FONT_NARROW,
+              .colour_set = colour_set,
+              .mode = opacity > 0 ? 1 : 0,
+              .opacity = opacity});
+    const int half = fits ? half_character * length : text_width(text) / 2;
+    draw_text(gui_canvas, gui.x[slot] + 1 + gui.w[slot] / 2 - half, gui.y[slot] + 2, text);
+}
+
+void draw_plate(int slot, const char* text, int colour)
+{
+    const int length = static_cast<int>(std::strlen(text));
+    if (length == 0) return;
+    const int left = gui.x[slot] + 1 + gui.w[slot] / 2 - half_character * length;
+    fill_area(left - 2, gui.y[slot] + 1, left + character_w * length, gui.y[slot] + plate_h, colour);
 }
 
 void draw_at_left(int slot, const char* text, int colour_set)

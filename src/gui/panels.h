@@ -36,8 +36,11 @@ void draw_corner_dots(int slot, int x, int y, int colour);
 
 /// True when the pointer, as this frame shows it, is on the slot.
 bool look_hovered(int slot);
-/// A label in the wide font, in the middle of the slot's width. Colour codes in it count as characters.
+/// A label in the wide font, in the middle of the slot's width; in the narrow one where it would touch the slot's
+/// frame. Colour codes in it count as characters.
 void draw_centred(int slot, const char* text, int colour_set, int opacity = 0);
+/// The ground of a label that `draw_centred` is to draw.
+void draw_plate(int slot, const char* text, int colour);
 /// A label at the slot's left.
 void draw_at_left(int slot, const char* text, int colour_set);
 /// Characters one by one, 6 pixels apart, so that nothing in them is a colour code: at most `count`, from (x, y).

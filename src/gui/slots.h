@@ -134,8 +134,8 @@ struct Gui {
     Column<int> row_width;                       ///< width of the rows' area, 0: the slot's
     Column<int, -1> hover_row;                   ///< row under the pointer, -1 none; the logic
     Block<int, max_list_items> list_items;       ///< text ids of the rows, or small parameters by kind
-    Block<int, max_list_items> params;           ///< larger parameters by kind: colours, slots
-    Block<int, 50, -1> items;                    ///< ten records of five numbers by kind
+    Block<int, max_list_items> params; ///< larger parameters by kind: colours, slots, 1 + the marked row of a list
+    Block<int, 50, -1> items;          ///< ten records of five numbers by kind
 
     // Scroll bar.
     Column<int> scroll_on;                       ///< 1: the slot has a bar

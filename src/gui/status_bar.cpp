@@ -3,6 +3,7 @@
 #include "gui/status_bar.h"
 
 #include "base/run_state.h"
+#include "gui/kinds.h"
 #include "gui/menus.h"
 #include "gui/slots.h"
 #include "gui/text.h"
@@ -51,6 +52,17 @@ std::string message_text(int message)
     return text_width(both.c_str()) < logical_w ? both : menus.status_reason;
 }
 
+/// What to do in a state in which clicks on the frame do nothing, TIP_NONE elsewhere.
+int way_out()
+{
+    const int menu = menus.menu_id;
+    const bool window_hidden = gui.active[0] != 0 && gui.hidden[0] != 0;
+    if (window_hidden && menu != MENU_DRAW && menu != MENU_DIALOG) return TIP_WINDOW_HIDDEN;
+    if (menu == MENU_PLAYBACK) return TIP_PLAYBACK_RUNS;
+    const bool column = menu == MENU_PIC || menu == MENU_CEL || menu == MENU_USER || menu == MENU_FRAME;
+    return column && gui.kind[0] == KIND_WINDOW ? TIP_COLUMN_OPEN : TIP_NONE;
+}
+
 const char* frame_label()
 {
     if (store.alpha_edit_mode) return "|c44ALPHA|c21 > |c32";
@@ -79,17 +91,18 @@ void draw_status_bar()
 {
     // The end that waits for the user comes before all but what shows for a while only, such as a failure.
     const bool end_waits = run_state.exit_requested != 0 && menus.status_message_ticks == 0;
-    const int message = end_waits ? TIP_LEAVE_TO_END : int(frame_snapshot.status_message);
+    const int tooltip_slot = preferences.tooltips_on != 0 ? int(frame_snapshot.tooltip_slot) : -1;
+    int message = end_waits ? TIP_LEAVE_TO_END : int(frame_snapshot.status_message);
+    if (message == 0 && tooltip_slot == -1) message = way_out();
     const bool prompts = message > 0;
     const bool shown = preferences.status_bar_on != 0 && menus.status_bar_away == 0 && (gui.hidden[0] == 0 || prompts);
     if (!shown && !end_waits && message != readout_in_any_case) return;
     const int y = bar_y();
     blend_rect(screen_state.back_buffer, 0, y, logical_w, status_bar_h, fixed_colours.black,
                std::min(int(preferences.status_opacity), darkest));
-    const int tooltip_slot = frame_snapshot.tooltip_slot;
     if (message > 0) {
         draw_in_the_middle(y, SET_MESSAGE, message_text(message).c_str());
-    } else if (message == 0 && tooltip_slot != -1 && preferences.tooltips_on != 0) {
+    } else if (message == 0 && tooltip_slot != -1) {
         draw_in_the_middle(y, SET_TOOLTIP, tooltip_text(gui.tooltip[tooltip_slot]));
     } else {
         draw_readout(y);

@@ -344,7 +344,7 @@ constexpr LabelRow label_rows[] = {
     {TEXT_B3, "B3"},
     {TEXT_B4, "B4"},
     {TEXT_B5, "B5"},
-    {TEXT_CANT_REMAP, "|c40ACCEPT / DRAW          |c39( CAN'T REMAP )"},
+    {TEXT_CANT_REMAP, "|c40ACCEPT / DRAW          |c43( CAN'T REMAP )"},
     {TEXT_MACRO, "MACRO"},
     {TEXT_DIGIT_1, "1"},
     {TEXT_DIGIT_2, "2"},
@@ -443,7 +443,7 @@ constexpr LabelRow label_rows[] = {
     {TEXT_ANIMATION, "ANIMATION"},
     {TEXT_SHEET_OR_ANIMATION, "ONE AFTER THE OTHER, OR SIDE BY SIDE?"},
     {TEXT_LOAD_FIRST_ONES, "LOAD THE FIRST OF THEM?"},
-    {TEXT_MAKE_FOLDER, "THERE IS NO SUCH FOLDER. MAKE IT?"},
+    {TEXT_MAKE_FOLDER, "NO SUCH FOLDER. MAKE IT?"},
 };
 
 /// The labels spread out by their rows; two labels on one row stop the build.

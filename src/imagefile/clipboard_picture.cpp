@@ -3,17 +3,29 @@
 #include "imagefile/clipboard_picture.h"
 
 #include "imagefile/bmp.h"
+#include "imagefile/gif.h"
+#include "imagefile/jpeg.h"
 #include "imagefile/picture_files.h"
 #include "imagefile/png.h"
 #include "platform/clipboard.h"
+#include <algorithm>
+#include <iterator>
 #include <new>
 
 namespace kelu {
 namespace {
 
-constexpr const char* type_png = "image/png";
-/// Names that programs have for a Windows bitmap; the first is offered.
-constexpr const char* wanted_types[] = {type_png, "image/bmp", "image/x-bmp", "image/x-MS-bmp"};
+using Decoder = Bitmap (*)(std::span<const uint8_t> bytes);
+
+/// Media types in the order in which they are wanted: those that lose nothing first. Programs have several names for a
+/// Windows bitmap, of which the first is offered.
+constexpr const char* wanted_types[] = {"image/png",      "image/bmp",  "image/x-bmp",
+                                        "image/x-MS-bmp", "image/jpeg", "image/gif"};
+constexpr Decoder png = [](std::span<const uint8_t> bytes) { return decode_png(bytes); };
+constexpr Decoder gif = [](std::span<const uint8_t> bytes) { return decode_gif(bytes); };
+constexpr Decoder decoders[] = {png, decode_bmp, decode_bmp, decode_bmp, decode_jpeg, gif};
+static_assert(std::size(wanted_types) == std::size(decoders));
+constexpr const char* type_png = wanted_types[0];
 constexpr const char* type_bmp = wanted_types[1];
 
 void strip_top_bytes(Bitmap& picture)
@@ -47,7 +59,8 @@ Bitmap picture_from_clipboard()
     try {
         const platform::ClipboardItem item = platform::clipboard_take(wanted_types, max_picture_file);
         if (item.type.empty()) return {};
-        Bitmap picture = item.type == type_png ? decode_png(item.bytes) : decode_bmp(item.bytes);
+        const auto* const type = std::ranges::find(wanted_types, item.type);
+        Bitmap picture = decoders[type - wanted_types](item.bytes);
         strip_top_bytes(picture);
         return picture;
     } catch (const std::bad_alloc&) {

@@ -22,6 +22,7 @@
 #include "runtime/frame_flags.h"
 #include "runtime/frame_picture.h"
 #include "runtime/frame_snapshot.h"
+#include "runtime/hotkeys.h"
 #include "runtime/input.h"
 #include "runtime/jobs.h"
 #include "runtime/measure.h"
@@ -136,6 +137,7 @@ void run_frame(uint8_t no_tool_preview)
     }
     if (!clean) present_back_buffer(due);
     if (!waiting) take_input_turn(); // an operation that shows its progress has yet to look at this turn
+    escape_frames = escape_down() ? escape_frames + 1 : 0;
     clock_state.tool_ticks = 0;
     if (action_state.frame_locked == 0) keep_running_work();
     run_jobs();

@@ -84,6 +84,10 @@ void flip_draw_menu()
 {
     menu_toggle_hidden(0);
     home_strip.hidden_by_user = gui.hidden[0] != 0 ? 1 : 0;
+    if (home_strip.hidden_by_user != 0)
+        flash_status_message(TIP_MENU_HIDDEN);
+    else if (menus.status_message == TIP_MENU_HIDDEN)
+        menus.status_message = TIP_NONE;
 }
 
 } // namespace kelu

@@ -10,6 +10,7 @@
 #include "runtime/measure.h"
 #include "runtime/pixels.h"
 #include "runtime/store.h"
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -17,10 +18,12 @@ namespace kelu {
 namespace {
 
 constexpr int pointer_gap = 6;
-constexpr int turned_over = 45; ///< how far the box moves to the other side of the pointer
-constexpr int room_right = 30, room_below = 29;
+constexpr int turned_over = 45; ///< how far the box moves up to the other side of the pointer
 constexpr int box_w = 63, box_h = 33, box_margin = 2;
-constexpr int box_opacity = 140;
+constexpr int turned_left = box_w + 2 * pointer_gap;
+constexpr int room_right = box_w - box_margin, room_below = 29;
+constexpr int box_opacity = 232; ///< numbers can be read on any frame
+constexpr int no_data_h = 9;
 constexpr int line_pitch = 8;
 
 using Line = std::array<char, 40>;
@@ -69,13 +72,14 @@ void draw_inspector(BITMAP* target)
     if (shot.hover_slot >= 0 || measure.measure_x != -1) return;
     int x = (shot.frame_mouse_x - shot.pan_x) * shot.factor + shot.factor + pointer_gap;
     int y = (shot.frame_mouse_y - shot.pan_y) * shot.factor + shot.factor + pointer_gap;
-    if (logical_w < x + room_right) x -= turned_over;
+    if (logical_w < x + room_right) x = std::max(box_margin, x - turned_left);
     if (logical_h <= y + room_below) y -= turned_over;
     BITMAP* frame = store.frame_bitmap;
     if (in_bitmap(frame, shot.frame_mouse_x, shot.frame_mouse_y)) {
         draw_values(target, x, y, row(frame, shot.frame_mouse_y)[shot.frame_mouse_x]);
     } else {
-        set_plain_text(FONT_NARROW, SET_LIGHT_ALT);
+        blend_rect(target, x - box_margin, y - box_margin, box_w, no_data_h, menu_scheme.scheme_shadow, box_opacity);
+        set_plain_text(FONT_NARROW, SET_LIGHT);
         draw_text(target, x, y, "(NO DATA)");
     }
 }

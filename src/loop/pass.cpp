@@ -5,11 +5,14 @@
 #include "base/run_state.h"
 #include "gui/menus.h"
 #include "gui/slots.h"
+#include "gui/strings.h"
 #include "loop/frame.h"
 #include "loop/home_strip.h"
 #include "loop/quick_pan.h"
 #include "runtime/hotkeys.h"
 #include "runtime/input.h"
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace kelu {
@@ -45,6 +48,38 @@ void flip_window()
     }
 }
 
+/// True in the frame that sees Escape go down, where it is no key of an action that answers.
+bool escape_pressed(const Pass& pass)
+{
+    if (escape_frames != 1 || pass.reads_keys) return false;
+    return std::ranges::none_of(action_rows, [&pass](const ActionRow& row) {
+        return (row.contexts & pass.hotkeys) != 0 && answers_escape(row.action);
+    });
+}
+
+/// The button by which the user leaves the open window, of several windows the one on top; -1 none.
+int leaving_button()
+{
+    constexpr std::array ways{int(TEXT_CANCEL), int(TEXT_EXIT), int(TEXT_BACK), int(TEXT_RETURN)};
+    int okay = -1;
+    for (int slot = gui_slots - 1; slot >= 0; --slot) {
+        if (!slot_live(slot) || gui.left_action[slot] != ACT_CLICK) continue;
+        const int text = gui.text_id[slot];
+        if (std::ranges::find(ways, text) != ways.end()) return slot;
+        if (text == TEXT_OKAY && okay < 0) okay = slot;
+    }
+    return okay;
+}
+
+/// Escape clicks the button that leaves. True when there is none and the loop ends by it.
+bool escape(const Pass& pass)
+{
+    while (escape_down() && run_pass(passes::plain)) {}
+    const int button = leaving_button();
+    if (button >= 0) gui.event[button] = 1;
+    return button < 0 && pass.right_click == RightClick::LEAVES;
+}
+
 /// True when the user has left the loop by its key or a right click.
 bool user_leaves(const Pass& pass)
 {
@@ -66,9 +101,11 @@ bool run_pass(const Pass& pass)
 {
     if (must_end(pass)) return false;
     run_frame(0);
+    const bool escapes = escape_pressed(pass); // before an action sees the key and runs a loop of its own
     run_hotkeys(pass.hotkeys);
     if (pass.quick_pan && hotkey_test(ACTION_QUICK_PAN)) quick_pan();
-    return !user_leaves(pass) && !must_end(pass);
+    if (user_leaves(pass) || (escapes && escape(pass))) return false;
+    return !must_end(pass);
 }
 
 bool left_down()

@@ -25,6 +25,7 @@ struct Pass {
     RightClick right_click = RightClick::IS_THE_LOOPS;
     int leave_key = no_action; ///< an action whose key ends the loop, once it is up again
     bool is_home = false;      ///< the loop that the first request to end the program ends
+    bool reads_keys = false;   ///< the loop reads every key itself, Escape too
 
     static constexpr int no_action = -1;
 };
@@ -37,8 +38,10 @@ inline constexpr Pass cel{.hotkeys = IN_ANY_MENU, .quick_pan = true};
 inline constexpr Pass node{.hotkeys = WHILE_MOVING}; ///< a node follows the pointer
 } // namespace passes
 
-/// Runs one pass. False when the loop is to end: the user has left it as the rules say, or the program ends. A loop
-/// that returns for another reason, such as OKAY, decides so after a pass that was true. Main thread.
+/// Runs one pass. Where no action answers Escape it clicks the open window's CANCEL, EXIT, BACK, RETURN or only OKAY,
+/// or ends a loop that a right click ends. False when the loop is to end: the user has left it as the rules say, or the
+/// program ends. A loop that returns for another reason, such as OKAY, decides so after a pass that was true. Main
+/// thread.
 bool run_pass(const Pass& pass);
 
 /// True when every loop is to return now, as by its CANCEL.

@@ -59,6 +59,14 @@ int modifiers_held()
            (down(KEY_ALT) || down(KEY_ALTGR) ? key_alt : 0) | (down(KEY_LSHIFT) || down(KEY_RSHIFT) ? key_shift : 0);
 }
 
+bool escape_down() { return down(KEY_ESC) && modifiers_held() == 0; }
+
+bool answers_escape(int action)
+{
+    const HotkeyRow& keys = hotkeys.hotkey_table[action];
+    return keys.primary == KEY_ESC || keys.alternate == KEY_ESC;
+}
+
 int mouse_function_of(int action)
 {
     const auto* found = std::ranges::find(mouse_functions, action, &MouseFunctionRow::action);

@@ -101,6 +101,10 @@ bool any_key_down();
 int modifiers_held();
 /// The mouse function that stands for an action, -1 for an action that no button can take.
 int mouse_function_of(int action);
+/// True while Escape is down, alone.
+bool escape_down();
+/// True when Escape alone is a key of the action.
+bool answers_escape(int action);
 /// True while a mouse button with the action's function is down.
 bool mouse_function_test(int action);
 /// True while the action (0 to 127) is being asked for by a button or a key. A level, not an edge. Modifiers must

@@ -31,7 +31,7 @@ constexpr std::array layout_rows{
     strip_row(SLOT_STRIP, 12),
     SlotRow{SLOT_TIMING_CAPTION, 2, 75, 306, KIND_BUTTON, TEXT_ANIMATION_TIMING},
     strip_row(SLOT_TIMING, 85).with(ScrollBar{.steps = 1, .dy = 3, .horizontal = true}),
-    SlotRow{SLOT_HINT, 3, 100, 304, KIND_CAPTION, TEXT_SELECT_MORE_FRAMES}.high(10).inked(SET_SLIDER_TAG),
+    SlotRow{SLOT_HINT, 3, 100, 304, KIND_CAPTION, TEXT_SELECT_MORE_FRAMES}.high(10).inked(SET_FOLDER),
     SlotRow{SLOT_LEFT_CAPTION, 48, 109, 85, KIND_BUTTON, TEXT_DELAY},
     slider_row(SLOT_DELAY_LEFT, 48, 119, 85, delay_steps, 1),
     SlotRow{SLOT_RIGHT_CAPTION, 177, 109, 85, KIND_BUTTON, TEXT_DELAY},

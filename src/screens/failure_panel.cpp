@@ -33,7 +33,9 @@ void show_failure(int code)
     build_failure_panel(code);
     // What was to be read may be half there, and no key may change frames before it is whole.
     ++action_state.frame_locked;
-    while (run_pass(passes::menu) && !left_down()) {}
+    // Escape would mean a button of the screen below.
+    constexpr Pass pass{.hotkeys = IN_ANY_MENU, .reads_keys = true};
+    while (run_pass(pass) && !left_down()) {}
     wait_left_release();
     --action_state.frame_locked;
     for (const int slot : {SLOT_PANEL, SLOT_FIRST_LINE, SLOT_SECOND_LINE})

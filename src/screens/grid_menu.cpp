@@ -98,7 +98,7 @@ bool read_fields()
         const GridField& field = fields[i];
         const int number = field_number(slot_of(i));
         const bool good = field.pitch ? read_offset(field.word, number, *field.pitch) : read_pitch(field.word, number);
-        gui.colour[slot_of(i)] = good ? menu_scheme.scheme_background : warning_red;
+        gui.colour[slot_of(i)] = good ? menu_scheme.scheme_border : warning_red;
         all_good = all_good && good;
     }
     return all_good;

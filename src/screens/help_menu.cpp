@@ -63,6 +63,7 @@ void show_page(int number)
     gui.scroll_on[SLOT_PAGE] = 0;
     gui.scroll_value[SLOT_PAGE] = 0;
     gui.text_id[SLOT_PAGE] = number;
+    gui.params[SLOT_TOPICS][0] = number; // marked in the list; the first page is no topic's
     gui.items[SLOT_PAGE][0] = unknown_lines;
 }
 

@@ -33,7 +33,7 @@ void build_list(const ListPopup& list, int x, int y)
 
 int pressed_row()
 {
-    while (run_pass(passes::plain)) {
+    while (run_pass({.right_click = RightClick::LEAVES})) {
         const int row = left_down() ? list_row_under_pointer(list_slot) : -1;
         if (row >= 0) {
             const int entry = row + gui.scroll_value[list_slot];

@@ -31,7 +31,7 @@ constexpr int accept_function = 1, cancel_function = 2; ///< functions that some
 constexpr ListPopup function_list{.first_text = first_mouse_function, .items = 28, .positions = 20, .w = 112};
 
 constexpr std::array layout_rows{
-    title_row(2, 2, 51, TEXT_MOUSE),
+    title_row(2, 2, 41, TEXT_MOUSE),
     push_row(SLOT_OKAY, 2, 64, 64, TEXT_OKAY),
     push_row(SLOT_DEFAULTS, 128, 64, 64, TEXT_DEFAULTS),
     push_row(SLOT_CANCEL, 254, 64, 64, TEXT_CANCEL),
@@ -52,7 +52,7 @@ void build_mouse_menu()
 {
     const Origin at = build_screen(layout);
     for (int i = 0; i < buttons; ++i) {
-        build_slot({SLOT_BUTTON_1 + i, 54 + 53 * i, 2, 52, KIND_BUTTON, TEXT_BUTTON_1 + i, ACT_NONE, ACT_NONE,
+        build_slot({SLOT_BUTTON_1 + i, 44 + 55 * i, 2, 54, KIND_BUTTON, TEXT_BUTTON_1 + i, ACT_NONE, ACT_NONE,
                     TIP_BUTTON_1 + i},
                    at.x, at.y);
         build_slot({SLOT_NAME_1 + i, 2, 12 + 10 * i, 81, KIND_BUTTON, TEXT_B1 + i}, at.x, at.y);

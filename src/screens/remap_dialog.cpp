@@ -51,7 +51,7 @@ int remap_key_dialog()
     gui.ptr[SLOT_KEY] = label.c_str();
     int code = no_key_seen;
     bool accepted = false;
-    while (!accepted && run_pass(passes::plain)) {
+    while (!accepted && run_pass({.reads_keys = true})) {
         const int seen = key_down_now();
         if (seen != no_key_seen && seen != code) {
             code = seen;

@@ -58,6 +58,16 @@ for picture in small large; do
     wait_for "$picture taken as BMP" pastes $picture.png || fail "we don't take $picture as BMP"
 done
 
+convert small.png -colors 200 small.gif
+convert small.png -quality 95 small.jpg
+for type in gif jpeg; do
+    xclip -selection clipboard -i -t image/$type <"small.${type/jpeg/jpg}"
+    wait_for "the $type on the clipboard" offers image/$type
+    ask paste out.png
+    expect "we take a picture that is only a $type" test "$answer" = '33 x 21'
+done
+expect 'with its colours' test "$(compare -metric MAE out.png small.png null: 2>&1 | cut -d. -f1)" -lt 1000
+
 echo text | xclip -selection clipboard -i
 wait_for 'the text on the clipboard' offers UTF8_STRING
 ask paste out.png

@@ -144,7 +144,7 @@ TEST(Playback, LetsNoKeyNearTheFiles)
     ASSERT_EQ(files.size(), 5U);
     session.key(KEY_Z);
     session.click(FORWARD);
-    tap_every_key(session, {KEY_Z});
+    tap_every_key(session, {KEY_Z, KEY_ESC});
     tap_every_key(session, {KEY_Q}, {KEY_LSHIFT});
     tap_every_key(session, {}, {KEY_LCONTROL});
     EXPECT_EQ(menus.menu_id, MENU_PLAYBACK);

@@ -77,7 +77,7 @@ TEST_F(Build, EveryTopicHasAPageThatKeepsTheRules)
 {
     for (int topic = 0; topic < help_page_count - 1; ++topic) {
         const std::string page = help_pages[static_cast<std::size_t>(topic) + 1];
-        EXPECT_EQ(page.rfind("|c38" + std::string(ui_strings[first_help_topic + topic]) + "|c40 | | ", 0), 0U) << page;
+        EXPECT_EQ(page.rfind("|c43" + std::string(ui_strings[first_help_topic + topic]) + "|c40 | | ", 0), 0U) << page;
         EXPECT_NE(page.find(" | | HINT: "), std::string::npos) << page;
         EXPECT_GE(help_line_count(page), 8) << page;
         EXPECT_LE(help_line_count(page), 45) << page;
