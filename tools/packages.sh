@@ -8,7 +8,7 @@ build_packages=(g++ cmake ninja-build pkg-config liballegro4-dev libx11-dev libj
 display_packages=(xvfb xauth xdotool x11-xkb-utils x11-apps imagemagick)
 # To pass the tests.
 test_packages=(libgtest-dev python3 xclip netpbm icoutils libjpeg-turbo-progs apngdis openbox
-               clang)
+               x11-xserver-utils clang)
 # To measure beside others.
 bench_packages=(libbenchmark-dev libpng-dev libgif-dev libopencv-imgproc-dev libpixman-1-dev)
 # To try the Debian package, by package_test.sh.

@@ -77,14 +77,14 @@ void listen()
     listen_to<MotionNotify>();
 }
 
-/// The window may grow and not become smaller than the picture; Allegro has fixed its size.
-void allow_growth()
+/// The window may have any size from this one on; Allegro has fixed it.
+void allow_sizes_from(int w, int h)
 {
     XSizeHints* const hints = XAllocSizeHints();
     if (!hints) return;
     hints->flags = PMinSize | PBaseSize;
-    hints->min_width = hints->base_width = _xwin.window_width;
-    hints->min_height = hints->base_height = _xwin.window_height;
+    hints->min_width = hints->base_width = w;
+    hints->min_height = hints->base_height = h;
     XSetWMNormalHints(_xwin.display, _xwin.wm_window, hints);
     XFree(hints);
 }
@@ -160,7 +160,7 @@ Extent ask_for_full_screen()
     {
         const XLock lock;
         listen();
-        allow_growth();
+        allow_sizes_from(1, 1); // a screen may be smaller than the picture, which then is made smaller
         send_request();
     }
     const Extent size = await_answer();
@@ -171,6 +171,8 @@ Extent ask_for_full_screen()
     // The pointer that we draw ends at the picture's edge; the display's own is hidden over the picture only.
     if (_xwin.cursor != None) XDefineCursor(_xwin.display, _xwin.wm_window, _xwin.cursor);
     place_picture();
+    if (size.w >= _xwin.window_width && size.h >= _xwin.window_height)
+        allow_sizes_from(_xwin.window_width, _xwin.window_height);
     return size;
 }
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Full screen: by a window manager, without one, and with one that promises it and does nothing. The picture is as large
+# Full screen: by a window manager, on one of two screens, without one, and with one that promises it and does nothing. The picture is as large
 # as whole factors allow and in the middle, black is around it, and every press lands on the pixel that is seen there.
 . "$(dirname "${BASH_SOURCE[0]}")/story.sh"
 printf 1 >"$app/config.def"
@@ -11,6 +11,12 @@ start_manager() {
     openbox --sm-disable --config-file /dev/null >"$scratch/manager" 2>&1 &
     manager=$!
     wait_for 'the window manager' sh -c 'xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"'
+}
+
+end_manager() {
+    kill "$manager"
+    wait "$manager" 2>/dev/null || true
+    manager=
 }
 
 # The window that a user sees: the whole screen.
@@ -58,6 +64,8 @@ start_program "$app"
 "$tools/window_peer" "$window" leave
 smaller() { measure_window && [ "$left" -lt 43 ]; }
 wait_for 'a smaller window' smaller
+picture_moved() { xwininfo -children -id "$window" | grep -q "1280x960+$left+$top "; }
+wait_for 'the picture in its middle' picture_moved
 stroke 120 100 170 100
 kill -TERM "$program"
 end_program || fail "result $? after leaving"
@@ -65,10 +73,19 @@ frame=tga:$app/WORKSPACE/current.000
 expect 'paint in the smaller window' test "$(pixel "$frame" 145 100)" != "$(pixel "$frame" 145 96)"
 rm -rf "$app/WORKSPACE"
 
+# Of two screens the window gets one, which decides on the scale.
+end_manager
+xrandr --setmonitor left 700/185x1000/264+0+0 screen
+xrandr --setmonitor right 666/176x1000/264+700+0 none
+start_manager
+start_program "$app"
+expect 'a window as large as one screen' test "$scale $left $top" = '2 30 260'
+paint_and_judge 'on one of two screens'
+xrandr --delmonitor left
+xrandr --delmonitor right
+end_manager
+
 # Without a manager: a window of its own kind, which has no name.
-kill "$manager"
-wait "$manager" 2>/dev/null || true
-manager=
 find_window() { window=$(whole_screen); }
 start_program "$app"
 paint_and_judge 'without a manager'
