@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Builds the editor by other compilers, warnings as errors: check_compilers.sh COMPILER...
-# g++ sees more when it optimises, clang++ doesn't: g++-11 is asked for all of a release, clang++-16 for what is fast.
+# g++ sees more when it optimises, clang++ doesn't: g++ is asked for a release, clang++ for what is fast.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 . tools/packages.sh
