@@ -115,7 +115,6 @@ to_font_browser() {
 to_file_browser() {
     press F9
     sleep 0.3
-    click 60 162
     click 60 156
     sleep 0.3
     move_to 60 190
@@ -149,10 +148,10 @@ start_display 1300x1000
 copy_program "$app" "$scratch/first"
 cp -r "$defaults/." "$scratch/first"
 printf 2 >"$scratch/first/config.def"
-mkdir "$scratch/first/pictures"
+mkdir "$HOME/Pictures" # where the browser opens
 for frame in 0 1 2 3 4 5; do
-    sunset $((frame * 7 - 14)) "$scratch/first/pictures/evening$frame.png"
-    frame "$scratch/first/pictures/evening$frame.png" "$scratch/first/WORKSPACE/current.00$frame"
+    sunset $((frame * 7 - 14)) "$HOME/Pictures/evening$frame.png"
+    frame "$HOME/Pictures/evening$frame.png" "$scratch/first/WORKSPACE/current.00$frame"
 done
 start_program "$scratch/first"
 for frame in 0 1 2 3 4 5; do press Next; done

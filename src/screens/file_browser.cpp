@@ -19,6 +19,7 @@
 #include "screens/browser_places.h"
 #include "screens/dialogs.h"
 #include "screens/dispatch.h"
+#include "screens/failure_dialog.h"
 #include "screens/preview.h"
 #include "workspace/text_font.h"
 #include "workspace/thumbnails.h"
@@ -225,6 +226,7 @@ void file_browser(int task, int file_kind)
     close_screen();
     if (!font_place) run_state.current_dir = platform::working_directory();
     if (font_place && !browser.cancelled()) FontPlace::keep();
+    tell_of_failures(); // wherever the browser was opened
 }
 
 void choose_font_job(int index)

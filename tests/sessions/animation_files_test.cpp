@@ -27,6 +27,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
+enum { FAILURE_WHAT = 122, FAILURE_WHERE, FAILURE_WHY };
 enum { ANSWER_1 = 124, ANSWER_2, ANSWER_3, PROGRESS_CANCEL = 3 };
 constexpr int opaque = static_cast<int>(0xff000000U);
 
@@ -180,12 +181,13 @@ TEST_F(AnimationFiles, LeavesNoHalfFileAndSaysWhy)
     EXPECT_NE(told().find("GIF OR PNG"), std::string::npos);
     session_->click(SLOT_SAVE);
     choose("nowhere/walk.gif");
-    wait_for_animation_menu();
-    const std::optional<FailureReport> report = take_failure_report();
-    ASSERT_TRUE(report);
-    EXPECT_EQ(report->what, "THE FILE COULDN'T BE SAVED!");
-    EXPECT_EQ(report->where, folder_ + "/nowhere/walk.gif");
-    EXPECT_EQ(report->why, "NO SUCH FILE");
+    ASSERT_TRUE(session_->frames_until([] { return menus.menu_id == MENU_DIALOG; })) << "told at once";
+    EXPECT_STREQ(gui.ptr[FAILURE_WHAT], "THE FILE COULDN'T BE SAVED!");
+    EXPECT_TRUE(std::string(gui.ptr[FAILURE_WHERE]).ends_with("/NOWHERE/WALK.GIF"));
+    EXPECT_STREQ(gui.ptr[FAILURE_WHY], "<NO SUCH FILE>");
+    session_->key(KEY_ESC);
+    EXPECT_EQ(menus.menu_id, MENU_ANIMATION);
+    EXPECT_FALSE(take_failure_report());
     session_->click(SLOT_NONE);
     session_->click(SLOT_SAVE);
     session_->frame(5);

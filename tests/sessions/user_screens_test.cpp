@@ -65,6 +65,9 @@ TEST(SchemeMenu, TriesColoursOutAndWearsThemAtOkay)
     session.click(BACKGROUND, RIGHT_BUTTON);
     session.click(SCHEME_LOAD);
     choose_file(session, "NONE");
+    ASSERT_EQ(menus.menu_id, MENU_DIALOG) << "told at once";
+    session.key(KEY_ESC);
+    ASSERT_EQ(menus.menu_id, MENU_SCHEME);
     EXPECT_EQ(gui.colour[BACKGROUND], scheme_default[SCHEME_BACKGROUND]) << "no such file";
     session.click(SCHEME_LOAD);
     choose_file(session, "MINE");
