@@ -115,7 +115,7 @@ to_font_browser() {
 to_file_browser() {
     press F9
     sleep 0.3
-    click 60 156
+    click 60 158
     sleep 0.3
     move_to 60 190
 }
@@ -141,28 +141,31 @@ to_help() {
 }
 to_about() { user_entry 6; }
 
-mkdir -p "$out"
+# The browser shows the ends of paths: these are alike in every run.
+first=$scratch/first/home/painter/kelu copy=$scratch/copy/home/painter/kelu
 start_display 1300x1000
+export HOME=$scratch/home/people/painter # the browser opens in its folder Pictures
+pictures=$HOME/Pictures
+mkdir -p "$out" "$first" "${copy%/*}" "$pictures"
 
 # A workspace as the first start finds it, with an evening in six frames in place of its empty one.
-copy_program "$app" "$scratch/first"
-cp -r "$defaults/." "$scratch/first"
-printf 2 >"$scratch/first/config.def"
-mkdir "$HOME/Pictures" # where the browser opens
+copy_program "$app" "$first"
+cp -r "$defaults/." "$first"
+printf 2 >"$first/config.def"
 for frame in 0 1 2 3 4 5; do
-    sunset $((frame * 7 - 14)) "$HOME/Pictures/evening$frame.png"
-    frame "$HOME/Pictures/evening$frame.png" "$scratch/first/WORKSPACE/current.00$frame"
+    sunset $((frame * 7 - 14)) "$pictures/evening$frame.png"
+    frame "$pictures/evening$frame.png" "$first/WORKSPACE/current.00$frame"
 done
-start_program "$scratch/first"
+start_program "$first"
 for frame in 0 1 2 3 4 5; do press Next; done
 press Home
 kill -TERM "$program"
 end_program
 
 for screen in "${screens[@]}"; do
-    rm -rf "$scratch/copy"
-    cp -r "$scratch/first" "$scratch/copy"
-    start_program "$scratch/copy"
+    rm -rf "$copy"
+    cp -r "$first" "$copy"
+    start_program "$copy"
     # The first frames fade in from black.
     sleep 1
     move_to 160 60

@@ -14,11 +14,12 @@ fail() {
     exit 1
 }
 
-# build_at FOLDER: the newest commit, built and packed there.
+# build_at FOLDER: the commit, built and packed there.
 build_at() {
-    git clone -q . "$1"
+    git clone -q --no-checkout . "$1"
     (
         cd "$1"
+        git checkout -q --detach "$commit"
         build_preset package
         cpack --preset package >build/cpack.log 2>&1 || { cat build/cpack.log; exit 1; }
     )
@@ -111,6 +112,7 @@ fi
 
 [ "$(id -u)" = 0 ] || fail 'making a bare system needs root'
 need_packages "${build_packages[@]}" "${display_packages[@]}" "${package_packages[@]}"
+commit=$(git rev-parse HEAD)
 work=$(mktemp -d)
 trap 'rm -rf --one-file-system "$work"' EXIT
 
@@ -135,7 +137,9 @@ man --warnings -E UTF-8 -l -Tutf8 -Z "$work"/files/usr/share/man/man1/kelu.1.gz 
 cpack --config "$work/one/build/package/CPackConfig.cmake" -G DEB -D CPACK_PACKAGE_VERSION=0.1 -B "$work/old" >/dev/null
 
 echo 'Making a bare system'
-read -r mirror suite < <(apt-get indextargets --format '$(SITE) $(RELEASE)' 'Created-By: Packages' 'Component: main')
+# The system's own suite, and neither its updates nor others.
+suite=$(sed -n 's/^VERSION_CODENAME=//p' /etc/os-release)
+mirror=$(apt-get indextargets --format '$(SITE) $(RELEASE)' 'Component: main' | sed -n "s/ $suite\$//p" | head -n 1)
 debootstrap --variant=minbase "$suite" "$work/root" "$mirror" >"$work/debootstrap.log" 2>&1 ||
     { tail "$work/debootstrap.log"; fail 'debootstrap'; }
 apt-config dump Acquire | grep -i '::proxy' >"$work/root/etc/apt/apt.conf.d/proxy" || true

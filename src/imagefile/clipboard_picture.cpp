@@ -21,9 +21,9 @@ using Decoder = Bitmap (*)(std::span<const uint8_t> bytes);
 /// Windows bitmap, of which the first is offered.
 constexpr const char* wanted_types[] = {"image/png",      "image/bmp",  "image/x-bmp",
                                         "image/x-MS-bmp", "image/jpeg", "image/gif"};
-constexpr Decoder png = [](std::span<const uint8_t> bytes) { return decode_png(bytes); };
-constexpr Decoder gif = [](std::span<const uint8_t> bytes) { return decode_gif(bytes); };
-constexpr Decoder decoders[] = {png, decode_bmp, decode_bmp, decode_bmp, decode_jpeg, gif};
+constexpr Decoder take_png = [](std::span<const uint8_t> bytes) { return decode_png(bytes); };
+constexpr Decoder take_gif = [](std::span<const uint8_t> bytes) { return decode_gif(bytes); };
+constexpr Decoder decoders[] = {take_png, decode_bmp, decode_bmp, decode_bmp, decode_jpeg, take_gif};
 static_assert(std::size(wanted_types) == std::size(decoders));
 constexpr const char* type_png = wanted_types[0];
 constexpr const char* type_bmp = wanted_types[1];
