@@ -145,4 +145,11 @@ void run_frame(uint8_t no_tool_preview)
 
 void run_frame_plain() { run_frame(0); }
 
+void run_frame_in_passing()
+{
+    frame_flags.in_passing = 1;
+    run_frame(0);
+    frame_flags.in_passing = 0;
+}
+
 } // namespace kelu

@@ -20,5 +20,7 @@ inline int escape_frames = 0;
 void run_frame(uint8_t no_tool_preview);
 /// run_frame(0), in the form that waits take.
 void run_frame_plain();
+/// A frame of a long operation that wants to go on: the same without the rest.
+void run_frame_in_passing();
 
 } // namespace kelu

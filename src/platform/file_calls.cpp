@@ -32,6 +32,7 @@ const FileCalls system_file_calls = {
     ::read,
     ::write,
     ::fsync,
+    ::syncfs,
     ::close,
     ::rename,
     ::unlink,

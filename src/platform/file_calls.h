@@ -16,7 +16,8 @@ struct FileCalls {
     int (*open)(const char* path, int flags, mode_t mode);
     ssize_t (*read)(int handle, void* bytes, std::size_t count);
     ssize_t (*write)(int handle, const void* bytes, std::size_t count);
-    int (*flush)(int handle); ///< to disk
+    int (*flush)(int handle);     ///< to disk
+    int (*flush_all)(int handle); ///< everything that was written to the file system that the handle is of
     int (*close)(int handle);
     int (*rename)(const char* from, const char* to);
     int (*remove)(const char* path);

@@ -249,17 +249,34 @@ void FileReplacement::write_waiting()
     waiting_.clear();
 }
 
-bool FileReplacement::commit()
+bool FileReplacement::put_in_place(bool flushed)
 {
     write_waiting();
     if (handle_ < 0) return false;
-    if (good_ && file_calls->flush(handle_) != 0) good_ = note_failure();
+    if (flushed && good_ && file_calls->flush(handle_) != 0) good_ = note_failure();
     if (file_calls->close(std::exchange(handle_, -1)) != 0) good_ = good_ && note_failure();
     if (!good_ || !rename_file(temporary_, name_)) return false;
     temporary_.clear();
-    flush_folder_of(name_);
+    if (flushed) flush_folder_of(name_);
     return true;
 }
+
+bool FileReplacement::commit() { return put_in_place(true); }
+
+bool FileReplacement::commit_unflushed() { return put_in_place(false); }
+
+FolderFlush::FolderFlush(const std::string& folder)
+    : handle_(file_calls->open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0))
+{
+    if (handle_ < 0) note_failure();
+}
+
+FolderFlush::~FolderFlush()
+{
+    if (handle_ >= 0) file_calls->close(handle_);
+}
+
+bool FolderFlush::flush() { return handle_ >= 0 && (file_calls->flush_all(handle_) == 0 || note_failure()); }
 
 bool replace_file(const std::string& name, std::span<const uint8_t> bytes)
 {

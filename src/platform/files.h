@@ -130,13 +130,30 @@ public:
     bool write(std::span<const uint8_t> bytes);
     /// Flushes, renames, flushes the folder. False: something failed, and the old file stays.
     bool commit();
+    /// The same without the flushes, for one of many files of a folder that a `FolderFlush` brings to disk together.
+    bool commit_unflushed();
 
 private:
     void write_waiting();
+    bool put_in_place(bool flushed);
     std::string name_, temporary_; ///< absolute paths; the temporary one is empty once there is nothing to remove
     std::vector<uint8_t> waiting_; ///< bytes that haven't gone to the system
     int handle_ = -1;
     bool good_ = false; ///< nothing has failed
+};
+
+/// Brings all that has been written to a folder since it was made to disk, at once.
+class FolderFlush {
+public:
+    explicit FolderFlush(const std::string& folder);
+    ~FolderFlush();
+    FolderFlush(const FolderFlush&) = delete;
+    FolderFlush& operator=(const FolderFlush&) = delete;
+    /// False: some of it didn't get there.
+    bool flush();
+
+private:
+    int handle_;
 };
 
 /// Writes a whole file by `FileReplacement`.

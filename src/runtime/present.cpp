@@ -38,7 +38,7 @@ int length_of_rest()
 
 void present_back_buffer(bool fresh)
 {
-    const bool paced = preferences.power_save != 0;
+    const bool paced = preferences.power_save != 0 && frame_flags.in_passing == 0;
     // A running animation has a pace of its own: each step ends the rest.
     const bool by_display =
         (preferences.frame_limiter == 0 && animation.anim_state <= 0 && !stands_still()) || frame_flags.vsync_once != 0;

@@ -135,7 +135,7 @@ int frames_to_load(const Content& content)
 class Loading {
 public:
     Loading(const Content& content, int frames)
-        : content_(content), frames_(frames), progress_(TEXT_LOADING_ANIMATION, 1, run_frame_plain, true)
+        : content_(content), frames_(frames), progress_(TEXT_LOADING_ANIMATION, 1, run_frame_in_passing, true)
     {}
     /// False: nothing has changed.
     bool run() { return (content_.still ? stage_still() : stage_pictures()) && import_.commit(delays()); }

@@ -131,7 +131,7 @@ bool save(const std::string& name, Form form)
         return false;
     }
     const WorkspaceVisit visit({});
-    ArchiveProgress progress(TEXT_SAVING_ANIMATION, 1, run_frame_plain, true);
+    ArchiveProgress progress(TEXT_SAVING_ANIMATION, 1, run_frame_in_passing, true);
     Film film;
     WriteResult result = WriteResult::NO_PICTURE;
     try {

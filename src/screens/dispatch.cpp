@@ -151,7 +151,7 @@ bool load_picture_file(const std::string& name, int browser_mode)
         format_in_mode(browser_mode == BROWSE_PICTURE ? format_of_file(name) : FORMAT_NONE, browser_mode);
     switch (format) {
     case FORMAT_WSP:
-        return load_workspace_archive(name, run_frame_plain) == 0; // which reports its failures itself
+        return load_workspace_archive(name, run_frame_in_passing) == 0; // which reports its failures itself
     case FORMAT_FAVORITES:
         return load_favorites_file(name) == 1 || refuse_file(name, "No file of colors!");
     case FORMAT_SCHEME:
@@ -168,7 +168,7 @@ bool save_picture_file(const std::string& name, int browser_mode)
     const int format = format_in_mode(format_from_extension(name, false), browser_mode);
     switch (format) {
     case FORMAT_WSP:
-        if (save_workspace_archive(name, run_frame_plain) != 0) return false; // which tells of its failures itself
+        if (save_workspace_archive(name, run_frame_in_passing) != 0) return false; // which tells of its failures itself
         return saved(name, true);
     case FORMAT_FAVORITES:
         return saved(name, save_favorites_file(name));

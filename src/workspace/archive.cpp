@@ -145,9 +145,11 @@ Reason take_in(platform::FileSource& archive, const ArchiveHead& head, ShowProgr
 {
     ArchiveProgress progress(TEXT_LOADING_WORKSPACE, head.frames, show_progress);
     ChangeSet changes;
+    platform::FolderFlush files("."); // before they are written, so that it learns of each that doesn't get to disk
     const Reason refused = stage_all(archive, head, changes, progress);
     progress.finish();
     if (refused) return refused;
+    if (!files.flush()) return platform::failure_reason();
     remove_old_frames(changes, head.frames);
     return changes.commit() ? nullptr : platform::failure_reason();
 }
@@ -224,7 +226,7 @@ int extract_block(platform::FileSource& archive, const std::string& file_name, s
         good = archive.read(buffer.first(chunk)) && file.write(buffer.first(chunk));
         left -= chunk;
     }
-    if (good && file.commit()) return 0;
+    if (good && file.commit_unflushed()) return 0;
     log_line("[ ERROR ] : Workspace component is missing or corrupt! Aborting load!");
     return -1;
 }

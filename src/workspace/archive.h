@@ -31,7 +31,7 @@ int load_workspace_archive(const std::string& file_name, ShowProgress show_progr
 bool copy_file_to_archive(const std::string& file_name, platform::FileReplacement& archive, std::span<uint8_t> buffer);
 
 /// Writes the next `length` bytes of the archive as a file of the working directory, through the buffer. Returns 0; or
-/// -1, and a line in the log, when the file can't be written; its old form is then as it was.
+/// -1, and a line in the log, when the file can't be written; its old form is then as it was. The caller flushes.
 int extract_block(platform::FileSource& archive, const std::string& file_name, std::span<uint8_t> buffer,
                   uint32_t length);
 

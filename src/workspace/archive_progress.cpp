@@ -7,6 +7,7 @@
 #include "platform/input_events.h"
 #include "workspace/archive.h"
 #include <allegro.h>
+#include <chrono>
 
 namespace kelu {
 namespace {
@@ -43,10 +44,22 @@ ArchiveProgress::~ArchiveProgress() { close_screen(); }
 void ArchiveProgress::step()
 {
     done_ += step_;
-    show(static_cast<int>(done_));
+    show_move(static_cast<int>(done_));
 }
 
-void ArchiveProgress::show_part(int done, int all) { show(whole_bar * done / all); }
+void ArchiveProgress::show_part(int done, int all) { show_move(whole_bar * done / all); }
+
+/// A frame for each move of the bar that can be made out, and however slowly it moves, often enough for input.
+void ArchiveProgress::show_move(int percent)
+{
+    constexpr int least_move = 4; // per cent
+    constexpr std::chrono::milliseconds longest{40};
+    const auto now = std::chrono::steady_clock::now();
+    if (percent - shown_ < least_move && now - last_shown_ < longest) return;
+    last_shown_ = now;
+    shown_ = percent;
+    show(percent);
+}
 
 void ArchiveProgress::finish() { show(whole_bar); }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "workspace/archive.h"
+#include <chrono>
 
 namespace kelu {
 
@@ -25,9 +26,12 @@ public:
     bool called_off();
 
 private:
+    void show_move(int percent);
     void show(int percent);
     ShowProgress show_progress_;
     float done_ = 0; // per cent
+    int shown_ = 0;  // per cent
+    std::chrono::steady_clock::time_point last_shown_ = std::chrono::steady_clock::now();
     float step_;     // per cent of one frame
     bool cancelable_, called_off_ = false;
 };

@@ -50,6 +50,7 @@ const platform::FileCalls failing = {
     read_some,
     write_some,
     [](int) { return fails() ? -1 : 0; },
+    [](int) { return fails() ? -1 : 0; },
     [](int handle) {
         const bool failed = fails();
         return system.close(handle) != 0 || failed ? -1 : 0; // the handle goes in any case
