@@ -125,10 +125,9 @@ void soft_line_pixman(benchmark::State& state)
     pixman_image_t* const brush = pixman_image_create_solid_fill(&color);
     pixman_image_t* const shape =
         pixman_image_create_bits(PIXMAN_a8, tip_cell_w, tip_cell_h, reinterpret_cast<uint32_t*>(mask.data()), stride);
-    pixman_image_t* const canvas =
-        pixman_image_create_bits(PIXMAN_x8r8g8b8, canvas_side, canvas_side,
-                                 reinterpret_cast<uint32_t*>(row(store.frame_bitmap, 0)),
-                                 static_cast<int>(store.frame_bitmap->line[1] - store.frame_bitmap->line[0]));
+    pixman_image_t* const canvas = pixman_image_create_bits(
+        PIXMAN_x8r8g8b8, canvas_side, canvas_side, reinterpret_cast<uint32_t*>(row(store.frame_bitmap, 0)),
+        static_cast<int>(store.frame_bitmap->line[1] - store.frame_bitmap->line[0]));
     for (auto _ : state) {
         for (int i = 0; i < stamps; ++i)
             pixman_image_composite32(PIXMAN_OP_OVER, brush, shape, canvas, 0, 0, 0, 0, 12 + i - tip_center_x,

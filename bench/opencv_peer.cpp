@@ -22,4 +22,11 @@ void OpenCvFill::restore() { pictures_->source.copyTo(pictures_->work); }
 
 void OpenCvFill::fill(int x, int y) { cv::floodFill(pictures_->work, {x, y}, {0xf0, 0xc0, 0x40}, nullptr, {}, {}, 4); }
 
+void OpenCvResize::resize(int w, int h) const
+{
+    const cv::Mat picture(side_, side_, CV_8UC4, const_cast<int*>(pixels_), static_cast<std::size_t>(pitch_));
+    cv::Mat shown;
+    cv::resize(picture, shown, {w, h}, 0, 0, cv::INTER_NEAREST);
+}
+
 } // namespace kelu

@@ -22,4 +22,16 @@ private:
     std::unique_ptr<Pictures> pictures_;
 };
 
+/// A square picture that is brought to another size by its nearest pixels.
+class OpenCvResize {
+public:
+    OpenCvResize(const int* pixels, int side, long pitch) : pixels_(pixels), side_(side), pitch_(pitch) {}
+    void resize(int w, int h) const;
+
+private:
+    const int* pixels_;
+    int side_;
+    long pitch_;
+};
+
 } // namespace kelu

@@ -33,7 +33,7 @@ inline Bitmap flat_art(int side)
         return static_cast<int>((seed >> 8) % static_cast<uint32_t>(below));
     };
     for (int i = 0; i < 400; ++i) {
-        const int x = random(side), y = random(side), r = 1 + random(side / 12), entry = random(16);
+        const int x = random(side), y = random(side), r = 3 + random(side / 12), entry = random(16);
         const int color = pack_rgb(entry * 17, 255 - entry * 11, entry * 59 & 255);
         if (i % 2 == 0) {
             circlefill(picture, x, y, r, 0);
