@@ -98,22 +98,6 @@ TEST(Cels, GrabDragAndAnchorAreOneUndoStep)
     EXPECT_EQ(frame_pixel(50, 30), 0xff0000);
 }
 
-TEST(Cels, RightClickCancelsAGrab)
-{
-    Session session([] {
-        cel_get(no_corner_yet, no_corner_yet, true);
-        idle();
-    });
-    give_cel(3, 3, 0x123456);
-    ASSERT_TRUE(waits_with(session, TIP_GRAB_FIRST));
-    session.click_at(10, 10);
-    session.click_at(30, 30, RIGHT_BUTTON);
-    session.frame(3);
-    EXPECT_EQ(store.cel_bitmap.width(), 3);
-    EXPECT_EQ(cel_work.grab_x, no_grab);
-    EXPECT_EQ(menus.status_message, TIP_NONE);
-}
-
 TEST(Cels, OffscreenWindowBringsTheCelOrGoesToIt)
 {
     Session session([] {
@@ -167,75 +151,6 @@ TEST(Cels, ThePanelOfATurnStaysOnTheScreen)
         EXPECT_FALSE(slot_holds(0, center.x, center.y));
         session.click(PANEL_CANCEL);
     }
-}
-
-TEST(Cels, TurnTakesItsAngleFromTheSlider)
-{
-    Session session([] {
-        give_cel(21, 3, 0x20c040);
-        cel_turn();
-        idle();
-    });
-    toolbox.ink_slots[0] = INK_OPAQUE;
-    ASSERT_TRUE(waits_with(session, TIP_CEL_CENTER));
-    session.click_at(60, 60);
-    ASSERT_TRUE(waits_with(session, TIP_ROTATION));
-    EXPECT_GT(gui.x[0], 60) << "the panel stands far from the centre";
-    gui.scroll_value[PANEL_OWN] = 90;
-    session.frame(2);
-    EXPECT_EQ(cel_work.cel_place.x2, 63); // 90 x 0.711111111, truncated
-    session.click(PANEL_OKAY);
-    session.frame(2);
-    session.frame(3);
-    EXPECT_EQ(frame_pixel(60, 55), 0x20c040);
-    EXPECT_EQ(frame_pixel(52, 60), 0x000000);
-    EXPECT_EQ(cel.cel_rotation, 90);
-    undo_step();
-    EXPECT_EQ(frame_pixel(60, 55), 0x000000);
-}
-
-TEST(Cels, CancelledTurnLeavesTheFrameAndTheUndoQueue)
-{
-    Session session([] {
-        give_cel(21, 3, 0x20c040);
-        cel_turn();
-        idle();
-    });
-    ASSERT_TRUE(waits_with(session, TIP_CEL_CENTER));
-    session.click_at(60, 60);
-    ASSERT_TRUE(waits_with(session, TIP_ROTATION));
-    const UndoAges before = undo.undo_age;
-    session.click(PANEL_CANCEL);
-    session.frame(2);
-    session.frame(3);
-    EXPECT_EQ(frame_pixel(60, 60), 0x000000);
-    EXPECT_EQ(undo.undo_age, before);
-    EXPECT_EQ(cel_work.cel_place.mode, CEL_NONE);
-}
-
-TEST(Cels, StretchIsSizedMovedAndAnchored)
-{
-    Session session([] {
-        give_cel(2, 2, 0x20c040);
-        cel_stretch();
-        idle();
-    });
-    toolbox.ink_slots[0] = INK_OPAQUE;
-    ASSERT_TRUE(waits_with(session, TIP_STRETCH_FROM));
-    session.click_at(40, 40);
-    ASSERT_TRUE(waits_with(session, TIP_STRETCH_SIZE));
-    session.click_at(60, 50); // the size stands
-    session.frame(2);
-    EXPECT_EQ(menus.status_message, TIP_STRETCH_OR_MOVE);
-    session.click_at(50, 45); // inside: moves both corners
-    session.move(150, 145);
-    session.click_at(150, 145);
-    session.click_at(10, 200, RIGHT_BUTTON);
-    session.frame(3);
-    EXPECT_EQ(frame_pixel(140, 140), 0x20c040);
-    EXPECT_EQ(frame_pixel(159, 149), 0x20c040);
-    EXPECT_EQ(frame_pixel(160, 149), 0x000000);
-    EXPECT_EQ(frame_pixel(50, 45), 0x000000);
 }
 
 TEST(Cels, MoveLiftsAPieceAndBringsTheUsersCelBack)
@@ -292,20 +207,6 @@ TEST(Cels, APieceThatIsCarriedToAnotherFrameLeavesNoGapAndCanBeUndoneThere)
     session.key(KEY_DEL);
     ASSERT_EQ(store.current_frame, 0);
     EXPECT_EQ(frame_pixel(25, 25), 0x20c040) << "the frame that it came from is whole";
-}
-
-TEST(Cels, LeavingTheProgramPutsALiftedPieceDown)
-{
-    Session session;
-    toolbox.ink_slots[0] = INK_OPAQUE;
-    toolbox.tool_slots[0] = TOOL_MOVE;
-    paint_block(20, 20, 29, 29, 0x20c040);
-    session.click_at(20, 20);
-    session.click_at(29, 29);
-    session.frame(3);
-    EXPECT_EQ(frame_pixel(25, 25), 0x000000);
-    session.finish();
-    EXPECT_EQ(frame_pixel(25, 25), 0x20c040);
 }
 
 TEST(Cels, PictureIsPastedOnceAndNeverMasked)

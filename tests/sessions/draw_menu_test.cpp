@@ -11,7 +11,7 @@ using namespace test;
 
 namespace {
 
-enum { CLONE = 2, INSERT = 3, DELETE_ENTRY = 5, CENTER = 6, BACK = 9, CLEAR = 2, QUIT = 9 };
+enum { DELETE_ENTRY = 5, CENTER = 6, BACK = 9, CLEAR = 2, QUIT = 9 };
 
 /// The same colours at every run.
 void fix_colors()
@@ -85,7 +85,7 @@ TEST(DrawMenu, ColumnsOpenAndRunTheirEntries)
     EXPECT_EQ(view.pan_x, 0);
 }
 
-TEST(DrawMenu, FramesComeAndGoByTheColumn)
+TEST(DrawMenu, TheOnlyFrameStays)
 {
     Session session([] {
         fix_colors();
@@ -100,31 +100,6 @@ TEST(DrawMenu, FramesComeAndGoByTheColumn)
     EXPECT_TRUE(looks_like(session, "dialog_single"));
     session.click(DIALOG_OKAY);
     EXPECT_EQ(store.frame_count, 1);
-
-    session.click(HOME_FRAME);
-    session.click(CLONE);
-    EXPECT_EQ(store.frame_count, 2);
-    EXPECT_EQ(menus.status_message, TIP_CLONED);
-    session.click(HOME_FRAME);
-    session.click(INSERT);
-    EXPECT_EQ(store.frame_count, 3);
-    set_default_hotkeys();
-    session.key(KEY_PGDN);
-    EXPECT_EQ(store.current_frame, 1);
-    EXPECT_EQ(frame_pixel(50, 50), 0) << "the blank frame stands behind the first";
-    session.key(KEY_PGDN);
-    EXPECT_EQ(frame_pixel(50, 50), 0xffffff) << "and the clone behind it";
-    session.key(KEY_PGDN);
-    EXPECT_EQ(store.current_frame, 0);
-    session.click(HOME_FRAME);
-    session.click(DELETE_ENTRY);
-    session.click(DIALOG_CANCEL);
-    EXPECT_EQ(store.frame_count, 3);
-    session.click(HOME_FRAME);
-    session.click(DELETE_ENTRY);
-    session.click(DIALOG_OKAY);
-    EXPECT_EQ(store.frame_count, 2);
-    EXPECT_EQ(frame_pixel(50, 50), 0);
 }
 
 TEST(DrawMenu, QuitAsksAndCancelStays)

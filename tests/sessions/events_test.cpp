@@ -153,21 +153,4 @@ TEST_F(Events, AKeyOfNoLengthActsOnce)
     EXPECT_EQ(view.zoom, zoom + 1);
 }
 
-/// The logic pass has yet to see where the pointer is.
-TEST_F(Events, ATapOnARowOfAListCounts)
-{
-    constexpr int list = 2, row = 4;
-    use(TOOL_DRAW);
-    session.key(KEY_B);
-    ASSERT_EQ(gui.kind[list], KIND_LIST);
-    for (int i = 0; i < 5; ++i) {
-        toolbox.tool_slots[0] = TOOL_DRAW;
-        event(10, 10, 0);
-        session.frame(4);
-        tap(gui.x[list] + 20, gui.y[list] + 1 + row * gui.row_height[list] + 3);
-        session.frame(8);
-        EXPECT_EQ(toolbox.tool_slots[0], TOOL_NONE + 1 + row);
-    }
-}
-
 } // namespace kelu

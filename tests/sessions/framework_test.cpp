@@ -1,8 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The actor layer in the running program: the fade at the start, a script that speaks, fades and waits, and waits of
-// the main thread on actors.
-#include "framework/animation.h"
-#include "framework/framework_jobs.h"
+// The actor layer in the running program: the fade at the start, and a script that speaks, fades and waits.
 #include "framework/script.h"
 #include "framework/script_compiler.h"
 #include "framework/tint.h"
@@ -19,30 +16,13 @@ namespace {
 
 constexpr int speaker = 3;
 constexpr int script_slot = 0;
-bool waited = false; // the home loop's wait on an actor is over
-
-void run_frames()
-{
-    while (run_pass({.is_home = true})) {}
-}
 
 void show_white()
 {
     store.frame_bitmap = Bitmap(320, 240, 0xffffff);
     store.coverage_bitmap = Bitmap(320, 240);
     view.pan_x = view.pan_y = 0;
-    run_frames();
-}
-
-/// Waits until the speaker is gone.
-void wait_for_speaker()
-{
-    waited = false;
-    actor_at(speaker).Self_Destruct = 70; // half a second
-    actor_at(speaker).Type = ACTOR_SPEAKER;
-    pause_for_object(speaker);
-    waited = true;
-    run_frames();
+    idle();
 }
 
 void start_script(const char* text)
@@ -90,31 +70,6 @@ TEST(Framework, AScriptSpeaksFadesWaitsAndEnds)
     EXPECT_EQ(view.pan_y, 9);
     EXPECT_TRUE(session.frames_until([] { return bubble_at(1).bubble_actor == -1; }, 400));
     EXPECT_EQ(job_find(JOB_ANY), -1);
-    EXPECT_TRUE(session.finish());
-}
-
-TEST(Framework, TheMainThreadWaitsOnActorsAndInJobs)
-{
-    Session session(wait_for_speaker);
-    session.frame(30);
-    EXPECT_FALSE(waited);
-    EXPECT_TRUE(session.frames_until([] { return waited; }, 60));
-    // A wait job runs frames of its own inside the frame that runs it; its record is free by then.
-    push_to_job(JOB_WAIT, {100});
-    session.frame(5);
-    EXPECT_EQ(job_find(JOB_WAIT), -1);
-    session.frame(30);
-    EXPECT_TRUE(session.finish());
-}
-
-// The passes and the main thread at once: what ThreadSanitizer looks at.
-TEST(Framework, RunsOnARealTimerThread)
-{
-    Session session(show_white, {}, test::Ticks::real_thread);
-    start_script("0001\n [42] 0 2 \"HELLO\" [60] -1 0 0 [10] 0 1 2 3 4 [03] [02] 3 [99]");
-    FW_store_anim(speaker, ANIM_MOVING, 1, {{1, 0, 1}, {2, 0, 1}});
-    FW_tint_screen(255, 0, 0, 100, 0, 1);
-    EXPECT_TRUE(session.frames_until([] { return script_at(script_slot).script_active == 0; }, 2000));
     EXPECT_TRUE(session.finish());
 }
 

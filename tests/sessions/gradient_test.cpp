@@ -56,27 +56,6 @@ TEST(GradientNodes, AreTakenCarriedAndPutDown)
     EXPECT_EQ(toolbox.ink_derived[INK_L_GRAD][LINEAR_LENGTH], 218.0F); // from (120, 90) to (319, 0)
 }
 
-TEST(GradientNodes, LieOnOneAxisForTheGradientsAlongIt)
-{
-    Session session([] {
-        hotkeys.hotkey_table[ACTION_INK_OPTION].primary = KEY_PGUP;
-        toolbox.ink_table[INK_V_GRAD][GRADIENT_START] = 50;
-        toolbox.ink_table[INK_V_GRAD][GRADIENT_END] = 150;
-        reposition_gradient(INK_V_GRAD);
-        idle();
-    });
-    ASSERT_TRUE(placing_nodes(session));
-    session.click_at(300, 152); // only the height counts
-    session.move(20, 180);
-    session.frame(2);
-    EXPECT_EQ(node(INK_V_GRAD, GRADIENT_END), 180);
-    EXPECT_EQ(node(INK_V_GRAD, GRADIENT_END_X), 0);
-    session.click_at(20, 180);
-    session.key(KEY_PGUP);
-    session.frame(3);
-    EXPECT_EQ(preview.preview_kind, no_preview);
-}
-
 TEST(GradientNodes, OffscreenNodesAreOneJumpAway)
 {
     Session session([] {

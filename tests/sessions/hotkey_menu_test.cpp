@@ -73,20 +73,6 @@ TEST(HotkeyMenu, DoublesAreRedAndAskedFor)
     EXPECT_EQ(alternate(ACTION_CEL_GET), KEY_TAB) << "doubles are allowed after the question";
 }
 
-TEST(HotkeyMenu, CancelAndRightClickBringTheOldKeysBack)
-{
-    Session session(plain_menu);
-    open_keys(session);
-    session.click(CELL_0, RIGHT_BUTTON);
-    session.click(KEYS_CANCEL);
-    EXPECT_EQ(primary(ACTION_CEL_GET), KEY_ESC);
-    open_keys(session);
-    session.click(CELL_0, RIGHT_BUTTON);
-    session.click_at(100, 50, RIGHT_BUTTON);
-    EXPECT_EQ(primary(ACTION_CEL_GET), KEY_ESC);
-    EXPECT_EQ(menus.menu_id, MENU_DRAW);
-}
-
 TEST(HotkeyMenu, WaitsForAKeyWithItsModifiersSpeltOutAndPansNothing)
 {
     constexpr int label_slot = 4, cancel_slot = 3;

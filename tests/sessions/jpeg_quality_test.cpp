@@ -70,16 +70,4 @@ TEST(JpegQuality, PreviewsOnTheFrameAndOkayKeepsTheQuality)
     EXPECT_EQ(menus.status_message, 0);
 }
 
-TEST(JpegQuality, CancelKeepsFrameAndQuality)
-{
-    Session session(ask_for_quality);
-    ASSERT_TRUE(opened(session));
-    gui.scroll_value[slot_quality] = 0;
-    session.click(slot_view);
-    session.click(slot_cancel);
-    EXPECT_EQ(answer, -1);
-    EXPECT_EQ(browser_state.jpg_quality, 90);
-    EXPECT_EQ(loss(), 0);
-}
-
 } // namespace kelu

@@ -54,50 +54,6 @@ TEST(Painting, AFingerBringsPositionAndPressAtOnce)
     EXPECT_EQ(painted_pixels(), 1) << "nothing below the strip";
 }
 
-TEST(Painting, ZoomAndPanLeadToTheFramePixel)
-{
-    Session session;
-    toolbox.brush_tip = no_tip;
-    view.zoom = 4;
-    view.pan_x = 100;
-    view.pan_y = 50;
-    session.click_at(83, 41);
-    EXPECT_EQ(frame_pixel(110, 55), 0xffffff);
-    EXPECT_EQ(painted_pixels(), 1);
-}
-
-TEST(Painting, UndoRedoAndANewStroke)
-{
-    Session session;
-    toolbox.brush_tip = no_tip;
-    session.click_at(20, 20);
-    session.click_at(30, 20);
-    session.key(KEY_U);
-    EXPECT_EQ(frame_pixel(30, 20), 0);
-    EXPECT_EQ(frame_pixel(20, 20), 0xffffff);
-    session.key(KEY_U, {KEY_LSHIFT});
-    EXPECT_EQ(frame_pixel(30, 20), 0xffffff);
-    session.key(KEY_U);
-    session.click_at(40, 20);
-    session.key(KEY_U, {KEY_LSHIFT});
-    EXPECT_EQ(frame_pixel(30, 20), 0) << "a new stroke ends the chance to redo";
-    session.key(KEY_U);
-    session.key(KEY_U);
-    session.key(KEY_U);
-    EXPECT_EQ(painted_pixels(), 0) << "an empty queue does nothing";
-}
-
-TEST(Painting, APressOutsideTheFrameTakesNoSnapshot)
-{
-    Session session;
-    toolbox.brush_tip = no_tip;
-    session.click_at(20, 20);
-    view.pan_x = -100;
-    session.click_at(50, 20);
-    session.key(KEY_U);
-    EXPECT_EQ(painted_pixels(), 0) << "the one undo step was the first click";
-}
-
 TEST(Life, RapidExitEndsTheProgramAndItsLog)
 {
     Session session;

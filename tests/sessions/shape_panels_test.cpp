@@ -23,26 +23,6 @@ namespace {
 
 class ShapePanels : public test::ToolSession {};
 
-TEST_F(ShapePanels, PolygonDrawsOnOkayAndKeepsItsValues)
-{
-    use(TOOL_RPOLY);
-    shape_settings.rpoly_settings = {.angle = 10, .radius = 40, .sides = 5};
-    session.click_at(150, 90);
-    EXPECT_EQ(menus.menu_id, MENU_RPOLY);
-    EXPECT_EQ(gui.scroll_value[PANEL_OWN + 1], 40);
-    gui.scroll_value[PANEL_OWN + 1] = 60;
-    session.frame(3);
-    EXPECT_GT(previewed(), 100);
-    EXPECT_EQ(snapshots(), 0);
-    session.click(PANEL_OKAY);
-    Points points;
-    Bounds bounds;
-    plot_polygon(150, 90, 10, 60, 5, points, bounds);
-    EXPECT_EQ(painted(), outline(points));
-    EXPECT_EQ(shape_settings.rpoly_settings.radius, 60);
-    EXPECT_EQ(menus.menu_id, MENU_DRAW);
-}
-
 TEST_F(ShapePanels, PolygonCancelsHidesAndDrags)
 {
     use(TOOL_RPOLY);

@@ -55,22 +55,6 @@ TEST(Tint, PreviewsOnTheScreenAndOkayTintsTheWhole)
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
 }
 
-TEST(Tint, CancelBringsTheFrameBackWithOrWithoutAMovedSlider)
-{
-    Session session([] {
-        color_settings.tint_values = {0, -128, 0}; // shows at once
-        tint_red_frame();
-    });
-    ASSERT_TRUE(opened(session));
-    session.frame(2);
-    EXPECT_EQ(frame_pixel(100, 100), 0x000000);
-    session.click(slot_cancel);
-    session.frame(2);
-    EXPECT_EQ(frame_pixel(100, 100), 0xff0000);
-    EXPECT_EQ(frame_pixel(5, 5), 0x123456);
-    EXPECT_EQ(color_settings.tint_values, (std::array{0, -128, 0}));
-}
-
 TEST(Tint, OkayWithoutAShiftLeavesNothingOfEarlierPreviews)
 {
     Session session(tint_red_frame);
@@ -86,18 +70,6 @@ TEST(Tint, OkayWithoutAShiftLeavesNothingOfEarlierPreviews)
     session.frame(2);
     EXPECT_EQ(frame_pixel(10, 10), 0xff0000);
     EXPECT_EQ(frame_pixel(500, 100), 0xff0000);
-}
-
-TEST(Tint, LeavingTheProgramCommitsNoPreview)
-{
-    Session session([] {
-        color_settings.tint_values = {0, -128, 0};
-        tint_red_frame();
-    });
-    ASSERT_TRUE(opened(session));
-    session.frame(2);
-    session.finish();
-    EXPECT_EQ(frame_pixel(100, 100), 0xff0000);
 }
 
 } // namespace kelu

@@ -27,38 +27,6 @@ namespace {
 
 class Tools : public test::ToolSession {};
 
-TEST_F(Tools, LineRunsBetweenTwoClicksAndIsOneUndoStep)
-{
-    use(TOOL_LINE);
-    session.click_at(20, 30);
-    session.move(120, 90);
-    EXPECT_EQ(preview.preview_kind, TOOL_LINE);
-    EXPECT_EQ(previewed(), 101) << "the dashed line";
-    EXPECT_TRUE(painted().empty()) << "nothing touches the frame before the second click";
-    session.click_at(120, 90);
-    EXPECT_EQ(painted(), outline({{120, 90}, {20, 30}}));
-    EXPECT_EQ(snapshots(), 1);
-    EXPECT_EQ(previewed(), 0);
-    EXPECT_EQ(preview.preview_kind, no_preview);
-    session.key(KEY_U);
-    EXPECT_TRUE(painted().empty());
-}
-
-TEST_F(Tools, ARightClickCancelsTheSecondPoint)
-{
-    for (const int tool : {TOOL_LINE, TOOL_BOX, TOOL_CIRCLE, TOOL_OVAL}) {
-        use(tool);
-        session.click_at(20, 30);
-        session.move(100, 70);
-        EXPECT_GT(previewed(), 0);
-        session.click_at(60, 70, RIGHT_BUTTON);
-        EXPECT_EQ(preview.preview_kind, no_preview);
-        EXPECT_EQ(previewed(), 0);
-        EXPECT_EQ(snapshots(), 0);
-        EXPECT_TRUE(painted().empty());
-    }
-}
-
 TEST_F(Tools, PaintAsTheyDid)
 {
     struct Work {
@@ -125,29 +93,6 @@ TEST_F(Tools, TheGridTakesTheNodesAndTheStrokes)
     EXPECT_EQ(painted(), (Pixels{{103, 101}}));
 }
 
-TEST_F(Tools, TheMeasurementIsAnchoredAtTheFirstPoint)
-{
-    preferences.show_tool_distance = 1;
-    use(TOOL_BOX);
-    session.click_at(40, 41);
-    EXPECT_EQ(measure.measure_x, 40);
-    EXPECT_EQ(measure.measure_y, 41);
-    EXPECT_EQ(measure.measure_is_distance, 0);
-    session.click_at(60, 60);
-    EXPECT_EQ(measure.measure_x, -1);
-    use(TOOL_LINE);
-    session.click_at(40, 41);
-    EXPECT_EQ(measure.measure_is_distance, 1);
-    session.click_at(60, 60, RIGHT_BUTTON);
-    EXPECT_EQ(measure.measure_x, -1);
-    // One that the user runs himself stays.
-    measure = {.measure_x = 5, .measure_y = 6, .measure_state = 2};
-    session.click_at(40, 41);
-    session.click_at(60, 60);
-    EXPECT_EQ(measure.measure_x, 5);
-    measure = {};
-}
-
 TEST_F(Tools, SplineSetsMovesAndJoinsNodes)
 {
     use(TOOL_SPLINE, {0, 0, 40});
@@ -170,18 +115,6 @@ TEST_F(Tools, SplineSetsMovesAndJoinsNodes)
     prepare_spline_nodes(table, 4, false, nodes);
     EXPECT_EQ(painted(), outline(build_spline(nodes, 3, false, 40)));
     EXPECT_EQ(snapshots(), 1);
-}
-
-TEST(LongInput, EndsWithTheProgram)
-{
-    for (const int tool : {TOOL_LINE, TOOL_POLY, TOOL_OVAL, TOOL_SPLINE, TOOL_SSHAPE, TOOL_SPIRAL}) {
-        Session session;
-        toolbox.tool_slots[0] = tool;
-        session.click_at(30, 30);
-        EXPECT_NE(preview.preview_kind, no_preview) << tool;
-        EXPECT_TRUE(session.finish()) << tool;
-        EXPECT_EQ(preview.preview_kind, no_preview) << tool;
-    }
 }
 
 TEST(LongOperations, AreTheSameWithFramesInBetween)

@@ -33,37 +33,6 @@ TEST_F(TintFrameTest, ShiftsOfWorkedColours)
     EXPECT_EQ(tinted(0x808080, {.saturation = 64}), 0x9f6060);
 }
 
-TEST_F(TintFrameTest, PreviewTouchesTheScreenAndOkayTheWhole)
-{
-    const Bitmap source(500, 400, 0xff0000);
-    const auto touched = [&](bool whole) {
-        Bitmap dest(500, 400, 0x123456);
-        tint_frame(whole, false, source, dest, {.hue = 85});
-        return dest;
-    };
-    view.pan_x = 50;
-    view.pan_y = 60;
-    const Bitmap shown = touched(false);
-    EXPECT_EQ(at(shown, 50, 60), 0x00ff00);
-    EXPECT_EQ(at(shown, 369, 299), 0x00ff00);
-    EXPECT_EQ(at(shown, 49, 60), 0x123456);
-    EXPECT_EQ(at(shown, 50, 59), 0x123456);
-    EXPECT_EQ(at(shown, 370, 299), 0x123456);
-    EXPECT_EQ(at(shown, 369, 300), 0x123456);
-    view.zoom = 3; // the area moves by 20 x the size of the zoom preview + 30
-    preferences.zoom_preview_size = 1;
-    const Bitmap zoomed = touched(false);
-    EXPECT_EQ(at(zoomed, 0, 10), 0x00ff00);
-    EXPECT_EQ(at(zoomed, 319, 249), 0x00ff00);
-    EXPECT_EQ(at(zoomed, 0, 9), 0x123456);
-    EXPECT_EQ(at(zoomed, 320, 249), 0x123456);
-    view.pan_x = 5000; // nothing in view
-    EXPECT_EQ(at(touched(false), 499, 399), 0x123456);
-    const Bitmap all = touched(true);
-    EXPECT_EQ(at(all, 0, 0), 0x00ff00);
-    EXPECT_EQ(at(all, 499, 399), 0x00ff00);
-}
-
 TEST_F(TintFrameTest, MaskColourStaysOnlyWhereItIsExact)
 {
     toolbox.mask_color = 0x102030;

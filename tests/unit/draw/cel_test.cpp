@@ -142,58 +142,5 @@ TEST_F(CelTest, PlainAndBelowGoThroughTheInk)
     EXPECT_EQ(frame(), (Lines{"bbt", "bcd", "..."}));
 }
 
-TEST_F(CelTest, StretchTurnsOverAndIsTheSameWhereTheFrameCutsIt)
-{
-    set_cel({"ab", "cd"});
-    const auto stretched = [](int x, int y, int x2, int y2) {
-        set_frame({"....", "....", "....", "...."});
-        cel_work.cel_place = {.x = x, .y = y, .x2 = x2, .y2 = y2, .mode = CEL_STRETCH};
-        commit_cel(CEL_STRETCH);
-        return frame();
-    };
-    EXPECT_EQ(stretched(0, 0, 4, 4), (Lines{"aabb", "aabb", "ccdd", "ccdd"}));
-    EXPECT_EQ(stretched(4, 0, 0, 4), (Lines{"bbaa", "bbaa", "ddcc", "ddcc"}));
-    EXPECT_EQ(stretched(0, 2, 4, 0), (Lines{"ccdd", "aabb", "....", "...."}));
-    EXPECT_EQ(stretched(3, 3, 1, 1), (Lines{"....", ".dc.", ".ba.", "...."}));
-    EXPECT_EQ(stretched(2, 2, 2, 2), (Lines{"....", "....", "....", "...."}));
-    EXPECT_EQ(stretched(-30000, -2, 30004, 6), (Lines{"aabb", "aabb", "ccdd", "ccdd"}));
-    EXPECT_EQ(stretched(2, -4, 10, 4), (Lines{"..cc", "..cc", "..cc", "..cc"}));
-    // A box that the frame cuts shows the very pixels of the whole box.
-    set_cel({"abcdabc", "dcbadcb", "abddbca", "ccbbaad", "abcdbad"});
-    Bitmap whole(61, 47, mask_magenta);
-    stretch_sprite(whole, store.cel_bitmap, 0, 0, 61, 47);
-    set_frame(Lines(20, std::string(30, '.')));
-    cel_work.cel_place = {.x = -13, .y = -9, .x2 = -13 + 61, .y2 = -9 + 47, .mode = CEL_STRETCH};
-    commit_cel(CEL_STRETCH);
-    for (int y = 0; y < 20; ++y) {
-        for (int x = 0; x < 30; ++x)
-            ASSERT_EQ(row(store.frame_bitmap, y)[x], row(whole, y + 9)[x + 13]) << x << ' ' << y;
-    }
-}
-
-TEST_F(CelTest, PreviewStandsInViewCoordinatesAndNotesItsBox)
-{
-    set_cel({"ab", "cd"});
-    frame_snapshot.pan_x = 100;
-    frame_snapshot.pan_y = -20;
-    const auto overlay = [](int x, int y) { return row(screen_state.tool_overlay, y)[x]; };
-    cel_work.cel_place = {.x = 110, .y = 10, .mode = CEL_PLAIN, .show_outline = 0};
-    row(screen_state.tool_overlay, 0)[0] = 0x123456;
-    draw_cel_preview();
-    EXPECT_EQ(overlay(0, 0), mask_magenta);
-    EXPECT_EQ(overlay(10, 30), 0xff0000);
-    EXPECT_EQ(overlay(11, 31), 0xffff00);
-    EXPECT_EQ(cel_work.cel_in_view, 1);
-    cel_work.cel_place = {.x = 130, .y = 10, .x2 = 64, .mode = CEL_ROTATION, .show_outline = 0};
-    draw_cel_preview();
-    const CelPlace& place = cel_work.cel_place;
-    EXPECT_EQ((std::array{place.box_x, place.box_y, place.box_w, place.box_h}), (std::array{29, 29, 30, 30}));
-    for (const auto& [x, y, in_view] : {std::tuple{98, 0, 0}, {99, 0, 1}, {419, 0, 1}, {420, 0, 0}, {110, 220, 0}}) {
-        cel_work.cel_place = {.x = x, .y = y, .mode = CEL_PLAIN, .show_outline = 0};
-        draw_cel_preview();
-        EXPECT_EQ(cel_work.cel_in_view, in_view) << x << ' ' << y;
-    }
-}
-
 } // namespace
 } // namespace kelu

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The loops that carry an ink over a tip, a span and a picture: clipping, order, and that all of them are the one-pixel
-// form, for every ink.
+// All inks as pictures, the loops that carry an ink over a picture, and numbers and options from nowhere.
+#include "draw/gradient.h"
 #include "support/golden.h"
 #include "support/ink_test.h"
 
@@ -37,57 +37,7 @@ protected:
             tip.values[i] = static_cast<uint8_t>(i);
         return tip;
     }
-    static Bitmap picture_after(void (*paint)(int ink), int ink)
-    {
-        begin_scattered();
-        paint(ink);
-        return store.frame_bitmap.copy();
-    }
 };
-
-TEST_F(InkLoopTest, StampAndSpanAreTheOnePixelFormOfEveryInk)
-{
-    for (int ink = 0; ink < INK_COUNT; ++ink) {
-        SCOPED_TRACE(ink);
-        // In the middle, and over the frame's corner, where the tip is cut.
-        const Bitmap stamped = picture_after(
-            [](int i) {
-                stamp_ink(12, 10, i, 0x40c0f0, ramp());
-                stamp_ink(1, 18, i, 0x40c0f0, ramp());
-            },
-            ink);
-        const Bitmap by_pixel = picture_after(
-            [](int i) {
-                const TipCell tip = ramp();
-                for (const auto& [x, y] : {std::pair{12, 10}, {1, 18}}) {
-                    for (int r = 0; r < tip_cell_h; ++r) {
-                        for (int c = 0; c < tip_cell_w; ++c)
-                            apply_ink(x - 8 + c, y - 7 + r, i, 0x40c0f0, tip.line(r)[c]);
-                    }
-                }
-            },
-            ink);
-        EXPECT_EQ(test::difference(stamped, by_pixel), "");
-        const Bitmap spanned = picture_after(
-            [](int i) {
-                span_ink(-4, 13, 5, i, 0x40c0f0);
-                span_ink(20, 99, 19, i, 0x40c0f0);
-                span_ink(0, 23, -1, i, 0x40c0f0);
-                span_ink(0, 23, 20, i, 0x40c0f0);
-                span_ink(9, 8, 7, i, 0x40c0f0);
-            },
-            ink);
-        const Bitmap dotted = picture_after(
-            [](int i) {
-                for (int x = -4; x <= 13; ++x)
-                    apply_ink(x, 5, i, 0x40c0f0, 0);
-                for (int x = 20; x <= 99; ++x)
-                    apply_ink(x, 19, i, 0x40c0f0, 0);
-            },
-            ink);
-        EXPECT_EQ(test::difference(spanned, dotted), "");
-    }
-}
 
 TEST_F(InkLoopTest, InksLookAsTheyDid)
 {
@@ -104,6 +54,52 @@ TEST_F(InkLoopTest, InksLookAsTheyDid)
         }
     }
     EXPECT_TRUE(test::matches_golden(sheet, "inks"));
+}
+
+/// Areas, gaps, specks, steps and rims: what the inks that look at neighbours act on.
+Bitmap shapes()
+{
+    const test::Legend legend{{'.', 0x000000}, {'#', 0xc08040}, {'~', 0xc48440}, {'w', 0xffffff},
+                              {'n', 0x050505}, {'m', 0x060606}, {'g', 0x131313}, {'h', 0x141414}};
+    return test::from_text({"#.#..#.....####...www...", //
+                            "......#.......##..wwwwww", //
+                            "~.#..#..####..##..n.m.g.", //
+                            "#.......####......ww..hw", //
+                            "..##.##.#####...........", //
+                            "........#####...w...~...", //
+                            "#######.######.........#", //
+                            "#.....#.........#######.", //
+                            "#.###.#.~~~~~..##~##~##.", //
+                            "#.#.#.#.~###~.###.##.#..", //
+                            "#.###.#.~###~..##~##~##.", //
+                            "#.....#.~~~~~...#######."},
+                           legend);
+}
+
+TEST_F(InkLoopTest, InksLookAsTheyDidOnShapes)
+{
+    // Each ink with four values of its first option over the whole picture; gradients hold, repeat, and go in bands.
+    constexpr std::array values{0, 1, 5, 200};
+    const Bitmap sheet(5 * 24 * 4, 5 * 12);
+    for (int ink = 0; ink < INK_COUNT; ++ink) {
+        for (int i = 0; i < 4; ++i) {
+            begin_scattered();
+            begin(shapes());
+            toolbox.brush_color = 0xc08040;
+            set_option(ink, 0, values[static_cast<std::size_t>(i)]);
+            spectrum = {.spectrum_start = 0x102040, .spectrum_end = 0xf0a050, .spectrum_fold = i / 2};
+            for (const int gradient : {INK_H_GRAD, INK_V_GRAD, INK_L_GRAD, INK_R_GRAD}) {
+                set_option(gradient, 2, i == 3 ? 3 : 1);
+                for (int column = 0; column < 4; ++column)
+                    set_option(gradient, GRADIENT_START_X + column, std::array{7, 3, 15, 8}[std::size_t(column)]);
+            }
+            update_gradient_geometry();
+            for (int y = 0; y < 12; ++y)
+                span_ink(0, 23, y, ink, 0x40c0f0);
+            blit(store.frame_bitmap, sheet, 0, 0, (ink % 5 * 4 + i) * 24, ink / 5 * 12, 24, 12);
+        }
+    }
+    EXPECT_TRUE(test::matches_golden(sheet, "inks_on_shapes"));
 }
 
 TEST_F(InkLoopTest, NumbersThatAreNoInkDoNothing)

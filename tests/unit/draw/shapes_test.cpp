@@ -98,24 +98,6 @@ TEST(Shapes, LookAsTheyDid)
     EXPECT_TRUE(test::matches_golden(picture, "shapes"));
 }
 
-TEST(RegularPolygon, TriangleAtAngleZeroPointsUp)
-{
-    Points points;
-    Bounds bounds;
-    EXPECT_EQ(plot_polygon(100, 100, 0, 10, 3, points, bounds), 4);
-    // Corners at 60, 180 and 300 degrees from straight down, 10 away: sin 60 = 0.866, cos 60 = 0.5.
-    EXPECT_EQ(points, (Points{{109, 105}, {100, 90}, {91, 105}, {109, 105}}));
-    EXPECT_EQ(bounds.left, 91);
-    EXPECT_EQ(bounds.top, 90);
-    EXPECT_EQ(bounds.right, 109);
-    EXPECT_EQ(bounds.bottom, 105);
-    EXPECT_TRUE(bounds.holds(100, 100));
-    EXPECT_FALSE(bounds.holds(91, 100)) << "a side is not inside";
-
-    plot_polygon(0, 0, 90, 10, 4, points, bounds);
-    EXPECT_EQ(points, (Points{{-7, 7}, {7, 7}, {7, -7}, {-7, -7}, {-7, 7}}));
-}
-
 TEST(RegularPolygon, RefusesWhatIsOutOfRange)
 {
     Points points{{1, 1}};
@@ -137,17 +119,6 @@ TEST(FreehandShape, JumpsRepeatTheLastSample)
     append_sample(points, {5, 5}, {6, 4});
     append_sample(points, {6, 4}, {9, 4});
     EXPECT_EQ(points, (Points{{5, 5}, {6, 4}, {6, 4}, {9, 4}}));
-}
-
-TEST(Spline, TangentRunsAlongTheChordOfTheNeighbours)
-{
-    Curve curve{{0, 0}, {50, 0}, {50, 50}};
-    curve.build(false, 100);
-    EXPECT_EQ(curve.nodes[2].tangent, itofix(32)) << "from (0, 0) to (50, 50): an eighth of the circle";
-    EXPECT_EQ(curve.nodes[1].tangent, 0) << "the virtual neighbour lies on the line of the first two";
-    // Its control points lie as far from the nodes as these from each other, at 100 per cent.
-    const auto control = spline_control_points(curve.nodes[1], curve.nodes[2], itofix(1));
-    EXPECT_EQ(control, (std::array<int, 8>{0, 0, 50, 0, 15, -35, 50, 0}));
 }
 
 } // namespace

@@ -69,28 +69,4 @@ TEST_F(TintTest, IsLaidOverTheWholePicture)
     EXPECT_EQ(row(picture, 1)[2], row(picture, 0)[0]);
 }
 
-TEST_F(TintTest, FollowersKeepTheirPlaceAndTheShadowHoldsTheRow)
-{
-    Actor& leader = actor_at(2);
-    Actor& follower = actor_at(1);
-    leader.actor_pos[0] = 10;
-    leader.actor_pos[1] = 20;
-    leader.actor_pos[2] = 30;
-    follower.actor_pos[1] = 7;
-    follower.actor_follow = 2;
-    follower.follow.offset[0] = -3;
-    follower.follow.locked[1] = 1;
-    follower.Type = ACTOR_ELEMENT;
-    EXPECT_EQ(update_actor_shadow(), 50);
-    EXPECT_EQ(actor_shadow[1].actor_pos[0], 7);
-    EXPECT_EQ(actor_shadow[1].actor_pos[1], 7);
-    EXPECT_EQ(actor_shadow[1].actor_pos[2], 30);
-    EXPECT_EQ(actor_shadow[1].Type, ACTOR_ELEMENT);
-    actor_at(1).actor_opacity = 99;
-    EXPECT_EQ(actor_shadow[1].actor_opacity, 0) << "the shadow changes with the frame alone";
-    follower.actor_follow = 5000; // a number outside the table follows nobody
-    EXPECT_EQ(update_actor_shadow(), 50);
-    EXPECT_EQ(follower.actor_pos[0], 7);
-}
-
 } // namespace kelu

@@ -163,13 +163,4 @@ TEST_F(FieldTest, AClickPutsTheCaretBehindTheCharacter)
     }
 }
 
-TEST_F(FieldTest, AFontWithoutWidthCostsOnlyTheCaret)
-{
-    gui_logic.gui_key_focus = -1;
-    set_field_text(4, "ABCD");
-    gui.field_font[4] = 9;
-    gui_set_key_focus(4, true);
-    EXPECT_EQ(gui_logic.gui_key_focus, 4);
-}
-
 } // namespace kelu::test

@@ -50,20 +50,6 @@ protected:
         gui_reset_slot(slot);
     }
     static void show(const SlotRow& row, bool hovered = false) { show(build_slot(row, 0, 0), hovered); }
-    /// The bar at the right of a list of 72 pixels.
-    static void give_list_bar(int slot)
-    {
-        gui.scroll_max[slot] = 17;
-        gui.scroll_steps[slot] = 17;
-        gui.scroll_dx[slot] = 62;
-        gui_set_scroll_look(slot);
-        gui.scroll_on[slot] = 1;
-    }
-    /// A picture with a figure in it that shows where each part of it lies.
-    static Bitmap painted(int w, int h)
-    {
-        return paint(w, h, [=](int x, int y) { return pack_rgb(x * 255 / w, y * 255 / h, (x / 8 + y / 8) % 2 * 90); });
-    }
     static testing::AssertionResult matches(const char* name) { return matches_golden(screen_state.back_buffer, name); }
 };
 
@@ -160,81 +146,30 @@ TEST_F(Gallery, PlanesAndTips)
     EXPECT_TRUE(matches("gallery_colours"));
 }
 
-TEST_F(Gallery, ListsFieldsAndBars)
+TEST_F(Gallery, CodesChangeTheColourForGoodAndTextIsCutAtTheRim)
 {
-    build_slot(SlotRow{1, 88, 8, 72, KIND_SCHEME_LIST}.high(65).with(ListRows{
-                   .first_text = TEXT_SCHEME_ROW_UP, .items = 3, .rows = 8, .pitch = 7, .font = 5, .width = 59}),
-               0, 0);
-    give_list_bar(1);
-    show(1);
-    // Fields.
-    build_slot(field_row(1, 8, 80, 100, 14, 40), 0, 0);
-    set_field_text(1, "MY |C24 TEXT");
-    gui_logic.gui_key_focus = 1;
-    show(1);
-    build_slot(field_row(1, 8, 92, 41, 4, 4), 0, 0);
-    set_field_text(1, "1");
-    gui.field_error[1] = 1;
-    show(1);
-    build_slot(SlotRow{1, 52, 92, 100, KIND_SCHEME_FIELD, TEXT_NONE, ACT_FOCUS}.with(TextField{14, 40}), 0, 0);
-    set_field_text(1, "TEXT INPUT");
-    gui_logic.gui_key_focus = 1;
-    show(1);
-    // Sliders: both ends and the middle, the number left and right of the knob, an arrow that is held.
-    static Shared<int> shown;
-    for (int i = 0; i < 3; ++i) {
-        gui_slider(1, 8, 110 + 12 * i, 141, 256);
-        gui.scroll_value[1] = 255 * i / 2;
-        show(1);
-        shown = 350 * i / 2;
-        gui_slider(1, 160, 110 + 12 * i, 150, 351);
-        gui.scroll_value[1] = int(shown);
-        gui.scroll_show[1] = &shown;
-        if (i == 1) {
-            gui_logic.gui_capture = 3;
-            pointer.gui_hold_slot = 1;
-            pointer.gui_hover_slot = 1;
-        }
-        show(1);
-        gui_logic.gui_capture = 0;
-    }
-    build_slot(
-        SlotRow{1, 8, 150, 304, KIND_COLOR_BOX}.high(58).with(ScrollBar{.steps = 5, .dy = 3, .horizontal = true}), 0,
-        0);
-    gui.scroll_value[1] = 2;
-    show(1);
-    EXPECT_TRUE(matches("gallery_lists"));
-}
+    set_plain_text(FONT_WIDE, SET_LIGHT);
+    EXPECT_EQ(text_width("|c21A"), text_width("A"));
+    EXPECT_EQ(text_pen.text_colour_set, SET_LIGHT) << "whoever measures leaves the pen alone";
+    EXPECT_EQ(draw_text(nullptr, text_measure, 0, "|c24AA|c21A"), text_width("AAA"));
+    EXPECT_EQ(text_pen.text_colour_set, 21);
+    draw_text(nullptr, text_measure, 0, "|cxx");
+    EXPECT_EQ(text_pen.text_colour_set, 0);
+    EXPECT_GT(text_width("A|c"), text_width("A")) << "cut short it is no code";
 
-TEST_F(Gallery, Pictures)
-{
-    store.nail_sheet = painted(400, 400);
-    store.frame_bitmap = painted(200, 150);
-    store.onion_bitmap = Bitmap(200, 150, 0xffffff);
-    screen_state.preview_bitmap = painted(117, 79);
-    show(SlotRow{1, 4, 4, 119, KIND_PREVIEW}.high(81));
-    frame_snapshot.pulse = 98;
-    gui.list_items[0][0] = -1;
-    const auto nail = [](int slot, int x, int frame, int tagged) {
-        build_slot(SlotRow{slot, x, 4, 42, KIND_FRAME_NAIL}.high(42), 0, 0);
-        gui.colour[slot] = frame;
-        gui.params[slot][0] = tagged;
-        show(slot);
-    };
-    nail(10, 130, 3, 0);
-    nail(11, 174, 14, 1);
-    nail(17, 218, 55, 0);
-    nail(12, 262, -1, 0);
-    gui.list_items[0][0] = 13;
-    nail(13, 130 + 3 * 44, 99, 0);
-    for (int anchor = 0; anchor < 9; anchor += 4) {
-        build_slot(SlotRow{1, 4 + 30 * anchor / 4 * 3, 120, 83, KIND_SHEET_PREVIEW}.high(62), 0, 0);
-        const int record[] = {anchor, 100, 200, 200, 150};
-        for (std::size_t i = 0; i < 5; ++i)
-            gui.items[1][i] = record[i];
-        show(1);
-    }
-    EXPECT_TRUE(matches("gallery_pictures"));
+    const Bitmap whole(60, 20, desk), part(40, 8, desk), expected(40, 8);
+    set_outlined_text(FONT_WIDE, SET_MESSAGE);
+    draw_text(whole, 5, 5, "CUT OFF");
+    draw_text(part, 5 - 8, 5 - 7, "CUT OFF");
+    blit(whole, expected, 8, 7, 0, 0, 40, 8);
+    EXPECT_EQ(difference(part, expected), "");
+    draw_text(part, 321, 241, "AAA");
+    BITMAP* pictures[] = {expected};
+    EXPECT_FALSE(load_font(9, pictures)) << "no picture of a font";
+    EXPECT_FALSE(load_font(16, pictures)) << "no such font";
+    set_plain_text(9, SET_MESSAGE);
+    draw_text(part, 0, 0, "A");
+    EXPECT_EQ(difference(part, expected), "");
 }
 
 TEST_F(Gallery, TheWholeOfBothFonts)

@@ -33,19 +33,6 @@ TEST_F(Logic, FreeSlotsAreSoughtFromBothEndsPastReservedOnes)
     EXPECT_EQ(gui_find_free_slot(1), -1);
 }
 
-TEST_F(Logic, PressFindsTheHighestSlotThatShowsWithItsLastPixels)
-{
-    place(0, KIND_WINDOW, 10, 10, 100, 50);
-    place(1, KIND_BUTTON, 20, 20, 10, 9);
-    place(2, KIND_BUTTON, 20, 20, 10, 9);
-    gui.hidden[2] = 1;
-    pointer.mouse_press_y = 28;
-    for (const auto& [x, slot] : {std::pair<short, int>{29, 1}, {30, 0}, {110, -1}}) {
-        pointer.mouse_press_x = x;
-        EXPECT_EQ(gui_slot_at_press(), slot) << x;
-    }
-}
-
 TEST_F(Logic, ATimedMessageEndsAndAHeldOneStays)
 {
     flash_status_message(63, 2);
@@ -81,40 +68,6 @@ TEST_F(Logic, HoverTakesTheHighestSlotWithoutItsLastColumnAndRow)
     EXPECT_EQ(hover_at(9, 10), -1);
 }
 
-TEST_F(Logic, AClickIsAnEventAtTheRelease)
-{
-    place_button();
-    point(25, 25);
-    press(1);
-    EXPECT_EQ(gui_logic.gui_capture, 1);
-    EXPECT_EQ(gui.event[4], 0);
-    press(0);
-    EXPECT_EQ(gui_logic.gui_capture, 0);
-    EXPECT_EQ(gui.event[4].take(), 4);
-    click(25, 25, 2);
-    EXPECT_EQ(gui.event[4].take(), EVENT_RIGHT);
-    preferences.mouse_swap = 1;
-    click(25, 25, 2);
-    EXPECT_EQ(gui.event[4].take(), 4);
-}
-
-TEST_F(Logic, OnlyTheSecondaryButtonMustStayOnTheSlot)
-{
-    place_button();
-    point(25, 25);
-    press(1);
-    point(200, 200);
-    passes(3);
-    press(0);
-    EXPECT_EQ(gui.event[4].take(), 4); // the left press keeps its place
-    point(25, 25);
-    press(2);
-    point(200, 200);
-    passes(1);
-    press(0);
-    EXPECT_EQ(gui.event[4].take(), 0); // the right press follows the pointer
-}
-
 TEST_F(Logic, ThePressReachesTheFirstSlotFromAboveThatHasAnAction)
 {
     place(2, KIND_BUTTON, 20, 20, 39, 9);
@@ -131,18 +84,6 @@ TEST_F(Logic, ThePressReachesTheFirstSlotFromAboveThatHasAnAction)
     run_state.gui_clicks_enabled = 0;
     click(30, 22);
     EXPECT_EQ(gui.event[2], 0);
-}
-
-TEST_F(Logic, APressOnAMenuThatClosesIsTestedAgainstTheNewSlot)
-{
-    place_button();
-    point(25, 25);
-    press(1);
-    gui_reset_slot(4);
-    place(4, KIND_BUTTON, 200, 20, 39, 9);
-    press(0);
-    EXPECT_EQ(gui.event[4], 0);
-    EXPECT_EQ(gui_logic.gui_capture, 0);
 }
 
 TEST_F(Logic, NothingIsDispatchedWhileTheGuiSleeps)

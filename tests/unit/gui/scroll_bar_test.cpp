@@ -74,16 +74,6 @@ TEST_F(ScrollBarTest, DraggingTheKnobReachesBothEnds)
     EXPECT_EQ(gui.scroll_value[s], 495);
 }
 
-TEST_F(ScrollBarTest, ABarThatIsNotBuiltIsNotDragged)
-{
-    const int s = slider(101);
-    forget_knob_tables(s, 1);
-    point(150, 54);
-    passes(1);
-    press(1);
-    EXPECT_EQ(gui_logic.slider_grab, 0);
-}
-
 TEST_F(ScrollBarTest, RangesThatDoNotStartAtZero)
 {
     const int s = slider(12);

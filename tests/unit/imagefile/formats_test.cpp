@@ -55,26 +55,5 @@ TEST(formats, signatures_tell_when_names_do_not)
     EXPECT_EQ(format_from_signature("missing"), FORMAT_NONE);
 }
 
-TEST(formats, only_rgba_png_and_icons_bring_alpha)
-{
-    const auto loaded_alpha = [](const char* name, int format) {
-        const Bitmap picture = load_picture(data_folder() + "/" + name, format);
-        return picture ? row(picture, 3)[2] >> 24 & 255 : -1;
-    };
-    EXPECT_EQ(loaded_alpha("png/rgba-8.png", FORMAT_PNG), level(2, 3, 3));
-    EXPECT_EQ(loaded_alpha("ico/rgba-8.ico", FORMAT_ICO), level(2, 3, 3));
-    for (const auto& [name, format] : {std::pair{"png/greyalpha-8.png", FORMAT_PNG},
-                                       {"png/indexed-8.png", FORMAT_PNG},
-                                       {"gif/transparent.gif", FORMAT_GIF},
-                                       {"pcx/rgb-8.pcx", FORMAT_PCX},
-                                       {"lbm/rgb-8.lbm", FORMAT_LBM},
-                                       {"jpeg/rgb.jpg", FORMAT_JPG}})
-        EXPECT_EQ(loaded_alpha(name, format), 255) << name;
-    EXPECT_EQ(loaded_alpha("png/rgba-8.png", FORMAT_GIF), -1);
-    EXPECT_EQ(loaded_alpha("png/rgba-8.png", FORMAT_TTF), -1);
-    EXPECT_EQ(loaded_alpha("png/rgba-8.png", FORMAT_NONE), -1);
-    EXPECT_EQ(loaded_alpha("no such file", FORMAT_PNG), -1);
-}
-
 } // namespace
 } // namespace kelu

@@ -69,27 +69,6 @@ TEST(gif, a_local_table_takes_the_place_of_the_global_one)
     EXPECT_EQ(palette[200].r, 50); // beyond the local table the global one stands
 }
 
-TEST(gif, writes_the_form_to_the_byte)
-{
-    const Bitmap picture(create_bitmap_ex(8, 3, 1));
-    clear_to_color(picture, 0);
-    picture->line[0][1] = 1;
-    PALETTE palette = {};
-    palette[1] = {63, 63, 63, 0};
-    Bytes bytes;
-    ASSERT_EQ(encode_gif(picture, palette, bytes), 0);
-    Bytes expected;
-    ByteWriter out(expected);
-    out.text("GIF89a");
-    out.append(Bytes{3, 0, 1, 0, 0x77, 1, 0, 0x21, 0xf9, 4, 0, 0, 0, 0, 0, 0x2c, 0, 0, 0, 0, 3, 0, 1, 0, 0x87});
-    out.append(Bytes{0, 0, 0, 252, 252, 252});
-    out.fill(768 - 6);
-    // Codes of 9 bits: 256 0 1 0 257.
-    out.append(Bytes{8, 6, 0x00, 0x01, 0x04, 0x00, 0x10, 0x10, 0, 0x3b});
-    EXPECT_EQ(bytes, expected);
-    EXPECT_EQ(encode_gif(nullptr, palette, bytes), -1);
-}
-
 TEST(lzw, codes_decode_again_where_tables_fill_and_widths_change)
 {
     uint32_t state = 1;

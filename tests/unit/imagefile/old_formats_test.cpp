@@ -14,23 +14,6 @@ namespace {
 
 using namespace test;
 
-TEST(pcx, is_written_as_the_library_writes_it)
-{
-    const TemporaryFolder folder;
-    for (const int w : {1, 2, 3, 63, 64, 257}) {
-        const Bitmap picture = paint(w, 9, [&](int x, int y) {
-            return y < 2 ? 0xc0c0c0 : y < 4 ? 0xff0000 : y < 6 ? x / 2 * 0x010305 : level(x, y, 0) * 0x010101;
-        });
-        ASSERT_EQ(save_pcx_picture("ours.pcx", picture), 0);
-        const PALETTE none = {}; // the library puts 16 colours into the head, whatever they are
-        ASSERT_EQ(save_pcx("theirs.pcx", picture, none), 0);
-        EXPECT_TRUE(folder.text("ours.pcx") == folder.text("theirs.pcx")) << w;
-        Bytes bytes;
-        encode_pcx(picture, bytes);
-        EXPECT_EQ(difference(decode_pcx(bytes), picture), "") << w;
-    }
-}
-
 TEST(pcx, two_colours_without_a_palette_are_black_and_white)
 {
     Bytes bytes(128);
@@ -42,25 +25,6 @@ TEST(pcx, two_colours_without_a_palette_are_black_and_white)
     bytes.insert(bytes.end(), {0xc1, 0xa0, 0x00});
     const Bitmap expected = paint(4, 1, [](int x, int) { return x % 2 == 0 ? 0xffffff : 0; });
     EXPECT_EQ(difference(decode_pcx(bytes), expected), "");
-}
-
-TEST(lbm, is_read_back_at_odd_widths)
-{
-    const TemporaryFolder folder;
-    PALETTE palette = {};
-    for (int i = 0; i < 256; ++i)
-        palette[i] = {static_cast<unsigned char>(i % 8 * 9), static_cast<unsigned char>(i / 8 % 8 * 9),
-                      static_cast<unsigned char>(i / 64 * 21), 0};
-    const auto colors = palette_colors(palette);
-    for (const int w : {1, 2, 3, 255, 256, 257}) {
-        const Bitmap picture =
-            paint(w, 3, [&](int x, int y) { return colors[static_cast<std::size_t>(level(x, y, 0))]; });
-        ASSERT_EQ(save_lbm("picture.lbm", picture, palette), 0);
-        const std::string text = folder.text("picture.lbm");
-        const std::span bytes(reinterpret_cast<const uint8_t*>(text.data()), text.size());
-        EXPECT_EQ(difference(decode_lbm(bytes), picture), "") << w;
-        EXPECT_EQ(text.size(), static_cast<std::size_t>(824 + 3 * w + w % 2));
-    }
 }
 
 TEST(lbm, rows_of_other_writers_are_padded)

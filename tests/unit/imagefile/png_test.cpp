@@ -140,20 +140,6 @@ TEST(png, alpha_is_written_when_any_is_not_zero)
     EXPECT_EQ(color_type(last), 6);
 }
 
-TEST(png, writes_head_one_data_chunk_and_paeth_rows)
-{
-    const Bitmap picture = paint(2, 2, [](int x, int y) { return pack_rgb(10 * x + 1, 20 * y + 2, 30 * x * y + 3); });
-    Bytes bytes;
-    ASSERT_EQ(encode_png(picture, nullptr, bytes), 0);
-    // Row 0 against zeros predicts by the left pixel, row 1 by whichever is nearest.
-    const Bytes rows{4, 1, 2, 3, 10, 0, 0, 4, 0, 20, 0, 0, 0, 30};
-    uLongf size = compressBound(rows.size());
-    Bytes packed(size);
-    compress2(packed.data(), &size, rows.data(), rows.size(), 9);
-    packed.resize(size);
-    EXPECT_EQ(bytes, Chunks().head(2, 2, 8, 2).add("IDAT", packed).end());
-}
-
 /// Areas of one colour with a few pixels in them; rows that repeat, and more bytes than are unpacked at once.
 Bitmap flat_areas()
 {

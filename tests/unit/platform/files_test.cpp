@@ -171,23 +171,5 @@ TEST(Replacement, RefusesWhatItCannotWrite)
     EXPECT_EQ(files_in("."), 1U);
 }
 
-TEST(Replacement, AFullDiskLeavesTheOldFile)
-{
-    const TemporaryFolder folder;
-    folder.put("state", "old");
-    // A limit of the file size stands for a full disk: writes beyond it fail.
-    const auto ignored = std::signal(SIGXFSZ, SIG_IGN);
-    rlimit limit = {};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    const rlimit small = {1000, limit.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-    const bool replaced = replace_file("state", std::vector<uint8_t>(100000, 7));
-    setrlimit(RLIMIT_FSIZE, &limit);
-    std::signal(SIGXFSZ, ignored);
-    EXPECT_FALSE(replaced);
-    EXPECT_EQ(folder.text("state"), "old");
-    EXPECT_EQ(files_in("."), 1U);
-}
-
 } // namespace
 } // namespace kelu::platform

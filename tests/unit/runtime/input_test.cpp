@@ -122,30 +122,6 @@ TEST_F(Input, HotkeysNeedTheirModifiersExactly)
     EXPECT_FALSE(hotkey_test(3)) << "no such key";
 }
 
-TEST(Clock, CountersWrapAndWait)
-{
-    clock_state = {};
-    run_state.timers_locked = 0;
-    run_state.gui_active = 1;
-    for (int i = 0; i < 500; ++i)
-        clock_tick();
-    EXPECT_EQ(clock_state.phase_counter, 0);
-    EXPECT_EQ(clock_state.phase[1], 500 % 256);
-    EXPECT_EQ(clock_state.phase[7], 72) << "71 multiples of 7 below 500, and 0";
-    for (int i = 0; i < 33; ++i)
-        world_tick();
-    EXPECT_EQ(clock_state.marching_ants_phase, 1);
-    EXPECT_EQ(clock_state.tool_ticks, 33);
-    run_state.timers_locked = 1;
-    world_tick();
-    EXPECT_EQ(clock_state.tool_ticks, 33) << "locked timers move nothing";
-    for (int i = 0; i < 8; ++i)
-        caret_tick();
-    EXPECT_EQ(clock_state.caret_phase, 1);
-    wait_ticks(25, clock_tick);
-    EXPECT_EQ(clock_state.wait_counter, 25);
-}
-
 TEST(Jobs, RunInTableOrderOnceTheirDelayIsUp)
 {
     static std::vector<int> ran;

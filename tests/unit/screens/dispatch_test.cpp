@@ -142,17 +142,6 @@ TEST_F(Dispatch, AFilterListsTheFormatThatItsButtonNames)
         EXPECT_EQ(format_of_filter(filter).extension, ui_strings[TEXT_GIF + filter]);
 }
 
-TEST_F(Dispatch, ColourFilesGoByTheModeWhateverTheirName)
-{
-    EXPECT_TRUE(save_picture_file("my.gif", BROWSE_SCHEME));
-    EXPECT_EQ(format_from_signature("my.gif"), FORMAT_SCHEME);
-    EXPECT_TRUE(save_picture_file("my.gif", BROWSE_FAVORITES));
-    EXPECT_EQ(format_from_signature("my.gif"), FORMAT_FAVORITES);
-    EXPECT_TRUE(load_picture_file("my.gif", BROWSE_FAVORITES));
-    std::filesystem::rename("my.gif", "my");
-    EXPECT_TRUE(load_picture_file("my", BROWSE_PICTURE)); // by its signature
-}
-
 /// What stands in the preview: a picture's colour in its middle, or the messages' ground.
 int preview_middle() { return row(screen_state.preview_bitmap, 70)[58]; }
 

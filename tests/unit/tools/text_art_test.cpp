@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The texts that pictures are drawn from: what they may hold, and that a mistake is named by file and line.
+// The texts that pictures are drawn from: a mistake is named by file and line.
 #include "text_art.h"
 
 #include "support/temporary_folder.h"
@@ -8,7 +8,7 @@
 namespace kelu::tools {
 namespace {
 
-class TextArt : public testing::Test {
+class TextArtDeathTest : public testing::Test {
 protected:
     /// Expects a reader to stop at a text, with the line and a part of the complaint.
     template <class Reader>
@@ -17,19 +17,13 @@ protected:
         folder_.put("art.txt", text);
         EXPECT_EXIT(read("art.txt"), testing::ExitedWithCode(1), "art.txt:" + complaint) << text;
     }
-    std::string file(const std::string& text)
-    {
-        folder_.put("art.txt", text);
-        return "art.txt";
-    }
 
 private:
     TemporaryFolder folder_;
 };
-using TextArtDeathTest = TextArt;
 
 /// A palette of 256 greenish colours, eight a line, with one of them exchanged.
-std::string palette_text(int exchanged = -1, const char* color = "")
+std::string palette_text(int exchanged, const char* color)
 {
     std::string text = "; all of them\n";
     for (int i = 0; i < 256; ++i) {
@@ -39,39 +33,6 @@ std::string palette_text(int exchanged = -1, const char* color = "")
         text += std::string(" ") + (i == exchanged ? color : entry);
     }
     return text + "   ; the end\n";
-}
-
-TEST_F(TextArt, reads_a_palette)
-{
-    const Palette palette = read_palette(file(palette_text(255, "FFeedd")));
-    EXPECT_EQ(palette[0], 0x000080);
-    EXPECT_EQ(palette[17], 0x040480);
-    EXPECT_EQ(palette[255], 0xffeedd);
-}
-
-TEST_F(TextArt, reads_a_picture)
-{
-    const TextPicture picture =
-        read_picture(file("size 3 2 ; wide\ncolour # 0a0B0c ; ink\ncolour + ffffff\nclear .\n\n#+.\n..# ; below\n"));
-    EXPECT_EQ(picture.w, 3);
-    EXPECT_EQ(picture.rows, (std::vector<std::string>{"#+.", "..#"}));
-    EXPECT_EQ(picture.colors.at('#'), 0x0a0b0c);
-    EXPECT_EQ(picture.colors.at('.'), clear_pixel);
-}
-
-TEST_F(TextArt, reads_a_font)
-{
-    const TextFont font = read_font(file("cell 3 2\nshadow 1 2\n"
-                                         "glyph A advance 4 drop 0\n#.#\n+\n"
-                                         "glyph #59 advance 2 drop 1 ; semicolon\n.\n#\n"));
-    EXPECT_EQ(font.cell_w, 3);
-    EXPECT_EQ(font.shadow_dy, 2);
-    ASSERT_EQ(font.glyphs.size(), 2u);
-    EXPECT_EQ(font.glyphs[0].code, 'A');
-    EXPECT_EQ(font.glyphs[0].rows, (std::vector<std::string>{"#.#", "+"}));
-    EXPECT_EQ(font.glyphs[1].code, ';');
-    EXPECT_EQ(font.glyphs[1].drop, 1);
-    EXPECT_EQ(font.glyphs[1].advance, 2);
 }
 
 TEST_F(TextArtDeathTest, names_the_line_of_a_mistake)

@@ -149,22 +149,6 @@ TEST_F(ArchiveTest, RefusesEveryDamageBeforeAnythingIsTouched)
     EXPECT_EQ(gui.active[0], 0);
 }
 
-TEST_F(ArchiveTest, FailedExtractionChangesNothing)
-{
-    pack(3);
-    for (int i = 0; i < 3; ++i)
-        put_frame(i, opaque | 0x77);
-    const auto files = store_files();
-    std::filesystem::create_directory(in_store(".next.001.kelu-new")); // the second frame can't be written
-    EXPECT_EQ(load_workspace_archive("w.wsp", show_bar), -1);
-    EXPECT_TRUE(logged("[ ERROR ] : Workspace component is missing or corrupt! Aborting load!"));
-    std::filesystem::remove(in_store(".next.001.kelu-new"));
-    EXPECT_TRUE(store_files() == files);
-    EXPECT_EQ(store.frame_count, 3);
-    EXPECT_EQ(reported(), "THE ARCHIVE COULDN'T BE LOADED! w.wsp A FILE IS IN THE WAY\n");
-    EXPECT_EQ(bar.back(), 100);
-}
-
 TEST_F(ArchiveTest, FailedSaveLeavesTheOldArchive)
 {
     pack(2);

@@ -7,26 +7,6 @@
 namespace kelu {
 using FrameStoreTest = WorkspaceTest;
 
-TEST_F(FrameStoreTest, SwapCommitsAChangedFrameWithItsView)
-{
-    make_frames(3);
-    row(store.frame_bitmap, 0)[0] = 0xabcdef;
-    view.pan_x = 3, view.pan_y = -4, view.zoom = 5;
-    view.frame_pan_x[2] = 1, view.frame_zoom[2] = 0;
-    EXPECT_TRUE(fetch_frame(0, 2, 0));
-    EXPECT_EQ(stored_pixel(0), opaque | 0xabcdef);
-    EXPECT_EQ(view.frame_pan_x[0], 3);
-    EXPECT_EQ(view.frame_pan_y[0], -4);
-    EXPECT_EQ(view.frame_zoom[0], 5);
-    EXPECT_EQ(store.current_frame, 2);
-    EXPECT_EQ(view.pan_x, 1);
-    EXPECT_EQ(view.zoom, 1); // a stored zoom below 1 is 1
-    EXPECT_EQ(pixel(store.frame_bitmap), frame_color(2) & 0xffffff);
-    EXPECT_EQ(pixel(store.alpha_bitmap), 0xffffff);
-    EXPECT_EQ(pixel(store.restoration_bitmap), frame_color(2));
-    EXPECT_EQ(pixel(store.nail_sheet, 30, 30), 0x000010); // the thumbnail of frame 0
-}
-
 TEST_F(FrameStoreTest, UnchangedFrameIsNotRewrittenButTheSheetIs)
 {
     make_frames(2);
@@ -120,22 +100,6 @@ TEST_F(FrameStoreTest, MissingAndTooSmallFramesBecomeBlank)
     EXPECT_TRUE(fetch_frame(1, 0, 0));
     EXPECT_TRUE(exists("damaged.000"));
     EXPECT_EQ(store.frame_bitmap.width(), 8);
-}
-
-TEST_F(FrameStoreTest, FailedWriteRefusesTheSwapAndKeepsTheFrame)
-{
-    make_frames(2);
-    row(store.frame_bitmap, 0)[0] = 0xabcdef;
-    std::filesystem::remove(in_store("current.000"));
-    std::filesystem::create_directory(in_store("current.000")); // what no file can take the place of
-    EXPECT_FALSE(fetch_frame(0, 1, 0));
-    EXPECT_EQ(store.current_frame, 0);
-    EXPECT_EQ(pixel(store.frame_bitmap), 0xabcdef);
-    EXPECT_EQ(reported(), "THE FRAME COULDN'T BE SAVED! current.000 A FOLDER IS IN THE WAY\n");
-    EXPECT_TRUE(logged("[ ERROR ] : Couldn't write file! Name = current.000"));
-    std::filesystem::remove(in_store("current.000"));
-    EXPECT_TRUE(fetch_frame(0, 1, 0));
-    EXPECT_EQ(stored_pixel(0), opaque | 0xabcdef);
 }
 
 TEST_F(FrameStoreTest, PictureOfAnotherProgramKeepsTheRestorationCopy)

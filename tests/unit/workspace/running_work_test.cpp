@@ -9,6 +9,7 @@
 #include "runtime/cel.h"
 #include "runtime/random.h"
 #include "support/failing_calls.h"
+#include "support/pictures.h"
 #include "workspace/custom_tip.h"
 #include "workspace/frame_resize.h"
 #include "workspace/journal_file.h"
@@ -37,13 +38,7 @@ Bitmap merged_frame()
     return merged;
 }
 
-bool same(const Bitmap& a, const Bitmap& b)
-{
-    if (a.width() != b.width() || a.height() != b.height()) return false;
-    for (int y = 0; y < a.height(); ++y)
-        if (!std::equal(row(a, y), row(a, y) + a.width(), row(b, y))) return false;
-    return true;
-}
+bool same(const Bitmap& a, const Bitmap& b) { return test::difference(a, b).empty(); }
 
 class RunningWorkTest : public WorkspaceTest {
 protected:
@@ -149,41 +144,6 @@ TEST_F(RunningWorkTest, EveryChangeOfTheFrameIsFoundAgain)
         EXPECT_EQ(run_state.workspace_damaged, 0);
         std::filesystem::remove(journal());
     }
-}
-
-TEST_F(RunningWorkTest, ACommitEndsTheJournal)
-{
-    box(20, 0xff8040);
-    settle_running_work();
-    ASSERT_TRUE(exists("journal.000"));
-    ASSERT_TRUE(fetch_frame(0, 1, 0));
-    settle_running_work();
-    EXPECT_FALSE(exists("journal.000"));
-    box(20, 0x40ff80);
-    settle_running_work();
-    EXPECT_TRUE(exists("journal.001"));
-    const Bitmap painted = merged_frame();
-    start_again();
-    EXPECT_EQ(store.current_frame, 1) << "the frame that was edited last, whatever the state says";
-    EXPECT_TRUE(same(merged_frame(), painted));
-    start_running_work();
-    ASSERT_TRUE(write_workspace_state("current.spa", false));
-    stop_running_work(true);
-    EXPECT_FALSE(exists("journal.001"));
-    start_again();
-    EXPECT_EQ(menus.status_message, 0);
-    EXPECT_TRUE(same(merged_frame(), painted));
-}
-
-TEST_F(RunningWorkTest, TheJournalOfADeletedFrameGoesWithIt)
-{
-    box(20, 0xff8040);
-    settle_running_work();
-    delete_frames(0, 1);
-    EXPECT_FALSE(exists("journal.000"));
-    start_again();
-    EXPECT_EQ(pixel(store.frame_bitmap), frame_color(1) & 0xffffff);
-    EXPECT_EQ(run_state.workspace_damaged, 0);
 }
 
 TEST_F(RunningWorkTest, AStrokeInHandIsKeptAndTheHoleOfALiftedPieceIsNot)
@@ -359,33 +319,6 @@ TEST_F(RunningWorkTest, AFrameWhoseFileCantBeWrittenIsTriedAgainAndComesBack)
     ASSERT_TRUE(settle_running_work());
     EXPECT_TRUE(same(read_tga(file.string()), more));
     EXPECT_FALSE(exists("journal.000"));
-}
-
-TEST_F(RunningWorkTest, AnEndBeforeTheCommitLosesNothing)
-{
-    const auto keep = [this](const char* name) { std::filesystem::copy_file(in_store(name), folder.path() / name); };
-    const auto put_back = [this](const char* name) {
-        std::filesystem::copy_file(folder.path() / name, in_store(name),
-                                   std::filesystem::copy_options::overwrite_existing);
-    };
-    box(20, 0xff8040);
-    settle_running_work();
-    const Bitmap painted = merged_frame();
-    for (const char* name : {"current.000", "journal.000"})
-        keep(name);
-    ASSERT_TRUE(fetch_frame(0, 1, 0));
-    box(50, 0x40ff80);
-    settle_running_work();
-    const Bitmap second = merged_frame();
-    stop_running_work(false);
-    for (const char* name : {"current.000", "journal.000"})
-        put_back(name);
-    start_again();
-    EXPECT_EQ(store.current_frame, 1);
-    EXPECT_TRUE(same(merged_frame(), second));
-    EXPECT_TRUE(same(read_tga(in_store("current.000").string()), painted)) << "the frame that was left is in its file";
-    EXPECT_FALSE(exists("journal.000"));
-    EXPECT_EQ(run_state.workspace_damaged, 0);
 }
 
 TEST_F(RunningWorkTest, NoFailureOfACallLosesWhatWasOnTheDisk)

@@ -164,23 +164,6 @@ TEST_F(StateTest, StateAndFilesMayDisagree)
     EXPECT_EQ(run_state.workspace_damaged, 1);
 }
 
-TEST_F(StateTest, AlternateSetTakesOver)
-{
-    make_workspace();
-    for (const char* name : {"000", "001", "002", "spa", "cel", "nal", "tip"})
-        std::filesystem::rename(in_store(std::string("current.") + name), in_store(std::string("alternate.") + name));
-    forget();
-    EXPECT_EQ(read(), 1);
-    EXPECT_TRUE(logged("[ INFO ] : Swapping to alternate workspace"));
-    EXPECT_EQ(store.frame_count, 3);
-    EXPECT_EQ(pixel(store.frame_bitmap), 0x11);
-    EXPECT_FALSE(exists("alternate.000"));
-    EXPECT_FALSE(exists("alternate.spa"));
-    folder.put("WORKSPACE/alternate.007", "left over");
-    EXPECT_EQ(read(), 1);
-    EXPECT_FALSE(exists("alternate.007"));
-}
-
 TEST_F(StateTest, WipeLeavesOneBlankFrame)
 {
     make_workspace();
@@ -211,23 +194,6 @@ TEST_F(StateTest, WipeLeavesOneBlankFrame)
     clear_workspace();
     EXPECT_TRUE(logged("[ ERROR ] : WORKSPACE directory unavailable. Aborting clear operation!"));
     EXPECT_TRUE(exists("current.001"));
-}
-
-TEST_F(StateTest, FailedWritesAreToldAndTheOldFilesStand)
-{
-    make_workspace();
-    const std::string before = bytes("current.spa");
-    store.workspace_title = "NEW TITLE";
-    std::filesystem::create_directory(in_store(".next.list.kelu-new")); // no way to write all in one step
-    std::filesystem::create_directory(in_store(".current.spa.kelu-new"));
-    std::filesystem::create_directory(in_store(".current.cel.kelu-new"));
-    write_workspace_state("current.spa", false);
-    EXPECT_TRUE(bytes("current.spa") == before);
-    EXPECT_TRUE(logged("[ ERROR ] : Couldn't write file! Name = current.spa"));
-    EXPECT_TRUE(logged("[ ERROR ] : Couldn't write file! Name = current.cel"));
-    EXPECT_TRUE(reported().starts_with("THE WORKSPACE COULDN'T BE SAVED! current.cel "));
-    EXPECT_EQ(read(), 1);
-    EXPECT_EQ(store.workspace_title, "MINE");
 }
 
 TEST_F(StateTest, FilesThatTheSystemWontReadStayAndNothingIsWrittenOverThem)
@@ -286,11 +252,6 @@ TEST_F(StateTest, AFavoriteThatNobodyHasChosenIsGrey)
     EXPECT_EQ(read(), 1);
     EXPECT_EQ(toolbox.extended_favorites[255], 0x9e9e9e);
     EXPECT_EQ(reported(), "");
-}
-
-TEST_F(StateTest, ShortNameEndsTheProgram)
-{
-    EXPECT_EXIT(write_workspace_state("a.sp", true), testing::ExitedWithCode(255), "");
 }
 
 TEST_F(StateTest, SettingsComeBackAndAMissingFileHasItsOwnValues)

@@ -1,14 +1,47 @@
 // SPDX-License-Identifier: MIT
-// What each behaviour makes of an actor, run by run; and those that act beyond it.
-#include "framework/fades.h"
+// What each behaviour makes of an actor, run by run, animations, and any parameters at all.
+#include "framework/behaviors.h"
+
+#include "framework/animation.h"
 #include "framework/variables.h"
-#include "runtime/jobs.h"
-#include "unit/framework/behavior_fixture.h"
+#include "runtime/random.h"
+#include "support/fresh_state.h"
+#include "support/log_lines.h"
+#include <vector>
 
 namespace kelu {
 namespace {
 
-using Lines = std::vector<std::string>;
+class BehaviorTest : public test::FreshState {
+protected:
+    /// Puts a behaviour into a slot of actor 1, which is taken.
+    void start(int id, const std::vector<int>& params, int slot = 0)
+    {
+        actor.Type = ACTOR_ELEMENT;
+        const auto s = static_cast<std::size_t>(slot);
+        std::size_t i = 0;
+        for (const int value : params)
+            actor.behavior_params[s][i++] = value;
+        actor.BEHAVIOR[s] = id;
+    }
+    bool runs(int slot = 0) const { return actor.BEHAVIOR[static_cast<std::size_t>(slot)] != 0; }
+    static void tick(int n = 1)
+    {
+        for (int i = 0; i < n; ++i)
+            behavior_tick();
+    }
+    /// Ticks until slot 0 is free, and no more than `most`.
+    int ticks_to_end(int most = 5000)
+    {
+        int n = 0;
+        for (; n < most && runs(); ++n)
+            behavior_tick();
+        return n;
+    }
+
+    Actor& actor = actor_at(1);
+    LogLines log;
+};
 
 /// What differs from a free row, in short.
 std::string look_of(const Actor& actor)
@@ -119,82 +152,52 @@ TEST_F(BehaviorTest, EachBehaviourByItsRuns)
     }
 }
 
-TEST_F(BehaviorTest, MovesEndTheAnimationsThatTheyShould)
+TEST_F(BehaviorTest, AnimationsPlayTheirDurationsLoopAndEnd)
 {
-    for (const auto& [move, anim_kill, plays_on] : {std::tuple{BEHAVIOR_LINEAR_MOVE, 0, true},
-                                                    {BEHAVIOR_LINEAR_MOVE, 1, false},
-                                                    {BEHAVIOR_LINEAR_MOVE_KILL_ANIM, 0, false}}) {
-        reset_actors();
-        actor.anim_kill = anim_kill;
-        start(move, {5, 5, 1});
-        start(BEHAVIOR_ANIMATE, {}, 1);
+    FW_store_anim(1, ANIM_MOVING, 1, {{7, 1, 2}, {8, 0, 1}});
+    start(BEHAVIOR_ANIMATE, {});
+    std::string shown;
+    for (int i = 0; i < 6; ++i) {
         tick();
-        EXPECT_EQ(runs(1), plays_on) << move << ' ' << anim_kill;
+        shown += std::to_string(int(actor.actor_cel));
     }
-}
-
-TEST_F(BehaviorTest, FadeActorFadesOutAndIn)
-{
-    actor.Type = ACTOR_ELEMENT;
-    EXPECT_EQ(fade_actor(1, 0, 100, 0), 0);
-    EXPECT_EQ(look_of(actor), "mode 4 opacity 254");
-    EXPECT_EQ(ticks_to_end(), 3);
-    EXPECT_EQ(actor.actor_opacity, 0);
-    EXPECT_EQ(fade_actor(1, 1, 127, 3), 0);
-    EXPECT_EQ(actor.actor_opacity, 1);
-    EXPECT_EQ(ticks_to_end(), 8);
-    EXPECT_EQ(actor.actor_opacity, 254);
-    EXPECT_EQ(fade_actor(-3, 1, 1, 1), 0);
-    EXPECT_EQ(log.take(), Lines{"[ ERROR ] : WHO parameter OOB in call to get_free_behavior()! who = -3"});
-}
-
-TEST_F(BehaviorTest, TrailsLeaveFadingCopies)
-{
-    actor.Health = 42;
-    actor.actor_velocity[0] = 500;
-    actor.actor_pos[0] = 9;
-    start(BEHAVIOR_SPAWN_TRAIL, {0, 5, 1, 0, 12}, 3);
-    tick(12);
-    EXPECT_FALSE(runs(3));
-    EXPECT_EQ(count_actors(), 3) << "two copies in twelve runs";
-    const Actor& copy = actor_at(2);
-    EXPECT_EQ(copy.Health, 42);
-    EXPECT_EQ(copy.actor_pos[0], 9);
-    EXPECT_EQ(copy.actor_velocity[0], 0);
-    EXPECT_EQ(copy.BEHAVIOR[3], 0);
-    tick(260);
-    EXPECT_EQ(count_actors(), 1) << "the copies fade and end; the actor stays";
-    // With no row left the spawn fails with its line, and the behaviour goes on.
-    for (int who = 2; who <= 48; ++who)
-        actor_at(who).Type = ACTOR_DUST;
-    start(BEHAVIOR_SPAWN_TRAIL, {0, 1, 0, 0, -1}, 3);
-    tick();
-    EXPECT_EQ(log.take(), Lines{"[ ERROR ] : Attempted to grab object, but none available!"});
-    EXPECT_TRUE(runs(3));
-}
-
-TEST_F(BehaviorTest, EventsFogAndBloomReachTheOutside)
-{
-    clear_jobs();
-    start(BEHAVIOR_FRAMEWORK_EVENT, {7, 1, 1, 2, 3, 4, 5, 6, 7, 8});
-    tick();
-    BE_clear_behavior(1, 0);
-    ASSERT_EQ(job_find(7), 0);
-    EXPECT_EQ(job_queue[0].arguments[0], 1);
-    EXPECT_EQ(job_queue[0].arguments[7], 8);
-    start(BEHAVIOR_CONTROL_FOG, {0, 110});
+    EXPECT_EQ(shown, "787787");
+    FW_store_anim(1, ANIM_MOVING, 0, {{7, 1, 2}, {8, 0, 1}});
+    tick(10);
+    EXPECT_EQ(actor.anim_table[1].cel, 0) << "the end clears the table";
+    EXPECT_TRUE(runs()) << "and leaves the behaviour idle";
+    actor.anim_kill = 1;
+    start(BEHAVIOR_LINEAR_MOVE, {5, 5, 1}, 1);
     tick(2);
-    EXPECT_EQ(job_find(JOB_DRAW_ACTOR), 1) << "one record carries the level";
-    EXPECT_EQ(job_queue[1].arguments[0], 220);
-    EXPECT_EQ(job_queue[2].type, JOB_FREE);
-    EXPECT_EQ(ticks_to_end(), 2);
-    clear_jobs();
-    start(BEHAVIOR_BLOOM_CONTROL, {1, 2, 50, 10, 20, 200});
-    tick();
-    EXPECT_EQ(bloom.level_a, 1);
-    EXPECT_EQ(bloom.level_b, 19);
-    EXPECT_EQ(ticks_to_end(), 3);
-    EXPECT_EQ(bloom.level_a, 0);
+    EXPECT_FALSE(runs()) << "the end of a move takes the animation with it";
+}
+
+// Whatever stands in the parameters of any behaviour, the pass neither leaves its tables nor hangs.
+TEST_F(BehaviorTest, AnyParametersAreHarmless)
+{
+    for (int round = 0; round < 40; ++round) {
+        reset_actors();
+        for (int who = 1; who < 49; ++who) {
+            Actor& any = actor_at(who);
+            any.Type = ACTOR_ELEMENT;
+            any.actor_velocity[0] = any.actor_velocity[2] = round % 2 == 0 ? INT32_MIN : INT32_MAX;
+            any.particles.total = rnd(140);
+            any.anim_table[0].duration = rnd(3);
+            for (auto& params : any.behavior_params) {
+                for (Shared16& value : params)
+                    value = round % 4 == 0 ? rnd(5) - 2 : rnd(65536);
+            }
+            for (std::size_t slot = 0; slot < max_behaviors; ++slot) {
+                any.BEHAVIOR[slot] = rnd(101);
+                if (any.BEHAVIOR[slot] == BEHAVIOR_VECTOR_MOVEMENT_THRESHOLD) any.behavior_params[slot][7] = rnd(9);
+                if (any.BEHAVIOR[slot] == BEHAVIOR_VECTOR_MOVEMENT) any.behavior_params[slot][7] = rnd(9);
+            }
+        }
+        tick(20);
+        EXPECT_EQ(actor_at(0).Type, ACTOR_FREE);
+        EXPECT_EQ(actor_at(49).Type, ACTOR_FREE);
+        EXPECT_LE(count_actors(), 48);
+    }
 }
 
 } // namespace kelu
