@@ -40,27 +40,6 @@ bool waits_with(Session& session, int message)
 
 } // namespace
 
-TEST(Cels, ClipShowsItsBoxForAWhile)
-{
-    Session session([] {
-        tint = {}; // no fade over the colours
-        paint_block(50, 30, 89, 69, 0xff0000);
-        cel_clip(0x000000);
-        idle();
-    });
-    session.frame(4);
-    const auto dashes_shown = [&session] {
-        int count = 0;
-        for (int x = 50; x <= 89; ++x)
-            count += (row(session.picture(), 30)[x] & 0xffffff) != 0xff0000 ? 1 : 0;
-        return count;
-    };
-    EXPECT_GT(dashes_shown(), 10);
-    session.frame(100);
-    EXPECT_EQ(dashes_shown(), 0);
-    EXPECT_EQ(store.cel_bitmap.width(), 40);
-}
-
 TEST(Cels, GrabDragAndAnchorAreOneUndoStep)
 {
     Session session([] {

@@ -102,7 +102,7 @@ TEST(ColorMenu, TabsChangeWhatTheSlidersMean)
     EXPECT_EQ(toolbox.brush_color, violet) << "and the colour stays as long as no slider moves";
     EXPECT_EQ(gui.kind[TAB_HLS], KIND_BUTTON_LIT);
     EXPECT_EQ(gui.text_id[NAME_0 + 2], TEXT_LETTER_S);
-    EXPECT_EQ(gui.kind[MAP], KIND_HLS_PLANE);
+    EXPECT_TRUE(looks_like(session, "color_menu_hls", 10, 60));
 
     session.click(FAVORITE_0 + 3);
     const int favorite = toolbox.favorites[3];
@@ -111,6 +111,7 @@ TEST(ColorMenu, TabsChangeWhatTheSlidersMean)
 
     session.click(TAB_HSV);
     EXPECT_EQ(toolbox.brush_color, from_sliders(COLORSPACE_HSV));
+    EXPECT_TRUE(looks_like(session, "color_menu_hsv", 10, 60));
     gui.scroll_value[SLIDER_0] = 255;
     session.click(TAB_VGA);
     EXPECT_EQ(gui.scroll_value[SLIDER_0], 63);

@@ -103,6 +103,7 @@ TEST(QuickPan, GoesWhereThePointerIsAtTheRelease)
     view.zoom = 2;
     session.hold_key(KEY_0_PAD);
     session.move(110, 60);
+    session.frame(fade_in);
     EXPECT_TRUE(matches_golden(session.picture(), "quick_pan"));
     session.release_key(KEY_0_PAD);
     EXPECT_EQ(view.zoom, 2);

@@ -78,7 +78,7 @@ Bitmap shapes()
 
 TEST_F(InkLoopTest, InksLookAsTheyDidOnShapes)
 {
-    // Each ink with four values of its first option over the whole picture; gradients hold, repeat, and go in bands.
+    // Each ink with four values of its first option on every pixel; gradients hold, repeat, fold and go in bands.
     constexpr std::array values{0, 1, 5, 200};
     const Bitmap sheet(5 * 24 * 4, 5 * 12);
     for (int ink = 0; ink < INK_COUNT; ++ink) {
@@ -87,7 +87,7 @@ TEST_F(InkLoopTest, InksLookAsTheyDidOnShapes)
             begin(shapes());
             toolbox.brush_color = 0xc08040;
             set_option(ink, 0, values[static_cast<std::size_t>(i)]);
-            spectrum = {.spectrum_start = 0x102040, .spectrum_end = 0xf0a050, .spectrum_fold = i / 2};
+            spectrum = {.spectrum_start = 0x102040, .spectrum_end = 0xf0a050, .spectrum_fold = i};
             for (const int gradient : {INK_H_GRAD, INK_V_GRAD, INK_L_GRAD, INK_R_GRAD}) {
                 set_option(gradient, 2, i == 3 ? 3 : 1);
                 for (int column = 0; column < 4; ++column)

@@ -38,22 +38,6 @@ Bytes bytes_of(const std::string& name)
     return bytes;
 }
 
-// Zeros scramble to the table's own entries, so the walk shows: +1 at first, then +1 and the entry's remainder by the
-// odd numbers 3, 5 ... 31, and by 1 again after sixteen steps.
-TEST(resource_cipher, walks_the_table_by_growing_odd_divisors)
-{
-    const Bytes walked = scramble(Bytes(40), 62);
-    ASSERT_EQ(walked.size(), 41u);
-    EXPECT_EQ(walked[0], 62);
-    int index = 62;
-    for (std::size_t step = 0; step < 40; ++step) {
-        const uint8_t key = scramble_table[static_cast<std::size_t>(index)];
-        EXPECT_EQ(walked[step + 1], key) << "step " << step;
-        const int divisor = 1 + 2 * static_cast<int>(step % 16);
-        index = (index + 1 + key % divisor) % 64;
-    }
-}
-
 TEST(resource_cipher, gives_the_plain_bytes_back_from_every_start)
 {
     Bytes plain(700);

@@ -1,24 +1,16 @@
 // SPDX-License-Identifier: MIT
-// Kinds of slots in states that the sessions' screens don't show, and every use of text, as pictures.
+// Windows in states that the sessions' screens don't show, and every use of text, as pictures.
 #include "gui/build.h"
-#include "gui/planes.h"
-#include "gui/previews.h"
 #include "gui/render.h"
-#include "gui/scroll_bar.h"
-#include "gui/status_bar.h"
 #include "gui/text.h"
 #include "gui_fixture.h"
 #include "runtime/frame_snapshot.h"
 #include "runtime/pixels.h"
-#include "runtime/random.h"
-#include "runtime/store.h"
-#include "runtime/view.h"
 #include "support/golden.h"
 #include "support/pictures.h"
 #include "support/screen_resources.h"
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <string>
 
 namespace kelu::test {
@@ -34,64 +26,19 @@ protected:
         load_screen_resources();
         frame_snapshot = {};
         frame_snapshot.mouse_x = frame_snapshot.mouse_y = -1;
-        frame_snapshot.caret = 1;
         clear_to_color(screen_state.back_buffer, desk);
-        toolbox.brush_color = 0x3c78d2;
-        toolbox.mask_color = 0x208030;
-        seed_random(1);
     }
 
-    /// Draws one slot alone, with the pointer on it or nowhere, and frees it.
-    static void show(int slot, bool hovered = false)
+    /// Draws one slot alone and frees it.
+    static void show(int slot)
     {
-        frame_snapshot.mouse_x = hovered ? gui.x[slot] + 3 : -1;
-        frame_snapshot.mouse_y = hovered ? gui.y[slot] + 3 : -1;
         gui_render();
         gui_reset_slot(slot);
     }
-    static void show(const SlotRow& row, bool hovered = false) { show(build_slot(row, 0, 0), hovered); }
     static testing::AssertionResult matches(const char* name) { return matches_golden(screen_state.back_buffer, name); }
 };
 
 } // namespace
-
-TEST_F(Gallery, LabelledPanels)
-{
-    const struct {
-        int kind, text;
-    } kinds[] = {
-        {KIND_TITLE, TEXT_HOME},           {KIND_BUTTON, TEXT_OKAY},         {KIND_BUTTON_LIT, TEXT_OKAY},
-        {KIND_PUSH, TEXT_CANCEL},          {KIND_PUSH_DARK, TEXT_FRAME},     {KIND_GHOST_BUTTON, TEXT_PLAY},
-        {KIND_RADIO_ON, TEXT_NARROW},      {KIND_RADIO_OFF, TEXT_WIDE},      {KIND_MENU_ENTRY, TEXT_MACRO_1},
-        {KIND_PLAIN_LABEL, TEXT_MOUSE},    {KIND_SCHEME_TITLE, TEXT_INVERT}, {KIND_SCHEME_LIT, TEXT_OPTIONS},
-        {KIND_SCHEME_BUTTON, TEXT_ACTION}, {KIND_SCHEME_ALT, TEXT_ACTION},   {KIND_PANEL, TEXT_NONE},
-        {KIND_COLOR_BOX, TEXT_NONE},       {KIND_SCHEME_PANEL, TEXT_NONE},
-    };
-    int y = 4;
-    for (const auto& [kind, text] : kinds) {
-        show(SlotRow{1, 8, y, 61, kind, text});
-        show(SlotRow{1, 72, y, 61, kind, text}, true);
-        y += 12;
-    }
-    show(caption_row(1, 8, y, 61, TEXT_WIDTH));
-    store.frame_count = 7;
-    show(SlotRow{1, 140, 64, 120, KIND_FRAME_COUNT});
-    show(SlotRow{1, 140, 88, 120, KIND_CAPTION, TEXT_DELETE_FRAME}.inked(SET_BUTTON));
-    build_slot(SlotRow{1, 140, 98, 120, KIND_PTR_LABEL}.inked(SET_HIGHLIGHT), 0, 0);
-    gui.ptr[1] = "AWAITING INPUT";
-    show(1);
-    for (int i = 0; i < 2; ++i) {
-        build_slot(SlotRow{1, 140 + 24 * i, 110, 19, KIND_ARROW_BUTTON}.high(15), 0, 0);
-        gui.list_items[1][0] = 2 * i;
-        show(1, i == 1);
-    }
-    for (int i = 0; i < 3; ++i) {
-        build_slot(SlotRow{1, 140, 130 + 11 * i, 104, KIND_PROGRESS}, 0, 0);
-        gui.list_items[1][0] = 50 * i;
-        show(1);
-    }
-    EXPECT_TRUE(matches("gallery_labels"));
-}
 
 TEST_F(Gallery, WindowsAreSquareStripedTranslucentOrDashed)
 {
@@ -113,37 +60,6 @@ TEST_F(Gallery, WindowsAreSquareStripedTranslucentOrDashed)
     gui.frame_state[1] = 2;
     show(1);
     EXPECT_TRUE(matches("gallery_windows"));
-}
-
-TEST_F(Gallery, PlanesAndTips)
-{
-    const int channels[3] = {20, 40, 50};
-    for (int i = 0; i < 3; ++i)
-        gui.scroll_value[20 + i] = channels[i];
-    for (int kind = KIND_VGA_PLANE; kind <= KIND_HSV_PLANE; ++kind) {
-        const int i = kind - KIND_VGA_PLANE;
-        if (i == 2) { // hue, light and saturation, or hue, saturation and value, of 0 to 255
-            gui.scroll_value[20] = 150;
-            gui.scroll_value[21] = 130;
-            gui.scroll_value[22] = 220;
-        }
-        build_slot(SlotRow{1, 0 + 160 * (i % 2), 60 + 62 * (i / 2), 159, kind}.high(59), 0, 0);
-        for (std::size_t k = 0; k < 3; ++k)
-            gui.items[1][k] = 20 + static_cast<int>(k);
-        show(1);
-    }
-    toolbox.brush_tip = 7;
-    show(SlotRow{1, 34, 212, 21, KIND_TIP_BUTTON});
-    build_slot(SlotRow{1, 60, 212, 21, KIND_TIP_BUTTON}, 0, 0);
-    gui.list_items[1][0] = 1;
-    gui.list_items[1][1] = 10000; // none
-    show(1);
-    rectfill(store.tip_sheet, 0, 45, 15, 58, 0xdbdbdb);
-    circlefill(store.tip_sheet, 7, 51, 5, 0x404040);
-    build_slot(SlotRow{1, 264, 182, 52, KIND_CUSTOM_TIP}.high(49), 0, 0);
-    gui.params[1][0] = menu_scheme.scheme_border;
-    show(1);
-    EXPECT_TRUE(matches("gallery_colours"));
 }
 
 TEST_F(Gallery, CodesChangeTheColourForGoodAndTextIsCutAtTheRim)

@@ -73,30 +73,6 @@ TEST_F(ArchiveTest, HoldsTheOpenFrameInItsFixedLayout)
     EXPECT_EQ(gui.active[0], 0);
 }
 
-TEST_F(ArchiveTest, ReplacesALargerWorkspace)
-{
-    pack(1);
-    for (int i = 0; i < 5; ++i)
-        put_frame(i, opaque | 0x77);
-    folder.put("WORKSPACE/backup.050", "of an earlier load");
-    store.frame_count = 5;
-    store.current_frame = 4;
-    store.workspace_title = "OLD";
-    view.onion_on = 1;
-    EXPECT_EQ(load_workspace_archive("w.wsp", show_bar), 0);
-    EXPECT_EQ(count_workspace_frames(), 1);
-    EXPECT_EQ(store.frame_count, 1);
-    EXPECT_EQ(store.current_frame, 0);
-    EXPECT_EQ(row(store.frame_bitmap, 0)[0], 0x10);
-    EXPECT_EQ(store.workspace_title, "PACKED");
-    EXPECT_FALSE(exists("backup.000"));
-    EXPECT_FALSE(exists("backup.050"));
-    EXPECT_EQ(view.onion_on, 0);
-    EXPECT_EQ(bar.back(), 100);
-    EXPECT_EQ(platform::working_directory(), run_state.program_dir);
-    EXPECT_EQ(gui.active[0], 0);
-}
-
 TEST_F(ArchiveTest, OpensInColourEditing)
 {
     make_frames(2);
@@ -153,13 +129,7 @@ TEST_F(ArchiveTest, FailedSaveLeavesTheOldArchive)
 {
     pack(2);
     const std::string before = folder.text("w.wsp");
-    std::filesystem::remove(in_store("current.001"));
-    save_workspace_archive("w.wsp", show_bar);
-    EXPECT_TRUE(logged("[ ERROR ] : Workspace component is missing or corrupt! Aborting save!"));
-    EXPECT_TRUE(folder.text("w.wsp") == before);
-    EXPECT_EQ(reported(), "THE FILE COULDN'T BE SAVED! w.wsp NO SUCH FILE\n");
     // One that would hold an older form of the open frame isn't written at all.
-    put_frame(1, frame_color(1));
     std::filesystem::create_directory(in_store(".next.list.kelu-new"));
     std::filesystem::create_directory(in_store(".current.000.kelu-new"));
     clear_to_color(store.frame_bitmap, 0x778899);

@@ -80,14 +80,6 @@ TEST(object_library, reads_records_and_stays_inside_its_rows)
     EXPECT_EQ(object_library.rows[2][1], 0);
     EXPECT_EQ(object_library.rows[199][3], 1);
 
-    copy_object_record(49, 0);
-    EXPECT_EQ(actor_outlines.pair_count[49], 2);
-    EXPECT_EQ(actor_outlines.pairs[49][1], -11);
-    copy_object_record(50, 0);
-    copy_object_record(0, 200);
-    copy_object_record(-1, -1);
-    EXPECT_EQ(actor_outlines.pair_count[0], 0);
-
     folder.put("obj_lib.def", "4\n4\n4\n4\n2000000000\n1\n");
     load_object_library();
     EXPECT_EQ(object_library.rows[0][5], 1);
