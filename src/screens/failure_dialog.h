@@ -6,8 +6,9 @@
 
 namespace kelu {
 
-/// Tells over the open window, if there is one, of repairs and of every failure that has been reported, one dialog each.
-/// Returns at once when there is nothing to tell. Slots 120 to 127 are the dialog's; those of the menu stay as they are.
+/// Tells over the open window, if there is one, of repairs and of every failure that has been reported, one dialog
+/// each. Returns at once when there is nothing to tell. Slots 120 to 127 are the dialog's; those of the menu stay as
+/// they are.
 void tell_of_failures();
 
 /// What is to become of work that couldn't be written when the user leaves.

@@ -40,6 +40,9 @@ constexpr int macro_order(int i)
 }
 int place_macro(int minor, int i) { return minor * macro_words + macro_order(i); }
 int place_hotkey(int minor, int i) { return 2 * hotkey_row_of(minor) + i; }
+/// Actions for which the records of the key table have no room have a tag of their own.
+constexpr int first_later_hotkey = ACTION_ANIMATION_SAVE, later_hotkeys = ACTION_LIST_END - first_later_hotkey;
+int place_later_hotkey(int minor, int i) { return 2 * (first_later_hotkey + minor) + i; }
 
 /// Ranges of a macro's words, in the order of the file.
 constexpr Range macro_tool{0, TOOL_COUNT - 1}, macro_ink{0, INK_COUNT}, macro_slot{-1, 5}, macro_tip{-1, custom_tip};
@@ -94,6 +97,13 @@ constexpr TagRow rows[] = {
      .records = hotkey_rows,
      .minors = stored_hotkeys,
      .place = place_hotkey},
+    {.tag = 28,
+     .range = key_range,
+     .a = primary_keys,
+     .b = alternate_keys,
+     .records = hotkey_rows,
+     .minors = later_hotkeys,
+     .place = place_later_hotkey},
 };
 
 /// What a first run has where it differs from the start values.
@@ -111,7 +121,7 @@ void set_missing_settings()
 
 int hotkey_row_of(int minor)
 {
-    // Rows 6 and 7 are at the end of the file; row 11 and those from 65 on are not kept.
+    // Rows 6 and 7 are at the end of the file; row 11 isn't kept, and those from 65 on are elsewhere.
     if (minor < 6) return minor;
     if (minor < 9) return minor + 2;
     return minor < 62 ? minor + 3 : minor - 56;

@@ -93,6 +93,25 @@ TEST(HotkeyMenu, WaitsForAKeyWithItsModifiersSpeltOutAndPansNothing)
     EXPECT_NE(view.pan_x, pan) << "behind the screens the key pans again";
 }
 
+TEST(HotkeyMenu, KeysOfTheAnimationComeBackAtTheNextStart)
+{
+    std::string folder;
+    {
+        Session first;
+        folder = first.folder();
+        first.keep_folder();
+        hotkeys.hotkey_table[ACTION_ANIMATION_SAVE].primary = KEY_K;
+        hotkeys.hotkey_table[ACTION_ANIMATION_LOAD].alternate = KEY_L + key_shift;
+    }
+    {
+        Session second(nullptr, folder);
+        EXPECT_EQ(alternate(ACTION_ANIMATION_LOAD), KEY_L + key_shift);
+        second.key(KEY_K);
+        EXPECT_EQ(menus.status_message, TIP_NO_TAGGED_FRAMES);
+    }
+    remove_program_folder(folder);
+}
+
 TEST(MouseMenu, MapsButtonsAndInsistsOnAcceptAndCancel)
 {
     Session session(plain_menu);
