@@ -61,15 +61,22 @@ paint_and_judge 'by the manager'
 
 # The user leaves full screen by the manager's keys, and the picture stays where the pointer finds it.
 start_program "$app"
+move_to 250 150
 "$tools/window_peer" "$window" leave
 smaller() { measure_window && [ "$left" -lt 43 ]; }
 wait_for 'a smaller window' smaller
 picture_moved() { xwininfo -children -id "$window" | grep -q "1280x960+$left+$top "; }
 wait_for 'the picture in its middle' picture_moved
+# A press of a pointer that hasn't moved meanwhile.
+eval "$(xdotool getmouselocation --shell)"
+under_pointer=$(xwininfo -id "$window" | awk -v x="$X" -v y="$Y" -v left="$left" -v top="$top" \
+    '/Absolute upper-left X/ { x -= $NF + left } /Absolute upper-left Y/ { y -= $NF + top } END { print int(x / 4), int(y / 4) }')
+xdotool mousedown 1 sleep "$hold" mouseup 1 sleep "$hold"
 stroke 120 100 170 100
 kill -TERM "$program"
 end_program || fail "result $? after leaving"
 frame=tga:$app/WORKSPACE/current.000
+expect 'paint under the pointer' test "$(pixel "$frame" $under_pointer)" != "$(pixel "$frame" 145 96)"
 expect 'paint in the smaller window' test "$(pixel "$frame" 145 100)" != "$(pixel "$frame" 145 96)"
 rm -rf "$app/WORKSPACE"
 
