@@ -242,7 +242,8 @@ bool adopt_picture(Bitmap merged, bool becomes_restoration)
     if (lends_frame) frame = std::move(store.restoration_bitmap);
     if (!lends_alpha) store.alpha_bitmap = std::move(alpha);
     if (!lends_coverage) store.coverage_bitmap = std::move(coverage);
-    store.frame_bitmap = becomes_restoration ? std::move(frame) : std::move(merged);
+    std::swap(store.frame_bitmap, becomes_restoration ? frame : merged);
+    (becomes_restoration ? frame : merged).reset(); // what was the frame
     const Bitmap& whole = becomes_restoration ? merged : store.frame_bitmap;
     note_frame_size();
     clamp_pan();
