@@ -52,10 +52,10 @@ for mode in 0 1 2; do
     press z
     sleep 2 # the frames are read
     click 113 153
-    move_to 160 200
+    move_to 160 200 # its crosshairs are not on the pixel that is watched
     sleep 1
     printf 'power saving %s: ' "$mode"
-    "$scratch/playback" "$((160 * scale))" "$((60 * scale))" "$seconds"
+    "$scratch/playback" "$((100 * scale))" "$((60 * scale))" "$seconds"
     screenshot "${SHOT:-$scratch/shot}$mode.png"
     kill -TERM "$program"
     end_program || true

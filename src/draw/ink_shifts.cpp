@@ -141,7 +141,9 @@ struct Pull {
     explicit Pull(const Canvas&)
         : s(ink_strength(INK_PULL)), target_hue(rgb_to_hls(toolbox.brush_color).h), full_step(s / 255.0),
           soft_step(static_cast<float>(s) / 255.0F)
-    {}
+    {
+        known.begin(s, target_hue);
+    }
 
     void apply(const Dab& dab) const
     {
@@ -155,10 +157,7 @@ struct Pull {
 
     void apply_run(const DabRun& run) const
     {
-        static ShiftedColors known;
-        const HlsTables tables;
         ShiftedColor last; // of this run
-        known.begin(s, target_hue);
         by_fours(*this, run, StrengthScale{s}, [&](const DabFour& four) {
             put_shifted_four(
                 four, tables, last, strength_weights(s, four.tips()), [&](const HlsFour& hls) { return pulled(hls); },
@@ -217,6 +216,8 @@ private:
     }
 
     int s;
+    static inline ShiftedColors known;
+    HlsTables tables;
     double target_hue, full_step;
     float soft_step; ///< s / 255 in single precision, which the partial tip values take
 };
@@ -236,7 +237,6 @@ struct Spark {
     }
     void apply_run(const DabRun& run) const
     {
-        const HlsTables tables;
         ShiftedColor last; // of this run
         by_fours(*this, run, AnyScale{}, [&](const DabFour& four) {
             const Floats gains{gain_of(four.tip(0)), gain_of(four.tip(1)), gain_of(four.tip(2)), gain_of(four.tip(3))};
@@ -254,6 +254,7 @@ private:
         if (tip_value == 0) return static_cast<float>(s);
         return static_cast<float>(std::max(fixed_weight(tip_value), 0)) / 200.0F * static_cast<float>(s);
     }
+    HlsTables tables;
     int s;
 };
 
