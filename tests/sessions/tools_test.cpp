@@ -93,6 +93,20 @@ TEST_F(Tools, TheGridTakesTheNodesAndTheStrokes)
     EXPECT_EQ(painted(), (Pixels{{103, 101}}));
 }
 
+TEST_F(Tools, TheMeasurementIsAnchoredAtTheFirstPoint)
+{
+    preferences.show_tool_distance = 1;
+    for (const int tool : {TOOL_BOX, TOOL_LINE}) {
+        use(tool);
+        session.click_at(40, 41);
+        EXPECT_EQ(measure.measure_x, 40);
+        EXPECT_EQ(measure.measure_y, 41);
+        EXPECT_EQ(measure.measure_is_distance, tool == TOOL_LINE);
+        session.click_at(60, 60);
+        EXPECT_EQ(measure.measure_x, -1);
+    }
+}
+
 TEST_F(Tools, SplineSetsMovesAndJoinsNodes)
 {
     use(TOOL_SPLINE, {0, 0, 40});

@@ -43,28 +43,4 @@ TEST_F(UndoSession, EveryInkIsUndoneWhole)
     }
 }
 
-TEST_F(UndoSession, AlphaEditingChangesTheRoleOfWhatComesBack)
-{
-    const auto toggle = [&] { session.key(KEY_SPACE); };
-    const Bitmap colors = store.frame_bitmap.copy();
-    session.click_at(100, 100);
-    const Bitmap painted = store.frame_bitmap.copy();
-    toggle();
-    ASSERT_EQ(store.alpha_edit_mode, 1);
-    EXPECT_EQ(frame_pixel(5, 5), 0xffffff);
-    session.click_at(150, 100);
-    EXPECT_EQ(difference(stroke_source(), store.frame_bitmap), "");
-    undo_step();
-    EXPECT_EQ(frame_pixel(150, 100), 0xffffff);
-    undo_step();
-    EXPECT_EQ(difference(store.frame_bitmap, colors), "") << "the older picture, whatever its role is now";
-    redo_step();
-    redo_step();
-    EXPECT_EQ(frame_pixel(5, 5), 0xffffff);
-    EXPECT_EQ(frame_pixel(150, 100), 0xf0d0e0);
-    toggle();
-    EXPECT_EQ(difference(store.frame_bitmap, painted), "");
-    EXPECT_EQ(difference(stroke_source(), store.frame_bitmap), "");
-}
-
 } // namespace kelu

@@ -15,6 +15,16 @@ enum class Fault {
     ENDS      ///< from this call on nothing reaches the disk any more
 };
 
+constexpr Fault all_faults[] = {Fault::NO_SPACE, Fault::IO_ERROR, Fault::SHORT, Fault::BROKEN, Fault::ENDS};
+
+/// The calls at which a fault is tried, from the first on.
+struct FaultPoints {
+    int first, step;
+};
+/// Where each point takes the time of two starts only the end comes at each of them, unless KELU_ALL_FAILURES is in the
+/// environment.
+FaultPoints sampled_points(Fault fault);
+
 /// Takes the place of the system's calls for the time of a block. Nothing is flushed to disk, which takes long and
 /// shows only when the power goes.
 class FailingCalls {

@@ -3,6 +3,7 @@
 // command to its end.
 #pragma once
 
+#include "draw/preview.h"
 #include "draw/touched.h"
 #include "draw/undo.h"
 #include "runtime/color_settings.h"
@@ -51,10 +52,23 @@ protected:
         reset_undo_slots();
     }
 
+    static bool is_clear(BITMAP* overlay)
+    {
+        for (int y = 0; y < overlay->h; ++y)
+            if (std::count(row(overlay, y), row(overlay, y) + overlay->w, mask_magenta) != overlay->w) return false;
+        return true;
+    }
+
+    /// True while a screen, a tool or a cel waits for the user.
+    static bool waits()
+    {
+        return menus.menu_id != MENU_DRAW || menus.status_message != TIP_NONE || preview.preview_kind != no_preview;
+    }
+
     /// Points of the frame, a right click, OKAY where a screen shows it.
     void answer()
     {
-        for (int round = 0; round < 4; ++round) {
+        for (int round = 0; round < 4 && (round == 0 || waits()); ++round) {
             if (okay_slot() >= 0) session.click(okay_slot());
             session.click_at(90 + 9 * round, 60 + 7 * round);
             session.click_at(140 - 5 * round, 95 + 3 * round);
@@ -62,7 +76,8 @@ protected:
         }
         while (okay_slot() >= 0)
             session.click(okay_slot());
-        session.frame(60); // messages go
+        session.frames_until([] { return menus.status_message == TIP_NONE && is_clear(screen_state.tool_overlay); },
+                             200);
     }
 
     static int undo_steps()

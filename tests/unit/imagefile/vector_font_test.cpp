@@ -83,31 +83,6 @@ TEST_F(VectorFontTest, LinesAreAsHighAsAsked)
     EXPECT_EQ(font_text_length(*font, "Kelu"), last_length);
 }
 
-TEST_F(VectorFontTest, OneFormHasSoftEdgesTheOtherHard)
-{
-    const FontOwner font = font_load(system_font());
-    ASSERT_TRUE(font);
-    font_set_size(*font, 40);
-    const auto hard = colours_of(written(*font, "SO&", false));
-    const auto soft = colours_of(written(*font, "SO&", true));
-    ASSERT_EQ(hard.size(), 2U);
-    EXPECT_GT(soft.size(), 20U);
-    EXPECT_NEAR(hard.at(0xffffff), soft.at(0xffffff), 0.5 * hard.at(0xffffff));
-
-    // What lies over the edge is cut, and the rest is where it was.
-    const Bitmap whole = written(*font, "SO&", true);
-    Bitmap part(whole.width() - 30, whole.height() - 25);
-    font_draw_text(part, *font, "SO&", 10 - 20, 10 - 15, 0xffffff);
-    for (int y = 0; y < part.height(); ++y)
-        for (int x = 0; x < part.width(); ++x)
-            ASSERT_EQ(row(part, y)[x], row(whole, y + 15)[x + 20]);
-
-    EXPECT_EQ(font_set_text_mode(0x0000ff), text_mode_transparent);
-    const auto grounded = colours_of(written(*font, "SO&", false));
-    EXPECT_EQ(font_set_text_mode(text_mode_transparent), 0x0000ff);
-    EXPECT_EQ(grounded.at(0x0000ff) + grounded.at(0xffffff), font_text_length(*font, "SO&") * font_text_height(*font));
-}
-
 TEST_F(VectorFontTest, AFontOfBitmapsHasItsOwnSizesOnly)
 {
     const FontOwner font = font_load(bitmap_font());

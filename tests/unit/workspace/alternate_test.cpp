@@ -52,8 +52,9 @@ TEST_F(AlternateTest, IsTakenOverWholeOrWaitsWhole)
     for (const auto& entry : std::filesystem::directory_iterator("WORKSPACE"))
         std::filesystem::rename(entry.path(), "template/alternate" + entry.path().extension().string());
     int points = 0, waiting = 0;
-    for (const Fault fault : {Fault::NO_SPACE, Fault::IO_ERROR, Fault::SHORT, Fault::BROKEN, Fault::ENDS}) {
-        for (int point = 1;; ++point) {
+    for (const Fault fault : all_faults) {
+        const auto [first, step] = sampled_points(fault);
+        for (int point = first;; point += step) {
             fill_store("template");
             reported();
             {

@@ -4,7 +4,6 @@
 #include "support/failing_calls.h"
 #include "workspace/custom_tip.h"
 #include "workspace_fixture.h"
-#include <cstdlib>
 #include <iostream>
 #include <unistd.h>
 
@@ -17,7 +16,6 @@ constexpr int old_color = static_cast<int>(0xffffff00U); // the frames differ in
 constexpr int stroke_color = 0x123456;
 constexpr int cel_color = 0x0c0c0c;
 
-constexpr Fault faults[] = {Fault::NO_SPACE, Fault::IO_ERROR, Fault::SHORT, Fault::BROKEN, Fault::ENDS};
 constexpr const char* fault_names[] = {"", "NoSpace", "IoError", "Short", "Broken", "Ends"};
 
 struct Operation {
@@ -253,10 +251,8 @@ TEST_P(FailurePoints, LeaveTheOldOrTheNewWorkspace)
     start_again();
     after_ = look();
     ASSERT_FALSE(after_ == before_);
-    // Each point takes the time of two starts: without the wish for all of them only the end comes at each.
-    const bool all = std::getenv("KELU_ALL_FAILURES") != nullptr;
-    const int step = all || fault() == Fault::ENDS ? 1 : 3;
-    for (int point = all ? 1 : 1 + static_cast<int>(fault()) % step; trial(point);)
+    const auto [first, step] = sampled_points(fault());
+    for (int point = first; trial(point);)
         point += step;
     EXPECT_GT(tally_.old_ones + tally_.new_ones, 0);
     std::cout << operation().name << ' ' << fault_names[static_cast<int>(fault())] << ": " << tally_.points
@@ -265,7 +261,7 @@ TEST_P(FailurePoints, LeaveTheOldOrTheNewWorkspace)
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, FailurePoints,
-                         testing::Combine(testing::ValuesIn(operations), testing::ValuesIn(faults)),
+                         testing::Combine(testing::ValuesIn(operations), testing::ValuesIn(all_faults)),
                          [](const auto& test) {
                              return std::string(std::get<0>(test.param).name) +
                                     fault_names[static_cast<int>(std::get<1>(test.param))];

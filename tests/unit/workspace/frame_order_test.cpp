@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Adding and deleting frames: files, views, thumbnails, cache and the refusals.
-
-#include "workspace/repair.h"
+// Deleting frames, and what belongs to a frame whose number changes by hand.
 #include "workspace_fixture.h"
 
 namespace kelu {
@@ -50,30 +48,6 @@ TEST_F(FrameOrderTest, DeleteClosesTheGapAndDiscardsTheEdits)
     delete_frames(0, 1);
     EXPECT_EQ(told, (std::vector<int>{TEXT_FRAME_CANT_BE_DELETED}));
     EXPECT_EQ(order(), (Order{0}));
-}
-
-TEST_F(FrameOrderTest, RangesAreRefused)
-{
-    make_frames(2);
-    const auto insert = [](int start, int count) { insert_frames(start, count, INSERT_BLANKS); };
-    struct Refusal {
-        void (*change)(int start, int count);
-        int start, count;
-        const char* line;
-    };
-    for (const auto& [change, start, count, line] :
-         {Refusal{insert, 100, 1, "Starting point OOB in call to insert_frames! start = 100"},
-          {insert, 99, 1, "Frame count OOB in call to insert_frames! num_frames = 1"},
-          {insert, 0, 0, "Frame count OOB in call to insert_frames! num_frames = 0"},
-          {delete_frames, 100, 1, "Starting point OOB in call to delete_frames! start = 100"},
-          {delete_frames, 99, 1, "Frame count OOB in call to delete_frames! num_frames = 1"}}) {
-        change(start, count);
-        EXPECT_TRUE(logged(std::string("[ ERROR ] : ") + line));
-    }
-    EXPECT_EQ(order(), (Order{0, 1}));
-    store.frame_count = 100;
-    insert_frames(0, 1, INSERT_BLANKS);
-    EXPECT_EQ(told, (std::vector<int>{TEXT_CANT_ADD_FRAMES}));
 }
 
 TEST_F(FrameOrderTest, WhatBelongsToAFrameFollowsItIntoAGap)

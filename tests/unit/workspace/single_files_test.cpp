@@ -56,7 +56,7 @@ TEST_P(SingleFiles, HaveTheOldFormOrTheNewOne)
     ASSERT_NE(old_form, new_form);
     EXPECT_EQ(reported(), "");
     set_form(1);
-    for (const Fault fault : {Fault::NO_SPACE, Fault::IO_ERROR, Fault::SHORT, Fault::BROKEN, Fault::ENDS}) {
+    for (const Fault fault : all_faults) {
         for (int point = 1;; ++point) {
             folder.put(GetParam().path, old_form);
             {
