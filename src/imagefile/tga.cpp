@@ -12,6 +12,7 @@
 #include <array>
 #include <bit>
 #include <cstring>
+#include <optional>
 #include <vector>
 
 namespace kelu {
@@ -106,35 +107,60 @@ Bitmap decode_tga(std::span<const uint8_t> bytes)
     return in.ended() ? Bitmap() : std::move(picture);
 }
 
-/// Reads the form in which frames are kept, piece by piece into place; empty for all others, and where anything is
-/// amiss.
-Bitmap read_plain_file(const std::string& name)
+/// What the form in which frames are kept has before its pixels.
+struct PlainHead {
+    int w, h;
+    bool from_top;
+
+    std::size_t row_bytes() const { return product(w, 1) * sizeof(int); }
+};
+
+/// Reads the head of a file of that form, all of whose pixels are there; none of any other file.
+std::optional<PlainHead> read_plain_head(platform::FileSource& file)
 {
-    constexpr std::size_t piece = std::size_t{1} << 18; // bytes that the processor's second cache holds
-    platform::FileSource file(name);
     std::array<uint8_t, header_size> bytes{};
-    if (!file.opened() || !file.read(bytes)) return {};
+    if (!file.opened() || !file.read(bytes)) return std::nullopt;
     ByteReader in(bytes);
     const int id_size = in.byte();
     const bool plain = in.byte() == 0 && in.byte() == type_plain;
     in.skip(9);
     const int w = in.little16(), h = in.little16(), bits = in.byte(), descriptor = in.byte();
-    if (!plain || bits != 32 || (descriptor & right_to_left) != 0 || !bitmap_size_valid(w, h)) return {};
-    const std::size_t row_bytes = product(w, 1) * sizeof(int);
-    const auto rows = static_cast<std::size_t>(h);
-    if (!file.seek(file.position() + id_size) || file.size() - file.position() < static_cast<long>(rows * row_bytes))
-        return {};
-    Bitmap picture = Bitmap::unfilled(w, h);
+    if (!plain || bits != 32 || (descriptor & right_to_left) != 0 || !bitmap_size_valid(w, h)) return std::nullopt;
+    const PlainHead head{w, h, (descriptor & top_down) != 0};
+    const auto size = static_cast<long>(head.row_bytes() * static_cast<std::size_t>(h));
+    const bool whole = file.seek(file.position() + id_size) && file.size() - file.position() >= size;
+    return whole ? std::optional(head) : std::nullopt;
+}
+
+/// Reads a file of that form piece by piece into place; empty for all others, and where anything is amiss.
+Bitmap read_plain_file(const std::string& name)
+{
+    constexpr std::size_t piece = std::size_t{1} << 18; // bytes that the processor's second cache holds
+    platform::FileSource file(name);
+    const std::optional<PlainHead> head = read_plain_head(file);
+    if (!head) return {};
+    const std::size_t row_bytes = head->row_bytes();
+    const auto rows = static_cast<std::size_t>(head->h);
+    Bitmap picture = Bitmap::unfilled(head->w, head->h);
     Bytes block(std::min(rows, std::max<std::size_t>(piece / row_bytes, 1)) * row_bytes);
     for (std::size_t y = 0; picture && y < rows;) {
         const std::size_t count = std::min(block.size() / row_bytes, rows - y);
         if (!file.read(std::span(block).first(count * row_bytes))) return {};
         for (std::size_t i = 0; i < count; ++i, ++y) {
-            const auto at = static_cast<int>((descriptor & top_down) != 0 ? y : rows - 1 - y);
+            const auto at = static_cast<int>(head->from_top ? y : rows - 1 - y);
             std::memcpy(row(picture, at), block.data() + i * row_bytes, row_bytes);
         }
     }
     return picture;
+}
+
+bool tga_stands(const std::string& name, int least_side)
+{
+    platform::FileSource file(name);
+    const std::optional<PlainHead> head = read_plain_head(file);
+    if (head) return head->w >= least_side && head->h >= least_side;
+    const Bitmap picture = read_tga(name);
+    return picture.width() >= least_side && picture.height() >= least_side;
 }
 
 Bitmap read_tga(const std::string& name)

@@ -9,6 +9,7 @@
 #include "gui/strings.h"
 #include "gui/tooltips.h"
 #include "imagefile/bmp.h"
+#include "imagefile/tga.h"
 #include "platform/file_calls.h"
 #include "runtime/browser_state.h"
 #include "runtime/failure_reports.h"
@@ -31,7 +32,7 @@ namespace {
 
 constexpr std::string_view magic = "kWSP";
 constexpr const char* containers[] = {"cel", "nal", "tip", "spa"}; // behind the frames, in this order
-constexpr std::size_t buffer_size = 32768;
+constexpr std::size_t buffer_size = std::size_t{1} << 18;
 constexpr std::size_t longest_text = 255; // what a length byte can tell
 constexpr std::size_t longest_directory = 255;
 
@@ -118,7 +119,7 @@ Reason stage_all(platform::FileSource& archive, const ArchiveHead& head, ChangeS
     std::vector<uint8_t> buffer(buffer_size);
     for (int frame = 0; frame < head.frames; ++frame) {
         if (!stage_next(archive, changes, frame_file(frame), buffer)) return platform::failure_reason();
-        if (!read_stored_frame(frame_file(frame, file_set::next))) return "A frame in it is damaged!";
+        if (!tga_stands(frame_file(frame, file_set::next), least_frame_side)) return "A frame in it is damaged!";
         progress.step();
     }
     for (const char* ending : containers) {

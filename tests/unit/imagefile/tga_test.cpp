@@ -3,6 +3,7 @@
 #include "base/reader.h"
 #include "imagefile/bmp.h"
 #include "imagefile/tga.h"
+#include "support/pictures.h"
 #include "support/pixel_text.h"
 #include "support/temporary_folder.h"
 #include <gtest/gtest.h>
@@ -65,6 +66,35 @@ TEST(Tga, ReadsEveryCornerAndBothCodings)
     named[0] = 3;
     named.insert(named.begin() + 18, {1, 2, 3});
     EXPECT_EQ(to_text(decode_tga(named), legend), expected);
+}
+
+TEST(Tga, FilesAreWhatTheirBytesAre)
+{
+    const TemporaryFolder folder;
+    const auto put = [&folder](const Bytes& bytes) {
+        folder.put("file", {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    };
+    Bytes named = tga(2, 2, 2, 32, 8, {{'i', 'd'}, blue, blue, red, green, {9, 9}});
+    named[0] = 2;
+    for (const Bytes& bytes :
+         {named, tga(2, 2, 2, 32, 0x28, {red, green, blue, blue}), tga(2, 2, 2, 32, 0x38, {green, red, blue, blue}),
+          tga(10, 2, 2, 32, 0x28, {{1}, red, green, {0x81}, blue})}) {
+        put(bytes);
+        EXPECT_EQ(to_text(read_tga("file"), legend), (std::vector<std::string>{"rg", "bb"}));
+        EXPECT_TRUE(tga_stands("file", 2));
+        EXPECT_FALSE(tga_stands("file", 3));
+    }
+    for (const Bytes& bytes : {tga(2, 2, 2, 32, 8, {blue, blue, red}), tga(10, 2, 2, 32, 8, {{0x80}, red}),
+                               tga(2, 0, 2, 32, 8, {}), tga(3, 2, 2, 32, 8, {blue, blue, red, green}), Bytes{}}) {
+        put(bytes);
+        EXPECT_FALSE(read_tga("file"));
+        EXPECT_FALSE(tga_stands("file", 1));
+    }
+    EXPECT_FALSE(tga_stands("missing", 1));
+    // More rows than are read at once.
+    const Bitmap large = test::paint(700, 300, [](int x, int y) { return x * 7919 + y; });
+    ASSERT_TRUE(write_tga("large", large));
+    EXPECT_EQ(test::difference(read_tga("large"), large), "");
 }
 
 TEST(Tga, WritesThePlainFormAndReadsItBack)
