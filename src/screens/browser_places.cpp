@@ -50,6 +50,7 @@ bool go_to_typed()
     const bool entered =
         enter_folder(typed) || (make_missing_folder(path_named(typed)) && enter_folder(path_named(typed)));
     if (!entered) return false;
+    if (menus.status_message == TIP_FOLDER_NOT_OPENED) menus.status_message = TIP_NONE; // it is there now
     show_present_folder();
     show_current_drive();
     return true;

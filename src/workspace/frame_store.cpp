@@ -21,6 +21,7 @@
 #include "workspace/frame_cache.h"
 #include "workspace/merged.h"
 #include "workspace/repair.h"
+#include "workspace/restore.h"
 #include "workspace/running_work.h"
 #include "workspace/thumbnails.h"
 #include <algorithm>
@@ -127,11 +128,15 @@ uint64_t checksum(BITMAP* merged)
 bool keep_replaced_picture()
 {
     put_back_piece();
-    if (!frame_changed()) return true;
+    if (!frame_changed()) {
+        note_view_before_load();
+        return true;
+    }
     Bitmap merged = Bitmap::unfilled(store.frame_bitmap.width(), store.frame_bitmap.height());
     if (!merged) return false;
     alpha_merge(merged);
     if (checksum(merged) == last_loaded) return true;
+    note_view_before_load();
     settle_running_work();
     const WorkspaceVisit visit({});
     if (!visit.entered() || !commit_frame(store.current_frame)) {

@@ -203,6 +203,7 @@ TEST_F(Browser, PathsThatCantBeOpenedStayToBeMended)
     session_.click(BROWSER_OKAY); // goes there first, too
     session_.click(ASK_OKAY);
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
+    EXPECT_EQ(menus.status_message, TIP_SAVED);
     EXPECT_TRUE(fs::exists(folder_ + "/Sub/new one/lost.png"));
     EXPECT_FALSE(fs::exists(folder_ + "/lost.png"));
     open(KEY_F5);
@@ -257,6 +258,7 @@ TEST_F(Browser, AKeyBringsTheReplacedPictureBack)
 {
     row(store.frame_bitmap, 1)[1] = 0x55aa55; // painted since the frame was fetched
     touch_frame();
+    view.pan_x = 12;
     for (const char* name : {"Hero.png", "Sky.png"}) { // looked for, and found at the second go
         open(KEY_F9);
         click_row(name);
@@ -267,6 +269,7 @@ TEST_F(Browser, AKeyBringsTheReplacedPictureBack)
     EXPECT_EQ(frame_color(), green);
     session_.key(KEY_R);
     EXPECT_EQ(frame_color(), 0x55aa55);
+    EXPECT_EQ(view.pan_x, 12) << "in the view that it was left with";
     hotkeys.hotkey_table[ACTION_PIC_RESTORE].primary = 0;
     open(KEY_F9);
     click_row("Sky.png");

@@ -44,13 +44,19 @@ Bitmap composed_in_other_colours()
     return picture;
 }
 
+/// Place of a pixel in a list of all, line by line.
+std::size_t place_of(BITMAP* picture, int x, int y)
+{
+    return static_cast<std::size_t>(y) * static_cast<std::size_t>(picture->w) + static_cast<std::size_t>(x);
+}
+
 /// The colour that stands around a pixel most often, of those that belong to no text; -1 none.
 int ground_of(BITMAP* picture, const std::vector<bool>& is_text, int x, int y)
 {
     std::map<int, int> around;
     for (int v = y - 1; v <= y + 1; ++v) {
         for (int u = x - 1; u <= x + 1; ++u) {
-            const bool counts = in_bitmap(picture, u, v) && !is_text[static_cast<std::size_t>(v * picture->w + u)];
+            const bool counts = in_bitmap(picture, u, v) && !is_text[place_of(picture, u, v)];
             if (counts) ++around[row(picture, v)[u] & rgb_mask];
         }
     }
@@ -69,18 +75,17 @@ double contrast(const TextPair& pair)
 std::map<TextPair, int> text_pairs()
 {
     const Bitmap picture = composed(), other = composed_in_other_colours(), again = composed();
-    std::vector<bool> is_text(static_cast<std::size_t>(picture.width() * picture.height()));
+    std::vector<bool> is_text(place_of(picture, 0, picture.height()));
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
             const bool flickers = row(picture, y)[x] != row(again, y)[x];
-            is_text[static_cast<std::size_t>(y * picture.width() + x)] =
-                !flickers && row(picture, y)[x] != row(other, y)[x];
+            is_text[place_of(picture, x, y)] = !flickers && row(picture, y)[x] != row(other, y)[x];
         }
     }
     std::map<TextPair, int> pairs;
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
-            if (!is_text[static_cast<std::size_t>(y * picture.width() + x)]) continue;
+            if (!is_text[place_of(picture, x, y)]) continue;
             const int ground = ground_of(picture, is_text, x, y);
             if (ground >= 0) ++pairs[{row(picture, y)[x] & rgb_mask, ground}];
         }

@@ -2,7 +2,6 @@
 // Texts against their grounds, as the open screen shows them.
 #pragma once
 
-#include <compare>
 #include <map>
 
 namespace kelu::test {
@@ -10,7 +9,11 @@ namespace kelu::test {
 /// Two packed colours.
 struct TextPair {
     int text = 0, ground = 0;
-    auto operator<=>(const TextPair&) const = default;
+    bool operator==(const TextPair& other) const = default;
+    bool operator<(const TextPair& other) const
+    {
+        return text != other.text ? text < other.text : ground < other.ground;
+    }
 };
 
 /// How far two colours differ in lightness: 1 for none, 21 for black and white (the ratio of relative luminances).
