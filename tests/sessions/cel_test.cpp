@@ -132,6 +132,31 @@ TEST(Cels, ThePanelOfATurnStaysOnTheScreen)
     }
 }
 
+TEST(Cels, StretchIsSizedMovedAndAnchored)
+{
+    Session session([] {
+        give_cel(2, 2, 0x20c040);
+        cel_stretch();
+        idle();
+    });
+    toolbox.ink_slots[0] = INK_OPAQUE;
+    ASSERT_TRUE(waits_with(session, TIP_STRETCH_FROM));
+    session.click_at(40, 40);
+    ASSERT_TRUE(waits_with(session, TIP_STRETCH_SIZE));
+    session.click_at(60, 50); // the size stands
+    session.frame(2);
+    EXPECT_EQ(menus.status_message, TIP_STRETCH_OR_MOVE);
+    session.click_at(50, 45); // inside: moves both corners
+    session.move(150, 145);
+    session.click_at(150, 145);
+    session.click_at(10, 200, RIGHT_BUTTON);
+    session.frame(3);
+    EXPECT_EQ(frame_pixel(140, 140), 0x20c040);
+    EXPECT_EQ(frame_pixel(159, 149), 0x20c040);
+    EXPECT_EQ(frame_pixel(160, 149), 0x000000);
+    EXPECT_EQ(frame_pixel(50, 45), 0x000000);
+}
+
 TEST(Cels, MoveLiftsAPieceAndBringsTheUsersCelBack)
 {
     Session session;

@@ -129,7 +129,7 @@ protected:
         fill_frame_cache();
         if (at.alpha) switch_alpha_mode();
         scatter_frame();
-        number_frame(at.current + 1);
+        at.alpha ? turn_grey() : number_frame(at.current + 1);
         touch_frame();
         reset_undo_slots();
         something_shows();
@@ -137,6 +137,13 @@ protected:
         if (gui.hidden[0] != 0) session.key(KEY_BACKSPACE);
     }
     static bool is_tagged(const Situation& at, int number) { return at.frames > 1 && (number == 1 || number == 3); }
+    /// As alpha is, once it has been written.
+    static void turn_grey()
+    {
+        for (int y = 0; y < store.frame_bitmap.height(); ++y)
+            for (int x = 0; x < store.frame_bitmap.width(); ++x)
+                row(store.frame_bitmap, y)[x] = (row(store.frame_bitmap, y)[x] & 0xff) * 0x010101;
+    }
     static void number_frame(int number) { row(store.frame_bitmap, 0)[0] = number << 16; }
 
     void run(const Row& action, bool by_column)
@@ -196,10 +203,14 @@ protected:
         if (at.frames == three_frames.frames) {
             EXPECT_EQ(store.current_frame, action.current);
         }
+        if (count > at.frames) {
+            EXPECT_EQ(view.frame_pan_x[static_cast<std::size_t>(at.current) + 1], 10 * (at.current + 1))
+                << "a new frame has the view of the one before";
+        }
         expect_followers(at);
         const bool shows_another = store.current_frame != at.current || (moved < 0 && count != at.frames);
         if (shows_another || (action.owes & (SIZE | ROLE)) != 0) return;
-        expect_whole_history(before, (action.owes & UNDO) != 0);
+        expect_whole_history(before, (action.owes & UNDO) != 0 ? 1 : 0, (action.owes & COMMITS) == 0);
         if ((action.owes & COMMITS) == 0) return;
         while (undo_steps() > 0)
             undo_step();

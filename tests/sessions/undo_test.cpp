@@ -21,7 +21,7 @@ TEST_F(UndoSession, EveryToolIsUndoneWhole)
             const Bitmap before = store.frame_bitmap.copy();
             answer();
             ASSERT_EQ(menus.menu_id, MENU_DRAW);
-            expect_whole_history(before, true);
+            expect_whole_history(before);
             if (HasFatalFailure()) return;
         }
     }
@@ -38,7 +38,7 @@ TEST_F(UndoSession, EveryInkIsUndoneWhole)
         const Bitmap before = store.frame_bitmap.copy();
         session.drag(60, 60, 130, 128);
         session.frame(5);
-        expect_whole_history(before, true);
+        expect_whole_history(before);
         if (HasFatalFailure()) return;
     }
 }

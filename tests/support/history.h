@@ -85,19 +85,20 @@ protected:
         return static_cast<int>(std::ranges::count_if(undo.undo_age, [](int age) { return age >= 0; }));
     }
 
-    /// Nothing that has been written is unknown, and all steps lead back and forth.
-    static void expect_whole_history(const Bitmap& before, bool expect_steps)
+    /// Nothing that has been written is unknown, and all steps lead back and forth; to the picture of before unless
+    /// some of it was committed.
+    static void expect_whole_history(const Bitmap& before, int least_steps = 1, bool leads_back = true)
     {
         ASSERT_EQ(difference(stroke_source(), store.frame_bitmap), "") << "a writer has not reported";
         EXPECT_TRUE(touched.tiles.empty()) << "an operation has not been ended";
         const int steps = undo_steps();
-        EXPECT_GE(steps, expect_steps ? 1 : 0);
+        EXPECT_GE(steps, least_steps);
         std::vector<Bitmap> pictures;
         for (int i = 0; i < steps; ++i) {
             pictures.push_back(store.frame_bitmap.copy());
             undo_step();
         }
-        if (expect_steps) {
+        if (leads_back) {
             EXPECT_EQ(difference(store.frame_bitmap, before), "") << "after the last undo";
         }
         for (int i = steps; i-- > 0;) {

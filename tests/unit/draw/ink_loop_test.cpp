@@ -56,13 +56,14 @@ TEST_F(InkLoopTest, InksLookAsTheyDid)
     EXPECT_TRUE(test::matches_golden(sheet, "inks"));
 }
 
-/// Areas, gaps, specks, steps and rims: what the inks that look at neighbours act on.
+/// Areas, gaps, specks, steps and rims: what the inks that look at neighbours act on. At the corners differences that
+/// are just large enough, and just not.
 Bitmap shapes()
 {
     const test::Legend legend{{'.', 0x000000}, {'#', 0xc08040}, {'~', 0xc48440}, {'w', 0xffffff},
                               {'n', 0x050505}, {'m', 0x060606}, {'g', 0x131313}, {'h', 0x141414}};
-    return test::from_text({"#.#..#.....####...www...", //
-                            "......#.......##..wwwwww", //
+    return test::from_text({"w.#..#.....####...www..w", //
+                            ".n....#.......##..wwwwm.", //
                             "~.#..#..####..##..n.m.g.", //
                             "#.......####......ww..hw", //
                             "..##.##.#####...........", //
@@ -71,8 +72,8 @@ Bitmap shapes()
                             "#.....#.........#######.", //
                             "#.###.#.~~~~~..##~##~##.", //
                             "#.#.#.#.~###~.###.##.#..", //
-                            "#.###.#.~###~..##~##~##.", //
-                            "#.....#.~~~~~...#######."},
+                            "..###.#.~###~..##~##~#..", //
+                            "g.....#.~~~~~...######.h"},
                            legend);
 }
 

@@ -1,78 +1,20 @@
 // SPDX-License-Identifier: MIT
-// Work that was never committed, found at the next start: after every kind of change, after an end at every call on
-// files, and out of journals that are torn or belong to another frame.
+// Work that was never committed, found at the next start: after every kind of change, and out of journals that are torn
+// or belong to another frame.
 #include "draw/cel.h"
 #include "draw/operation.h"
-#include "draw/touched.h"
-#include "draw/undo.h"
 #include "gui/tooltips.h"
+#include "running_work_fixture.h"
 #include "runtime/cel.h"
 #include "runtime/random.h"
-#include "support/failing_calls.h"
-#include "support/pictures.h"
 #include "workspace/custom_tip.h"
 #include "workspace/frame_resize.h"
 #include "workspace/journal_file.h"
 #include "workspace/restore.h"
 #include "workspace/running_files.h"
-#include "workspace/running_work.h"
-#include "workspace_fixture.h"
 #include <fstream>
 
 namespace kelu {
-namespace {
-
-constexpr int side = 200; // pixels: several tiles, and smaller ones at the rims
-
-void box(int x, int color)
-{
-    const UndoableOperation step;
-    rectfill(store.frame_bitmap, x, 10, x + 40, 90, color);
-    touch_area(x, 10, x + 40, 90);
-}
-
-Bitmap merged_frame()
-{
-    Bitmap merged(store.frame_bitmap.width(), store.frame_bitmap.height());
-    alpha_merge(merged);
-    return merged;
-}
-
-bool same(const Bitmap& a, const Bitmap& b) { return test::difference(a, b).empty(); }
-
-class RunningWorkTest : public WorkspaceTest {
-protected:
-    void SetUp() override
-    {
-        for (int frame = 0; frame < 3; ++frame)
-            put_frame(frame, frame_color(frame), side, side - 30);
-        store.frame_count = 3;
-        store.current_frame = 0;
-        ASSERT_TRUE(fetch_frame(0, 0, 0));
-        ASSERT_TRUE(write_workspace_state("current.spa", false));
-        start_running_work();
-    }
-    ~RunningWorkTest() override { stop_running_work(false); }
-
-    /// The end without a word, and the start on what it left.
-    static void start_again()
-    {
-        stop_running_work(false);
-        platform::change_directory(run_state.program_dir);
-        FW_initialize_variables();
-        store.nail_sheet = Bitmap(400, 400);
-        store.tip_sheet = Bitmap(206, 62);
-        menus.status_message = 0;
-        run_state.workspace_damaged = 0;
-        const platform::DirectoryVisit visit("WORKSPACE");
-        ASSERT_EQ(read_workspace_state("current.spa"), 1);
-    }
-
-    std::string journal(int frame = 0) const { return in_store(frame_file(frame, file_set::journal)).string(); }
-    bool kept_aside() const { return exists("damaged.journal.000"); }
-};
-
-} // namespace
 
 TEST_F(RunningWorkTest, EveryChangeOfTheFrameIsFoundAgain)
 {
@@ -271,102 +213,6 @@ TEST_F(RunningWorkTest, SmallFilesFollowWhatHasChanged)
     EXPECT_EQ(toolbox.brush_color, 0x123456);
     EXPECT_EQ(store.workspace_title, "AN IDEA");
     EXPECT_EQ(store.cel_bitmap.width(), 31);
-}
-
-TEST_F(RunningWorkTest, AFrameThatIsLeftIsWrittenBehindTheBack)
-{
-    box(20, 0xff8040);
-    const Bitmap painted = merged_frame();
-    ASSERT_TRUE(fetch_frame(0, 1, 0));
-    ASSERT_TRUE(fetch_frame(1, 0, 0)) << "whoever reads it waits for it";
-    EXPECT_TRUE(same(merged_frame(), painted));
-    EXPECT_FALSE(frame_changed());
-    EXPECT_TRUE(settle_running_work());
-    EXPECT_EQ(stored_pixel(0), frame_color(0));
-    EXPECT_FALSE(exists("journal.000"));
-    EXPECT_TRUE(exists("current.nal"));
-
-    box(100, 0x123456); // in alpha editing, too
-    toggle_alpha_edit();
-    box(60, 0x404040);
-    const Bitmap with_alpha = merged_frame();
-    ASSERT_TRUE(fetch_frame(0, 2, 0));
-    ASSERT_TRUE(settle_running_work());
-    ASSERT_TRUE(fetch_frame(2, 0, 0));
-    EXPECT_TRUE(same(merged_frame(), with_alpha));
-}
-
-TEST_F(RunningWorkTest, AFrameWhoseFileCantBeWrittenIsTriedAgainAndComesBack)
-{
-    box(20, 0xff8040);
-    settle_running_work();
-    const Bitmap painted = merged_frame();
-    const auto file = in_store("current.000");
-    std::filesystem::rename(file, file.string() + ".kept");
-    std::filesystem::create_directory(file);
-    ASSERT_TRUE(fetch_frame(0, 1, 0));
-    EXPECT_FALSE(settle_running_work());
-    keep_running_work();
-    EXPECT_TRUE(take_failure_report()) << "told";
-    EXPECT_TRUE(exists("journal.000")) << "covered meanwhile";
-    EXPECT_FALSE(write_workspace_state("current.spa", false)) << "nobody leaves without a word";
-    ASSERT_TRUE(fetch_frame(1, 0, 0));
-    EXPECT_TRUE(same(merged_frame(), painted));
-    EXPECT_TRUE(frame_changed());
-    box(100, 0x304050);
-    const Bitmap more = merged_frame();
-    ASSERT_TRUE(fetch_frame(0, 1, 0));
-    ASSERT_TRUE(settle_running_work());
-    EXPECT_TRUE(same(read_tga(file.string()), more));
-    EXPECT_FALSE(exists("journal.000"));
-}
-
-TEST_F(RunningWorkTest, NoFailureOfACallLosesWhatWasOnTheDisk)
-{
-    int points = 0, silent = 0;
-    for (const Fault fault : all_faults) {
-        const auto [first, step] = sampled_points(fault);
-        for (int point = first;; point += step) {
-            std::filesystem::remove(journal());
-            start_again();
-            ASSERT_FALSE(frame_changed());
-            start_running_work();
-            std::vector<Bitmap> pictures;
-            pictures.push_back(merged_frame());
-            box(20, 0xff8040);
-            settle_running_work();
-            pictures.push_back(merged_frame());
-            bool reached = false;
-            reported(); // nothing of the trial before
-            {
-                const FailingCalls failing(fault, point);
-                for (int i = 0; i < 2; ++i) {
-                    box(70 + 50 * i, 0x305070 * (i + 1));
-                    settle_running_work();
-                    pictures.push_back(merged_frame());
-                    if (i == 0) crop_frame(0, 0, 150, 120); // a new journal beside the old one
-                    settle_running_work();
-                    pictures.push_back(merged_frame());
-                }
-                reached = FailingCalls::count() >= point;
-            }
-            if (!reached) break;
-            ++points;
-            keep_running_work();
-            const bool told_so = take_failure_report().has_value();
-            start_again();
-            const Bitmap found = merged_frame();
-            const auto match = std::ranges::find_if(pictures, [&](const Bitmap& one) { return same(one, found); });
-            ASSERT_NE(match, pictures.end()) << "fault " << static_cast<int>(fault) << " at call " << point;
-            ASSERT_GE(match - pictures.begin(), 1) << "what was on the disk is lost";
-            const bool all = same(found, pictures.back());
-            silent += fault != Fault::ENDS && !all && !told_so;
-            EXPECT_FALSE(kept_aside());
-        }
-    }
-    EXPECT_GT(points, 40);
-    EXPECT_EQ(silent, 0);
-    std::cout << "journal: " << points << " points, " << silent << " silent\n";
 }
 
 } // namespace kelu
