@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # What the program costs while nobody touches it: percent of a core, wake-ups a second of all threads and megabytes,
-# at each scale, and the time from the start to the whole picture. Needs Xvfb and xdotool.
+# at each scale. Needs Xvfb.
 #
 #     bench/idle.sh FOLDER [SCALE ...]
 #
