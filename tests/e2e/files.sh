@@ -40,11 +40,15 @@ captions() { convert "$1" -crop 87x57+6+381 +repage rgb:- | cksum; }
 browsing() { screenshot now.png && [ "$(captions now.png)" = "$(captions save.png)" ]; }
 asking() { screenshot now.png && [ "$(pixel now.png 210 285)" = '#9E9E9E' ]; }
 
+
 stroke 90 40 170 60
+wait_for 'a steady picture' steady
 screenshot bare.png
 press F5
 wait_for 'the browser' differs bare.png
+wait_for 'the whole browser' steady
 type_name shelf/art.png
+wait_for 'the name in its field' steady
 screenshot save.png
 press Return
 wait_for 'the saved file' test -s "$pictures/shelf/art.png"
@@ -54,6 +58,7 @@ expect 'the stroke is in it' test "$(pixel "$pictures/shelf/art.png" 130 50)" !=
 press F9
 wait_for 'the open browser' browsing
 shown_row 1 # ".." SHELF
+wait_for 'the list of the folder' steady
 shown_row 2 # ".." ART.PNG RAMP.PNG ZOO.PNG
 click 30 $((115 + 118)) # OKAY
 wait_for 'the loaded picture' frame_is small.png
@@ -69,6 +74,7 @@ wait_for 'the larger frame' frame_is large.png
 xclip -selection clipboard -i -t image/png <small.png
 move_to 300 20
 sleep 2.5 # until the message about the copy has gone
+wait_for 'the bar without a message' steady
 screenshot before.png
 press ctrl v
 wait_for 'the floating picture' differs before.png

@@ -8,7 +8,6 @@ start_program "$app"
 
 rest() { move_to 310 60; }
 kill_program() { kill -KILL "$program" && ! wait "$program" 2>/dev/null; }
-steady() { screenshot "$scratch/steady.png" && sleep 0.4 && shows "$scratch/steady.png"; }
 rest
 wait_for 'a steady picture' steady
 cp "$scratch/steady.png" "$scratch/blank.png"

@@ -39,3 +39,6 @@ pictures_equal() { [ "$(compare -metric AE "$1" "$2" null: 2>&1)" = 0 ]; }
 # shows PICTURE, differs PICTURE: what the window holds at present.
 shows() { screenshot "$scratch/now.png" && pictures_equal "$scratch/now.png" "$1"; }
 differs() { screenshot "$scratch/now.png" && ! pictures_equal "$scratch/now.png" "$1"; }
+
+# steady: nothing moves on the screen; the picture is then in $scratch/steady.png.
+steady() { screenshot "$scratch/steady.png" && sleep 0.4 && shows "$scratch/steady.png"; }
