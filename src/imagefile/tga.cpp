@@ -154,7 +154,7 @@ Bitmap read_plain_file(const std::string& name)
     return picture;
 }
 
-bool tga_stands(const std::string& name, int least_side)
+bool tga_readable(const std::string& name, int least_side)
 {
     platform::FileSource file(name);
     const std::optional<PlainHead> head = read_plain_head(file);

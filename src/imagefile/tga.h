@@ -19,7 +19,7 @@ Bitmap read_tga(const std::string& name);
 
 /// True when `read_tga` would give a picture whose sides have `least_side` pixels or more. A file of the form in which
 /// frames are written needn't be read for that.
-bool tga_stands(const std::string& name, int least_side);
+bool tga_readable(const std::string& name, int least_side);
 
 /// Writes a picture of w x h merged pixels: uncompressed, 32 bits, bottom row first, blue green red alpha. The file
 /// takes the place of an old one only when it is whole; false when that failed, and the old one stays.

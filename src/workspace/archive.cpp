@@ -119,7 +119,7 @@ Reason stage_all(platform::FileSource& archive, const ArchiveHead& head, ChangeS
     std::vector<uint8_t> buffer(buffer_size);
     for (int frame = 0; frame < head.frames; ++frame) {
         if (!stage_next(archive, changes, frame_file(frame), buffer)) return platform::failure_reason();
-        if (!tga_stands(frame_file(frame, file_set::next), least_frame_side)) return "A frame in it is damaged!";
+        if (!tga_readable(frame_file(frame, file_set::next), least_frame_side)) return "A frame in it is damaged!";
         progress.step();
     }
     for (const char* ending : containers) {

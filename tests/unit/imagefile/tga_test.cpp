@@ -81,16 +81,16 @@ TEST(Tga, FilesAreWhatTheirBytesAre)
           tga(10, 2, 2, 32, 0x28, {{1}, red, green, {0x81}, blue})}) {
         put(bytes);
         EXPECT_EQ(to_text(read_tga("file"), legend), (std::vector<std::string>{"rg", "bb"}));
-        EXPECT_TRUE(tga_stands("file", 2));
-        EXPECT_FALSE(tga_stands("file", 3));
+        EXPECT_TRUE(tga_readable("file", 2));
+        EXPECT_FALSE(tga_readable("file", 3));
     }
     for (const Bytes& bytes : {tga(2, 2, 2, 32, 8, {blue, blue, red}), tga(10, 2, 2, 32, 8, {{0x80}, red}),
                                tga(2, 0, 2, 32, 8, {}), tga(3, 2, 2, 32, 8, {blue, blue, red, green}), Bytes{}}) {
         put(bytes);
         EXPECT_FALSE(read_tga("file"));
-        EXPECT_FALSE(tga_stands("file", 1));
+        EXPECT_FALSE(tga_readable("file", 1));
     }
-    EXPECT_FALSE(tga_stands("missing", 1));
+    EXPECT_FALSE(tga_readable("missing", 1));
     // More rows than are read at once.
     const Bitmap large = test::paint(700, 300, [](int x, int y) { return x * 7919 + y; });
     ASSERT_TRUE(write_tga("large", large));
