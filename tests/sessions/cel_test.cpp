@@ -146,6 +146,9 @@ TEST(Cels, StretchIsSizedMovedAndAnchored)
     session.click_at(60, 50); // the size stands
     session.frame(2);
     EXPECT_EQ(menus.status_message, TIP_STRETCH_OR_MOVE);
+    session.click_at(200, 150); // outside: another size
+    EXPECT_EQ(menus.status_message, TIP_STRETCH_SIZE);
+    session.click_at(60, 50);
     session.click_at(50, 45); // inside: moves both corners
     session.move(150, 145);
     session.click_at(150, 145);

@@ -37,6 +37,7 @@ TEST_F(FrameStoreTest, SwapKeepsAlphaEditing)
     EXPECT_EQ(static_cast<unsigned>(stored_pixel(0)), 0x40000010U);
     EXPECT_EQ(pixel(store.frame_bitmap), 0xffffff);
     EXPECT_EQ(pixel(store.alpha_bitmap), 0x11);
+    EXPECT_EQ(pixel(store.nail_sheet, 30, 30), 0x10) << "the thumbnail of the frame that was left, in its colours";
 }
 
 TEST_F(FrameStoreTest, AlphaModeTakesTheOnionSkinAlongAndLeavesUndoAlone)
