@@ -19,4 +19,5 @@ for file in "${files[@]}"; do
         *.cpp) units+=("$file") ;;
     esac
 done
+# For gcc, -Wconversion leaves signs alone in C++; .clang-tidy switches clang's wider sense of it off.
 printf '%s\n' "${units[@]}" | xargs -r -P "$(nproc)" -n 4 clang-tidy --quiet -p build/lint
