@@ -63,7 +63,7 @@ constexpr int preview_w = 117;
 constexpr int preview_h = 79;
 constexpr int nail_sheet_side = 400;
 constexpr int tint_start = 254; ///< opacity of the black that the first frames fade from
-constexpr int tint_step = 32; ///< of it a tick of the actors: the fade takes eight
+constexpr int tint_step = 32;   ///< of it a tick of the actors: the fade takes eight
 
 /// The permissions test comes before the log is touched, so that the last run's log stays readable.
 void test_folder()

@@ -32,7 +32,7 @@ private:
     float done_ = 0; // per cent
     int shown_ = 0;  // per cent
     std::chrono::steady_clock::time_point last_shown_ = std::chrono::steady_clock::now();
-    float step_;     // per cent of one frame
+    float step_; // per cent of one frame
     bool cancelable_, called_off_ = false;
 };
 
