@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Strokes with "DRAW" and "OPAQUE" by mouse, and the three ways back by key.
+// A stroke by mouse, and the whole life of the program in its log.
 #include "base/version.h"
 #include "draw/operation.h"
 #include "support/screen_session.h"
@@ -34,24 +34,6 @@ TEST(Painting, AStrokeFollowsTheMouseWithoutGaps)
     session.click_at(10, 10);
     EXPECT_EQ(frame_pixel(10, 10), 0x20c040) << "a click leaves one stamp";
     EXPECT_EQ(painted_pixels(), 42);
-}
-
-TEST(Painting, AFingerBringsPositionAndPressAtOnce)
-{
-    Session session;
-    toolbox.brush_tip = no_tip;
-    session.move(200, 30);
-    const auto touch = [&session](int x, int y) {
-        ::mouse_x = x * screen_state.screen_scale;
-        ::mouse_y = y * screen_state.screen_scale;
-        session.press();
-        session.release();
-    };
-    touch(50, 60);
-    EXPECT_EQ(painted_pixels(), 1);
-    EXPECT_EQ(frame_pixel(50, 60), 0xffffff) << "no line from where the pointer was";
-    touch(20, 223);
-    EXPECT_EQ(painted_pixels(), 1) << "nothing below the strip";
 }
 
 TEST(Life, RapidExitEndsTheProgramAndItsLog)
