@@ -67,8 +67,8 @@ constexpr int to_the_end = 0;
 struct Case {
     const char* name;
     int id;
-    std::vector<int> params;
     int ticks; ///< of the test, or to_the_end
+    std::vector<int> params;
     std::string look;
     int ends_after = 0; ///< ticks that the behaviour lives, 0 when the test is not to its end
     void (*prepare)(Actor& actor) = [](Actor&) {}; ///< before the start
@@ -91,46 +91,46 @@ void thrown(Actor& actor)
 }
 
 const Case cases[] = {
-    {"straight", BEHAVIOR_LINEAR_MOVE, {2, -1, 3}, to_the_end, "x6 y-3", 3},
-    {"thrown, a pull from the second step on", BEHAVIOR_PROJECTILE, {10, 0, 1}, 2, "z-2", 0, thrown},
-    {"thrown, truncated", BEHAVIOR_PROJECTILE, {10, 0, 1}, to_the_end, "x4 y-4 z-10", 10, thrown},
+    {"straight", BEHAVIOR_LINEAR_MOVE, to_the_end, {2, -1, 3}, "x6 y-3", 3},
+    {"thrown, a pull from the second step on", BEHAVIOR_PROJECTILE, 2, {10, 0, 1}, "z-2", 0, thrown},
+    {"thrown, truncated", BEHAVIOR_PROJECTILE, to_the_end, {10, 0, 1}, "x4 y-4 z-10", 10, thrown},
     // 20 runs of 2 steps; braked on x from the fifth step on, gravity off: 4 + 1 + 0.75 + 0.5 + 0.25.
-    {"braked", BEHAVIOR_VECTOR_MOVEMENT, {20, -2500, 0, 0, 1, 4, 0, 2}, 2, "x4 y4", 0, moving},
-    {"braked to a stop", BEHAVIOR_VECTOR_MOVEMENT, {20, -2500, 0, 0, 1, 4, 0, 2}, to_the_end, "x6 y40", 20, moving},
-    {"to a target", BEHAVIOR_VECTOR_MOVEMENT_THRESHOLD, {0, 0, 0, 40, -40, 0, 50, 1}, 9, "x18 y-9", 0, approaching},
+    {"braked", BEHAVIOR_VECTOR_MOVEMENT, 2, {20, -2500, 0, 0, 1, 4, 0, 2}, "x4 y4", 0, moving},
+    {"braked to a stop", BEHAVIOR_VECTOR_MOVEMENT, to_the_end, {20, -2500, 0, 0, 1, 4, 0, 2}, "x6 y40", 20, moving},
+    {"to a target", BEHAVIOR_VECTOR_MOVEMENT_THRESHOLD, 9, {0, 0, 0, 40, -40, 0, 50, 1}, "x18 y-9", 0, approaching},
     {"slower from half the way on",
      BEHAVIOR_VECTOR_MOVEMENT_THRESHOLD,
-     {0, 0, 0, 40, -40, 0, 50, 1},
      12,
+     {0, 0, 0, 40, -40, 0, 50, 1},
      "x23 y-12",
      0,
      approaching},
-    {"out", BEHAVIOR_SLIDE_UNIT, {1, 0, 0, 2, 5}, 10, "x4"},
-    {"and back", BEHAVIOR_SLIDE_UNIT, {1, 0, 0, 2, 5}, to_the_end, "", 56},
-    {"up", BEHAVIOR_RISER, {2, 1}, to_the_end, "z2", 2},
-    {"on a wave", BEHAVIOR_FLOAT, {100, 0, 10, 64}, 2, "z110"},
-    {"on a wave, once round", BEHAVIOR_FLOAT, {100, 0, 10, 64}, 4, "z90"},
-    {"larger", BEHAVIOR_EXPANDER, {0, 3, 4}, to_the_end, "wide 12", 4},
-    {"smaller", BEHAVIOR_EXPANDER, {1, 2, 4}, to_the_end, "wide 4", 4, [](Actor& a) { a.Diameter = 12; }},
-    {"pulse", BEHAVIOR_POLY_DIAMETER_PULSE, {3, 0, 0}, 3, "wide 7", 0, [](Actor& a) { a.Diameter = 4; }},
-    {"pulse and back", BEHAVIOR_POLY_DIAMETER_PULSE, {3, 0, 0}, 6, "wide 4", 0, [](Actor& a) { a.Diameter = 4; }},
-    {"turn over the wrap", BEHAVIOR_ROTATE, {4, 0, 20}, 2, "turn 2", 0, turned},
-    {"turn to its target", BEHAVIOR_ROTATE, {4, 0, 20}, to_the_end, "turn 18", 6, turned},
-    {"second turn", BEHAVIOR_ROTATE, {-1, 1, 0}, 1, "second turn 255"},
-    {"slide by a turn", BEHAVIOR_SLIDE_ROTATE, {2}, 1, "y-2 z-2 turn 6", 0, [](Actor& a) { a.actor_angle = 4; }},
-    {"fade in", BEHAVIOR_FADE, {0, 0}, to_the_end, "mode 4 opacity 13", 14, shown},
-    {"fade out", BEHAVIOR_FADE, {13, 1}, to_the_end, "mode 4", 14, shown},
-    {"white", BEHAVIOR_WHITE_FADE, {0, 0, 100}, to_the_end, "mode 6 opacity 200", 3, shown},
-    {"flash at its peak", BEHAVIOR_FLASH_FADE_IN_OUT, {0, 0, 0, 10}, 255, "mode 6 opacity 255"},
-    {"flash", BEHAVIOR_FLASH_FADE_IN_OUT, {0, 0, 0, 10}, to_the_end, "mode 4 opacity 13", 255 + 10 + 14 * 3},
-    {"blink off", BEHAVIOR_BLINK, {}, 1, "", 0, shown},
-    {"blink on", BEHAVIOR_BLINK, {}, 2, "mode 1", 0, shown},
-    {"hide", BEHAVIOR_TOGGLE_MODE, {0}, to_the_end, "", 1, shown},
-    {"only the plain styles flip", BEHAVIOR_TOGGLE_MODE, {1}, 3, "mode 6", 0, white},
-    {"capped", BEHAVIOR_MODIFY_VARIABLE, {VARIABLE_OPACITY, 300, 1}, to_the_end, "opacity 254", 1},
-    {"set, not added to", BEHAVIOR_MODIFY_VARIABLE, {VARIABLE_MODE, 6, 3}, to_the_end, "mode 6", 3},
-    {"by axis", BEHAVIOR_MODIFY_VARIABLE, {VARIABLE_POSITION, -4, 2, 2}, to_the_end, "z-8", 2},
-    {"there is no fourth axis", BEHAVIOR_MODIFY_VARIABLE, {VARIABLE_POSITION, -4, 2, 3}, to_the_end, "", 2},
+    {"out", BEHAVIOR_SLIDE_UNIT, 10, {1, 0, 0, 2, 5}, "x4"},
+    {"and back", BEHAVIOR_SLIDE_UNIT, to_the_end, {1, 0, 0, 2, 5}, "", 56},
+    {"up", BEHAVIOR_RISER, to_the_end, {2, 1}, "z2", 2},
+    {"on a wave", BEHAVIOR_FLOAT, 2, {100, 0, 10, 64}, "z110"},
+    {"on a wave, once round", BEHAVIOR_FLOAT, 4, {100, 0, 10, 64}, "z90"},
+    {"larger", BEHAVIOR_EXPANDER, to_the_end, {0, 3, 4}, "wide 12", 4},
+    {"smaller", BEHAVIOR_EXPANDER, to_the_end, {1, 2, 4}, "wide 4", 4, [](Actor& a) { a.Diameter = 12; }},
+    {"pulse", BEHAVIOR_POLY_DIAMETER_PULSE, 3, {3, 0, 0}, "wide 7", 0, [](Actor& a) { a.Diameter = 4; }},
+    {"pulse and back", BEHAVIOR_POLY_DIAMETER_PULSE, 6, {3, 0, 0}, "wide 4", 0, [](Actor& a) { a.Diameter = 4; }},
+    {"turn over the wrap", BEHAVIOR_ROTATE, 2, {4, 0, 20}, "turn 2", 0, turned},
+    {"turn to its target", BEHAVIOR_ROTATE, to_the_end, {4, 0, 20}, "turn 18", 6, turned},
+    {"second turn", BEHAVIOR_ROTATE, 1, {-1, 1, 0}, "second turn 255"},
+    {"slide by a turn", BEHAVIOR_SLIDE_ROTATE, 1, {2}, "y-2 z-2 turn 6", 0, [](Actor& a) { a.actor_angle = 4; }},
+    {"fade in", BEHAVIOR_FADE, to_the_end, {0, 0}, "mode 4 opacity 13", 14, shown},
+    {"fade out", BEHAVIOR_FADE, to_the_end, {13, 1}, "mode 4", 14, shown},
+    {"white", BEHAVIOR_WHITE_FADE, to_the_end, {0, 0, 100}, "mode 6 opacity 200", 3, shown},
+    {"flash at its peak", BEHAVIOR_FLASH_FADE_IN_OUT, 255, {0, 0, 0, 10}, "mode 6 opacity 255"},
+    {"flash", BEHAVIOR_FLASH_FADE_IN_OUT, to_the_end, {0, 0, 0, 10}, "mode 4 opacity 13", 255 + 10 + 14 * 3},
+    {"blink off", BEHAVIOR_BLINK, 1, {}, "", 0, shown},
+    {"blink on", BEHAVIOR_BLINK, 2, {}, "mode 1", 0, shown},
+    {"hide", BEHAVIOR_TOGGLE_MODE, to_the_end, {0}, "", 1, shown},
+    {"only the plain styles flip", BEHAVIOR_TOGGLE_MODE, 3, {1}, "mode 6", 0, white},
+    {"capped", BEHAVIOR_MODIFY_VARIABLE, to_the_end, {VARIABLE_OPACITY, 300, 1}, "opacity 254", 1},
+    {"set, not added to", BEHAVIOR_MODIFY_VARIABLE, to_the_end, {VARIABLE_MODE, 6, 3}, "mode 6", 3},
+    {"by axis", BEHAVIOR_MODIFY_VARIABLE, to_the_end, {VARIABLE_POSITION, -4, 2, 2}, "z-8", 2},
+    {"there is no fourth axis", BEHAVIOR_MODIFY_VARIABLE, to_the_end, {VARIABLE_POSITION, -4, 2, 3}, "", 2},
 };
 
 } // namespace
