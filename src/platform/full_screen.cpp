@@ -120,7 +120,7 @@ Extent await_answer()
     using namespace std::chrono_literals;
     constexpr auto pause = 10ms;
     constexpr int enough = 10;
-    const auto end = std::chrono::steady_clock::now() + 2s;
+    const auto end = std::chrono::steady_clock::now() + 5s;
     Extent size;
     for (int alike = 0; alike < enough && std::chrono::steady_clock::now() < end;) {
         std::this_thread::sleep_for(pause);

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Full screen: by a window manager, on one of two screens, without one, and with one that promises it and does nothing. The picture is as large
-# as whole factors allow and in the middle, black is around it, and every press lands on the pixel that is seen there.
+# Full screen: by a window manager, on one of two screens, without one, and with one that promises it and does nothing.
+# The picture is as large as whole factors allow and in the middle, black is around it, and every press lands on the
+# pixel that is seen there.
 . "$(dirname "${BASH_SOURCE[0]}")/story.sh"
 printf 1 >"$app/config.def"
 manager=
