@@ -37,7 +37,8 @@ class Check:
         sources = [path for folder in ("src", "tools", "tests", "bench") for path in (root / folder).rglob("*")
                    if path.suffix in (".h", ".cpp")]
         self.code = "\n".join(path.read_text() for path in sources)
-        self.words = set(re.findall(r"\w+", self.code))
+        scripts = "\n".join(path.read_text() for path in (root / "tools").glob("*.sh"))
+        self.words = set(re.findall(r"\w+", self.code + scripts))
         targets = "\n".join(path.read_text() for folder in ("tools", "tests", "bench")
                             for path in (root / folder).rglob("CMakeLists.txt")) + (root / "CMakeLists.txt").read_text()
         self.targets = set(re.findall(r"add_executable\((\w+)", targets)) | {"kelu_unit", "kelu_sessions"}

@@ -41,11 +41,18 @@ void fill_row(int slot, int r, int colour)
               colour);
 }
 
+/// The text of row r of those in view; `TEXT_NONE` for one that the list doesn't have.
+int text_of_row(int slot, int r)
+{
+    const int entry = r + gui.scroll_value[slot];
+    return entry >= 0 && entry < max_list_items ? int(gui.list_items[slot][entry]) : TEXT_NONE;
+}
+
 /// Folders and the chosen file stand in the scheme's preview on the grounds that they have in a list of files.
 void draw_preview_grounds(int slot)
 {
     for (int r = 0; r < gui.list_rows[slot]; ++r) {
-        const int id = gui.list_items[slot][r + gui.scroll_value[slot]];
+        const int id = text_of_row(slot, r);
         if (id == TEXT_SCHEME_ROW_UP) fill_row(slot, r, menu_scheme.scheme[SCHEME_BACKGROUND]);
         if (id == TEXT_SCHEME_ROW_SELECTED) fill_row(slot, r, menu_scheme.scheme[SCHEME_HIGHLIGHT_BACK]);
     }
@@ -72,10 +79,8 @@ void draw_list_rows(int slot, bool centred)
     const int inset = gui.row_text_y[slot] + (pitch - font_table[font].cell_h) / 2;
     for (int r = 0; r < gui.list_rows[slot]; ++r) {
         const int entry = r + gui.scroll_value[slot];
-        if (entry < 0 || entry >= max_list_items) return;
-        const int id = gui.list_items[slot][entry];
-        const char* text = ui_strings[id];
-        if (id == 0 || *text == 0) continue;
+        const char* text = ui_strings[text_of_row(slot, r)];
+        if (*text == 0) continue;
         set_plain_text(font, entry == gui.params[slot][0] - 1 ? SET_SELECTED : SET_LIGHT);
         const int x = centred ? gui.x[slot] + width / 2 - text_width(text) / 2 : gui.x[slot] + 3 + gui.row_text_x[slot];
         draw_text(gui_canvas, x, gui.y[slot] + 1 + inset + r * pitch, text);
