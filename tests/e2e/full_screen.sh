@@ -11,13 +11,17 @@ trap '[ -z "$manager" ] || kill "$manager" 2>/dev/null || true; clean_up' EXIT
 start_manager() {
     openbox --sm-disable --config-file /dev/null >"$scratch/manager" 2>&1 &
     manager=$!
-    wait_for 'the window manager' sh -c 'xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"'
+    wait_for 'the window manager' sh -c 'xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id" &&
+        xprop -root _NET_SUPPORTED | grep -q _NET_WM_STATE_FULLSCREEN'
 }
 
 end_manager() {
     kill "$manager"
     wait "$manager" 2>/dev/null || true
     manager=
+    # It leaves its words behind, by which the next one would seem to be there before it is.
+    xprop -root -remove _NET_SUPPORTING_WM_CHECK
+    xprop -root -remove _NET_SUPPORTED
 }
 
 # The window that a user sees: the whole screen.
