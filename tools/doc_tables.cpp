@@ -115,8 +115,9 @@ void write_keys(std::ostream& out)
            "`<U>`, `<D>`, `<L>` and `<R>` are the arrows, and `TILDE` is the key to the left of `1`.\n"
            "Keys go by their place on the keyboard, in text fields, too: their names are those of a US layout.\n"
            "A key given to PIC MENU - TINT is forgotten at the end; all others are kept.\n"
-           "Escape leaves every window that has a CANCEL, EXIT or BACK, unless an action that answers there has "
-           "it.\n\n";
+           "Escape leaves every window that has a CANCEL, EXIT, BACK or RETURN, or nothing but an OKAY, unless an "
+           "action "
+           "that answers there has it. Only the window that asks for a key takes it as a key.\n\n";
     out << "| Action | Keys | On a spare mouse button |\n|---|---|---|\n";
     set_default_hotkeys();
     for (int action = 0; action < ACTION_LIST_END; ++action) {

@@ -28,8 +28,9 @@ namespace {
 
 void draw_on_press()
 {
-    // The press can be newer than the last logic pass, which knows where the pointer was then.
-    if (!left_down() || slot_under_pointer() >= 0) return;
+    // The press can be newer than the last logic pass, which knows where the pointer was then. One that a slot has
+    // taken paints nothing, wherever the pointer goes with it.
+    if (!left_down() || slot_under_pointer() >= 0 || gui_logic.gui_capture != 0) return;
     update_mouse_position();
     tool_dispatch();
     wait_left_release();

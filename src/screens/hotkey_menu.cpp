@@ -20,7 +20,7 @@ enum { SLOT_LIST = 2, SLOT_CELL_0 = 6, SLOT_OKAY = 25, SLOT_DEFAULTS = 26, SLOT_
 
 constexpr int shown_rows = 9;
 constexpr int cells = 2 * shown_rows;
-constexpr int scroll_positions = 57;
+constexpr int scroll_positions = ACTION_LIST_END - shown_rows + 1;
 constexpr int listed_actions = ACTION_LIST_END + 1;
 
 constexpr std::array layout_rows{

@@ -50,6 +50,22 @@ TEST(DrawMenu, ShowsItsStripSelectsAndUndoes)
     EXPECT_EQ(frame_pixel(10, 10), 0) << "clicks on the strip draw nothing";
 }
 
+TEST(DrawMenu, APressOnTheStripPaintsNothingWhereverItGoes)
+{
+    Session session;
+    toolbox.brush_tip = no_tip;
+    session.move(gui.x[HOME_UNDO] + 4, gui.y[HOME_UNDO] + 4);
+    session.press();
+    session.frame(4);
+    session.move(100, 100);
+    session.frame(8);
+    EXPECT_EQ(frame_pixel(100, 100), 0);
+    session.release();
+    session.frame(4);
+    session.click_at(100, 100);
+    EXPECT_EQ(frame_pixel(100, 100), 0xffffff) << "the next press paints again";
+}
+
 TEST(DrawMenu, HidesOnARightClickAndLetsDrawBelow)
 {
     Session session;

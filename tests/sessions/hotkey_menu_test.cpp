@@ -52,6 +52,17 @@ TEST(HotkeyMenu, RemapsAndClearsKeys)
     EXPECT_EQ(menus.status_message, TIP_NONE);
 }
 
+TEST(HotkeyMenu, EveryActionIsInReach)
+{
+    Session session(plain_menu);
+    open_keys(session);
+    gui.scroll_value[FUNCTION_LIST] = gui.scroll_steps[FUNCTION_LIST] - 1;
+    session.click(CELL_0 + 16);
+    session.key(KEY_K, {KEY_LCONTROL, KEY_LSHIFT});
+    session.click(DIALOG_OKAY);
+    EXPECT_EQ(primary(ACTION_LIST_END - 1), KEY_K + key_control + key_shift);
+}
+
 TEST(HotkeyMenu, DoublesAreRedAndAskedFor)
 {
     Session session(plain_menu);
