@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Inks that shift the colour of the one pixel under the brush: GRAY, PULL and SPARK.
 //
-// PULL and SPARK work in HLS in double precision. Their full strength writes the shifted colour; under a soft tip the
+// PULL and SPARK work in HLS in double precision; runs do so in single precision, and once more in double where that
+// could give another colour. Their full strength writes the shifted colour; under a soft tip the
 // colour takes its whole step and the tip's weight acts through the blend.
 #include "colour/hls_fours.h"
 #include "colour/hls_pairs.h"
@@ -87,9 +88,9 @@ private:
     double target_ = 0;
 };
 
-/// As `put_shifted`, with the weights claimed. `shift_all(HlsFour)` shifts four colours, and `shift(HlsPair, first)`,
-/// where it is in doubt, those of the first on. `known`
-/// has what four colours were shifted to before, if that doesn't hang on the tip.
+/// As `put_shifted`, with the weights claimed. `shift_all(HlsFour)` shifts four colours, and `shift(HlsPair, first)`
+/// the two from the first on, where that is in doubt. `known` has what colours were shifted to before, if that is the
+/// same for every tip value.
 template <class ShiftAll, class Shift>
 void put_shifted_four(const DabFour& four, const HlsTables& tables, ShiftedColor& last, Ints weights,
                       ShiftAll shift_all, Shift shift, ShiftedColors* known = nullptr)

@@ -50,7 +50,7 @@ RowSpan changed_rows(BITMAP* picture)
     return span;
 }
 
-/// Allegro opens any window, though half of it may lie beyond the edge.
+/// True when the desktop has room for a window of this size; Allegro would open any. An unknown desktop has.
 bool desktop_holds(int w, int h)
 {
     int desktop_w = 0;

@@ -40,7 +40,7 @@ bool refuse_file(const std::string& name, const std::string& reason)
     return false;
 }
 
-/// Tells what was saved, or why it wasn't.
+/// Says in the status bar what was saved, or reports why it wasn't.
 bool saved(const std::string& name, bool good)
 {
     if (good) {
@@ -53,7 +53,7 @@ bool saved(const std::string& name, bool good)
     return good;
 }
 
-/// Tells what was loaded into the frame, and the way back.
+/// Says in the status bar what was loaded into the frame, and the way back.
 void tell_loaded(const std::string& name)
 {
     constexpr std::size_t longest_name = 14; // beside the way back
@@ -168,7 +168,7 @@ bool save_picture_file(const std::string& name, int browser_mode)
     const int format = format_in_mode(format_from_extension(name, false), browser_mode);
     switch (format) {
     case FORMAT_WSP:
-        if (save_workspace_archive(name, run_frame_in_passing) != 0) return false; // which tells of its failures itself
+        if (save_workspace_archive(name, run_frame_in_passing) != 0) return false; // which reports its failures itself
         return saved(name, true);
     case FORMAT_FAVORITES:
         return saved(name, save_favorites_file(name));

@@ -24,7 +24,7 @@ bool load_picture_file(const std::string& name, int browser_mode);
 /// Saves to a file of the working directory, which replaces an old one only when it is whole. The extension alone
 /// determines the format; a picture of any other name becomes a PNG without alpha. Before a JPEG the user is asked for
 /// its quality, in place of the window that is open. The status bar says what was saved. False when nothing was: the
-/// user has cancelled, or it failed, which is told.
+/// user has cancelled, or it failed, which is reported.
 bool save_picture_file(const std::string& name, int browser_mode);
 
 } // namespace kelu

@@ -124,7 +124,7 @@ uint64_t checksum(BITMAP* merged)
 
 /// Before a picture is loaded over the live one: that becomes the one that a restore brings back, and what the frame's
 /// file holds, unless it has itself just been loaded, when looking for the right file. False: it couldn't be written,
-/// which is told, or memory is too short.
+/// which is reported, or memory is too short.
 bool keep_replaced_picture()
 {
     put_back_piece();
@@ -140,7 +140,7 @@ bool keep_replaced_picture()
     settle_running_work();
     const WorkspaceVisit visit({});
     if (!visit.entered() || !commit_frame(store.current_frame)) {
-        platform::forget_failure(); // it has been told, and isn't the loaded file's
+        platform::forget_failure(); // it has been reported, and isn't the loaded file's
         picture_refusal = "The present picture can't be kept!";
         return false;
     }
