@@ -12,9 +12,9 @@ struct Extent {
 
 /// True when there is a window manager that makes windows fill the screen.
 bool manager_offers_full_screen();
-/// Asks it to do so with our window, which is mapped and as large as the picture. Waits for the answer, for five seconds
-/// at most; the window's new size, or 0 x 0 when there is none. From then on the picture stays in the window's middle
-/// and the pointer has the picture's positions, wherever over the window it is.
+/// Asks it to do so with our window, which is mapped and as large as the picture. Waits for the answer, for five
+/// seconds at most; the window's new size, or 0 x 0 when there is none. From then on the picture stays in the window's
+/// middle and the pointer has the picture's positions, wherever over the window it is.
 Extent ask_for_full_screen();
 /// Puts the picture back into the window's corner, for a mode of another kind.
 void leave_full_screen();
