@@ -5,6 +5,7 @@
 #include "base/log.h"
 #include "base/run_state.h"
 #include "runtime/shows.h"
+#include <algorithm>
 
 namespace kelu {
 namespace {
