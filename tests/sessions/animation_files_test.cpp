@@ -17,7 +17,6 @@
 #include "workspace/frame_cache.h"
 #include "workspace/sprite_sheet.h"
 #include <filesystem>
-#include <optional>
 
 namespace kelu {
 
@@ -67,7 +66,7 @@ class AnimationFiles : public testing::Test {
 protected:
     AnimationFiles()
     {
-        folder_ = session_->folder() + "/pictures";
+        folder_ = session_.folder() + "/pictures";
         fs::create_directories(folder_);
         fs::current_path(folder_);
         make_frames(4);
@@ -81,37 +80,36 @@ protected:
             animation.anim_delay[static_cast<std::size_t>(frame)] = 11 + 12 * frame; // 1, 2 and 4 tenths
         }
         animation.anim_count = build_anim_list();
-        session_->key(KEY_Z, {KEY_LSHIFT});
+        session_.key(KEY_Z, {KEY_LSHIFT});
     }
     ~AnimationFiles() override
     {
-        if (!session_) return;
-        if (!session_->ended() && menus.menu_id == MENU_ANIMATION) session_->click(SLOT_CANCEL);
-        fs::current_path(session_->folder());
+        if (!session_.ended() && menus.menu_id == MENU_ANIMATION) session_.click(SLOT_CANCEL);
+        fs::current_path(session_.folder());
     }
 
     void enter(const std::string& name)
     {
         for (const char letter : name) {
             if (letter == '.' || letter == '/')
-                session_->key(letter == '.' ? KEY_STOP : KEY_SLASH);
+                session_.key(letter == '.' ? KEY_STOP : KEY_SLASH);
             else
-                session_->type({letter});
+                session_.type({letter});
         }
     }
     /// Runs the browser that is open to its end with a file.
     void choose(const std::string& name)
     {
         enter(name);
-        session_->key(KEY_ENTER);
+        session_.key(KEY_ENTER);
     }
     void wait_for_animation_menu()
     {
-        session_->frames_until([] { return menus.menu_id == MENU_ANIMATION; });
+        session_.frames_until([] { return menus.menu_id == MENU_ANIMATION; });
     }
     static std::string told() { return menus.status_reason; }
 
-    std::optional<Session> session_{plain_home};
+    Session session_{plain_home};
     std::string folder_;
 };
 
@@ -119,7 +117,7 @@ protected:
 
 TEST_F(AnimationFiles, SavesTheTaggedFramesAsTheyPlay)
 {
-    session_->click(SLOT_SAVE);
+    session_.click(SLOT_SAVE);
     ASSERT_EQ(menus.menu_id, MENU_BROWSER);
     choose("walk");
     wait_for_animation_menu();
@@ -134,10 +132,10 @@ TEST_F(AnimationFiles, SavesTheTaggedFramesAsTheyPlay)
     EXPECT_EQ(row(gif.pictures[0], 20)[60], 0) << "and nothing where it ends";
     EXPECT_EQ(row(gif.pictures[2], 100)[30], opaque | frame_color(3));
 
-    session_->click(SLOT_SAVE);
+    session_.click(SLOT_SAVE);
     choose("walk.png");
     ASSERT_EQ(menus.menu_id, MENU_DIALOG);
-    session_->click(ANSWER_1);
+    session_.click(ANSWER_1);
     wait_for_animation_menu();
     const Seen png = seen_in("walk.png");
     ASSERT_EQ(png.pictures.size(), 3U);
@@ -145,9 +143,9 @@ TEST_F(AnimationFiles, SavesTheTaggedFramesAsTheyPlay)
         EXPECT_EQ(difference(plain_nothing(png.pictures[i]), gif.pictures[i]), "") << i;
 
     sheet_settings = {.spacing_x = 2, .spacing_y = 3, .columns = 2};
-    session_->click(SLOT_SAVE);
+    session_.click(SLOT_SAVE);
     choose("sheet.png");
-    session_->click(ANSWER_2);
+    session_.click(ANSWER_2);
     wait_for_animation_menu();
     const Bitmap sheet = load_png("sheet.png");
     EXPECT_EQ(sheet.width(), 2 * 320 + 2);
@@ -155,54 +153,54 @@ TEST_F(AnimationFiles, SavesTheTaggedFramesAsTheyPlay)
     EXPECT_EQ(row(sheet, 100)[330], opaque | frame_color(1));
     EXPECT_EQ(row(sheet, 343)[30], opaque | frame_color(3));
     EXPECT_EQ(row(sheet, 100)[320], 0);
-    session_->click(SLOT_CANCEL);
+    session_.click(SLOT_CANCEL);
     EXPECT_EQ(animation.anim_count, 3);
 }
 
 TEST_F(AnimationFiles, LeavesNoHalfFileAndSaysWhy)
 {
     std::ofstream("walk.gif") << "old";
-    session_->click(SLOT_SAVE);
+    session_.click(SLOT_SAVE);
     choose("walk.gif");
-    session_->click(122);
-    ASSERT_TRUE(session_->frames_until([] { return gui.kind[PROGRESS_CANCEL - 1] == KIND_PROGRESS; }));
-    session_->hold_key(KEY_ESC);
-    session_->frame(3);
-    session_->release_key(KEY_ESC);
+    session_.click(122);
+    ASSERT_TRUE(session_.frames_until([] { return gui.kind[PROGRESS_CANCEL - 1] == KIND_PROGRESS; }));
+    session_.hold_key(KEY_ESC);
+    session_.frame(3);
+    session_.release_key(KEY_ESC);
     wait_for_animation_menu();
     EXPECT_EQ(menus.status_message, TIP_CALLED_OFF);
     EXPECT_EQ(fs::file_size("walk.gif"), 3U);
     EXPECT_EQ(std::distance(fs::directory_iterator("."), fs::directory_iterator()), 1) << "nothing else is left";
 
-    session_->click(SLOT_SAVE);
+    session_.click(SLOT_SAVE);
     choose("walk.bmp");
     wait_for_animation_menu();
     EXPECT_EQ(menus.status_message, TIP_SAVE_FAILED);
     EXPECT_NE(told().find("GIF OR PNG"), std::string::npos);
-    session_->click(SLOT_SAVE);
+    session_.click(SLOT_SAVE);
     choose("nowhere/walk.gif");
-    ASSERT_TRUE(session_->frames_until([] { return menus.menu_id == MENU_DIALOG; })) << "told at once";
+    ASSERT_TRUE(session_.frames_until([] { return menus.menu_id == MENU_DIALOG; })) << "told at once";
     EXPECT_STREQ(gui.ptr[FAILURE_WHAT], "THE FILE COULDN'T BE SAVED!");
     EXPECT_TRUE(std::string(gui.ptr[FAILURE_WHERE]).ends_with("/NOWHERE/WALK.GIF"));
     EXPECT_STREQ(gui.ptr[FAILURE_WHY], "<NO SUCH FILE>");
-    session_->key(KEY_ESC);
+    session_.key(KEY_ESC);
     EXPECT_EQ(menus.menu_id, MENU_ANIMATION);
     EXPECT_FALSE(take_failure_report());
-    session_->click(SLOT_NONE);
-    session_->click(SLOT_SAVE);
-    session_->frame(5);
+    session_.click(SLOT_NONE);
+    session_.click(SLOT_SAVE);
+    session_.frame(5);
     EXPECT_EQ(menus.menu_id, MENU_ANIMATION);
     EXPECT_EQ(menus.status_message, TIP_NO_TAGGED_FRAMES);
 }
 
 TEST_F(AnimationFiles, BringsTheSameFramesBackBehindTheLast)
 {
-    session_->click(SLOT_SAVE);
+    session_.click(SLOT_SAVE);
     choose("walk.png");
-    session_->click(ANSWER_1);
+    session_.click(ANSWER_1);
     wait_for_animation_menu();
     const Seen saved = seen_in("walk.png");
-    session_->click(SLOT_LOAD);
+    session_.click(SLOT_LOAD);
     choose("walk.png");
     wait_for_animation_menu();
     EXPECT_EQ(menus.status_message, TIP_LOADED);
@@ -211,7 +209,7 @@ TEST_F(AnimationFiles, BringsTheSameFramesBackBehindTheLast)
     EXPECT_EQ(animation.anim_count, 6);
     EXPECT_EQ(animation.anim_delay[4], 11);
     EXPECT_EQ(animation.anim_delay[6], 47);
-    session_->click(SLOT_CANCEL);
+    session_.click(SLOT_CANCEL);
     EXPECT_EQ(animation.anim_count, 6) << "CANCEL gives back tags, not frames";
     EXPECT_EQ(store.current_frame, 0);
     for (int i = 0; i < 3; ++i)
@@ -219,17 +217,10 @@ TEST_F(AnimationFiles, BringsTheSameFramesBackBehindTheLast)
                              saved.pictures[static_cast<std::size_t>(i)]),
                   "")
             << i;
-    const std::string folder = session_->folder();
-    session_->keep_folder();
-    fs::current_path(folder);
-    session_.reset();
-    {
-        const Session again(plain_home, folder);
-        EXPECT_EQ(store.frame_count, 7);
-        EXPECT_EQ(animation.anim_count, 6);
-        EXPECT_EQ(animation.anim_delay[5], 23);
-    }
-    remove_program_folder(folder);
+    session_.restart();
+    EXPECT_EQ(store.frame_count, 7);
+    EXPECT_EQ(animation.anim_count, 6);
+    EXPECT_EQ(animation.anim_delay[5], 23);
 }
 
 TEST_F(AnimationFiles, CutsASheetByTheGrid)
@@ -242,7 +233,7 @@ TEST_F(AnimationFiles, CutsASheetByTheGrid)
     grid.grid_h = 12;
     grid.grid_off_x = 8;
     grid.grid_off_y = 4;
-    session_->click(SLOT_LOAD);
+    session_.click(SLOT_LOAD);
     choose("sheet.png");
     wait_for_animation_menu();
     ASSERT_EQ(store.frame_count, 8)
@@ -253,7 +244,7 @@ TEST_F(AnimationFiles, CutsASheetByTheGrid)
     EXPECT_EQ(row(last, 2)[3], opaque | pack_rgb(8 + 3, 16 + 2, 0));
     EXPECT_EQ(row(read_stored_frame("../WORKSPACE/" + frame_file(6)), 0)[15], 0) << "beyond the edge there is nothing";
     grid.grid_on = 0;
-    session_->click(SLOT_LOAD);
+    session_.click(SLOT_LOAD);
     choose("sheet.png");
     wait_for_animation_menu();
     EXPECT_EQ(store.frame_count, 9);
@@ -261,35 +252,35 @@ TEST_F(AnimationFiles, CutsASheetByTheGrid)
 
 TEST_F(AnimationFiles, TellsBeforeWhatDoesNotFitAndRefusesAllOfABadFile)
 {
-    session_->click(SLOT_SAVE);
+    session_.click(SLOT_SAVE);
     choose("walk.gif");
     wait_for_animation_menu();
-    const auto before = frame_files(*session_);
+    const auto before = frame_files(session_);
     for (const auto size : {fs::file_size("walk.gif") - 60, uintmax_t{20}}) {
         fs::copy_file("walk.gif", "bad.gif", fs::copy_options::overwrite_existing);
         fs::resize_file("bad.gif", size);
-        session_->click(SLOT_LOAD);
+        session_.click(SLOT_LOAD);
         choose("bad.gif");
         wait_for_animation_menu();
         EXPECT_EQ(menus.status_message, TIP_LOAD_FAILED);
         EXPECT_EQ(store.frame_count, 4);
     }
-    EXPECT_EQ(frame_files(*session_), before);
+    EXPECT_EQ(frame_files(session_), before);
     insert_frames(0, 94, INSERT_BLANKS);
     fs::current_path(folder_);
     for (const int answer : {ANSWER_2, ANSWER_1}) {
-        session_->click(SLOT_LOAD);
+        session_.click(SLOT_LOAD);
         choose("walk.gif");
         ASSERT_EQ(menus.menu_id, MENU_DIALOG);
         EXPECT_EQ(told_text, "3 PICTURES, AND ROOM FOR 2.");
-        session_->click(answer);
+        session_.click(answer);
         wait_for_animation_menu();
         EXPECT_EQ(store.frame_count, answer == ANSWER_2 ? 98 : 100);
     }
-    session_->click(SLOT_LOAD);
+    session_.click(SLOT_LOAD);
     choose("walk.gif");
     EXPECT_EQ(told_text, "3 PICTURES, AND ROOM FOR NONE.");
-    session_->click(ANSWER_1);
+    session_.click(ANSWER_1);
     wait_for_animation_menu();
     EXPECT_EQ(store.frame_count, 100);
 }

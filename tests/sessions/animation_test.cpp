@@ -150,10 +150,8 @@ TEST(Playback, LetsNoKeyNearTheFiles)
     EXPECT_EQ(menus.menu_id, MENU_PLAYBACK);
     EXPECT_EQ(store.current_frame, 0);
     EXPECT_TRUE(files == frame_files(session));
-    session.keep_folder();
     EXPECT_TRUE(session.finish()) << "the program ends out of the screen";
     EXPECT_TRUE(files == frame_files(session)) << "what is written is the frame";
-    test::remove_program_folder(session.folder());
 }
 
 } // namespace kelu

@@ -358,43 +358,30 @@ TEST_F(Browser, AsksBeforeTheFileThatWouldGo)
 
 TEST(BrowserStart, GoesBackToTheLastFolder)
 {
-    std::string folder;
-    {
-        Session first;
-        folder = first.folder();
-        first.keep_folder();
-        fs::create_directories(folder + "/Drawings");
-        first.key(KEY_F9);
-        ASSERT_EQ(menus.menu_id, MENU_BROWSER);
-        first.click_at(gui.x[BROWSER_LIST] + 20, gui.y[BROWSER_LIST] + 4 + 6); // behind the row that leads up
-        EXPECT_EQ(fs::current_path(), fs::path(folder) / "Drawings");
-        first.click(BROWSER_CANCEL);
-        write_workspace_state("current.spa", true); // leaves the folder of the process
-        first.key(KEY_F9);
-        EXPECT_EQ(fs::current_path(), fs::path(folder) / "Drawings") << "where the user was";
-    }
-    {
-        const Session second(nullptr, folder);
-        EXPECT_EQ(fs::current_path(), fs::path(folder) / "Drawings");
-    }
-    fs::current_path(fs::path(folder).parent_path());
-    remove_program_folder(folder);
+    Session session;
+    const fs::path drawings = fs::path(session.folder()) / "Drawings";
+    fs::create_directory(drawings);
+    session.key(KEY_F9);
+    ASSERT_EQ(menus.menu_id, MENU_BROWSER);
+    session.click_at(gui.x[BROWSER_LIST] + 20, gui.y[BROWSER_LIST] + 4 + 6); // behind the row that leads up
+    EXPECT_EQ(fs::current_path(), drawings);
+    session.click(BROWSER_CANCEL);
+    write_workspace_state("current.spa", true); // leaves the folder of the process
+    session.key(KEY_F9);
+    EXPECT_EQ(fs::current_path(), drawings) << "where the user was";
+    session.restart();
+    EXPECT_EQ(fs::current_path(), drawings);
 }
 
 TEST(BrowserStart, OpensInThePictureFolder)
 {
-    const std::string folder = make_program_folder();
-    fs::create_directories(folder + "/home/Drawn Things");
-    fs::create_directories(folder + "/home/.config");
-    std::ofstream(folder + "/home/.config/user-dirs.dirs") << "XDG_PICTURES_DIR=\"$HOME/Drawn Things\"\n";
-    {
-        Session session(nullptr, folder, Ticks::virtual_clock, folder + "/home");
-        session.key(KEY_F9);
-        EXPECT_EQ(fs::current_path(), fs::path(folder) / "home/Drawn Things");
-        session.click(BROWSER_CANCEL);
-    }
-    fs::current_path(fs::path(folder).parent_path());
-    remove_program_folder(folder);
+    Session session(nullptr, [] {
+        fs::create_directory("Drawn Things");
+        fs::create_directory(".config");
+        std::ofstream(".config/user-dirs.dirs") << "XDG_PICTURES_DIR=\"$HOME/Drawn Things\"\n";
+    });
+    session.key(KEY_F9);
+    EXPECT_EQ(fs::current_path(), fs::path(session.folder()) / "Drawn Things");
 }
 
 TEST_F(Browser, KeepsFavorites)

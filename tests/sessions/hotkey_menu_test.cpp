@@ -106,21 +106,13 @@ TEST(HotkeyMenu, WaitsForAKeyWithItsModifiersSpeltOutAndPansNothing)
 
 TEST(HotkeyMenu, KeysOfTheAnimationComeBackAtTheNextStart)
 {
-    std::string folder;
-    {
-        Session first;
-        folder = first.folder();
-        first.keep_folder();
-        hotkeys.hotkey_table[ACTION_ANIMATION_SAVE].primary = KEY_K;
-        hotkeys.hotkey_table[ACTION_ANIMATION_LOAD].alternate = KEY_L + key_shift;
-    }
-    {
-        Session second(nullptr, folder);
-        EXPECT_EQ(alternate(ACTION_ANIMATION_LOAD), KEY_L + key_shift);
-        second.key(KEY_K);
-        EXPECT_EQ(menus.status_message, TIP_NO_TAGGED_FRAMES);
-    }
-    remove_program_folder(folder);
+    Session session;
+    hotkeys.hotkey_table[ACTION_ANIMATION_SAVE].primary = KEY_K;
+    hotkeys.hotkey_table[ACTION_ANIMATION_LOAD].alternate = KEY_L + key_shift;
+    session.restart();
+    EXPECT_EQ(alternate(ACTION_ANIMATION_LOAD), KEY_L + key_shift);
+    session.key(KEY_K);
+    EXPECT_EQ(menus.status_message, TIP_NO_TAGGED_FRAMES);
 }
 
 TEST(MouseMenu, MapsButtonsAndInsistsOnAcceptAndCancel)

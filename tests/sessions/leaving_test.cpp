@@ -76,7 +76,7 @@ TEST_P(Leaving, TheSecondRequestGivesUpWhatIsNotCommitted)
     if (std::string(GetParam().name) == "playback") tag_two(session);
     const std::string before = committed();
     GetParam().open(session);
-    if (GetParam().draft) GetParam().draft(session);
+    GetParam().draft(session);
     ASSERT_FALSE(session.ended());
     request_end();
     request_end();
@@ -104,7 +104,7 @@ TEST_P(Leaving, EscapeIsTheWayOut)
     if (name == "playback") tag_two(session);
     const std::string before = committed();
     GetParam().open(session);
-    if (GetParam().draft) GetParam().draft(session);
+    GetParam().draft(session);
     const bool has_way = (way_out() >= 0 && name != "failure panel") || name == "playback" || name == "about";
     if (name == "remap dialog") {
         session.key(KEY_ESC);
@@ -143,7 +143,7 @@ TEST(LeavingRule, AClickActsOnce)
     Session session;
     prepare(session);
     fs::create_directories(fs::path(session.folder()) / "aa/ab/ac/ad");
-    open_at<HOME_PIC, 8>(session);
+    open_entry(session, HOME_PIC, 8, MENU_BROWSER);
     request_end();
     const auto press_in_list = [&session](int row_number) {
         session.move(gui.x[BROWSER_LIST] + 20, gui.y[BROWSER_LIST] + 2 + 6 * row_number + 2);
@@ -164,7 +164,7 @@ TEST(LeavingRule, ACornerIsTakenOnce)
 {
     Session session;
     prepare(session);
-    use_tool<TOOL_POLY>(session);
+    with_tool(TOOL_POLY)(session);
     request_end();
     session.move(60, 60);
     session.press();

@@ -178,23 +178,15 @@ TEST_F(TextTool, WritesTheLargestText)
 /// A second start in the folder of a first, whose workspace names a font.
 void start_with_font(const std::string& font_dir, const std::string& font_file, auto look)
 {
-    std::string folder;
-    {
-        test::Session first;
-        folder = first.folder();
-        first.keep_folder();
-        text_settings.font_dir = font_dir.empty() ? folder + "/fonts" : font_dir;
-        text_settings.font_file = font_file;
-        std::ofstream(folder + "/fonts/broken.ttf") << "no font";
-    }
-    {
-        test::Session second(nullptr, folder);
-        look(second);
-        EXPECT_EQ(run_state.gui_active, 1);
-        EXPECT_EQ(text_settings.font_file, "system.ttf");
-        EXPECT_TRUE(open_fonts.text_font);
-    }
-    test::remove_program_folder(folder);
+    Session session;
+    text_settings.font_dir = font_dir.empty() ? session.folder() + "/fonts" : font_dir;
+    text_settings.font_file = font_file;
+    std::ofstream(session.folder() + "/fonts/broken.ttf") << "no font";
+    session.restart();
+    look(session);
+    EXPECT_EQ(run_state.gui_active, 1);
+    EXPECT_EQ(text_settings.font_file, "system.ttf");
+    EXPECT_TRUE(open_fonts.text_font);
 }
 
 TEST(TextFontStart, FallsBackToTheProgramsOwnFont)

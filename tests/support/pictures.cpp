@@ -4,6 +4,7 @@
 
 #include "runtime/pixels.h"
 #include "support/paths.h"
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -53,11 +54,11 @@ std::string difference(BITMAP* a, BITMAP* b)
         return text.str();
     }
     for (int y = 0; y < a->h; ++y) {
-        for (int x = 0; x < a->w; ++x) {
-            if (row(a, y)[x] == row(b, y)[x]) continue;
-            text << std::hex << row(a, y)[x] << " against " << row(b, y)[x] << std::dec << " at " << x << ", " << y;
-            return text.str();
-        }
+        const int* const end = row(a, y) + a->w;
+        const auto [here, there] = std::mismatch(row(a, y), row(a, y) + a->w, row(b, y));
+        if (here == end) continue;
+        text << std::hex << *here << " against " << *there << std::dec << " at " << here - row(a, y) << ", " << y;
+        return text.str();
     }
     return "";
 }

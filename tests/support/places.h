@@ -10,7 +10,10 @@
 #include "support/screen_session.h"
 #include "tools/text_tool.h"
 #include <allegro.h>
+#include <concepts>
 #include <fstream>
+#include <functional>
+#include <vector>
 
 namespace kelu::test {
 
@@ -18,64 +21,71 @@ constexpr int over_window = 120;         ///< first slot of a question over a wi
 constexpr int answer_cancel = 126;       ///< of the question about an animation's form
 constexpr int bare_x = 160, bare_y = 12; ///< on the frame, away from the windows
 
+/// A step of a way: a click on a slot, or a function.
+struct Step {
+    Step(int slot) : act([slot](Session& session) { session.click(slot); }) {}
+    Step(std::invocable<Session&> auto function) : act(function) {}
+    std::function<void(Session&)> act;
+};
+
+struct Way : std::vector<Step> {
+    using vector::vector;
+    void operator()(Session& session) const
+    {
+        for (const Step& step : *this)
+            step.act(session);
+    }
+};
+
 inline void click_canvas(Session& session) { session.click_at(bare_x, bare_y); }
 inline void right_click(Session& session) { session.click_at(bare_x, bare_y, RIGHT_BUTTON); }
+inline void let_button_go(Session& session) { session.release(); }
 
-inline void open_entry_of(Session& session, int column, int entry)
+inline auto right_on(int slot)
 {
-    session.click(column);
-    session.click(entry);
+    return [slot](Session& session) { session.click(slot, RIGHT_BUTTON); };
 }
-
-template <int Column, int Entry>
-void open_at(Session& session)
+inline auto at(int x, int y)
 {
-    open_entry_of(session, Column, Entry);
+    return [=](Session& session) { session.click_at(x, y); };
 }
-template <int Slot>
-void click_on(Session& session)
+inline auto tap(int key)
 {
-    session.click(Slot);
+    return [key](Session& session) { session.key(key); };
 }
-template <int Key>
-void tap(Session& session)
+inline auto hold(int key)
 {
-    session.key(Key);
+    return [key](Session& session) { session.hold_key(key); };
 }
-template <int Key>
-void hold(Session& session)
+inline auto let_go(int key)
 {
-    session.hold_key(Key);
+    return [key](Session& session) { session.release_key(key); };
 }
-template <int Key>
-void let_go(Session& session)
+inline auto typed(int field, const char* text)
 {
-    session.release_key(Key);
+    return [=](Session& session) { retype(session, field, text); };
 }
 
 /// A press on the canvas with a tool, which is released again where the tool goes on without the button.
-template <int Tool, bool Released = true>
-void use_tool(Session& session)
+inline auto with_tool(int tool, bool released = true)
 {
-    toolbox.tool_slots[0] = Tool;
-    toolbox.tool_slot = 0;
-    session.move(bare_x, bare_y);
-    session.press();
-    session.frame(4);
-    if (Released) session.release();
-    session.frame(4);
+    return [=](Session& session) {
+        toolbox.tool_slots[0] = tool;
+        toolbox.tool_slot = 0;
+        session.move(bare_x, bare_y);
+        session.press();
+        session.frame(4);
+        if (released) session.release();
+        session.frame(4);
+    };
 }
 
-inline void use_two(Session& session)
+inline auto with_ink(int ink)
 {
-    use_tool<TOOL_OVAL>(session);
-    session.click_at(bare_x + 40, bare_y + 20);
-}
-
-inline void leave_both(Session& session, int inner, int outer)
-{
-    session.click(inner);
-    session.click(outer);
+    return [ink](Session&) {
+        toolbox.ink_slots[0] = ink;
+        toolbox.ink_slot = 0;
+    };
 }
 
 inline void tag_two(Session&)
@@ -84,193 +94,94 @@ inline void tag_two(Session&)
     animation.anim_list[0] = animation.anim_list[1] = 0;
 }
 
-/// Types a name into the browser that is open.
-inline void enter_name(Session& session, const char* name, const char* ending)
+/// Chooses a name in the browser that is open.
+inline auto file(const char* name)
 {
-    session.type(name);
-    session.key(KEY_STOP);
-    session.type(ending);
-    session.key(KEY_ENTER);
-    session.frame(4);
+    return [name](Session& session) {
+        session.type(name);
+        session.key(KEY_ENTER);
+        session.frame(4);
+    };
 }
 
-inline void overwrite(Session& session)
+/// Puts a file there that is no picture and no font.
+inline auto with_broken_file(const char* name)
 {
-    std::ofstream("a.png") << "something";
-    open_entry_of(session, HOME_PIC, 7);
-    enter_name(session, "a", "png");
-}
-
-inline void choose_broken_font(Session& session)
-{
-    std::ofstream(session.folder() + "/fonts/b.ttf") << "no font";
-    use_tool<TOOL_TEXT>(session);
-    session.click(TEXT_SLOT_FONT);
-    enter_name(session, "b", "ttf");
-}
-
-inline void save_animation_as_png(Session& session)
-{
-    tag_two(session);
-    open_entry_of(session, HOME_FRAME, 7);
-    session.click(SLOT_SAVE);
-    enter_name(session, "c", "png");
+    return [name](Session& session) { std::ofstream(session.folder() + "/" + name) << "something"; };
 }
 
 /// A place where the program waits for its user.
 struct Place {
     const char* name;
-    void (*open)(Session&);
-    void (*leave)(Session&);
-    void (*draft)(Session&) = nullptr; ///< something that CANCEL gives up
+    Way open, leave;
+    Way draft = {}; ///< something that CANCEL gives up
 };
 
 inline const Place places[] = {
-    {"column", click_on<HOME_USER>, click_on<10>},
-    {"options", open_at<HOME_USER, 2>, click_on<7>, click_on<6>},
-    {"keys", open_at<HOME_USER, 3>, click_on<27>, [](Session& s) { s.click(6, RIGHT_BUTTON); }},
-    {"remap dialog",
-     [](Session& s) {
-         open_entry_of(s, HOME_USER, 3);
-         s.click(6);
-     },
-     [](Session& s) { leave_both(s, DIALOG_CANCEL, 27); }, tap<KEY_K>},
-    {"buttons", open_at<HOME_USER, 4>, click_on<15>,
-     [](Session& s) {
-         s.click(17);
-         s.click_at(160, 200);
-     }},
-    {"list of functions",
-     [](Session& s) {
-         open_entry_of(s, HOME_USER, 4);
-         s.click(17);
-     },
-     [](Session& s) {
-         right_click(s);
-         s.click(15);
-     }},
-    {"scheme", open_at<HOME_USER, 5>, click_on<110>, [](Session& s) { s.click(81, RIGHT_BUTTON); }},
-    {"colour of a swatch",
-     [](Session& s) {
-         open_entry_of(s, HOME_USER, 5);
-         s.click(77);
-     },
-     [](Session& s) {
-         right_click(s);
-         s.click(110);
-     },
-     click_on<30>},
-    {"window on the move", click_on<HOME_LABEL>, click_canvas},
-    {"help", open_at<HOME_USER, 6>, click_on<4>},
-    {"workspace", open_at<HOME_USER, 7>, click_on<11>},
-    {"about", open_at<HOME_USER, 8>, click_on<3>},
-    {"question", open_at<HOME_USER, 9>, click_on<DIALOG_CANCEL>},
-    {"resize", open_at<HOME_FRAME, 4>, click_on<20>, [](Session& s) { retype(s, 15, "50"); }},
-    {"quick crop",
-     [](Session& s) {
-         open_entry_of(s, HOME_FRAME, 4);
-         s.click(13);
-     },
-     right_click, click_canvas},
-    {"animation", open_at<HOME_FRAME, 7>, click_on<SLOT_CANCEL>, click_on<SLOT_ALL>},
-    {"playback",
-     [](Session& s) {
-         tag_two(s);
-         open_entry_of(s, HOME_FRAME, 8);
-     },
-     click_on<8>, click_on<6>},
-    {"sheet", open_at<HOME_PIC, 4>, click_on<94>},
-    {"tint", open_at<HOME_PIC, 5>, click_on<10>, click_on<2>},
-    {"grid", open_at<HOME_PIC, 6>, click_on<16>, [](Session& s) { retype(s, 4, "33"); }},
-    {"save browser", open_at<HOME_PIC, 7>, click_on<BROWSER_CANCEL>},
-    {"quality",
-     [](Session& s) {
-         open_entry_of(s, HOME_PIC, 7);
-         s.click(BROWSER_FILTER_0 + 4);
-         s.type("a");
-         s.click(BROWSER_OKAY);
-     },
-     click_on<105>},
-    {"load browser", open_at<HOME_PIC, 8>, click_on<BROWSER_CANCEL>},
-    {"overwrite question", overwrite, [](Session& s) { leave_both(s, over_window + DIALOG_CANCEL, BROWSER_CANCEL); }},
-    {"failure panel", choose_broken_font,
-     [](Session& s) {
-         click_canvas(s);
-         s.click(TEXT_SLOT_CANCEL);
-     }},
-    {"form of an animation", save_animation_as_png,
-     [](Session& s) {
-         s.click(answer_cancel);
-         s.click(SLOT_CANCEL);
-     }},
-    {"get", open_at<HOME_CEL, 2>, right_click, click_canvas},
-    {"paste", open_at<HOME_CEL, 4>, right_click},
-    {"turn", open_at<HOME_CEL, 7>, right_click},
-    {"stretch", open_at<HOME_CEL, 8>, right_click, click_canvas},
-    {"transform", open_at<HOME_CEL, 9>, click_on<6>, click_on<2>},
-    {"tools", tap<KEY_B>, tap<KEY_B>},
-    {"inks", tap<KEY_I>, tap<KEY_I>},
-    {"colour", tap<KEY_C>, tap<KEY_C>},
-    {"favourites", tap<KEY_P>, tap<KEY_P>},
-    {"macros", tap<KEY_M>, tap<KEY_M>, click_on<25>},
-    {"tips", tap<KEY_T>, tap<KEY_T>},
-    {"custom tip",
-     [](Session& s) {
-         s.key(KEY_T);
-         s.click(2, RIGHT_BUTTON);
-     },
-     [](Session& s) {
-         right_click(s);
-         s.key(KEY_T);
-     }},
-    {"spectrum", [](Session& s) { s.click(HOME_SPECTRUM, RIGHT_BUTTON); }, right_click, click_canvas},
-    {"quick slider",
-     [](Session& s) {
-         toolbox.ink_slots[0] = INK_GLASS;
-         toolbox.ink_slot = 0;
-         s.hold_key(KEY_PGUP);
-     },
-     let_go<KEY_PGUP>},
-    {"frame stepping",
-     [](Session& s) {
-         make_frames(4);
-         s.hold_key(KEY_PGDN);
-     },
-     let_go<KEY_PGDN>},
-    {"frame jump", hold<KEY_BACKSLASH>, let_go<KEY_BACKSLASH>},
-    {"alpha preview", hold<KEY_SLASH>, let_go<KEY_SLASH>},
-    {"quick pan", hold<KEY_0_PAD>, let_go<KEY_0_PAD>},
-    {"line", use_tool<TOOL_LINE>, right_click},
-    {"line, button held", use_tool<TOOL_LINE, false>,
-     [](Session& s) {
-         s.release();
-         right_click(s);
-     }},
-    {"poly", use_tool<TOOL_POLY>, right_click},
-    {"oval, second axis", use_two, click_canvas},
-    {"freehand shape", use_tool<TOOL_FSHAPE, false>, [](Session& s) { s.release(); }},
-    {"stroke", use_tool<TOOL_DRAW, false>, [](Session& s) { s.release(); }},
-    {"dabs", use_tool<TOOL_DRIZ, false>, [](Session& s) { s.release(); }},
-    {"spray", use_tool<TOOL_SPRAY, false>, [](Session& s) { s.release(); }},
-    {"spline", use_tool<TOOL_SPLINE>, right_click},
-    {"polygon", use_tool<TOOL_RPOLY>, click_on<3>},
-    {"supershape", use_tool<TOOL_SSHAPE>, click_on<3>},
-    {"spiral", use_tool<TOOL_SPIRAL>, click_on<3>},
-    {"text", use_tool<TOOL_TEXT>, click_on<TEXT_SLOT_CANCEL>},
-    {"move", use_tool<TOOL_MOVE>, right_click},
-    {"move, in the air",
-     [](Session& s) {
-         use_tool<TOOL_MOVE>(s);
-         s.click_at(bare_x + 30, bare_y + 30);
-     },
-     right_click},
-    {"gradient",
-     [](Session& s) {
-         toolbox.ink_slots[0] = INK_L_GRAD;
-         toolbox.ink_slot = 0;
-         s.key(KEY_PGUP);
-     },
-     tap<KEY_PGUP>},
+    {"column", {HOME_USER}, {10}},
+    {"options", {HOME_USER, 2}, {7}, {6}},
+    {"keys", {HOME_USER, 3}, {27}, {right_on(6)}},
+    {"remap dialog", {HOME_USER, 3, 6}, {DIALOG_CANCEL, 27}, {tap(KEY_K)}},
+    {"buttons", {HOME_USER, 4}, {15}, {17, at(160, 200)}},
+    {"list of functions", {HOME_USER, 4, 17}, {right_click, 15}},
+    {"scheme", {HOME_USER, 5}, {110}, {right_on(81)}},
+    {"colour of a swatch", {HOME_USER, 5, 77}, {right_click, 110}, {30}},
+    {"window on the move", {HOME_LABEL}, {click_canvas}},
+    {"help", {HOME_USER, 6}, {4}},
+    {"workspace", {HOME_USER, 7}, {11}},
+    {"about", {HOME_USER, 8}, {3}},
+    {"question", {HOME_USER, 9}, {DIALOG_CANCEL}},
+    {"resize", {HOME_FRAME, 4}, {20}, {typed(15, "50")}},
+    {"quick crop", {HOME_FRAME, 4, 13}, {right_click}, {click_canvas}},
+    {"animation", {HOME_FRAME, 7}, {SLOT_CANCEL}, {SLOT_ALL}},
+    {"playback", {tag_two, HOME_FRAME, 8}, {8}, {6}},
+    {"sheet", {HOME_PIC, 4}, {94}},
+    {"tint", {HOME_PIC, 5}, {10}, {2}},
+    {"grid", {HOME_PIC, 6}, {16}, {typed(4, "33")}},
+    {"save browser", {HOME_PIC, 7}, {BROWSER_CANCEL}},
+    {"quality", {HOME_PIC, 7, BROWSER_FILTER_0 + 4, file("a")}, {105}},
+    {"load browser", {HOME_PIC, 8}, {BROWSER_CANCEL}},
+    {"overwrite question",
+     {with_broken_file("a.png"), HOME_PIC, 7, file("a.png")},
+     {over_window + DIALOG_CANCEL, BROWSER_CANCEL}},
+    {"failure panel",
+     {with_broken_file("fonts/b.ttf"), with_tool(TOOL_TEXT), TEXT_SLOT_FONT, file("b.ttf")},
+     {click_canvas, TEXT_SLOT_CANCEL}},
+    {"form of an animation", {tag_two, HOME_FRAME, 7, SLOT_SAVE, file("c.png")}, {answer_cancel, SLOT_CANCEL}},
+    {"get", {HOME_CEL, 2}, {right_click}, {click_canvas}},
+    {"paste", {HOME_CEL, 4}, {right_click}},
+    {"turn", {HOME_CEL, 7}, {right_click}},
+    {"stretch", {HOME_CEL, 8}, {right_click}, {click_canvas}},
+    {"transform", {HOME_CEL, 9}, {6}, {2}},
+    {"tools", {tap(KEY_B)}, {tap(KEY_B)}},
+    {"inks", {tap(KEY_I)}, {tap(KEY_I)}},
+    {"colour", {tap(KEY_C)}, {tap(KEY_C)}},
+    {"favourites", {tap(KEY_P)}, {tap(KEY_P)}},
+    {"macros", {tap(KEY_M)}, {tap(KEY_M)}, {25}},
+    {"tips", {tap(KEY_T)}, {tap(KEY_T)}},
+    {"custom tip", {tap(KEY_T), right_on(2)}, {right_click, tap(KEY_T)}},
+    {"spectrum", {right_on(HOME_SPECTRUM)}, {right_click}, {click_canvas}},
+    {"quick slider", {with_ink(INK_GLASS), hold(KEY_PGUP)}, {let_go(KEY_PGUP)}},
+    {"frame stepping", {[](Session&) { make_frames(4); }, hold(KEY_PGDN)}, {let_go(KEY_PGDN)}},
+    {"frame jump", {hold(KEY_BACKSLASH)}, {let_go(KEY_BACKSLASH)}},
+    {"alpha preview", {hold(KEY_SLASH)}, {let_go(KEY_SLASH)}},
+    {"quick pan", {hold(KEY_0_PAD)}, {let_go(KEY_0_PAD)}},
+    {"line", {with_tool(TOOL_LINE)}, {right_click}},
+    {"line, button held", {with_tool(TOOL_LINE, false)}, {let_button_go, right_click}},
+    {"poly", {with_tool(TOOL_POLY)}, {right_click}},
+    {"oval, second axis", {with_tool(TOOL_OVAL), at(bare_x + 40, bare_y + 20)}, {click_canvas}},
+    {"freehand shape", {with_tool(TOOL_FSHAPE, false)}, {let_button_go}},
+    {"stroke", {with_tool(TOOL_DRAW, false)}, {let_button_go}},
+    {"dabs", {with_tool(TOOL_DRIZ, false)}, {let_button_go}},
+    {"spray", {with_tool(TOOL_SPRAY, false)}, {let_button_go}},
+    {"spline", {with_tool(TOOL_SPLINE)}, {right_click}},
+    {"polygon", {with_tool(TOOL_RPOLY)}, {3}},
+    {"supershape", {with_tool(TOOL_SSHAPE)}, {3}},
+    {"spiral", {with_tool(TOOL_SPIRAL)}, {3}},
+    {"text", {with_tool(TOOL_TEXT)}, {TEXT_SLOT_CANCEL}},
+    {"move", {with_tool(TOOL_MOVE)}, {right_click}},
+    {"move, in the air", {with_tool(TOOL_MOVE), at(bare_x + 30, bare_y + 30)}, {right_click}},
+    {"gradient", {with_ink(INK_L_GRAD), tap(KEY_PGUP)}, {tap(KEY_PGUP)}},
 };
 
 /// A frame to open them over, and settings that differ from those of a start.

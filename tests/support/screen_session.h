@@ -4,6 +4,7 @@
 
 #include "base/run_state.h"
 #include "draw/ink_rows.h"
+#include "gui/build.h"
 #include "gui/kinds.h"
 #include "gui/menus.h"
 #include "gui/scheme.h"
@@ -74,12 +75,12 @@ inline void open_entry(Session& session, int column, int entry, int menu)
     ASSERT_EQ(menus.menu_id, menu);
 }
 
-/// Puts letters and digits in the place of what a short field holds.
+/// Types a text in the place of what a field holds.
 inline void retype(Session& session, int field, const std::string& text)
 {
     session.click(field);
     session.key(KEY_END);
-    for (int i = 0; i < 4; ++i)
+    while (field_text_of(field)[0] != 0)
         session.key(KEY_BACKSPACE);
     session.type(text);
 }

@@ -8,6 +8,7 @@
 #pragma once
 
 #include "base/bitmap.h"
+#include "support/temporary_folder.h"
 #include <string>
 #include <vector>
 
@@ -23,15 +24,15 @@ enum class Ticks {
 
 class Session {
 public:
-    /// Starts the program and runs it to its first frames. `home_loop` takes the place of the drawing menu's loop.
-    /// `folder` is an existing program folder to start in, for the second start of the same workspace.
-    /// The program's folder is the user's home, too, unless `home` says another.
-    explicit Session(void (*home_loop)() = nullptr, std::string folder = {}, Ticks ticks = Ticks::virtual_clock,
-                     const std::string& home = {});
-    /// Ends the program when it still runs, and removes the folder that it made.
+    /// Starts the program in a fresh folder, which is the user's home, too, and runs it to its first frames.
+    /// `home_loop` takes the place of the drawing menu's loop; `prepare` runs in the folder before the start.
+    explicit Session(void (*home_loop)() = nullptr, void (*prepare)() = nullptr, Ticks ticks = Ticks::virtual_clock);
+    /// Ends the program when it still runs, and removes the folder.
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
+    /// Ends the program and starts it again in the same folder, as it has left it.
+    void restart();
 
     /// Lets the program run n frames; fewer when it ends.
     void frame(int n = 1);
@@ -45,7 +46,7 @@ public:
     }
 
     /// Puts the pointer on a logical pixel, and lets a few frames pass so that it counts as standing still.
-    void move(int x, int y);
+    void move(int x, int y, int frames = settle_frames);
     void press(int button = LEFT_BUTTON);
     void release(int button = LEFT_BUTTON);
     /// Moves, presses and releases on a logical pixel.
@@ -60,7 +61,7 @@ public:
     void release_key(int scancode);
     /// Taps a key, with modifier keys (KEY_LSHIFT ...) held.
     void key(int scancode, const std::vector<int>& modifiers = {});
-    /// Types letters A to Z, digits and blanks.
+    /// Types letters A to Z, digits, blanks, points and slashes.
     void type(const std::string& text);
 
     /// The picture presented last, 320 x 240.
@@ -74,20 +75,20 @@ public:
     /// Exit code once ended.
     int exit_code() const;
     /// The program's folder.
-    const std::string& folder() const { return folder_; }
-    /// Leaves the folder behind, for a second session in it; the caller removes it.
-    void keep_folder() { owns_folder_ = false; }
+    std::string folder() const { return folder_.path(); }
 
 private:
-    std::string folder_;
-    bool owns_folder_ = false;
+    static constexpr int settle_frames = 6;
+    void start();
+    void end();
+    template <class Word>
+    void set(Word& word, int value, int frames);
+
+    TemporaryFolder folder_;
+    Ticks ticks_;
 };
 
-/// A fresh program folder with config.def, resource/, WORKSPACE/ and fonts/.
-std::string make_program_folder();
 /// Puts an opaque frame of one colour in the place of the live one, with what belongs to it.
 void replace_frame(int w, int h, int color);
-/// Removes a folder that a test made.
-void remove_program_folder(const std::string& folder);
 
 } // namespace kelu::test

@@ -15,7 +15,7 @@ public:
     TemporaryFolder() : before_(std::filesystem::current_path())
     {
         std::string form = (std::filesystem::temp_directory_path() / "kelu-test-XXXXXX").string();
-        path_ = mkdtemp(form.data());
+        path_ = std::filesystem::canonical(mkdtemp(form.data()));
         std::filesystem::current_path(path_);
     }
     ~TemporaryFolder()
