@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The reader of PNG animations: chunks, pictures in their rectangles, and how they are laid over what shows.
+#include "base/sizes.h"
 #include "imagefile/apng.h"
 #include "imagefile/picture_area.h"
 #include "imagefile/png.h"
@@ -248,7 +249,9 @@ AnimationHead apng_head(std::span<const uint8_t> bytes)
     };
     if (!Walker(bytes, count).walk()) return {};
     if (head.pictures == 0) refuse(refusal::no_picture);
-    const bool bounded = head.pictures == 0 || long{head.width} * head.height <= max_animation_pixels / head.pictures;
+    const bool bounded =
+        head.pictures == 0 || (long{head.width} * head.height <= max_animation_pixels / head.pictures &&
+                               may_hold(bytes.size(), product(head.width, head.height), png_most_pixels_a_byte));
     if (bounded) return head;
     refuse(refusal::too_large);
     return {};

@@ -165,9 +165,11 @@ Bitmap decode_bmp(std::span<const uint8_t> bytes)
     if (!read_heads(in, head)) return refuse("Not a known BMP file!");
     const Palette palette = read_palette(in, head);
     if (!in.seek(head.pixels_at)) return refuse(refusal::ends_early);
-    // Plain rows have to be there before memory is asked for.
-    if (!head.by_runs() && in.left() / head.row_bytes() < static_cast<std::size_t>(head.height))
-        return refuse(refusal::ends_early);
+    // Plain rows have to be there before memory is asked for. A run of two bytes is up to 255 pixels long.
+    const auto height = static_cast<std::size_t>(head.height);
+    const bool enough = head.by_runs() ? may_hold(in.left(), product(head.width, head.height), 255 / 2 + 1)
+                                       : in.left() / head.row_bytes() >= height;
+    if (!enough) return refuse(refusal::ends_early);
     Bitmap bitmap(head.width, head.height, palette[0]);
     if (!bitmap) return refuse(refusal::no_memory);
     if (head.by_runs())

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The reader of animated GIFs: images laid over each other on a canvas.
+#include "base/sizes.h"
 #include "imagefile/gif_animation.h"
 #include "imagefile/gif_blocks.h"
 #include "imagefile/gif_steps.h"
@@ -139,11 +140,12 @@ bool fail(const char* reason)
     return false;
 }
 
-bool bounded(const AnimationHead& head)
+bool bounded(const AnimationHead& head, std::size_t bytes)
 {
     if (head.pictures == 0) return fail(refusal::no_picture);
     const bool fits = bitmap_size_valid(head.width, head.height) &&
-                      long{head.width} * head.height <= max_animation_pixels / head.pictures;
+                      long{head.width} * head.height <= max_animation_pixels / head.pictures &&
+                      may_hold(bytes, product(head.width, head.height), lzw_most_a_byte);
     return fits || fail(refusal::too_large);
 }
 
@@ -179,7 +181,7 @@ AnimationHead gif_animation_head(std::span<const uint8_t> bytes)
     }
     head.width = file.width;
     head.height = file.height;
-    return bounded(head) ? head : AnimationHead{};
+    return bounded(head, bytes.size()) ? head : AnimationHead{};
 }
 
 bool read_gif_animation(std::span<const uint8_t> bytes, TakePicture take)

@@ -3,6 +3,7 @@
 #include "imagefile/gif.h"
 
 #include "base/log.h"
+#include "base/sizes.h"
 #include "imagefile/gif_blocks.h"
 #include "imagefile/indexed.h"
 #include "imagefile/lzw.h"
@@ -85,6 +86,7 @@ Bitmap decode_gif(std::span<const uint8_t> bytes, RGB* palette)
     const int minimum_size = in.byte();
     if (minimum_size < 1 || minimum_size > 8) return refuse("Bad code size!");
     const auto wanted = static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height);
+    if (!may_hold(in.left(), wanted, lzw_most_a_byte)) return refuse(refusal::ends_early);
     Bytes pixels;
     lzw_decode(in, minimum_size, wanted, pixels);
     if (pixels.empty()) return refuse(refusal::no_picture);

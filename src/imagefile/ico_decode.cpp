@@ -111,9 +111,9 @@ Bitmap read_image(ByteReader in, Image image)
         for (int i = 0; i < entries; ++i)
             palette[i] = static_cast<int>(in.little32() & 0xffffff);
     }
-    // All rows have to be there before memory is asked for.
-    const std::size_t rows = image.row_bytes(image.bits) * image.height;
-    if (in.ended() || (image.known() && in.left() < rows)) return refuse(refusal::ends_early);
+    // All rows have to be there before memory is asked for, also those of a depth that can't be read.
+    const std::size_t rows = image.row_bytes(std::max(image.bits, 1)) * image.height;
+    if (in.ended() || in.left() < rows) return refuse(refusal::ends_early);
     Bitmap picture(image.width, image.height, static_cast<int>(opaque));
     if (!picture || !image.known()) return picture;
     read_colors(in, image, palette, picture);

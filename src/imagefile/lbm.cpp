@@ -98,8 +98,9 @@ Bitmap read_body(ByteReader body, const Form& form, const RGB* palette)
     const auto height = static_cast<std::size_t>(form.height);
     const auto tight = static_cast<std::size_t>(form.width) * height;
     if (!form.packed && !form.bitplanes && body.left() == tight) plane = static_cast<std::size_t>(form.width);
-    // A packed byte stands for 128 at most, so a short body can't ask for a large picture.
-    const std::size_t least = form.packed ? size * height / 128 : std::min(size * height, tight);
+    // Two packed bytes stand for 128 of one plane's row at most, so a short body can't ask for a large picture.
+    const std::size_t packed = (plane + 127) / 128 * 2 * form.stored_planes() * height;
+    const std::size_t least = form.packed ? packed : std::min(size * height, tight);
     if (body.left() < least) return refuse(refusal::ends_early);
 
     const auto colors = palette_colors(palette);

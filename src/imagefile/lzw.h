@@ -11,6 +11,8 @@ namespace kelu {
 
 /// Codes have at most this many bits.
 constexpr int lzw_max_width = 12;
+/// Pixels that a byte stands for at most: a code of 12 bits may name a string of 4096.
+constexpr std::size_t lzw_most_a_byte = 4096 * 8 / lzw_max_width + 1;
 
 /// How a stream is coded.
 struct LzwForm {

@@ -12,9 +12,6 @@
 namespace kelu {
 namespace {
 
-/// What deflate can shrink a run of bytes by at most.
-constexpr std::size_t most_expansion = 1032;
-
 /// Where a pass of the picture lies: its first pixel and the distance to the next one.
 struct Pass {
     int x, y, dx, dy;
@@ -214,7 +211,7 @@ Bitmap read_png_rows(const PngForm& p, const std::array<int, 256>& colors,
         size += pass.size(p);
     for (const auto part : parts)
         packed += part.size();
-    const bool enough = size / most_expansion <= packed;
+    const bool enough = size / deflate_most_a_byte <= packed;
     Bitmap bitmap = enough ? Bitmap::unfilled(p.width, p.height) : Bitmap();
     if (!bitmap) {
         png_fail(enough ? "Cannot allocate bitmap!" : "Not enough data!");

@@ -23,6 +23,10 @@ struct PngColorForm {
 constexpr PngColorForm png_color_forms[] = {
     {1, 1 | 2 | 4 | 8 | 16}, {}, {3, 8 | 16}, {1, 1 | 2 | 4 | 8}, {2, 8 | 16}, {}, {4, 8 | 16}};
 
+/// Bytes that one of a deflate stream stands for at most: a run of 258 takes two bits or more.
+constexpr std::size_t deflate_most_a_byte = 1032;
+constexpr std::size_t png_most_pixels_a_byte = 8 * deflate_most_a_byte; ///< pixels of one bit
+
 /// The form of a picture's data, as its head gives it.
 struct PngForm {
     int width = 0, height = 0;

@@ -2,6 +2,7 @@
 // Records of the journal: making them, and laying them over a picture.
 #include "workspace/journal_file.h"
 
+#include "base/sizes.h"
 #include "platform/file_calls.h"
 #include "runtime/pixels.h"
 #include <array>
@@ -86,11 +87,13 @@ bool lay_tile(std::span<const uint8_t> payload, BITMAP* picture)
     return true;
 }
 
-Bitmap new_picture(std::span<const uint8_t> payload)
+/// A picture to begin anew with. The smallest record of a tile has more than 16 bytes for its 4096 pixels.
+Bitmap new_picture(std::span<const uint8_t> payload, std::size_t journal_size)
 {
     ByteReader in(payload);
     const auto w = static_cast<int>(in.big32()), h = static_cast<int>(in.big32());
-    return bitmap_size_valid(w, h) ? Bitmap(w, h, opaque_black) : Bitmap();
+    const bool valid = bitmap_size_valid(w, h) && may_hold(journal_size, product(w, h), 256);
+    return valid ? Bitmap(w, h, opaque_black) : Bitmap();
 }
 
 } // namespace
@@ -187,7 +190,7 @@ Bitmap replay_journal(std::span<const uint8_t> journal, const Bitmap& base)
     while (picture && in.left() > 0) {
         const std::optional<Record> record = next_record(in);
         if (!record) return {};
-        if (record->kind == RECORD_SIZE) picture = new_picture(record->payload);
+        if (record->kind == RECORD_SIZE) picture = new_picture(record->payload, sealed);
         if (record->kind == RECORD_TILE && picture && !lay_tile(record->payload, picture)) return {};
     }
     return picture;
