@@ -54,7 +54,8 @@ int PngRowReader::unpack()
 bool PngRowReader::refill(std::size_t size)
 {
     const std::size_t kept = filled_ - before_;
-    const std::size_t needed = at_ - before_ + std::max(size, block_size) + slack;
+    const std::size_t rest = filled_ - at_ + left_; // a small picture needs no whole block
+    const std::size_t needed = at_ - before_ + std::max(size, std::min(block_size, rest)) + slack;
     if (kept > 0) std::memmove(block_.data(), block_.data() + before_, kept);
     if (block_.size() < needed) block_.resize(needed);
     at_ -= before_;
