@@ -26,10 +26,11 @@ int hex_value(std::string_view digits)
     return digits.size() == 2 && error == std::errc() && end == digits.data() + 2 ? value : -1;
 }
 
-/// A part of a URI with its "%41" read as "A"; empty when one is no such number or stands for the end of a text.
+/// A part of a URI with its "%41" read as "A"; empty when one is no such number, or the end of a text is in it.
 std::string decode_uri(std::string_view text)
 {
     std::string decoded;
+    if (text.find('\0') != std::string_view::npos) return {};
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] != '%') {
             decoded += text[i];
