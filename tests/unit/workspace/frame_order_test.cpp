@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Deleting frames, and what belongs to a frame whose number changes by hand.
+#include "workspace/change_set.h"
 #include "workspace_fixture.h"
 
 namespace kelu {
@@ -74,6 +75,18 @@ TEST_F(FrameOrderTest, WhatBelongsToAFrameFollowsItIntoAGap)
     EXPECT_EQ(animation.anim_tag[2], 1);
     EXPECT_EQ(animation.anim_delay[1], 2);
     EXPECT_EQ(pixel(store.nail_sheet, nail_x(1) + 9, 9), 0x12);
+}
+
+TEST_F(FrameOrderTest, ARecordOfAChangeReachesNoFileOutsideTheStore)
+{
+    make_frames(2);
+    folder.put("mine", "KEPT");
+    folder.put("WORKSPACE/next.list", "take ../mine current.001\nremove ../mine\nremove current.001\n");
+    const platform::DirectoryVisit visit("WORKSPACE");
+    EXPECT_TRUE(finish_changes());
+    EXPECT_EQ(folder.text("mine"), "KEPT");
+    EXPECT_FALSE(platform::file_exists("current.001"));
+    EXPECT_FALSE(platform::file_exists("next.list"));
 }
 
 } // namespace kelu
