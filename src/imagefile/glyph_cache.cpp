@@ -79,11 +79,12 @@ GlyphForm form_of(FT_Library library, const FT_BitmapGlyphRec& rendered)
     form.h = static_cast<int>(bytes->rows);
     form.left = rendered.left;
     form.top = rendered.top;
-    form.pixels.reserve(product(form.w, form.h));
+    form.pixels.resize(product(form.w, form.h));
+    uint8_t* out = form.pixels.data();
     for (unsigned y = 0; y < bytes->rows; ++y) {
         const uint8_t* line = bytes.line(y);
         for (unsigned x = 0; x < bytes->width; ++x)
-            form.pixels.push_back(strength(line[x], bytes->num_grays));
+            *out++ = strength(line[x], bytes->num_grays);
     }
     return form;
 }
