@@ -15,9 +15,11 @@ constexpr int sample_y = 20;
 constexpr int sample_size = 75, sample_spacing = 5;
 constexpr int hidden_rows = 10; ///< at the preview's foot, below the font browser's buttons
 
-/// Draws a font's sample into the preview.
-void draw_sample(BITMAP* preview, VectorFont& font)
+} // namespace
+
+void draw_font_sample(BITMAP* preview, VectorFont& font)
 {
+    font_set_up(font, sample_spacing, sample_size);
     const int ground = fixed_colours.menu_grey;
     clear_to_color(preview, ground);
     const Bitmap room(2 * preview->w, 2 * preview->h);
@@ -27,15 +29,12 @@ void draw_sample(BITMAP* preview, VectorFont& font)
     blit(room, preview, box.x, box.y, (preview->w - box.w) / 2, (preview->h - hidden_rows - box.h) / 2, box.w, box.h);
 }
 
-} // namespace
-
 void update_font_preview(const std::string& name)
 {
     open_fonts.preview_font.reset();
     FontOwner font = font_load(platform::resolve_path(name));
     if (!font) return;
-    font_set_up(*font, sample_spacing, sample_size);
-    draw_sample(screen_state.preview_bitmap, *font);
+    draw_font_sample(screen_state.preview_bitmap, *font);
     open_fonts.preview_font = std::move(font);
 }
 

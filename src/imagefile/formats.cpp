@@ -168,14 +168,18 @@ int format_of_file(const std::string& name)
     return format != FORMAT_NONE ? format : format_from_signature(name);
 }
 
+Bitmap decode_picture(std::span<const uint8_t> bytes, int format)
+{
+    const bool known = format >= 0 && format < FORMAT_COUNT && formats[format].decode;
+    return known ? formats[format].decode(bytes) : refuse("No kind of picture that is known!");
+}
+
 Bitmap load_picture(const std::string& name, int format)
 {
-    if (format < 0 || format >= FORMAT_COUNT || !formats[format].decode)
-        return refuse("No kind of picture that is known!");
     try {
         Bytes bytes;
         if (!platform::read_file(name, max_picture_file, bytes)) return refuse("Cannot open file!");
-        return formats[format].decode(bytes);
+        return decode_picture(bytes, format);
     } catch (const std::bad_alloc&) {
         log_line("[ ERROR ] : Memory is too short for the picture %s", name);
     }

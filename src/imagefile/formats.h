@@ -68,6 +68,9 @@ int format_from_signature(const std::string& name);
 /// The format by extension, else by signature, or FORMAT_NONE.
 int format_of_file(const std::string& name);
 
+/// Decodes the bytes of a picture file of a format into merged form; empty as below. Throws std::bad_alloc.
+Bitmap decode_picture(std::span<const uint8_t> bytes, int format);
+
 /// Reads a picture file of a format into merged form. Empty when the file can't be read, isn't such a picture, or the
 /// format has no pictures.
 Bitmap load_picture(const std::string& name, int format);

@@ -92,9 +92,9 @@ Bitmap decode_tga(std::span<const uint8_t> bytes)
     in.skip(id_size);
     if (mapped) in.skip(product(map_length, (map_bits + 7) / 8));
 
-    // A packet holds at most 128 pixels: fewer bytes than that can't be a picture of this size, however it is coded.
+    // A packet of a byte and one pixel stands for at most 128 pixels: fewer bytes can't be a picture of this size.
     const auto pixel_count = product(w, h);
-    const auto least = type == type_plain ? pixel_count * (bits / 8) : pixel_count / 128;
+    const auto least = type == type_plain ? pixel_count * (bits / 8) : (pixel_count + 127) / 128 * (1 + bits / 8);
     if (in.ended() || in.left() < least) return {};
 
     Bitmap picture = Bitmap::unfilled(w, h); // where the data ends early, nothing is given out
@@ -116,10 +116,10 @@ struct PlainHead {
 };
 
 /// Reads the head of a file of that form, all of whose pixels are there; none of any other file.
-std::optional<PlainHead> read_plain_head(platform::FileSource& file)
+std::optional<PlainHead> read_plain_head(platform::ByteSource& file)
 {
     std::array<uint8_t, header_size> bytes{};
-    if (!file.opened() || !file.read(bytes)) return std::nullopt;
+    if (!file.read(bytes)) return std::nullopt;
     ByteReader in(bytes);
     const int id_size = in.byte();
     const bool plain = in.byte() == 0 && in.byte() == type_plain;
@@ -132,11 +132,9 @@ std::optional<PlainHead> read_plain_head(platform::FileSource& file)
     return whole ? std::optional(head) : std::nullopt;
 }
 
-/// Reads a file of that form piece by piece into place; empty for all others, and where anything is amiss.
-Bitmap read_plain_file(const std::string& name)
+Bitmap read_plain_tga(platform::ByteSource& file)
 {
     constexpr std::size_t piece = std::size_t{1} << 18; // bytes that the processor's second cache holds
-    platform::FileSource file(name);
     const std::optional<PlainHead> head = read_plain_head(file);
     if (!head) return {};
     const std::size_t row_bytes = head->row_bytes();
@@ -165,7 +163,10 @@ bool tga_readable(const std::string& name, int least_side)
 
 Bitmap read_tga(const std::string& name)
 {
-    if (Bitmap picture = read_plain_file(name)) return picture;
+    {
+        platform::FileSource file(name);
+        if (Bitmap picture = read_plain_tga(file)) return picture;
+    }
     constexpr std::size_t limit = header_size + 255U + 65536U * 4U + 5U * max_bitmap_pixels;
     Bytes bytes;
     if (!platform::read_file(name, limit, bytes)) return {};

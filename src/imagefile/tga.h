@@ -4,6 +4,7 @@
 
 #include "base/bitmap.h"
 #include "imagefile/row_source.h"
+#include "platform/files.h"
 #include <cstdint>
 #include <span>
 #include <string>
@@ -14,7 +15,10 @@ namespace kelu {
 /// out in merged form; 24-bit pixels get alpha 255. Empty when the bytes are of another kind, cut short or too large.
 Bitmap decode_tga(std::span<const uint8_t> bytes);
 
-/// Reads a file by `decode_tga`. Empty when the file is missing or not such a picture.
+/// The same for the form in which frames are written, read piece by piece into place; empty for all others.
+Bitmap read_plain_tga(platform::ByteSource& file);
+
+/// Reads a file by either. Empty when the file is missing or not such a picture.
 Bitmap read_tga(const std::string& name);
 
 /// True when `read_tga` would give a picture whose sides have `least_side` pixels or more. A file of the form in which

@@ -6,6 +6,7 @@
 #include "platform/files.h"
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace kelu {
 namespace {
@@ -112,8 +113,15 @@ void font_system_exit()
 
 FontOwner font_load(const std::string& name)
 {
+    std::vector<uint8_t> bytes;
+    return platform::read_file(name, largest_file, bytes) ? font_open(std::move(bytes)) : FontOwner();
+}
+
+FontOwner font_open(std::vector<uint8_t> file)
+{
     FontOwner font(new VectorFont);
-    if (!library || !platform::read_file(name, largest_file, font->file)) return {};
+    font->file = std::move(file);
+    if (!library) return {};
     if (FT_New_Memory_Face(library, font->file.data(), static_cast<FT_Long>(font->file.size()), 0, &font->face) != 0)
         return {};
     choose_characters(font->face);

@@ -7,8 +7,10 @@
 #pragma once
 
 #include "base/bitmap.h"
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace kelu {
 
@@ -45,6 +47,8 @@ void font_system_exit();
 /// Loads a font of the working directory: outlines, or bitmaps of fixed sizes. Empty on any error: not a regular file,
 /// larger than 128 MB, no font, no size of a sensible height. An outline font has no size yet and draws nothing.
 FontOwner font_load(const std::string& name);
+/// The same from the bytes of a file.
+FontOwner font_open(std::vector<uint8_t> file);
 /// Sets the height of a line, in pixels. 0; or -1 when it can't be set, and the old size stays. A font of fixed sizes
 /// has just these.
 int font_set_size(VectorFont& font, int height);

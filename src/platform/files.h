@@ -80,25 +80,36 @@ bool read_start(const std::string& name, std::size_t count, std::vector<uint8_t>
 /// The whole file, when it is a regular file of at most `limit` bytes; false otherwise.
 bool read_file(const std::string& name, std::size_t limit, std::vector<uint8_t>& bytes);
 
-/// A regular file that is read piece by piece. The working directory may change between the calls.
-class FileSource {
+/// Bytes that are read piece by piece, wherever they lie.
+class ByteSource {
 public:
-    explicit FileSource(const std::string& name);
-    ~FileSource();
-    FileSource(const FileSource&) = delete;
-    FileSource& operator=(const FileSource&) = delete;
-    /// False: there is no such file, or it can't be read.
-    bool opened() const { return handle_ >= 0; }
+    ByteSource() = default;
+    virtual ~ByteSource() = default;
+    ByteSource(const ByteSource&) = delete;
+    ByteSource& operator=(const ByteSource&) = delete;
     long size() const { return size_; }         ///< bytes
     long position() const { return position_; } ///< bytes before the next one to be read
-    /// Fills the bytes; false when the file ends before that or can't be read. `last_failure` is 0 for the first.
-    bool read(std::span<uint8_t> bytes);
-    /// Goes to a position, at most the file's end; false when that is impossible.
-    bool seek(long position);
+    /// Fills the bytes; false when the source ends before that or can't be read. `last_failure` is 0 for the first.
+    virtual bool read(std::span<uint8_t> bytes) = 0;
+    /// Goes to a position, at most the end; false when that is impossible.
+    virtual bool seek(long position) = 0;
+
+protected:
+    long size_ = 0, position_ = 0;
+};
+
+/// A regular file. The working directory may change between the calls.
+class FileSource final : public ByteSource {
+public:
+    explicit FileSource(const std::string& name);
+    ~FileSource() override;
+    /// False: there is no such file, or it can't be read.
+    bool opened() const { return handle_ >= 0; }
+    bool read(std::span<uint8_t> bytes) override;
+    bool seek(long position) override;
 
 private:
     int handle_ = -1;
-    long size_ = 0, position_ = 0;
 };
 
 /// A working directory for the time of a block, and the way back.

@@ -40,16 +40,15 @@ int message_before_reading(const std::string& name, bool forced)
     return format != FORMAT_NONE && format_row(format).previews ? -1 : PREVIEW_UNAVAILABLE;
 }
 
-/// Fits a picture to the preview, each side by its own factor.
-void fit(BITMAP* picture, BITMAP* preview)
+} // namespace
+
+void fit_preview(BITMAP* picture, BITMAP* preview)
 {
     if (picture->w < preview->w || picture->h < preview->h)
         stretch_blit(picture, preview, 0, 0, picture->w, picture->h, 0, 0, preview->w, preview->h);
     else
         downscale_bitmap(picture, preview, 0, 0, preview->w, preview->h);
 }
-
-} // namespace
 
 Bitmap load_preview_bitmap(const std::string& name)
 {
@@ -79,7 +78,7 @@ void update_preview(const std::string& name, bool forced)
     }
     const Bitmap picture = load_preview_bitmap(name);
     if (picture)
-        fit(picture, screen_state.preview_bitmap);
+        fit_preview(picture, screen_state.preview_bitmap);
     else
         show_preview_message(PREVIEW_DAMAGED);
 }

@@ -14,6 +14,9 @@ enum PreviewMessage : int { PREVIEW_UNAVAILABLE, PREVIEW_DAMAGED, PREVIEW_DISABL
 /// The frame and its alpha stay as they are.
 Bitmap load_preview_bitmap(const std::string& name);
 
+/// Fits a picture to a preview, each side by its own factor.
+void fit_preview(BITMAP* picture, BITMAP* preview);
+
 /// Fills `preview_bitmap` with a message.
 void show_preview_message(int which);
 

@@ -15,6 +15,7 @@
 #include "runtime/failure_reports.h"
 #include "runtime/store.h"
 #include "runtime/view.h"
+#include "workspace/archive_layout.h"
 #include "workspace/archive_progress.h"
 #include "workspace/change_set.h"
 #include "workspace/folder.h"
@@ -30,78 +31,9 @@ namespace kelu {
 
 namespace {
 
-constexpr std::string_view magic = "kWSP";
-constexpr const char* containers[] = {"cel", "nal", "tip", "spa"}; // behind the frames, in this order
 constexpr std::size_t buffer_size = std::size_t{1} << 18;
 constexpr std::size_t longest_text = 255; // what a length byte can tell
 constexpr std::size_t longest_directory = 255;
-
-/// What is before the blocks.
-struct ArchiveHead {
-    std::string title, notes;
-    int frames = 0;
-    long blocks_at = 0; ///< offset of the first block's length
-};
-
-/// Reads an archive's numbers and texts. A read past the end makes all of them invalid.
-class ArchiveReader {
-public:
-    explicit ArchiveReader(platform::FileSource& file) : file_(file) {}
-
-    std::string text(std::size_t length)
-    {
-        std::string letters(length, '\0');
-        good_ = good_ && file_.read({reinterpret_cast<uint8_t*>(letters.data()), length});
-        return letters;
-    }
-    std::size_t byte()
-    {
-        uint8_t value = 0;
-        good_ = good_ && file_.read({&value, 1});
-        return value;
-    }
-    uint32_t word()
-    {
-        const std::string bytes = text(4);
-        return ByteReader({reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()}).big32();
-    }
-    /// Goes over `length` bytes; false when the archive ends before that.
-    bool skip(long length)
-    {
-        good_ = good_ && file_.seek(file_.position() + length);
-        return good_;
-    }
-    bool good() const { return good_; }
-
-private:
-    platform::FileSource& file_;
-    bool good_ = true;
-};
-
-bool read_head(platform::FileSource& file, ArchiveHead& head)
-{
-    ArchiveReader in(file);
-    if (in.text(magic.size()) != magic) return false;
-    head.title = in.text(in.byte());
-    head.notes = in.text(in.byte());
-    const uint32_t frames = in.word();
-    head.frames = static_cast<int>(std::min<uint32_t>(frames, max_frames + 1));
-    head.blocks_at = file.position();
-    return in.good() && head.frames >= 1 && head.frames <= max_frames;
-}
-
-/// Walks the whole archive: true when every block is there and the end comes exactly behind the last.
-bool walk_archive(platform::FileSource& file, ArchiveHead& head)
-{
-    if (!read_head(file, head)) return false;
-    ArchiveReader in(file);
-    const int blocks = head.frames + static_cast<int>(std::size(containers));
-    for (int block = 0; block < blocks; ++block) {
-        const long length = in.word();
-        if (!in.good() || !in.skip(length)) return false;
-    }
-    return file.position() == file.size() && file.seek(head.blocks_at);
-}
 
 /// What keeps an archive from being loaded, for the user; null when nothing does.
 using Reason = const char*;
@@ -109,7 +41,7 @@ using Reason = const char*;
 /// Writes the next block of the archive beside the file that it is to become.
 bool stage_next(platform::FileSource& archive, ChangeSet& changes, const std::string& name, std::span<uint8_t> buffer)
 {
-    const uint32_t length = ArchiveReader(archive).word();
+    const uint32_t length = next_block_length(archive);
     return extract_block(archive, changes.stage(name), buffer, length) == 0;
 }
 
@@ -122,7 +54,7 @@ Reason stage_all(platform::FileSource& archive, const ArchiveHead& head, ChangeS
         if (!tga_readable(frame_file(frame, file_set::next), least_frame_side)) return "A frame in it is damaged!";
         progress.step();
     }
-    for (const char* ending : containers) {
+    for (const char* ending : archive_containers) {
         if (!stage_next(archive, changes, set_file(ending), buffer)) return platform::failure_reason();
         const std::string staged = set_file(ending, file_set::next);
         const bool is_state = std::string_view(ending) == "spa";
@@ -159,7 +91,7 @@ bool write_head(platform::FileReplacement& archive)
 {
     Bytes bytes;
     ByteWriter out(bytes);
-    out.text(magic);
+    out.text(archive_magic);
     for (const std::string* text : {&store.workspace_title, &store.workspace_notes}) {
         const std::string_view kept = std::string_view(*text).substr(0, longest_text);
         out.byte(static_cast<int>(kept.size()));
@@ -177,7 +109,7 @@ bool write_archive(platform::FileReplacement& archive, ArchiveProgress& progress
         if (!copy_file_to_archive(frame_file(frame), archive, buffer)) return false;
         progress.step();
     }
-    for (const char* ending : containers)
+    for (const char* ending : archive_containers)
         if (!copy_file_to_archive(set_file(ending), archive, buffer)) return false;
     progress.finish();
     return archive.commit();

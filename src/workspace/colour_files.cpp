@@ -29,11 +29,8 @@ bool save(const ColourFile& kind, const std::string& name)
     return platform::replace_file(name, bytes);
 }
 
-int load(const ColourFile& kind, const std::string& name)
+int read(const ColourFile& kind, std::span<const uint8_t> bytes)
 {
-    constexpr std::size_t size_limit = 1U << 16; // bytes; what follows the colours is passed over
-    Bytes bytes;
-    if (!platform::read_file(name, size_limit, bytes)) return -1;
     ByteReader in(bytes);
     if (!in.match(kind.magic) || in.left() < 4U * static_cast<std::size_t>(kind.colors.count())) return -1;
     for (int i = 0; i < kind.colors.count(); ++i)
@@ -41,10 +38,19 @@ int load(const ColourFile& kind, const std::string& name)
     return 1;
 }
 
+int load(const ColourFile& kind, const std::string& name)
+{
+    constexpr std::size_t size_limit = 1U << 16; // bytes; what follows the colours is passed over
+    Bytes bytes;
+    return platform::read_file(name, size_limit, bytes) ? read(kind, bytes) : -1;
+}
+
 } // namespace
 
 bool save_scheme_file(const std::string& name) { return save(scheme_file, name); }
 bool save_favorites_file(const std::string& name) { return save(favorites_file, name); }
+int read_scheme(std::span<const uint8_t> bytes) { return read(scheme_file, bytes); }
+int read_favorites(std::span<const uint8_t> bytes) { return read(favorites_file, bytes); }
 int load_scheme_file(const std::string& name) { return load(scheme_file, name); }
 int load_favorites_file(const std::string& name) { return load(favorites_file, name); }
 

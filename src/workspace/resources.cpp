@@ -120,10 +120,14 @@ private:
 void load_object_library()
 {
     constexpr std::size_t max_library_file = 4u << 20;
-    object_library = {};
     std::vector<uint8_t> bytes;
-    if (!platform::read_file("obj_lib.def", max_library_file, bytes)) return;
+    if (!platform::read_file("obj_lib.def", max_library_file, bytes)) bytes.clear();
+    read_object_library(bytes);
+}
 
+void read_object_library(std::span<const uint8_t> bytes)
+{
+    object_library = {};
     NumberLines numbers(bytes);
     for (auto& record : object_library.rows) {
         if (!numbers.more()) return;

@@ -5,6 +5,8 @@
 
 #include "runtime/actors.h"
 #include <array>
+#include <cstdint>
+#include <span>
 
 namespace kelu {
 
@@ -28,6 +30,8 @@ inline ActorOutlines actor_outlines;
 /// Reads obj_lib.def of the working directory, one decimal number a line: records of four values, a count and that
 /// many pairs. A missing file leaves the library empty; what goes beyond the table is read over.
 void load_object_library();
+/// The same from the bytes of such a file.
+void read_object_library(std::span<const uint8_t> bytes);
 /// Copies the count and the pairs of library row 0 to 199 into outline 0 to 49; other numbers are refused with a line
 /// in the log.
 void copy_object_record(int slot, int row);
