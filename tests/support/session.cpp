@@ -79,9 +79,9 @@ void tick_freely(const std::stop_token& stop)
 }
 
 /// The end of every frame of the program: hand the turn to the test and wait for it to come back.
-void present(BITMAP* picture, bool)
+void present(BITMAP* picture, bool fresh)
 {
-    blit(picture, run->shown, 0, 0, 0, 0, picture->w, picture->h);
+    if (fresh) blit(picture, run->shown, 0, 0, 0, 0, picture->w, picture->h);
     run->ready.release();
     run->go.acquire();
 }

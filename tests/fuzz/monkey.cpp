@@ -1,0 +1,386 @@
+// SPDX-License-Identifier: MIT
+// A user without a plan: the whole program under random pointer, keys, files and ends, with checks in between.
+//
+// The bytes of the input choose what is done; behind its end a generator that they have seeded goes on, up to
+// KELU_MONKEY_EVENTS events or 3000. So an input that breaks something does so again. KELU_MONKEY_LOG=1 tells each
+// event.
+#include "monkey_cage.h"
+#include "monkey_checks.h"
+#include "platform/dropped_files.h"
+#include "platform/ending.h"
+#include "platform/host.h"
+#include "platform/input_events.h"
+#include "platform/places.h"
+#include "runtime/opened_files.h"
+#include "support/paths.h"
+#include "support/places.h"
+#include "workspace/frame_resize.h"
+#include <functional>
+#include <optional>
+#include <random>
+
+namespace kelu::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int most_tries = 40;       ///< to get out of wherever the user is
+constexpr int most_pixels = 1 << 17; ///< of a frame; a larger one soon makes way for a small one, for the time it takes
+constexpr std::array dropped{"png/rgba-8.png",   "gif/animated.gif", "bmp/rgb-8.bmp",   "pcx/indexed-4.pcx",
+                             "apng/palette.png", "jpeg/rgb.jpg",     "fonts/block.bdf", "state/filled.def"};
+constexpr std::array words{"A.PNG", "B.GIF", "C.JPG", "D.BMP", "E.WSP", "F", "7", "255", "40", "9999", "WORD"};
+constexpr std::array common_keys{KEY_ENTER, KEY_ESC, KEY_LEFT,      KEY_RIGHT, KEY_UP,  KEY_DOWN,  KEY_HOME,
+                                 KEY_END,   KEY_0,   KEY_BACKSPACE, KEY_DEL,   KEY_TAB, KEY_SPACE, KEY_STOP};
+
+const bool talks = std::getenv("KELU_MONKEY_LOG") != nullptr;
+const long most_events = std::getenv("KELU_MONKEY_EVENTS") ? std::atol(std::getenv("KELU_MONKEY_EVENTS")) : 3000;
+
+std::basic_string<uint8_t> input; // what is left of it
+std::minstd_rand random_numbers;
+std::string folder;
+std::optional<Session> session;
+int buttons = 0; // held, as in mouse_b
+
+int below(int n)
+{
+    if (input.empty()) return static_cast<int>(random_numbers() % static_cast<unsigned>(n));
+    const int byte = input.back();
+    input.pop_back();
+    return n <= 256 ? byte % n : byte * n / 256;
+}
+
+template <class List>
+const auto& one_of(const List& list)
+{
+    return list[static_cast<std::size_t>(below(static_cast<int>(std::size(list))))];
+}
+
+void note(const char* what, int a = 0, int b = 0)
+{
+    ++event_count;
+    if (talks) std::cerr << event_count << ' ' << what << ' ' << a << ' ' << b << " menu " << menus.menu_id << '\n';
+}
+
+/// Lets frames pass. The browser may not stand among the program's own files, since a picture saved over one of them
+/// is damage that the user has asked for.
+void frames(int n)
+{
+    for (; n > 0; --n, ++frame_time)
+        session->frame();
+    if (run_state.timers_locked == 0 && fs::current_path() == folder + "/WORKSPACE") fs::current_path(folder);
+}
+
+void point(int x, int y)
+{
+    note("point", x, y);
+    ::mouse_x = std::clamp(x, 0, logical_w - 1) * screen_state.screen_scale;
+    ::mouse_y = std::clamp(y, 0, logical_h - 1) * screen_state.screen_scale;
+    platform::append_pointer_event({::mouse_x, ::mouse_y, buttons});
+}
+void point_anywhere() { point(below(logical_w), below(logical_h)); }
+void point_near()
+{
+    point(::mouse_x / screen_state.screen_scale - 6 + below(13), ::mouse_y / screen_state.screen_scale - 6 + below(13));
+}
+
+void hold(int bits)
+{
+    note("buttons", bits);
+    ::mouse_b = buttons = bits;
+    platform::append_pointer_event({::mouse_x, ::mouse_y, buttons});
+}
+
+void key(int code, bool down)
+{
+    note(down ? "key" : "key up", code);
+    ::key[code] = down ? -1 : 0;
+    platform::append_key_event(code, down);
+}
+
+/// As when the window loses the focus.
+void let_go()
+{
+    for (int code = 1; code < KEY_MAX; ++code)
+        if (::key[code] != 0) key(code, false);
+    if (buttons != 0) hold(0);
+    frames(3);
+}
+
+void tap_key(int code, int with = 0)
+{
+    constexpr int held[][2] = {{key_control, KEY_LCONTROL}, {key_alt, KEY_ALT}, {key_shift, KEY_LSHIFT}};
+    for (const bool down : {true, false}) {
+        for (const auto& [bit, modifier] : held)
+            if ((with & bit) != 0) key(modifier, down);
+        key(code, down);
+        frames(1 + below(2));
+    }
+}
+
+void click()
+{
+    const int bit = one_of(std::array{1, 1, 1, 1, 1, 2, 2, 4, 8, 16});
+    for (int times = below(6) == 0 ? 2 : 1; times > 0; --times) {
+        frames(below(3));
+        hold(buttons | bit);
+        frames(below(4));
+        hold(buttons & ~bit);
+    }
+}
+
+void click_slot()
+{
+    std::vector<int> slots;
+    for (int slot = 0; slot < gui_slots; ++slot)
+        if (slot_live(slot) && gui.w[slot] > 0 && gui.h[slot] > 0) slots.push_back(slot);
+    if (slots.empty()) return;
+    const int slot = one_of(slots);
+    point(gui.x[slot] + below(gui.w[slot]), gui.y[slot] + below(gui.h[slot]));
+    click();
+}
+
+void drag()
+{
+    if (below(2) == 0) point_anywhere();
+    hold(buttons | 1);
+    for (int steps = 1 + below(8); steps > 0; --steps) {
+        below(4) == 0 ? point_anywhere() : point_near();
+        frames(below(2));
+    }
+    if (below(5) != 0) hold(0);
+}
+
+void turn_wheel()
+{
+    note("wheel");
+    ::mouse_z = ::mouse_z + below(7) - 3;
+}
+
+/// Sizes of frames stay small: where they are typed nobody types.
+void press_key()
+{
+    if (menus.menu_id != MENU_RESIZE)
+        tap_key(below(2) == 0 ? one_of(common_keys) : 1 + below(last_key_code),
+                below(5) == 0 ? key_control << below(3) : 0);
+}
+
+void type_word()
+{
+    if (gui_logic.gui_key_focus < 0 || menus.menu_id == MENU_RESIZE) return;
+    for (const char letter : std::string_view(one_of(words)))
+        tap_key(letter == '.' ? KEY_STOP : letter <= '9' ? KEY_0 + letter - '0' : KEY_A + letter - 'A');
+    if (below(3) != 0) tap_key(KEY_ENTER);
+}
+
+void use_action()
+{
+    const HotkeyRow& row = hotkeys.hotkey_table[below(ACTION_LIST_END)];
+    const int keys = below(3) == 0 ? row.alternate : row.primary;
+    if (keys <= 0) return;
+    below(4) == 0 ? key(keys & ~key_modifiers, true) : tap_key(keys & ~key_modifiers, keys & key_modifiers);
+}
+
+void shrink_frame() { resize_frame(store.current_frame, 2 + below(100), 2 + below(80), below(9), below(2)); }
+
+/// Another tool, ink, tip or colour, which the menus would take long to come to.
+void choose()
+{
+    note("choose");
+    toolbox.tool_slots[int(toolbox.tool_slot)] = 1 + below(TOOL_COUNT - 1);
+    toolbox.ink_slots[int(toolbox.ink_slot)] = below(INK_COUNT);
+    set_brush_tip(below(custom_tip + 1));
+    toolbox.brush_color = below(256) << below(17);
+    something_shows();
+    if (is_quiet() && store.frame_bitmap.width() * store.frame_bitmap.height() > most_pixels) shrink_frame();
+}
+
+void open_place()
+{
+    let_go();
+    if (!is_quiet()) return;
+    const Place& place = one_of(places);
+    note(place.name);
+    platform::stop_input_events();
+    place.open(*session);
+    platform::queue_input_events();
+    hold(::mouse_b);
+}
+
+void drop_file()
+{
+    const fs::path name = one_of(dropped);
+    note(name.c_str());
+    platform::add_dropped_files({folder / name.filename()});
+}
+
+/// Nothing is held: time for the checks that take longer.
+void look_back()
+{
+    let_go();
+    frames(5);
+    check_words();
+    if (is_quiet()) check_history();
+}
+
+/// What gets a user out of anything: the buttons that leave, Escape, a click somewhere, and again.
+void try_to_leave()
+{
+    constexpr std::array ways{int(TEXT_CANCEL), int(TEXT_EXIT), int(TEXT_BACK), int(TEXT_RETURN), int(TEXT_OKAY)};
+    const auto click_slowly = [](int bits) {
+        hold(bits);
+        frames(6);
+        hold(0);
+        frames(6);
+    };
+    for (int slot = gui_slots - 1; slot >= 0; --slot) {
+        if (!slot_live(slot) || std::ranges::find(ways, int(gui.text_id[slot])) == ways.end()) continue;
+        point(gui.x[slot] + 2, gui.y[slot] + 2);
+        click_slowly(1);
+        break;
+    }
+    key(KEY_ESC, true);
+    frames(4);
+    key(KEY_ESC, false);
+    frames(4);
+    point_anywhere();
+    click_slowly(1 + below(2));
+}
+
+void begin_session()
+{
+    const auto live = [] {
+        lives_by_frames = true;
+        draw_menu();
+    };
+    platform::take_dropped_files(); // those of the program before
+    opened_files.waiting.clear();
+    session.emplace(live, folder);
+    cage = folder;
+    platform::places.drive_root = {};
+    static void (*const check)() = still_frame_check;
+    still_frame_check = [] { // it takes longer than the frame that isn't composed
+        if (frame_time % 16 == 0) check();
+    };
+    platform::queue_input_events();
+    buttons = 0;
+}
+
+void end_session()
+{
+    require(session->finish(), "the program doesn't end");
+    require(session->exit_code() == 0, "the program has ended with a failure");
+    if (talks) std::cerr << session->log();
+    platform::stop_input_events();
+    cage.clear();
+    session.reset();
+}
+
+/// Ends the program, now or once the user has left what is open, and starts it again.
+void leave()
+{
+    note("leave");
+    let_go();
+    for (int requests = 1 + below(2); requests > 0; --requests)
+        request_end();
+    frames(6);
+    for (int tries = most_tries; tries > 0 && !session->ended(); --tries)
+        try_to_leave();
+    require(session->ended(), "the user can't leave");
+    let_go();
+    const Work work(*session);
+    end_session();
+    begin_session();
+    check_start(work, *session, false);
+}
+
+/// The power goes: what the disk has at this moment is what the next start finds.
+void cut_power()
+{
+    note("power cut");
+    let_go();
+    for (int tries = below(8); tries > 0 && !is_quiet(); --tries)
+        try_to_leave();
+    if (session->ended()) return;
+    const bool comparable = is_quiet();
+    const Work work(*session);
+    fs::copy(folder + "/WORKSPACE", folder + "/kept");
+    end_session();
+    fs::remove_all(folder + "/WORKSPACE");
+    fs::rename(folder + "/kept", folder + "/WORKSPACE");
+    begin_session();
+    if (comparable) check_start(work, *session, true);
+}
+
+struct Deed {
+    int weight;
+    void (*act)();
+};
+constexpr Deed deeds[] = {
+    {100, point_anywhere}, {60, point_near}, {110, click_slot},
+    {60, click},           {25, drag},       {50, [] { hold(buttons ^ one_of(std::array{1, 1, 1, 1, 2, 4})); }},
+    {15, turn_wheel},      {50, press_key},  {12, type_word},
+    {50, use_action},      {12, let_go},     {12, [] { frames(1 + below(30)); }},
+    {12, choose},          {20, open_place}, {2, drop_file},
+    {8, look_back},        {1, leave},       {1, cut_power}};
+
+void act()
+{
+    constexpr int all = [] {
+        int sum = 0;
+        for (const Deed& deed : deeds)
+            sum += deed.weight;
+        return sum;
+    }();
+    int number = below(all);
+    const Deed* deed = deeds;
+    for (; number >= deed->weight; ++deed)
+        number -= deed->weight;
+    deed->act();
+    frames(below(3));
+    if (session->ended()) leave(); // a key or a button has asked for it
+    check_pictures();
+}
+
+/// A program on some work.
+void begin()
+{
+    event_count = 0;
+    folder = make_program_folder();
+    for (const char* name : dropped)
+        fs::copy(data_folder() + '/' + name, folder);
+    begin_session();
+    if (below(4) != 0) prepare(*session);
+    if (below(2) != 0) shrink_frame();
+    if (below(3) == 0) make_frames(2 + below(7));
+    reset_undo_slots();
+}
+
+} // namespace
+} // namespace kelu::test
+
+extern "C" const char* __asan_default_options() { return "handle_abort=1"; }
+
+extern "C" int LLVMFuzzerInitialize(int*, char***)
+{
+    static const kelu::platform::FileCalls calls = kelu::caged_calls();
+    kelu::platform::file_calls = &calls;
+    kelu::platform::headless_host.start();
+    GTEST_FLAG_SET(break_on_failure, true);
+    if (std::filesystem::is_directory("/dev/shm")) setenv("TMPDIR", "/dev/shm", 0);
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    using namespace kelu::test;
+    if (size == 0) return 0; // the driver's first
+    input.assign(data, size);
+    std::seed_seq seed(data, data + size);
+    random_numbers.seed(seed);
+    for (begin(); event_count < most_events;)
+        act();
+    let_go();
+    end_session();
+    remove_program_folder(folder);
+    return 0;
+}
