@@ -3,13 +3,17 @@
 # Runs the fuzz targets, built by clang with libFuzzer, ASan and UBSan: fuzz.sh [TARGET] [MINUTES]
 # Without a target each of them runs, one after the other; a minute each without a number. Inputs that reach something
 # new gather in build/fuzz/corpus/TARGET; one that breaks a reader is written there beside them and ends the run.
+#   fuzz.sh TARGET keep    the fewest of them that reach as much become the target's own examples, tests/data/fuzz/TARGET
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 . tools/packages.sh
 need_packages "${build_packages[@]}" clang
 
 target=${1:-all} minutes=${2:-1}
-case $minutes in *[!0-9]* | '') echo "usage: fuzz.sh [TARGET] [MINUTES]" >&2; exit 2 ;; esac
+case $minutes in
+    keep) ;;
+    *[!0-9]* | '') echo "usage: fuzz.sh [TARGET] [MINUTES|keep]" >&2; exit 2 ;;
+esac
 targets=("$target")
 if [ "$target" = all ]; then
     targets=()
@@ -22,19 +26,48 @@ elif [ ! -f "tests/fuzz/$target.cpp" ]; then
     exit 2
 fi
 
+# shared_examples TARGET: the folders that it has in common with other tests, as tests/fuzz/CMakeLists.txt finds them.
+shared_examples() {
+    local folder
+    for folder in "$1" $(sed -n "s/^$1 //p" tests/data/fuzz/seeds.txt); do
+        [ ! -d "tests/data/$folder" ] || echo "tests/data/$folder"
+    done
+}
+
+# keep_examples TARGET: makes the target's own examples anew, from all that it has.
+keep_examples() {
+    local own=tests/data/fuzz/$1 corpus=build/fuzz/corpus/$1 anew file shared
+    mapfile -t shared < <(shared_examples "$1")
+    mkdir -p "$own"
+    anew=$(mktemp -d)
+    "build/fuzz/tests/fuzz/fuzz_$1" -set_cover_merge=1 -max_len=2048 "$anew" "${shared[@]}" "$own" "$corpus" \
+        >"$corpus.log" 2>&1
+    rm -f "$own"/*
+    mv "$anew"/* "$own"
+    rmdir "$anew"
+    # What lies in the common folders needn't be here as well.
+    for file in "${shared[@]/%//*}"; do
+        # shellcheck disable=SC2086 # the pattern stands for the files of a folder
+        sha1sum $file
+    done | while read -r sum _; do rm -f "$own/$sum"; done
+    echo "$1: $(find "$own" -type f | wc -l) examples, $(du -bs "$own" | cut -f1) bytes"
+}
+
 build_preset fuzz "${targets[@]/#/fuzz_}"
 for name in "${targets[@]}"; do
     corpus=build/fuzz/corpus/$name
     mkdir -p "$corpus"
-    examples=()
-    for folder in "tests/data/$name" "tests/fuzz/corpus/$name"; do
-        [ ! -d "$folder" ] || examples+=("$folder")
-    done
+    if [ "$minutes" = keep ]; then
+        keep_examples "$name"
+        continue
+    fi
+    mapfile -t examples < <(shared_examples "$name"; find tests/data/fuzz -mindepth 1 -type d -name "$name")
     echo "== $name"
     # The summary has runs, runs a second, coverage and memory.
     found=0
-    "build/fuzz/tests/fuzz/fuzz_$name" -max_total_time=$((minutes * 60)) -timeout=10 -rss_limit_mb=2048 \
-        -artifact_prefix="$corpus/" -print_final_stats=1 "$corpus" "${examples[@]}" >"$corpus.log" 2>&1 || found=$?
-    grep -E 'ERROR|SUMMARY|DONE|stat::|artifact' "$corpus.log" || true
+    "build/fuzz/tests/fuzz/fuzz_$name" -max_total_time=$((minutes * 60)) -max_len=4096 -timeout=10 \
+        -rss_limit_mb=2048 -artifact_prefix="$corpus/" -print_final_stats=1 "$corpus" "${examples[@]}" \
+        >"$corpus.log" 2>&1 || found=$?
+    grep -aE 'ERROR|SUMMARY|DONE|stat::|artifact' "$corpus.log" || true
     [ $found -eq 0 ] || { echo "$name: an input breaks it, see $corpus and $corpus.log"; exit 1; }
 done

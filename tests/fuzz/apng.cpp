@@ -6,6 +6,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
 {
+    const MemoryWatch watch(size, 4 * 8 * 1032); // one bit a pixel, deflated
     const auto look = [](const kelu::Bitmap& picture, int) {
         look_at(picture);
         return true;

@@ -6,6 +6,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, std::size_t size)
 {
+    const MemoryWatch watch(size, 10 * 2048); // coefficients and pixels of a progressive one
     look_at(kelu::decode_jpeg({data, size}));
     return 0;
 }

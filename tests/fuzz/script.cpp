@@ -9,10 +9,12 @@
 #include "runtime/jobs.h"
 #include <string_view>
 
+#include "reader_target.h"
+
 namespace kelu {
 namespace {
 
-constexpr int ticks = 200;
+constexpr int ticks = 100;
 constexpr int speaker = 3;
 constexpr int script_id = 1;
 
