@@ -126,7 +126,7 @@ inline const Place places[] = {
     {"list of functions", {HOME_USER, 4, 17}, {right_click, 15}},
     {"scheme", {HOME_USER, 5}, {110}, {right_on(81)}},
     {"colour of a swatch", {HOME_USER, 5, 77}, {right_click, 110}, {30}},
-    {"window on the move", {HOME_LABEL}, {click_canvas}},
+    {"window on the move", {HOME_LABEL}, {at(bare_x, logical_h - 1)}},
     {"help", {HOME_USER, 6}, {4}},
     {"workspace", {HOME_USER, 7}, {11}},
     {"about", {HOME_USER, 8}, {3}},
