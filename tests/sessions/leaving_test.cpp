@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The rule of leaving, in every screen and tool: the first request to end the program waits until the user has left
 // what is open, a click acts once meanwhile; the second request doesn't wait, and gives up what isn't committed.
+#include "base/version.h"
 #include "loop/home_strip.h"
 #include "runtime/animation.h"
 #include "runtime/macros.h"
@@ -158,6 +159,20 @@ TEST(LeavingRule, AClickActsOnce)
     session.click(BROWSER_CANCEL);
     session.frame(4);
     EXPECT_TRUE(session.ended());
+}
+
+TEST(LeavingRule, RapidExitEndsTheProgramAndItsLog)
+{
+    Session session;
+    session.key(KEY_Q, {KEY_LSHIFT});
+    EXPECT_TRUE(session.frames_until([&] { return session.ended(); }));
+    EXPECT_EQ(session.exit_code(), 0);
+    const std::string log = session.log();
+    EXPECT_TRUE(log.starts_with("[ INIT ] : Old resources swept up\n[ INIT ] : Kelu v" + std::string(version()) +
+                                " now loading\n"));
+    EXPECT_NE(log.find("[ INIT ] : Requesting 640x480 windowed resolution\n[ INIT ] : Resolution accepted\n"),
+              std::string::npos);
+    EXPECT_TRUE(log.ends_with("[ END ] : Closing font renderer hooks.\n[ END ] : Closing log.\n"));
 }
 
 TEST(LeavingRule, ACornerIsTakenOnce)
