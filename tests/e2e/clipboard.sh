@@ -11,9 +11,6 @@ ask() {
     echo "$1 $2" >&"${probe[1]}"
     read -r answer <&"${probe[0]}"
 }
-# same A B: both files are there and show the same picture.
-same() { [ -s "$1" ] && [ "$(convert "$1" rgb:- | cksum)" = "$(convert "$2" rgb:- | cksum)" ]; }
-
 # offers TYPE: what is on the clipboard has this type.
 offers() { xclip -selection clipboard -o -t TARGETS 2>/dev/null | grep -qx "$1"; }
 
@@ -26,13 +23,11 @@ expect 'nothing on the clipboard' test "$answer" = empty
 for picture in small large; do
     ask copy $picture.png
     expect "$picture is copied" test "$answer" = copied
-    xclip -selection clipboard -o -t TARGETS >targets
-    expect 'PNG is offered' grep -qx image/png targets
-    expect 'BMP is offered' grep -qx image/bmp targets
-    xclip -selection clipboard -o -t image/png >"$picture-taken.png"
-    expect "xclip takes $picture as PNG" same "$picture-taken.png" $picture.png
-    xclip -selection clipboard -o -t image/bmp >"$picture-taken.bmp"
-    expect "xclip takes $picture as BMP" same "$picture-taken.bmp" $picture.png
+    for form in png bmp; do
+        expect "$form is offered" offers image/$form
+        xclip -selection clipboard -o -t image/$form >taken.$form
+        expect "xclip takes $picture as $form" same taken.$form $picture.png
+    done
     ask paste own.png
     expect 'our own copy comes back' same own.png $picture.png
 done

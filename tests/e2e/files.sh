@@ -26,7 +26,6 @@ click() {
     move_to "$1" "$2"
     xdotool mousedown "${3:-1}" sleep "$hold" mouseup "${3:-1}" sleep "$hold"
 }
-same() { [ -s "$1" ] && [ "$(convert "$1" rgb:- | cksum)" = "$(convert "$2" rgb:- | cksum)" ]; }
 # frame_is PICTURE: copies the frame, and another program takes it. A copy is renewed once a try.
 frame_is() {
     press ctrl c
@@ -39,7 +38,6 @@ shown_row() { click 20 $((115 + 32 + 5 + 6 * $1)); }
 captions() { convert "$1" -crop 87x57+6+381 +repage rgb:- | cksum; }
 browsing() { screenshot now.png && [ "$(captions now.png)" = "$(captions save.png)" ]; }
 asking() { screenshot now.png && [ "$(pixel now.png 210 285)" = '#9E9E9E' ]; }
-
 
 stroke 90 40 170 60
 wait_for 'a steady picture' steady
@@ -82,15 +80,4 @@ click 300 20 3
 composite -geometry +0+0 small.png large.png PNG24:both.png
 wait_for 'the anchored picture' frame_is both.png
 
-# A program that offers a picture and never answers.
-xclip -selection clipboard -i -t image/png -quiet <large.png 2>/dev/null &
-owner=$!
-sleep 0.3
-kill -STOP $owner
-press ctrl v
-wait_for 'an editor that goes on' frame_is both.png
-kill -CONT $owner
-kill $owner 2>/dev/null || true
-
-kill -TERM "$program"
-end_program || fail "result $? at the end"
+end_by terminate

@@ -8,9 +8,6 @@ install_program
 chmod -R a-w "$scratch/usr"
 kelu=$scratch/usr/bin/kelu
 
-# Root may write anywhere; then somebody else is the user.
-somebody=()
-if [ "$(id -u)" -eq 0 ]; then somebody=(setpriv --reuid=65534 --regid=65534 --clear-groups); fi
 chmod 755 "$scratch"
 start_display 1000x800
 chmod 777 "$HOME" "$scratch"
@@ -26,8 +23,7 @@ done
 expect 'the delivered size of the window' test "$(cat "$app/config.def")" = 3
 expect 'no copy of the art' test ! -e "$app/resource/FW_GUI"
 stroke 90 40 170 60
-kill -TERM "$program"
-end_program || fail "result $? after TERM"
+end_by terminate
 
 # An update brings other art and other defaults; what is the user's stays.
 work=$(cksum <"$app/WORKSPACE/current.000")
@@ -43,8 +39,7 @@ start_program "$app" "${somebody[@]}" "$kelu"
 expect 'the size that the user has chosen' test "$scale" = 2
 expect 'the work' test "$(cksum <"$app/WORKSPACE/current.000")" = "$work"
 expect 'the font of this installation' cmp "$app/fonts/system.ttf" "$scratch/usr/share/kelu/fonts/system.ttf"
-kill -TERM "$program"
-end_program || fail "result $? after TERM"
+end_by terminate
 
 # A folder elsewhere, with a blank in its name; a first start that was cut short is made good.
 export XDG_DATA_HOME="$scratch/data of mine"
@@ -53,8 +48,7 @@ app=$XDG_DATA_HOME/kelu
 start_program "$app" "${somebody[@]}" "$kelu"
 expect 'a whole workspace' test -s "$app/WORKSPACE/current.spa"
 expect 'nothing left over' test ! -e "$app/.WORKSPACE.kelu-new"
-kill -TERM "$program"
-end_program || fail "result $? after TERM"
+end_by terminate
 
 # No folder can be made: a box says which, and why.
 export XDG_DATA_HOME=/proc

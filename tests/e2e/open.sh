@@ -49,5 +49,4 @@ expect 'a list without a file of ours' test "$("$tools/window_peer" "$window" dr
 expect 'a drop of a program that dies' "$tools/window_peer" "$window" drop-dying
 expect 'a drop after that' "$tools/window_peer" "$window" drop "file://$scratch/one%20picture.png"
 wait_for 'the frame after that' test -s "$app/WORKSPACE/current.004"
-kill -TERM "$program"
-end_program || fail "result $? at the end"
+end_by terminate

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Another program's side of the window's messages: a window manager's ping and promises, and files dragged and dropped.
 //
+//   window_peer WINDOW close          presses the close button
 //   window_peer WINDOW ping           0 when the answer comes within two seconds
 //   window_peer WINDOW drop TEXT      drops a list of URIs; 0 when the window takes it
 //   window_peer WINDOW drop-other     drags something that is no list; 0 when the window refuses it
@@ -142,8 +143,10 @@ int main(int count, char** words)
     const std::string_view what = words[2];
     if (what == "ping") return ping() ? 0 : 1;
     if (what == "drop" && count == 4) return drop(words[3]) ? 0 : 1;
-    if (what == "leave" || what == "manager") {
-        what == "leave" ? leave_full_screen() : promise_full_screen();
+    if (what == "close" || what == "leave" || what == "manager") {
+        if (what == "close") send("WM_PROTOCOLS", static_cast<long>(atom("WM_DELETE_WINDOW")), CurrentTime);
+        if (what == "leave") leave_full_screen();
+        if (what == "manager") promise_full_screen();
         XSync(display, False);
         return 0;
     }

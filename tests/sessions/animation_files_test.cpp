@@ -85,8 +85,7 @@ protected:
     void choose(int button, const std::string& name, int answer = -1)
     {
         session_.click(button);
-        session_.type(name);
-        session_.key(KEY_ENTER);
+        choose_file(session_, name);
         if (answer >= 0) session_.click(answer);
         session_.frames_until([] { return menus.menu_id == MENU_ANIMATION; });
     }

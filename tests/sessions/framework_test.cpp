@@ -50,7 +50,6 @@ TEST(Framework, ThePictureFadesInFromBlack)
     session.frame(2);
     EXPECT_EQ(brightness(), 255);
     EXPECT_EQ(count_actors(), 1) << "but for the reserved row the table is empty again";
-    EXPECT_TRUE(session.finish());
 }
 
 TEST(Framework, AScriptSpeaksFadesWaitsAndEnds)
@@ -70,7 +69,6 @@ TEST(Framework, AScriptSpeaksFadesWaitsAndEnds)
     EXPECT_EQ(view.pan_y, 9);
     EXPECT_TRUE(session.frames_until([] { return bubble_at(1).bubble_actor == -1; }, 400));
     EXPECT_EQ(job_find(JOB_ANY), -1);
-    EXPECT_TRUE(session.finish());
 }
 
 } // namespace kelu

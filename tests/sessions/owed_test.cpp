@@ -212,7 +212,7 @@ protected:
         if (shows_another || (action.owes & (SIZE | ROLE)) != 0) return;
         expect_whole_history(before, (action.owes & UNDO) != 0 ? 1 : 0, (action.owes & COMMITS) == 0);
         if ((action.owes & COMMITS) == 0) return;
-        while (undo_steps() > 0)
+        while (snapshots() > 0)
             undo_step();
         EXPECT_NE(difference(store.frame_bitmap, before), "");
     }
@@ -226,7 +226,7 @@ protected:
         EXPECT_EQ(difference(store.frame_bitmap, before), "");
         EXPECT_EQ(store.frame_count, three_frames.frames);
         EXPECT_EQ(store.current_frame, three_frames.current);
-        EXPECT_EQ(undo_steps(), 0);
+        EXPECT_EQ(snapshots(), 0);
         EXPECT_EQ(menus.status_message, TIP_NONE);
         ASSERT_EQ(menus.menu_id, MENU_DRAW);
     }

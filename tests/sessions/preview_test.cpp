@@ -5,8 +5,8 @@
 #include "draw/tool_input.h"
 #include "runtime/cel.h"
 #include "runtime/shape_settings.h"
-#include "support/screen_session.h"
 #include "support/tool_session.h"
+#include "support/ways.h"
 #include "tools/shape_panel.h"
 #include "tools/text_tool.h"
 #include <allegro.h>
@@ -18,120 +18,42 @@ using namespace test;
 namespace {
 
 constexpr int frame_w = 420, frame_h = 320;
-constexpr int home_cel = 17;
 
 /// How a tool comes to its last preview, and what commits it.
 struct Case {
     const char* name;
     int tool; ///< TOOL_NONE: a cel, given by its column
-    void (*gather)(Session&);
-    void (*commit)(Session&);
+    Way gather, commit;
     bool shows_more = false; ///< the preview has marks that aren't committed
     int most_zoom = max_zoom;
 };
 
-void right_click(Session& session) { session.click_at(150, 70, RIGHT_BUTTON); }
-void okay(Session& session) { session.click(PANEL_OKAY); }
-
-void press_and_go(Session& session)
-{
-    session.click_at(64, 48);
-    session.move(197, 121);
-}
-void click_here(Session& session) { session.click_at(197, 121); }
-
-void click_panel_tool(Session& session)
-{
-    session.click_at(150, 90);
-    session.frame(4);
-}
+constexpr auto right_click = [](Session& session) { session.click_at(150, 70, RIGHT_BUTTON); };
 
 const Case cases[] = {
-    {"line", TOOL_LINE, press_and_go, click_here},
-    {"line upwards", TOOL_LINE,
-     [](Session& s) {
-         s.click_at(40, 150);
-         s.move(231, 33);
-     },
-     [](Session& s) { s.click_at(231, 33); }},
-    {"steep line", TOOL_LINE,
-     [](Session& s) {
-         s.click_at(140, 20);
-         s.move(101, 171);
-     },
-     [](Session& s) { s.click_at(101, 171); }},
-    {"box", TOOL_BOX, press_and_go, click_here},
-    {"circle", TOOL_CIRCLE,
-     [](Session& s) {
-         s.click_at(150, 100);
-         s.move(189, 131);
-     },
-     [](Session& s) { s.click_at(189, 131); }},
-    {"oval", TOOL_OVAL,
-     [](Session& s) {
-         s.click_at(96, 70);
-         s.click_at(224, 130);
-         s.move(150, 160);
-     },
-     [](Session& s) { s.click_at(150, 160); }},
-    {"poly", TOOL_POLY,
-     [](Session& s) {
-         s.click_at(64, 48);
-         s.click_at(197, 77);
-         s.click_at(130, 160);
-         s.move(64, 48);
-     },
-     [](Session& s) { s.click_at(64, 48, RIGHT_BUTTON); }},
-    {"freehand shape", TOOL_FSHAPE,
-     [](Session& s) {
-         s.move(64, 48);
-         s.press();
-         for (const Point to : {Point{130, 60}, {200, 150}, {90, 131}, {64, 48}})
-             s.move(to.x, to.y);
-     },
-     [](Session& s) { s.release(); }},
-    {"polygon", TOOL_RPOLY, click_panel_tool, okay},
-    {"supershape", TOOL_SSHAPE, click_panel_tool, okay},
-    {"spiral", TOOL_SPIRAL, click_panel_tool, okay},
+    {"line", TOOL_LINE, {at(64, 48), to(197, 121)}, {at(197, 121)}},
+    {"line upwards", TOOL_LINE, {at(40, 150), to(231, 33)}, {at(231, 33)}},
+    {"steep line", TOOL_LINE, {at(140, 20), to(101, 171)}, {at(101, 171)}},
+    {"box", TOOL_BOX, {at(64, 48), to(197, 121)}, {at(197, 121)}},
+    {"circle", TOOL_CIRCLE, {at(150, 100), to(189, 131)}, {at(189, 131)}},
+    {"oval", TOOL_OVAL, {at(96, 70), at(224, 130), to(150, 160)}, {at(150, 160)}},
+    {"poly", TOOL_POLY, {at(64, 48), at(197, 77), at(130, 160), to(64, 48)}, {at(64, 48, RIGHT_BUTTON)}},
+    {"freehand shape",
+     TOOL_FSHAPE,
+     {to(64, 48), press_button, to(130, 60), to(200, 150), to(90, 131), to(64, 48)},
+     {let_button_go}},
+    {"polygon", TOOL_RPOLY, {at(150, 90), frames(4)}, {PANEL_OKAY}},
+    {"supershape", TOOL_SSHAPE, {at(150, 90), frames(4)}, {PANEL_OKAY}},
+    {"spiral", TOOL_SPIRAL, {at(150, 90), frames(4)}, {PANEL_OKAY}},
     // Closer nodes are picked up: at the last level none has room beside another.
-    {"spline", TOOL_SPLINE,
-     [](Session& s) {
-         s.click_at(10, 170);
-         s.click_at(160, 10);
-         s.click_at(310, 170);
-     },
-     right_click, true, 5},
-    {"text", TOOL_TEXT,
-     [](Session& s) {
-         s.click_at(96, 96);
-         s.type("kelu");
-         s.frame(4);
-     },
-     [](Session& s) { s.click(TEXT_SLOT_OKAY); }, true},
-    {"paste", TOOL_NONE,
-     [](Session& s) {
-         s.click(home_cel);
-         s.click(4);
-     },
-     right_click},
-    {"turn", TOOL_NONE,
-     [](Session& s) {
-         s.click(home_cel);
-         s.click(7);
-         s.click_at(160, 96);
-         gui.scroll_value[PANEL_OWN] = 30;
-         s.frame(4);
-     },
-     okay},
-    {"stretch", TOOL_NONE,
-     [](Session& s) {
-         s.click(home_cel);
-         s.click(8);
-         s.click_at(64, 64);
-         s.move(224, 160);
-         s.click_at(224, 160);
-     },
-     right_click, true},
+    {"spline", TOOL_SPLINE, {at(10, 170), at(160, 10), at(310, 170)}, {right_click}, true, 5},
+    {"text", TOOL_TEXT, {at(96, 96), typed(TEXT_SLOT_FIELD, "kelu"), frames(4)}, {TEXT_SLOT_OKAY}, true},
+    {"paste", TOOL_NONE, {HOME_CEL, 4}, {right_click}},
+    {"turn",
+     TOOL_NONE,
+     {HOME_CEL, 7, at(160, 96), [](Session&) { gui.scroll_value[PANEL_OWN] = 30; }, frames(4)},
+     {PANEL_OKAY}},
+    {"stretch", TOOL_NONE, {HOME_CEL, 8, at(64, 64), to(224, 160), at(224, 160)}, {right_click}, true},
 };
 
 struct View {

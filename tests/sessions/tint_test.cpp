@@ -3,7 +3,6 @@
 #include "colour/tint.h"
 #include "loop/actions.h"
 #include "runtime/color_settings.h"
-#include "screens/tint_menu.h"
 #include "support/screen_session.h"
 
 namespace kelu {
@@ -12,31 +11,25 @@ using namespace test;
 
 namespace {
 
-constexpr int slot_ignore = 2, slot_hue = 6, slot_lightness = 7, slot_okay = 9, slot_cancel = 10;
+constexpr int slot_ignore = 2, slot_hue = 6, slot_lightness = 7, slot_okay = 9;
 
 /// A frame larger than the screen, all red but for one pixel, and the screen opened on it.
-void tint_red_frame()
-{
-    replace_frame(600, 400, 0xff0000);
-    store.coverage_bitmap = Bitmap(600, 400);
-    row(store.frame_bitmap, 5)[5] = 0x123456;
-    view.pan_x = view.pan_y = 0;
-    toolbox.mask_color = 0x123456;
-    tint_menu();
-    while (run_pass({.is_home = true})) {}
-}
-
-bool opened(Session& session)
-{
-    return session.frames_until([] { return menus.menu_id == MENU_TINT; });
-}
+class Tint : public testing::Test {
+protected:
+    Tint()
+    {
+        replace_frame(600, 400, 0xff0000);
+        row(store.frame_bitmap, 5)[5] = 0x123456;
+        toolbox.mask_color = 0x123456;
+        open_entry(session, HOME_PIC, 5, MENU_TINT);
+    }
+    Session session;
+};
 
 } // namespace
 
-TEST(Tint, PreviewsOnTheScreenAndOkayTintsTheWhole)
+TEST_F(Tint, PreviewsOnTheScreenAndOkayTintsTheWhole)
 {
-    Session session(tint_red_frame);
-    ASSERT_TRUE(opened(session));
     gui.scroll_value[slot_hue] = 85;
     gui.kind[slot_ignore] = KIND_BUTTON_LIT;
     session.frame(2);
@@ -55,10 +48,8 @@ TEST(Tint, PreviewsOnTheScreenAndOkayTintsTheWhole)
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
 }
 
-TEST(Tint, OkayWithoutAShiftLeavesNothingOfEarlierPreviews)
+TEST_F(Tint, OkayWithoutAShiftLeavesNothingOfEarlierPreviews)
 {
-    Session session(tint_red_frame);
-    ASSERT_TRUE(opened(session));
     gui.scroll_value[slot_lightness] = 60;
     session.frame(2);
     view.pan_x = 200;

@@ -17,16 +17,6 @@ enum { TITLE = 6, WORKSPACE_SAVE = 8, WORKSPACE_LOAD, WORKSPACE_NEW, WORKSPACE_R
 enum { FIRST_FAVORITE = 8 };
 constexpr int blue = 0x203060;
 
-/// Types over what the file field of the browser holds, and confirms.
-void choose_file(Session& session, const char* name)
-{
-    ASSERT_EQ(menus.menu_id, MENU_BROWSER);
-    for (int i = 0; i < 4; ++i)
-        session.key(KEY_BACKSPACE);
-    session.type(name);
-    session.key(KEY_ENTER);
-}
-
 /// A pixel of an arrow in the GUI sheet, which has the background's colour.
 int arrow_pixel()
 {

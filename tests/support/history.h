@@ -5,11 +5,11 @@
 
 #include "draw/preview.h"
 #include "draw/touched.h"
-#include "draw/undo.h"
 #include "runtime/color_settings.h"
 #include "runtime/random.h"
 #include "support/pictures.h"
 #include "support/screen_session.h"
+#include "support/tool_session.h"
 
 namespace kelu::test {
 
@@ -21,18 +21,12 @@ inline int okay_slot()
     return -1;
 }
 
-class HistorySession : public testing::Test {
+class HistorySession : public ToolSession {
 protected:
-    Session session;
-
     HistorySession()
     {
+        use(TOOL_DRAW);
         preferences.undo_depth = max_undo_depth;
-        preferences.mouse_swap = 0;
-        toolbox.tool_slots[0] = TOOL_DRAW;
-        toolbox.tool_slot = 0;
-        toolbox.ink_slots[0] = INK_OPAQUE;
-        toolbox.ink_slot = 0;
         toolbox.brush_tip = 5;
         toolbox.brush_color = 0xf0d0e0;
         toolbox.mask_color = 0x201000;
@@ -52,13 +46,6 @@ protected:
         reset_undo_slots();
     }
 
-    static bool is_clear(BITMAP* overlay)
-    {
-        for (int y = 0; y < overlay->h; ++y)
-            if (std::count(row(overlay, y), row(overlay, y) + overlay->w, mask_magenta) != overlay->w) return false;
-        return true;
-    }
-
     /// True while a screen, a tool or a cel waits for the user.
     static bool waits()
     {
@@ -76,13 +63,7 @@ protected:
         }
         while (okay_slot() >= 0)
             session.click(okay_slot());
-        session.frames_until([] { return menus.status_message == TIP_NONE && is_clear(screen_state.tool_overlay); },
-                             200);
-    }
-
-    static int undo_steps()
-    {
-        return static_cast<int>(std::ranges::count_if(undo.undo_age, [](int age) { return age >= 0; }));
+        session.frames_until([] { return menus.status_message == TIP_NONE && previewed() == 0; }, 200);
     }
 
     /// Nothing that has been written is unknown, and all steps lead back and forth; to the picture of before unless
@@ -91,7 +72,7 @@ protected:
     {
         ASSERT_EQ(difference(stroke_source(), store.frame_bitmap), "") << "a writer has not reported";
         EXPECT_TRUE(touched.tiles.empty()) << "an operation has not been ended";
-        const int steps = undo_steps();
+        const int steps = snapshots();
         EXPECT_GE(steps, least_steps);
         std::vector<Bitmap> pictures;
         for (int i = 0; i < steps; ++i) {

@@ -7,13 +7,10 @@
 #include "screens/animation_slots.h"
 #include "screens/browser_slots.h"
 #include "support/frames.h"
-#include "support/screen_session.h"
+#include "support/ways.h"
 #include "tools/text_tool.h"
 #include <allegro.h>
-#include <concepts>
 #include <fstream>
-#include <functional>
-#include <vector>
 
 namespace kelu::test {
 
@@ -21,50 +18,8 @@ constexpr int over_window = 120;         ///< first slot of a question over a wi
 constexpr int answer_cancel = 126;       ///< of the question about an animation's form
 constexpr int bare_x = 160, bare_y = 12; ///< on the frame, away from the windows
 
-/// A step of a way: a click on a slot, or a function.
-struct Step {
-    Step(int slot) : act([slot](Session& session) { session.click(slot); }) {}
-    Step(std::invocable<Session&> auto function) : act(function) {}
-    std::function<void(Session&)> act;
-};
-
-struct Way : std::vector<Step> {
-    using vector::vector;
-    void operator()(Session& session) const
-    {
-        for (const Step& step : *this)
-            step.act(session);
-    }
-};
-
 inline void click_canvas(Session& session) { session.click_at(bare_x, bare_y); }
 inline void right_click(Session& session) { session.click_at(bare_x, bare_y, RIGHT_BUTTON); }
-inline void let_button_go(Session& session) { session.release(); }
-
-inline auto right_on(int slot)
-{
-    return [slot](Session& session) { session.click(slot, RIGHT_BUTTON); };
-}
-inline auto at(int x, int y)
-{
-    return [=](Session& session) { session.click_at(x, y); };
-}
-inline auto tap(int key)
-{
-    return [key](Session& session) { session.key(key); };
-}
-inline auto hold(int key)
-{
-    return [key](Session& session) { session.hold_key(key); };
-}
-inline auto let_go(int key)
-{
-    return [key](Session& session) { session.release_key(key); };
-}
-inline auto typed(int field, const char* text)
-{
-    return [=](Session& session) { retype(session, field, text); };
-}
 
 /// A press on the canvas with a tool, which is released again where the tool goes on without the button.
 inline auto with_tool(int tool, bool released = true)
@@ -92,16 +47,6 @@ inline void tag_two(Session&)
 {
     animation.anim_count = 2;
     animation.anim_list[0] = animation.anim_list[1] = 0;
-}
-
-/// Chooses a name in the browser that is open.
-inline auto file(const char* name)
-{
-    return [name](Session& session) {
-        session.type(name);
-        session.key(KEY_ENTER);
-        session.frame(4);
-    };
 }
 
 /// Puts a file there that is no picture and no font.

@@ -85,5 +85,13 @@ inline void retype(Session& session, int field, const std::string& text)
     session.type(text);
 }
 
+/// Runs the browser that is open to its end with a file.
+inline void choose_file(Session& session, const std::string& name)
+{
+    session.type(name);
+    session.key(KEY_ENTER);
+    session.frame(4);
+}
+
 } // namespace test
 } // namespace kelu
