@@ -246,16 +246,10 @@ void try_to_leave()
     click_slowly(1 + below(2));
 }
 
-void begin_session()
+/// Once the program has started.
+void settle_in()
 {
-    const auto live = [] {
-        lives_by_frames = true;
-        draw_menu();
-    };
-    platform::take_dropped_files(); // those of the program before
-    opened_files.waiting.clear();
-    session.emplace(live, folder);
-    cage = folder;
+    cage = folder = session->folder();
     platform::places.drive_root = {};
     static void (*const check)() = still_frame_check;
     still_frame_check = [] { // it takes longer than the frame that isn't composed
@@ -265,14 +259,21 @@ void begin_session()
     buttons = 0;
 }
 
-void end_session()
+void end_program()
 {
     require(session->finish(), "the program doesn't end");
     require(session->exit_code() == 0, "the program has ended with a failure");
     if (talks) std::cerr << session->log();
     platform::stop_input_events();
+    platform::take_dropped_files();
+    opened_files.waiting.clear();
     cage.clear();
-    session.reset();
+}
+
+void start_again()
+{
+    session->restart();
+    settle_in();
 }
 
 /// Ends the program, now or once the user has left what is open, and starts it again.
@@ -288,8 +289,8 @@ void leave()
     require(session->ended(), "the user can't leave");
     let_go();
     const Work work(*session);
-    end_session();
-    begin_session();
+    end_program();
+    start_again();
     check_start(work, *session, false);
 }
 
@@ -304,10 +305,10 @@ void cut_power()
     const bool comparable = is_quiet();
     const Work work(*session);
     fs::copy(folder + "/WORKSPACE", folder + "/kept");
-    end_session();
+    end_program();
     fs::remove_all(folder + "/WORKSPACE");
     fs::rename(folder + "/kept", folder + "/WORKSPACE");
-    begin_session();
+    start_again();
     if (comparable) check_start(work, *session, true);
 }
 
@@ -345,10 +346,16 @@ void act()
 void begin()
 {
     event_count = 0;
-    folder = make_program_folder();
-    for (const char* name : dropped)
-        fs::copy(data_folder() + '/' + name, folder);
-    begin_session();
+    const auto live = [] {
+        lives_by_frames = true;
+        draw_menu();
+    };
+    const auto bring_files = [] {
+        for (const char* name : dropped)
+            fs::copy(data_folder() + '/' + name, ".");
+    };
+    session.emplace(live, bring_files);
+    settle_in();
     if (below(4) != 0) prepare(*session);
     if (below(2) != 0) shrink_frame();
     if (below(3) == 0) make_frames(2 + below(7));
@@ -380,7 +387,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     for (begin(); event_count < most_events;)
         act();
     let_go();
-    end_session();
-    remove_program_folder(folder);
+    end_program();
+    session.reset();
     return 0;
 }
