@@ -73,8 +73,9 @@ GlyphForm form_of(FT_Library library, const FT_BitmapGlyphRec& rendered)
     GlyphForm form;
     if (!size_sensible(rendered.bitmap.width, rendered.bitmap.rows) || !place_sensible(rendered.left, rendered.top))
         return form;
-    const ConvertedBitmap bytes(library, rendered.bitmap);
     form.exists = true;
+    if (!rendered.bitmap.buffer) return form; // a blank; a damaged font gives it a size all the same
+    const ConvertedBitmap bytes(library, rendered.bitmap);
     form.w = static_cast<int>(bytes->width);
     form.h = static_cast<int>(bytes->rows);
     form.left = rendered.left;
