@@ -3,7 +3,9 @@
 // that fit.
 #include "workspace/journal_file.h"
 
-#include "stored_stream.h"
+#include <algorithm>
+#include <array>
+#include <zlib.h>
 
 #include "reader_target.h"
 
@@ -12,16 +14,35 @@ namespace {
 constexpr uint32_t first_kind = 0x4b4a4831;
 constexpr int tile_kind = 2;
 
-kelu::Bytes tile_payload(kelu::ByteReader& in)
+/// One of four tiles as a journal has it.
+const kelu::Bytes& packed_tile(int which)
 {
-    kelu::Bytes payload, pixels;
+    static const auto tiles = [] {
+        std::array<kelu::Bytes, 4> made;
+        std::vector<int> pixels(kelu::frame_tile_side * kelu::frame_tile_side);
+        for (std::size_t i = 0; i < made.size(); ++i) {
+            std::ranges::fill(pixels, static_cast<int>(0x55203fU * i));
+            uLongf size = 1024;
+            made[i].resize(size);
+            compress(made[i].data(), &size, reinterpret_cast<const Bytef*>(pixels.data()), pixels.size() * sizeof(int));
+            made[i].resize(size);
+        }
+        return made;
+    }();
+    return tiles[static_cast<std::size_t>(which & 3)];
+}
+
+kelu::Bytes payload_of(int kind, std::size_t length, kelu::ByteReader& in)
+{
+    kelu::Bytes payload;
     kelu::ByteWriter out(payload);
-    out.byte(in.byte());
-    out.big32(static_cast<uint32_t>(in.little16()));
-    const auto start = in.take(16);
-    pixels.assign(start.begin(), start.end());
-    pixels.resize(sizeof(kelu::TilePixels::pixels));
-    append_stored(payload, pixels);
+    if (kind == tile_kind) {
+        out.byte(in.byte());
+        out.big32(static_cast<uint32_t>(in.little16()));
+        out.append(packed_tile(in.byte()));
+    } else {
+        out.append(in.take(std::min(length, in.left())));
+    }
     return payload;
 }
 
@@ -33,9 +54,7 @@ kelu::Bytes journal_of(std::span<const uint8_t> bytes)
     kelu::ByteWriter out(journal);
     while (in.left() > 0) {
         const int head = in.byte(), kind = head & 3;
-        const auto raw =
-            kind == tile_kind ? std::span<const uint8_t>() : in.take(std::min<std::size_t>(head >> 2, in.left()));
-        const kelu::Bytes payload = kind == tile_kind ? tile_payload(in) : kelu::Bytes(raw.begin(), raw.end());
+        const kelu::Bytes payload = payload_of(kind, static_cast<std::size_t>(head >> 2), in);
         kelu::Bytes start;
         kelu::ByteWriter words(start);
         words.big32(first_kind + static_cast<uint32_t>(kind));
@@ -51,7 +70,7 @@ kelu::Bytes journal_of(std::span<const uint8_t> bytes)
 
 void replay(std::span<const uint8_t> journal)
 {
-    static const kelu::Bitmap base(130, 70, 0x123456);
+    static const kelu::Bitmap base(70, 10, 0x123456);
     const MemoryWatch watch(journal.size(), 4 * 256);
     kelu::read_journal_head(journal);
     look_at(kelu::replay_journal(journal, base));

@@ -6,11 +6,29 @@
 #include "imagefile/png.h"
 #include "imagefile/png_filters.h"
 #include "imagefile/png_write.h"
-#include "stored_stream.h"
+#include <zlib.h>
 
 #include "reader_target.h"
 
 namespace {
+
+/// Appends a zlib stream that holds the bytes as they are: quick to make, and the input shows through it.
+void append_stored(kelu::Bytes& to, std::span<const uint8_t> bytes)
+{
+    constexpr std::size_t most = 0xffff; // in a block
+    kelu::ByteWriter out(to);
+    out.big16(0x7801);
+    const auto check = adler32(adler32(0, nullptr, 0), bytes.data(), static_cast<uInt>(bytes.size()));
+    do {
+        const auto block = bytes.first(std::min(bytes.size(), most));
+        bytes = bytes.subspan(block.size());
+        out.byte(bytes.empty() ? 1 : 0);
+        out.little16(static_cast<int>(block.size()));
+        out.little16(static_cast<int>(~block.size() & 0xffff));
+        out.append(block);
+    } while (!bytes.empty());
+    out.big32(static_cast<uint32_t>(check));
+}
 
 /// The file with all data packed and all checksums right, up to where its chunks end.
 kelu::Bytes with_packed_data(std::span<const uint8_t> bytes)

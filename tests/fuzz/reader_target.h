@@ -14,8 +14,12 @@
 extern "C" {
 int LLVMFuzzerInitialize(int*, char***) { return kelu::platform::headless_host.start() ? 0 : 1; }
 
-/// Freed memory may be given away again soon: large pictures come and go in each run.
-const char* __asan_default_options() { return "quarantine_size_mb=4:malloc_context_size=4"; }
+/// Memory comes and goes quickly. ASAN_OPTIONS=malloc_context_size=30 shows where some that is named in a report is
+/// from.
+const char* __asan_default_options()
+{
+    return "quarantine_size_mb=4:allocator_release_to_os_interval_ms=-1:malloc_context_size=0";
+}
 
 /// Of the sanitizers' runtime; missing in a build without them.
 __attribute__((weak)) int __sanitizer_install_malloc_and_free_hooks(void (*)(const volatile void*, std::size_t),
