@@ -6,6 +6,7 @@
 #include "imagefile/jpeg.h"
 
 #include "base/log.h"
+#include "base/sizes.h"
 #include "imagefile/picture_files.h"
 #include "imagefile/refusal.h"
 #include "platform/files.h"
@@ -90,7 +91,8 @@ void give_samples(const int* pixels, Bytes& line, int count)
     }
 }
 
-/// The shortest code of a block of 64 pixels is one bit: more pixels than these a byte can't be meant.
+/// Pixels that a byte stands for at most in a large picture. A Huffman code for a block of 64 has a bit or more, which
+/// makes 512; arithmetic coding, which few use, takes less for what is even.
 constexpr std::size_t most_pixels_a_byte = 2048;
 
 void set_errors(ErrorManager& errors, jpeg_error_mgr*& used)
@@ -110,7 +112,7 @@ bool run_decoder(jpeg_decompress_struct& info, ErrorManager& errors, std::span<c
     jpeg_mem_src(&info, bytes.data(), bytes.size());
     jpeg_read_header(&info, TRUE);
     if (!bitmap_size_valid(info.image_width, info.image_height)) return false;
-    if (std::size_t{info.image_width} * info.image_height / most_pixels_a_byte > bytes.size()) return false;
+    if (!may_hold(bytes.size(), std::size_t{info.image_width} * info.image_height, most_pixels_a_byte)) return false;
     info.out_color_space = pixel_layout; // greyscale pictures too come as three components
     jpeg_start_decompress(&info);
     bitmap = Bitmap::unfilled(static_cast<int>(info.output_width), static_cast<int>(info.output_height));
