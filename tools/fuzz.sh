@@ -12,7 +12,7 @@ need_packages "${build_packages[@]}" clang
 target=${1:-all} minutes=${2:-1}
 case $minutes in
     keep) ;;
-    *[!0-9]* | '') echo "usage: fuzz.sh [TARGET] [MINUTES|keep]" >&2; exit 2 ;;
+    *[!0-9]* | '' | 0) echo "usage: fuzz.sh [TARGET] [MINUTES|keep]" >&2; exit 2 ;;
 esac
 targets=("$target")
 if [ "$target" = all ]; then
@@ -34,22 +34,24 @@ shared_examples() {
     done
 }
 
-# keep_examples TARGET: makes the target's own examples anew, from all that it has.
+# keep_examples TARGET: chooses anew which of the inputs found are examples. Those with names of their own stay.
 keep_examples() {
-    local own=tests/data/fuzz/$1 corpus=build/fuzz/corpus/$1 anew file shared
-    mapfile -t shared < <(shared_examples "$1")
-    mkdir -p "$own"
+    local own=tests/data/fuzz/$1 corpus=build/fuzz/corpus/$1 anew file
+    mkdir -p "$own" "$corpus"
     anew=$(mktemp -d)
-    "build/fuzz/tests/fuzz/fuzz_$1" -set_cover_merge=1 -max_len=2048 "$anew" "${shared[@]}" "$own" "$corpus" \
+    mapfile -t named < <(shared_examples "$1"; find "$own" -type f ! -name 'found-*')
+    cp -r "${named[@]/#/$PWD/}" "$anew"
+    find "$anew" -type f >"$corpus.named"
+    # By the places that are reached; how often would take hundreds of files.
+    "build/fuzz/tests/fuzz/fuzz_$1" -set_cover_merge=1 -use_counters=0 -max_len=1024 "$anew" "$own" "$corpus" \
         >"$corpus.log" 2>&1
-    rm -f "$own"/*
-    mv "$anew"/* "$own"
-    rmdir "$anew"
-    # What lies in the common folders needn't be here as well.
-    for file in "${shared[@]/%//*}"; do
-        # shellcheck disable=SC2086 # the pattern stands for the files of a folder
-        sha1sum $file
-    done | while read -r sum _; do rm -f "$own/$sum"; done
+    rm -f "$own"/found-*
+    while read -r file; do rm "$file"; done <"$corpus.named"
+    find "$anew" -type f | while read -r file; do
+        name=$(basename "$file")
+        mv "$file" "$own/found-${name:0:8}"
+    done
+    rm -r "$anew"
     echo "$1: $(find "$own" -type f | wc -l) examples, $(du -bs "$own" | cut -f1) bytes"
 }
 
