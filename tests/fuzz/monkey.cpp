@@ -65,8 +65,8 @@ void note(const char* what, int a = 0, int b = 0)
 /// is damage that the user has asked for.
 void frames(int n)
 {
-    for (; n > 0; --n, ++frame_time)
-        session->frame();
+    session->frame(n);
+    frame_time += n;
     if (run_state.timers_locked == 0 && fs::current_path() == folder + "/WORKSPACE") fs::current_path(folder);
 }
 
