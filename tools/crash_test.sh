@@ -24,7 +24,7 @@ points() {
     shares=$(nproc)
     for ((i = 0; i < shares; i++)); do
         GTEST_TOTAL_SHARDS=$shares GTEST_SHARD_INDEX=$i KELU_ALL_FAILURES=1 TMPDIR=$([ -d /dev/shm ] && echo /dev/shm || echo /tmp) \
-            "$unit" --gtest_filter='*FailurePoints*:*SingleFiles*:AlternateTest*:RunningWorkTest.NoFailure*:folder_lock*' \
+            "$unit" --gtest_filter='*FailurePoints*:*SingleFiles*:AlternateTest*:RunningWorkTest.NoFailure*:FolderLock*' \
             >"$scratch/points.$i" 2>&1 &
         ids+=($!)
     done

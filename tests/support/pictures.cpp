@@ -63,6 +63,17 @@ std::string difference(BITMAP* a, BITMAP* b)
     return "";
 }
 
+double loss(BITMAP* a, BITMAP* b)
+{
+    if (!a || !b || a->w != b->w || a->h != b->h) return 999;
+    long sum = 0;
+    for (int y = 0; y < a->h; ++y)
+        for (int x = 0; x < a->w; ++x)
+            for (const int shift : {0, 8, 16})
+                sum += std::abs((row(a, y)[x] >> shift & 255) - (row(b, y)[x] >> shift & 255));
+    return static_cast<double>(sum) / (3.0 * a->w * a->h);
+}
+
 bool convert_installed() { return std::system("command -v convert >/dev/null 2>&1") == 0; }
 
 std::optional<Bitmap> decoded_by_convert(const std::string& file_name)

@@ -26,6 +26,8 @@ Bitmap colorful(int w, int h);
 
 /// Where two pictures differ first, as a text; empty when they are equal in size and every word.
 std::string difference(BITMAP* a, BITMAP* b);
+/// Mean difference of a channel of red, green and blue; 999 for pictures of different sizes or none.
+double loss(BITMAP* a, BITMAP* b);
 
 /// How ImageMagick's convert decodes a file, in merged form; nothing when it can't, or isn't installed.
 std::optional<Bitmap> decoded_by_convert(const std::string& file_name);

@@ -17,7 +17,7 @@ Bitmap from_text(const std::vector<std::string>& lines, const Legend& legend)
 std::vector<std::string> to_text(BITMAP* bitmap, const Legend& legend)
 {
     std::vector<std::string> lines;
-    for (int y = 0; y < bitmap->h; ++y) {
+    for (int y = 0; bitmap && y < bitmap->h; ++y) {
         std::string line;
         for (int x = 0; x < bitmap->w; ++x) {
             char letter = '?';

@@ -2,9 +2,11 @@
 // A folder for the time of a test, entered at the start and removed with all that it holds at the end.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -32,6 +34,10 @@ public:
     void put(const std::string& name, std::string_view text) const
     {
         std::ofstream(path_ / name, std::ios::binary) << text;
+    }
+    void put(const std::string& name, std::span<const uint8_t> bytes) const
+    {
+        put(name, std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
     }
     /// The whole of a file below the folder, empty when there is none.
     std::string text(const std::string& name) const

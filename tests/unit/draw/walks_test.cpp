@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
-// Pixels of lines, discs, outlines, areas and colours.
+// Pixels of lines, discs, outlines, areas and colours; dabs and drops.
 #include "draw/close_pixels.h"
 #include "draw/fill.h"
 #include "draw/point_list.h"
 #include "draw/replace.h"
+#include "draw/stroke.h"
 #include "runtime/pixels.h"
 #include "runtime/random.h"
 #include "support/pictures.h"
 #include "support/pixel_text.h"
 #include "support/point_print.h"
+#include <cmath>
 #include <gtest/gtest.h>
+#include <map>
 
 namespace kelu {
 
@@ -25,6 +28,11 @@ struct Canvas {
     void count(int x, int y)
     {
         if (in_bitmap(bitmap, x, y)) ++row(bitmap, y)[x];
+    }
+    void count_row(int left, int right, int y)
+    {
+        for (int x = left; x <= right; ++x)
+            count(x, y);
     }
     std::vector<std::string> text() { return test::to_text(bitmap, legend); }
 };
@@ -56,10 +64,7 @@ TEST(Walks, PolygonIsFilledByTheEvenOddRuleWithinTheFrame)
 {
     const auto fill = [](const Points& points) {
         Canvas canvas(9, 6);
-        walk_polygon(points, 9, 6, [&](int left, int right, int y) {
-            for (int x = left; x <= right; ++x)
-                canvas.count(x, y);
-        });
+        walk_polygon(points, 9, 6, [&](int left, int right, int y) { canvas.count_row(left, right, y); });
         return canvas.text();
     };
     EXPECT_EQ(fill({{1, 1}, {4, 1}, {4, 3}, {1, 3}}),
@@ -89,12 +94,7 @@ Lines filled_area(const Lines& picture, int x, int y, int tolerance, const test:
     Bitmap source = test::from_text(picture, colors);
     Canvas canvas(source->w, source->h);
     walk_area(
-        source, x, y, tolerance,
-        [&](int left, int right, int line) {
-            for (int i = left; i <= right; ++i)
-                canvas.count(i, line);
-        },
-        nothing);
+        source, x, y, tolerance, [&](int left, int right, int line) { canvas.count_row(left, right, line); }, nothing);
     return canvas.text();
 }
 
@@ -131,12 +131,7 @@ TEST(FloodFill, TakesEachPixelOfAnyAreaOnce)
         const int x = rnd(picture->w), y = rnd(picture->h);
         Canvas filled(picture->w, picture->h), marked(picture->w, picture->h);
         walk_area(
-            picture, x, y, 1,
-            [&](int left, int right, int line) {
-                for (int i = left; i <= right; ++i)
-                    filled.count(i, line);
-            },
-            nothing);
+            picture, x, y, 1, [&](int left, int right, int line) { filled.count_row(left, right, line); }, nothing);
         mark_area(picture, marked.bitmap, x, y, row(picture, y)[x]);
         ASSERT_EQ(filled.text(), marked.text()) << "round " << round;
     }
@@ -217,6 +212,46 @@ TEST(Edge, LiesOnTheAreasOwnRimOnceForEachForeignNeighbour)
     EXPECT_EQ(rims({"aab"}, 4), (Lines{"..."}));
     EXPECT_EQ(rims({"aab"}, 3), (Lines{".#."}));
     EXPECT_EQ(rims({"a b"}, 5), (Lines{"#.#"}));
+}
+
+TEST(Driz, NarrowsWithSpeedAndBreaksBeyondTheTaper)
+{
+    const Point none{-1, -1};
+    EXPECT_EQ(driz_radius(none, {50, 50}, 8, 32), 8) << "the first sample";
+    EXPECT_EQ(driz_radius({50, 50}, {51, 49}, 8, 0), 8) << "a step of one pixel is rest";
+    EXPECT_EQ(driz_radius({50, 50}, {66, 50}, 8, 32), 4);
+    EXPECT_EQ(driz_radius({50, 50}, {52, 50}, 8, 32), 8) << "8 - trunc(0.5)";
+    EXPECT_EQ(driz_radius({50, 50}, {82, 50}, 8, 32), 0);
+    EXPECT_EQ(driz_radius({50, 50}, {83, 50}, 8, 32), no_dab);
+    EXPECT_EQ(driz_radius({50, 50}, {52, 50}, 8, 0), no_dab);
+    EXPECT_EQ(driz_radius({50, 50}, {53, 54}, 10, 10), 5) << "distance 5";
+}
+
+TEST(Spray, DropsFallEvenlyOverTheDisc)
+{
+    seed_random(3);
+    constexpr int drops = 200000;
+    constexpr int radius = 6;
+    std::map<std::pair<int, int>, int> hits;
+    int count = 0;
+    spray_points(20, 30, drops, radius, [&](int x, int y) {
+        ++hits[{x, y}];
+        ++count;
+    });
+    // Each of the 12 x 12 pixels of the square is as likely; those of the disc remain.
+    int disc = 0;
+    for (int y = -radius; y < radius; ++y)
+        for (int x = -radius; x < radius; ++x)
+            disc += x * x + y * y < radius * radius ? 1 : 0;
+    EXPECT_EQ(static_cast<int>(hits.size()), disc);
+    const double expected = drops / 144.0;
+    for (const auto& [pixel, times] : hits)
+        EXPECT_NEAR(times, expected, 5 * std::sqrt(expected)) << pixel.first << ", " << pixel.second;
+    EXPECT_NEAR(count, expected * disc, 5 * std::sqrt(expected * disc));
+
+    const auto none = [](int, int) { ADD_FAILURE() << "no drop"; };
+    spray_points(20, 30, 0, radius, none);
+    spray_points(20, 30, 100, 0, none);
 }
 
 } // namespace

@@ -126,9 +126,8 @@ TEST_F(FieldTest, KeysEditTheTextAndMoveCaretAndView)
 TEST_F(FieldTest, EditsOutsideTheFieldAreRefused)
 {
     set_field_text(4, "ABC");
-    EXPECT_FALSE(gui_insert_field(4, 'X', -1));
-    EXPECT_FALSE(gui_insert_field(4, 'X', 8));
-    EXPECT_FALSE(gui_insert_field(128, 'X', 0));
+    for (const auto& [slot, place] : {std::pair{4, -1}, {4, 8}, {128, 0}})
+        EXPECT_FALSE(gui_insert_field(slot, 'X', place)) << slot << ' ' << place;
     gui_delete_field(4, 0);
     gui_delete_field(4, 9);
     gui_delete_field_forward(4, 8);

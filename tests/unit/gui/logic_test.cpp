@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The table's slots: found, hidden, cleared; and the way from pointer and buttons to hover, capture, events and rows.
+// The table's slots: found, hidden, cleared; the way from pointer and buttons to hover, capture, events and rows;
+// sliders.
+#include "gui/build.h"
+#include "gui/scroll_bar.h"
 #include "gui_fixture.h"
-#include <string>
-#include <vector>
 
 namespace kelu::test {
 
@@ -14,6 +15,12 @@ protected:
         place(4, KIND_BUTTON, 20, 20, 39, 9);
         gui.left_action[4] = ACT_CLICK;
         gui.right_action[4] = ACT_RIGHT_CLICK;
+    }
+    /// A slider of 141 pixels at (100, 50), slot 5.
+    static int slider(int steps)
+    {
+        gui_slider(5, 100, 50, 141, steps);
+        return 5;
     }
 };
 
@@ -169,6 +176,72 @@ TEST_F(Logic, ATooltipTakesItsTime)
     point(105, 25); // a slot without a tooltip hides it at once
     passes(1);
     EXPECT_EQ(gui_logic.tooltip_active, -1);
+}
+
+TEST_F(Logic, AHeldArrowStepsAtOnceThenAfter21PassesThenEvery7)
+{
+    const int s = slider(256);
+    point(235, 54); // the second arrow
+    passes(1);
+    press(1);
+    EXPECT_EQ(gui_logic.gui_capture, 3);
+    EXPECT_EQ(gui.scroll_value[s], 1);
+    passes(21);
+    EXPECT_EQ(gui.scroll_value[s], 1);
+    passes(1);
+    EXPECT_EQ(gui.scroll_value[s], 2);
+    passes(8);
+    EXPECT_EQ(gui.scroll_value[s], 3);
+    passes(8);
+    EXPECT_EQ(gui.scroll_value[s], 4);
+    press(0);
+    EXPECT_EQ(gui_logic.gui_capture, 0);
+    click(105, 54);
+    EXPECT_EQ(gui.scroll_value[s], 3);
+    gui.scroll_value[s] = 255;
+    click(235, 54);
+    EXPECT_EQ(gui.scroll_value[s], 255);
+}
+
+TEST_F(Logic, DraggingTheKnobReachesBothEnds)
+{
+    const int s = slider(101);
+    gui.scroll_max[s] = 1001; // 1001 values over 101 steps
+    point(150, 54);
+    passes(1);
+    press(1);
+    EXPECT_EQ(gui_logic.slider_grab, s);
+    point(310, 200); // anywhere, as long as the button is down
+    passes(1);
+    EXPECT_EQ(gui.scroll_value[s], 1000);
+    EXPECT_EQ(knob_index(s), 100);
+    point(0, 0);
+    passes(1);
+    EXPECT_EQ(gui.scroll_value[s], 0);
+    point(gui.knob_pos[s][50] + 3, 54);
+    passes(1);
+    EXPECT_EQ(gui.scroll_value[s], static_cast<int>(1001.0 / 101 * 50));
+    press(0);
+    EXPECT_EQ(gui_logic.slider_grab, 0);
+    point(310, 54);
+    passes(1);
+    EXPECT_EQ(gui.scroll_value[s], 495);
+}
+
+TEST_F(Logic, RangesThatDoNotStartAtZero)
+{
+    const int s = slider(12);
+    gui.scroll_min[s] = 1;
+    gui.scroll_max[s] = 13;
+    gui.scroll_value[s] = 1;
+    EXPECT_EQ(knob_index(s), 0);
+    gui.scroll_value[s] = 12;
+    EXPECT_EQ(knob_index(s), 11);
+    click(105, 54);
+    EXPECT_EQ(gui.scroll_value[s], 11);
+    gui.scroll_value[s] = 1;
+    click(105, 54);
+    EXPECT_EQ(gui.scroll_value[s], 1);
 }
 
 } // namespace kelu::test

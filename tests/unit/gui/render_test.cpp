@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What painters write for themselves, and the rules that pictures don't show well.
+// What painters write for themselves, the rules that pictures don't show well, every use of text, and windows in states
+// that the sessions' screens don't show. Where the status bar stands and what it says.
 #include "gui/render.h"
 
 #include "gui/build.h"
@@ -8,29 +9,62 @@
 #include "gui/painters.h"
 #include "gui/planes.h"
 #include "gui/scroll_bar.h"
+#include "gui/status_bar.h"
+#include "gui/text.h"
+#include "gui/tooltips.h"
 #include "gui_fixture.h"
-#include "loop/frame.h"
 #include "runtime/frame_flags.h"
 #include "runtime/frame_snapshot.h"
+#include "runtime/pixels.h"
+#include "runtime/store.h"
+#include "runtime/view.h"
+#include "support/golden.h"
+#include "support/pictures.h"
+#include "support/screen_resources.h"
+#include <numeric>
 #include <string>
 #include <vector>
 
 namespace kelu::test {
 namespace {
 
-constexpr int desk = 0x102030;
+constexpr int desk = 0x5c6a78;
 
 class Render : public GuiTest {
 protected:
     void SetUp() override
     {
         GuiTest::SetUp();
+        load_screen_resources();
         screen_state.back_buffer = Bitmap(logical_w, logical_h, desk);
         frame_snapshot = {};
+        frame_snapshot.mouse_x = frame_snapshot.mouse_y = -1;
         plane_cache = {};
         frame_flags = {};
     }
     static int at(int x, int y) { return row(screen_state.back_buffer, y)[x]; }
+    static void draw(int x, int y, const std::string& text) { draw_text(screen_state.back_buffer, x, y, text.c_str()); }
+};
+
+/// With a menu at the bottom of the screen.
+class StatusBar : public Render {
+protected:
+    void SetUp() override
+    {
+        Render::SetUp();
+        frame_snapshot.mouse_x = frame_snapshot.mouse_y = 100;
+        place(0, KIND_WINDOW, 0, 207, 319, 32);
+    }
+    /// The bar's first line, -1 when there is none.
+    static int drawn_at()
+    {
+        clear_to_color(screen_state.back_buffer, desk);
+        draw_status_bar();
+        for (int y = 0; y < logical_h; ++y) {
+            if (row(screen_state.back_buffer, y)[310] != desk) return y;
+        }
+        return -1;
+    }
 };
 
 } // namespace
@@ -124,6 +158,161 @@ TEST_F(Render, AllKindsBearNonsense)
         }
     }
     EXPECT_EQ(at(300, 10), desk);
+}
+
+TEST_F(Render, CodesChangeTheColourForGoodAndTextIsCutAtTheRim)
+{
+    set_plain_text(FONT_WIDE, SET_LIGHT);
+    EXPECT_EQ(text_width("|c21A"), text_width("A"));
+    EXPECT_EQ(text_pen.text_colour_set, SET_LIGHT) << "whoever measures leaves the pen alone";
+    EXPECT_EQ(draw_text(nullptr, text_measure, 0, "|c24AA|c21A"), text_width("AAA"));
+    EXPECT_EQ(text_pen.text_colour_set, 21);
+    draw_text(nullptr, text_measure, 0, "|cxx");
+    EXPECT_EQ(text_pen.text_colour_set, 0);
+    EXPECT_GT(text_width("A|c"), text_width("A")) << "cut short it is no code";
+
+    const Bitmap whole(60, 20, desk), part(40, 8, desk), expected(40, 8);
+    set_outlined_text(FONT_WIDE, SET_MESSAGE);
+    draw_text(whole, 5, 5, "CUT OFF");
+    draw_text(part, 5 - 8, 5 - 7, "CUT OFF");
+    blit(whole, expected, 8, 7, 0, 0, 40, 8);
+    EXPECT_EQ(difference(part, expected), "");
+    draw_text(part, 321, 241, "AAA");
+    BITMAP* pictures[] = {expected};
+    EXPECT_FALSE(load_font(9, pictures)) << "no picture of a font";
+    EXPECT_FALSE(load_font(16, pictures)) << "no such font";
+    set_plain_text(9, SET_MESSAGE);
+    draw_text(part, 0, 0, "A");
+    EXPECT_EQ(difference(part, expected), "");
+}
+
+TEST_F(Render, FontsTextStylesAndWindowsLookAsTheyDid)
+{
+    int y = 4;
+    for (const int font : {FONT_WIDE, FONT_NARROW}) {
+        set_plain_text(font, SET_LIGHT);
+        for (int code = 32; code < 127; code += 32, y += 9) {
+            std::string line(code == 96 ? 31 : 32, ' ');
+            std::iota(line.begin(), line.end(), static_cast<char>(code));
+            draw(4, y, line);
+        }
+        set_plain_text(font, SET_BUTTON);
+        draw(4, y, "SIX JOLLY WIZARDS QUIT: BACK VEXING 0O 1Il 5S 8B");
+        draw(4, y + 9, "The quick brown fox jumps over a lazy dog, again!");
+        draw(4, y + 18, "\x1a \x1b \x1c \x1d \x1e");
+        y += 30;
+    }
+    for (int set = 0, place = 0; set < text_set_count; ++set) {
+        if (set != 0 && text_colours[static_cast<std::size_t>(set)][0] == marker_stays) continue;
+        set_plain_text(FONT_WIDE, set);
+        draw(4 + place % 7 * 45, y + place / 7 * 9, (set < 10 ? "SET 0" : "SET ") + std::to_string(set));
+        ++place;
+    }
+    y += 6 * 9;
+    int x = 4;
+    for (const TextStyle& style : {TextStyle{FONT_WIDE, SET_MESSAGE},
+                                   {.slot = FONT_WIDE, .colour_set = SET_MESSAGE, .shadow = 1, .shadow_colour = 9},
+                                   {.slot = FONT_WIDE, .colour_set = SET_MESSAGE, .shadow = 2, .shadow_colour = 128},
+                                   {.slot = FONT_WIDE, .colour_set = SET_MESSAGE, .shadow = 3, .shadow_colour = 9},
+                                   {.slot = FONT_WIDE, .colour_set = SET_MESSAGE, .outline = 1},
+                                   {.slot = FONT_WIDE, .colour_set = SET_MESSAGE, .mode = 1, .opacity = 96},
+                                   {.slot = FONT_WIDE, .colour_set = SET_MESSAGE, .mode = -2, .opacity = 96}}) {
+        set_text(style);
+        draw(x, y, "SHADES");
+        x += 45;
+    }
+    // Windows: plain, striped, translucent, dashed and without a panel; a button that is dashed.
+    struct Look {
+        int kind, x, stripes, opacity, state, backless;
+    };
+    for (const auto& [kind, left, stripes, opacity, state, backless] : {Look{KIND_WINDOW, 10, 0, 254, 0, 0},
+                                                                        {KIND_WINDOW, 60, 40, 254, 0, 0},
+                                                                        {KIND_WINDOW, 110, 0, 120, 0, 0},
+                                                                        {KIND_WINDOW, 160, 0, 254, 2, 0},
+                                                                        {KIND_WINDOW, 210, 0, 254, 0, 1},
+                                                                        {KIND_BUTTON, 260, 0, 254, 2, 0}}) {
+        build_slot(SlotRow{0, left, 205, 40, kind, TEXT_OKAY}.high(20), 0, 0);
+        gui.stripes[0] = stripes;
+        gui.opacity[0] = opacity;
+        gui.frame_state[0] = state;
+        preferences.backless_mode = backless;
+        gui_render();
+    }
+    EXPECT_TRUE(matches_golden(screen_state.back_buffer, "gallery"));
+}
+
+TEST_F(StatusBar, ItGetsOutOfTheWay)
+{
+    EXPECT_EQ(drawn_at(), 0);
+    frame_snapshot.mouse_y = 6; // the menu fills the bottom: just above it
+    EXPECT_EQ(drawn_at(), 200);
+    gui.y[0] = 100; // the menu ends above the bottom line
+    EXPECT_EQ(drawn_at(), 233);
+    gui.y[0] = 3; // a menu at the top
+    EXPECT_EQ(drawn_at(), 233);
+    frame_snapshot.mouse_y = 233;
+    EXPECT_EQ(drawn_at(), 3 + 32 + 1);
+    gui_reset_slot(0);
+    EXPECT_EQ(drawn_at(), 0);
+}
+
+TEST_F(StatusBar, OptionsAndAHiddenMenuHideItUnlessAToolAsks)
+{
+    gui.hidden[0] = 1;
+    EXPECT_EQ(drawn_at(), -1);
+    frame_snapshot.status_message = TIP_GRAB_FIRST;
+    EXPECT_EQ(drawn_at(), 0) << "a tool that has hidden the menu asks";
+    frame_snapshot.status_message = -1;
+    EXPECT_EQ(drawn_at(), 0);
+    gui.hidden[0] = 0;
+    preferences.status_bar_on = 0;
+    EXPECT_EQ(drawn_at(), 0);
+    frame_snapshot.status_message = 0;
+    EXPECT_EQ(drawn_at(), -1);
+    run_state.exit_requested = 1;
+    EXPECT_EQ(drawn_at(), 0) << "the end waits for the user";
+    run_state.exit_requested = 0;
+    preferences.status_bar_on = 1;
+    preferences.status_opacity = 255; // held below solid
+    EXPECT_EQ(drawn_at(), 0);
+    EXPECT_EQ(row(screen_state.back_buffer, 0)[245], blend_pixel(desk, 0, 254));
+}
+
+TEST_F(StatusBar, MessagesBeforeTooltipsBeforeTheReadout)
+{
+    const Bitmap lines(logical_w, 90, desk);
+    int y = 0;
+    const auto keep = [&] {
+        drawn_at();
+        blit(screen_state.back_buffer, lines, 0, 0, 0, y, logical_w, status_bar_h);
+        y += 9;
+    };
+    store.current_frame = 7;
+    frame_snapshot.frame_mouse_x = -12;
+    frame_snapshot.frame_mouse_y = 345;
+    gui.tooltip[0] = TIP_BRUSH_TIP;
+    frame_snapshot.tooltip_slot = 0;
+    preferences.tooltips_on = 0;
+    keep(); // the readout
+    preferences.tooltips_on = 1;
+    keep(); // the tooltip
+    frame_snapshot.status_message = -1;
+    keep(); // the readout in any case
+    frame_snapshot.status_message = TIP_NOW_FILLED;
+    keep(); // the message, with its own colours
+    frame_snapshot.status_message = 0;
+    frame_snapshot.tooltip_slot = -1;
+    view.onion_on = 1;
+    keep();
+    preferences.status_font = 0;
+    keep();
+    store.alpha_edit_mode = 1;
+    keep();
+    preferences.status_font = 1;
+    keep();
+    frame_snapshot.status_message = TIP_CEL_XFORM;
+    keep();
+    EXPECT_TRUE(matches_golden(lines, "status_bar"));
 }
 
 } // namespace kelu::test

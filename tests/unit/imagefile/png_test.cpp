@@ -111,33 +111,24 @@ TEST(png, hands_out_the_palette_at_six_bits)
 TEST(png, round_trips_keep_every_bit_and_other_decoders_agree)
 {
     const TemporaryFolder folder;
-    for (const int w : {1, 2, 3, 255, 256, 257}) {
-        const int h = 258 - w;
-        const Bitmap merged = colorful(w, h);
-        const Bitmap opaque = paint(w, h, [&](int x, int y) { return row(merged, y)[x] & 0xffffff; });
-        for (BITMAP* picture : {merged.get(), opaque.get()}) {
-            ASSERT_EQ(save_png("picture.png", picture), 0);
-            EXPECT_EQ(difference(load_png("picture.png"), picture), "");
-        }
-        if (!convert_installed()) continue;
-        save_png("picture.png", merged);
-        EXPECT_EQ(difference(*decoded_by_convert("picture.png"), merged), "") << w;
-    }
-}
-
-TEST(png, alpha_is_written_when_any_is_not_zero)
-{
-    const auto color_type = [](const Bitmap& bitmap) {
+    const auto round_trip = [](BITMAP* picture, int color_type) {
         Bytes bytes;
-        EXPECT_EQ(encode_png(bitmap, nullptr, bytes), 0);
-        return int{bytes[25]};
+        EXPECT_EQ(encode_png(picture, nullptr, bytes), 0);
+        EXPECT_EQ(bytes[25], color_type);
+        ASSERT_EQ(save_png("picture.png", picture), 0);
+        EXPECT_EQ(difference(load_png("picture.png"), picture), "");
     };
-    const Bitmap blank(5, 4), full(5, 4, static_cast<int>(0xff000000));
     Bitmap last(5, 4);
-    row(last, 3)[4] = 0x01000000;
-    EXPECT_EQ(color_type(blank), 2);
-    EXPECT_EQ(color_type(full), 6);
-    EXPECT_EQ(color_type(last), 6);
+    row(last, 3)[4] = 0x01000000; // alpha is written when any is not zero
+    round_trip(last, 6);
+    for (const int w : {1, 2, 3, 255, 256, 257}) {
+        const Bitmap merged = colorful(w, 258 - w);
+        round_trip(paint(w, 258 - w, [&](int x, int y) { return row(merged, y)[x] & 0xffffff; }), 2);
+        round_trip(merged, 6);
+        if (convert_installed()) {
+            EXPECT_EQ(difference(*decoded_by_convert("picture.png"), merged), "") << w;
+        }
+    }
 }
 
 /// Areas of one colour with a few pixels in them; rows that repeat, and more bytes than are unpacked at once.

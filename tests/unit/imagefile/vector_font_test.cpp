@@ -47,7 +47,7 @@ Bitmap written(VectorFont& font, const char* text, bool soft)
 /// Writes bytes as a font and does with it whatever the program does.
 void use_as_font(const TemporaryFolder& folder, std::span<const uint8_t> bytes)
 {
-    folder.put("x.ttf", {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    folder.put("x.ttf", bytes);
     const FontOwner font = font_load("x.ttf");
     if (!font) return;
     for (const int size : {12, 350}) {

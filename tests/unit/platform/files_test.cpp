@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Names without case, listing, bounded reading, and files that are replaced whole or not at all.
+// Names without case, listing, bounded reading, files that are replaced whole or not at all, and the lock of a folder.
 #include "platform/files.h"
 
 #include "platform/file_calls.h"
+#include "platform/folder_lock.h"
 #include "support/temporary_folder.h"
 #include <csignal>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace kelu::platform {
@@ -169,6 +170,34 @@ TEST(Replacement, RefusesWhatItCannotWrite)
     EXPECT_FALSE(replace_file("folder", bytes_of("x")));
     EXPECT_FALSE(replace_file("gone/file", bytes_of("x")));
     EXPECT_EQ(files_in("."), 1U);
+}
+
+TEST(FolderLock, GoesWithItsProcessHoweverThatEnds)
+{
+    const TemporaryFolder folder;
+    int ready[2] = {};
+    ASSERT_EQ(pipe(ready), 0);
+    const pid_t other = fork();
+    if (other == 0) {
+        const char taken = lock_folder() ? 'y' : 'n';
+        if (write(ready[1], &taken, 1) == 1) pause();
+        _exit(0);
+    }
+    char taken = 0;
+    ASSERT_EQ(read(ready[0], &taken, 1), 1);
+    EXPECT_EQ(taken, 'y');
+    EXPECT_FALSE(lock_folder()) << "the folder is in use";
+    kill(other, SIGKILL);
+    waitpid(other, nullptr, 0);
+    EXPECT_TRUE(lock_folder());
+    EXPECT_TRUE(std::filesystem::is_empty("."));
+    {
+        const TemporaryFolder elsewhere;
+        EXPECT_TRUE(lock_folder()) << "another folder is another matter";
+    }
+    unlock_folder();
+    close(ready[0]);
+    close(ready[1]);
 }
 
 } // namespace

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Every operation on the workspace with a failure at each of its calls on files, or the program's end there: the next
 // start finds the old workspace or the new one, every picture whole, and a failure that the program survives is told.
+// The same for files of the user's that are written one by one, and for the start on an alternate workspace: no part of
+// it is ever lost, and the next start that can have it has it.
+#include "gui/scheme.h"
+#include "screens/dispatch.h"
 #include "support/failing_calls.h"
 #include "workspace/custom_tip.h"
 #include "workspace_fixture.h"
 #include <iostream>
-#include <unistd.h>
 
 namespace kelu {
 namespace {
@@ -34,18 +37,11 @@ constexpr Operation operations[] = {
     {"WriteState", [] { write_workspace_state("current.spa", true); }},
 };
 
-/// What a start finds: colours of pictures, -1 for one that isn't whole, and what the state holds.
-struct Found {
-    std::vector<int> frames, nails, pans, tags;
-    int cel = 0, tip = 0;
-    std::string title;
-    bool operator==(const Found&) const = default;
-};
-
 struct Tally {
     int points = 0, old_ones = 0, new_ones = 0, mixed = 0, silent = 0;
 };
 
+/// Colour of a picture, -1 for one that isn't whole.
 int color_of(BITMAP* picture)
 {
     for (int y = 0; y < picture->h; ++y)
@@ -59,26 +55,10 @@ protected:
     static const Operation& operation() { return std::get<0>(GetParam()); }
     static Fault fault() { return std::get<1>(GetParam()); }
 
-    /// The store and the archive with which each trial begins, the same for all tests of the process.
-    void fetch_templates()
-    {
-        static const std::filesystem::path made = [this] {
-            make_templates();
-            std::filesystem::path kept =
-                std::filesystem::temp_directory_path() / ("kelu-points-" + std::to_string(getpid()));
-            std::filesystem::create_directory(kept);
-            for (const char* name : {"WORKSPACE", "kept.wsp"})
-                std::filesystem::rename(name, kept / name);
-            return kept;
-        }();
-        static const struct Remover {
-            ~Remover() { std::filesystem::remove_all(made); }
-        } remover;
-        template_ = made / "WORKSPACE";
-        std::filesystem::create_hard_link(made / "kept.wsp", "kept.wsp");
-    }
+    /// The store and the archive with which each trial begins.
     void make_templates()
     {
+        const FailingCalls unflushed(Fault::NONE, 0);
         for (int i = 0; i < 3; ++i)
             put_frame(i, opaque | 0x770000 | i, frame_w, frame_h);
         store.workspace_title = "PACKED";
@@ -99,51 +79,25 @@ protected:
         }
         start_on(old_frames, 1);
         write_workspace_state("current.spa", false);
+        std::filesystem::rename("WORKSPACE", "template");
     }
 
     /// Only what is drawn of the thumbnails takes a part; a whole sheet would take most of the time.
-    static void make_sheets()
-    {
-        store.nail_sheet = Bitmap(nails_per_row * nail_side, nail_side);
-        store.tip_sheet = Bitmap(206, 62);
-    }
+    static void start_small() { start_again(nails_per_row * nail_side, nail_side); }
 
     static void start_on(int count, int current)
     {
-        make_sheets_once();
+        if (store.nail_sheet.height() != nail_side) store.nail_sheet = Bitmap(nails_per_row * nail_side, nail_side);
         store.frame_count = count;
         store.current_frame = current;
         const platform::DirectoryVisit visit("WORKSPACE");
         ASSERT_TRUE(load_frame_file(frame_file(current), LOAD_STORED));
     }
-    static void make_sheets_once()
-    {
-        if (store.nail_sheet.height() != nail_side) make_sheets();
-    }
-
-    /// The start of the program on what lies in the store.
-    static void start_again()
-    {
-        platform::change_directory(run_state.program_dir);
-        FW_initialize_variables();
-        clear_frame_cache();
-        make_sheets();
-        run_state.workspace_damaged = 0;
-        menus.status_message = 0;
-        reported();
-        int found = 0;
-        {
-            const WorkspaceVisit visit({});
-            found = read_workspace_state("current.spa");
-        }
-        if (found == 0) begin_workspace();
-        platform::change_directory(run_state.program_dir);
-    }
 
     void put_back() const
     {
-        fill_store(template_);
-        start_again();
+        fill_store("template");
+        start_small();
         // What the user has done since, and no file holds yet.
         clear_to_color(store.frame_bitmap, stroke_color);
         store.cel_source_bitmap = Bitmap(3, 3, cel_color);
@@ -151,6 +105,7 @@ protected:
                  custom_tip_y + custom_tip_h - 1, cel_color);
         store.workspace_title = "LATER";
         told.clear();
+        reported();
     }
 
     std::vector<int> stored_frames() const
@@ -163,20 +118,21 @@ protected:
         return frames;
     }
 
-    /// After a start.
-    Found look() const
+    /// What a start has found: colours of pictures and what the state holds.
+    std::string look() const
     {
-        Found found;
-        found.frames = stored_frames();
-        found.cel = color_of(store.cel_source_bitmap);
+        std::string found = store.workspace_title;
+        const auto add = [&found](int word) { found += ' ' + std::to_string(word); };
+        for (const int frame : stored_frames())
+            add(frame);
         for (int i = 0; i < nails_per_row; ++i) {
             const auto slot = static_cast<std::size_t>(i);
-            found.nails.push_back(pixel(store.nail_sheet, nail_x(i) + 9, 9));
-            found.pans.push_back(view.frame_pan_x[slot]);
-            found.tags.push_back(animation.anim_tag[slot] * 1000 + animation.anim_delay[slot]);
+            add(pixel(store.nail_sheet, nail_x(i) + 9, 9));
+            add(view.frame_pan_x[slot]);
+            add(animation.anim_tag[slot] * 1000 + animation.anim_delay[slot]);
         }
-        found.tip = pixel(store.tip_sheet, custom_tip_x + 5, custom_tip_y + 5);
-        found.title = store.workspace_title;
+        add(color_of(store.cel_source_bitmap));
+        add(pixel(store.tip_sheet, custom_tip_x + 5, custom_tip_y + 5));
         return found;
     }
 
@@ -204,51 +160,95 @@ protected:
         const int count_in_memory = store.frame_count;
         const bool stroke_stands = color_of(store.frame_bitmap) == stroke_color;
         const std::vector<int> left = stored_frames();
-        start_again();
-        const Found found = look();
-        judge(point, found, spoken,
-              fault() >= Fault::BROKEN || (left == found.frames && count_in_memory == store.frame_count),
-              stroke_stands);
-        return !HasFailure();
-    }
-
-    /// `agrees`: the program went on with what lies in the store.
-    void judge(int point, const Found& found, bool spoken, bool agrees, bool stroke_stands)
-    {
+        start_small();
+        const std::vector<int> frames = stored_frames();
+        const std::string found = look();
         const bool is_new = found == after_, is_old = found == before_;
+        // The program has gone on with what lies in the store.
+        const bool agrees = fault() >= Fault::BROKEN || (left == frames && count_in_memory == store.frame_count);
+        // What the operation hasn't done hasn't taken the work from memory either.
+        const bool lost = !is_new && fault() != Fault::ENDS && !stroke_stands;
+        const bool mixed =
+            (!is_new && !is_old) || !tidy() || !agrees || lost || store.frame_count != static_cast<int>(frames.size());
+        const bool silent = fault() != Fault::ENDS && !is_new && !spoken;
         ++tally_.points;
         tally_.new_ones += is_new;
         tally_.old_ones += is_old && !is_new;
-        // What the operation hasn't done hasn't taken the work from memory either.
-        const bool lost = !is_new && fault() != Fault::ENDS && !stroke_stands;
-        const bool mixed = (!is_new && !is_old) || !tidy() || !agrees || lost ||
-                           store.frame_count != static_cast<int>(found.frames.size());
-        const bool silent = fault() != Fault::ENDS && !is_new && !spoken;
         tally_.mixed += mixed;
         tally_.silent += silent;
-        if (mixed || silent)
-            ADD_FAILURE() << "at call " << point << (mixed ? ": mixed" : ": silent") << (is_new ? " new" : "")
-                          << (is_old ? " old" : "") << (agrees ? "" : ", memory differs")
-                          << (lost ? ", work lost" : "");
+        EXPECT_FALSE(mixed || silent) << "at call " << point << (is_new ? " new" : "") << (is_old ? " old" : "")
+                                      << (silent ? ", silent" : "") << (agrees ? "" : ", memory differs")
+                                      << (lost ? ", work lost" : "");
+        return !HasFailure();
     }
 
-    Found before_, after_; ///< what a start finds when nothing has been done, and when nothing has failed
+    std::string before_, after_; ///< what a start finds when nothing has been done, and when nothing has failed
     Tally tally_;
-    std::filesystem::path template_;
+};
+
+struct WrittenFile {
+    const char* name;
+    const char* path;
+    void (*write)();
+};
+constexpr WrittenFile written_files[] = {
+    {"Settings", "resource/user.def", [] { write_user_settings(); }},
+    {"Scheme", "my.sch", [] { save_picture_file("my.sch", BROWSE_SCHEME); }},
+    {"Favorites", "my.col", [] { save_picture_file("my.col", BROWSE_FAVORITES); }},
+    {"Archive", "my.wsp", [] { save_workspace_archive("my.wsp", [] {}); }},
+    {"Png", "my.png", [] { save_picture_file("my.png", BROWSE_PICTURE); }},
+    {"Ico", "my.ico", [] { save_picture_file("my.ico", BROWSE_PICTURE); }},
+    {"Gif", "my.gif", [] { save_picture_file("my.gif", BROWSE_PICTURE); }},
+    {"Lbm", "my.lbm", [] { save_picture_file("my.lbm", BROWSE_PICTURE); }},
+    {"Pcx", "my.pcx", [] { save_picture_file("my.pcx", BROWSE_PICTURE); }},
+    {"Bmp", "my.bmp", [] { save_picture_file("my.bmp", BROWSE_PICTURE); }},
+};
+
+class SingleFiles : public WorkspaceTest, public testing::WithParamInterface<WrittenFile> {
+protected:
+    /// What the files hold, in its old form or its new one.
+    static void set_form(int form)
+    {
+        clear_to_color(store.frame_bitmap, form == 0 ? 0x00ff00 : 0xff0000);
+        menu_scheme.scheme[0] = form;
+        toolbox.extended_favorites[0] = form;
+        macros.macro_table[0].brush_tip = form;
+        store.workspace_title = form == 0 ? "OLD" : "NEW";
+    }
+    std::string written() const { return folder.text(GetParam().path); }
+};
+
+class AlternateTest : public WorkspaceTest {
+protected:
+    bool taken_over() const
+    {
+        bool whole = store.frame_count == 3 && store.workspace_title == "OTHER" && !exists("alternate.spa");
+        for (int i = 0; i < 3; ++i)
+            whole = whole && stored_pixel(i) == frame_color(i);
+        return whole;
+    }
+    /// The set is all there, whatever stands beside it.
+    bool waits() const
+    {
+        bool whole = exists("alternate.spa") && exists("alternate.cel");
+        for (int i = 0; i < 3; ++i)
+            whole = whole && exists(frame_file(i, file_set::alternate));
+        return whole;
+    }
 };
 
 } // namespace
 
 TEST_P(FailurePoints, LeaveTheOldOrTheNewWorkspace)
 {
-    fetch_templates();
+    make_templates();
     put_back();
-    start_again();
+    start_small();
     before_ = look();
-    ASSERT_EQ(before_.frames.size(), static_cast<std::size_t>(old_frames));
+    ASSERT_EQ(stored_frames().size(), static_cast<std::size_t>(old_frames));
     put_back();
     operation().run();
-    start_again();
+    start_small();
     after_ = look();
     ASSERT_FALSE(after_ == before_);
     const auto [first, step] = sampled_points(fault());
@@ -266,5 +266,70 @@ INSTANTIATE_TEST_SUITE_P(Operations, FailurePoints,
                              return std::string(std::get<0>(test.param).name) +
                                     fault_names[static_cast<int>(std::get<1>(test.param))];
                          });
+
+TEST_P(SingleFiles, HaveTheOldFormOrTheNewOne)
+{
+    store.nail_sheet = Bitmap(40, 40);
+    make_frames(2);
+    set_form(1);
+    GetParam().write();
+    const std::string new_form = written();
+    set_form(0);
+    GetParam().write();
+    const std::string old_form = written();
+    ASSERT_NE(old_form, new_form);
+    EXPECT_EQ(reported(), "");
+    set_form(1);
+    for (const Fault fault : all_faults) {
+        for (int point = 1;; ++point) {
+            folder.put(GetParam().path, old_form);
+            {
+                const FailingCalls failing(fault, point);
+                GetParam().write();
+                platform::change_directory(run_state.program_dir);
+                if (FailingCalls::count() < point) break;
+            }
+            const bool is_new = written() == new_form;
+            const std::string told_of = reported();
+            ASSERT_TRUE(is_new || written() == old_form) << "fault " << static_cast<int>(fault) << " at " << point;
+            ASSERT_TRUE(is_new || fault == Fault::ENDS || !told_of.empty())
+                << "fault " << static_cast<int>(fault) << " at " << point << " is silent";
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Written, SingleFiles, testing::ValuesIn(written_files),
+                         [](const auto& test) { return std::string(test.param.name); });
+
+TEST_F(AlternateTest, IsTakenOverWholeOrWaitsWhole)
+{
+    store.nail_sheet = Bitmap(40, 40);
+    make_frames(3);
+    store.workspace_title = "OTHER";
+    write_workspace_state("current.spa", false);
+    std::filesystem::create_directory("template");
+    for (const auto& entry : std::filesystem::directory_iterator("WORKSPACE"))
+        std::filesystem::rename(entry.path(), "template/alternate" + entry.path().extension().string());
+    int points = 0, waiting = 0;
+    for (const Fault fault : all_faults) {
+        const auto [first, step] = sampled_points(fault);
+        for (int point = first;; point += step) {
+            fill_store("template");
+            reported();
+            {
+                const FailingCalls failing(fault, point);
+                start_again(40, 40);
+                if (FailingCalls::count() < point) break;
+            }
+            const bool spoken = fault == Fault::ENDS || taken_over() || !reported().empty();
+            ++points;
+            start_again(40, 40);
+            waiting += !taken_over();
+            ASSERT_TRUE(taken_over() || waits()) << "fault " << static_cast<int>(fault) << " at " << point;
+            ASSERT_TRUE(spoken) << "fault " << static_cast<int>(fault) << " at " << point << " is silent";
+        }
+    }
+    EXPECT_EQ(waiting, 0) << "of " << points;
+}
 
 } // namespace kelu

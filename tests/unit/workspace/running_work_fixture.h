@@ -47,14 +47,8 @@ protected:
     static void start_again()
     {
         stop_running_work(false);
-        platform::change_directory(run_state.program_dir);
-        FW_initialize_variables();
-        store.nail_sheet = Bitmap(400, 400);
-        store.tip_sheet = Bitmap(206, 62);
-        menus.status_message = 0;
-        run_state.workspace_damaged = 0;
-        const platform::DirectoryVisit visit("WORKSPACE");
-        ASSERT_EQ(read_workspace_state("current.spa"), 1);
+        forget();
+        ASSERT_EQ(read_state(), 1);
     }
 
     std::string journal(int frame = 0) const { return in_store(frame_file(frame, file_set::journal)).string(); }

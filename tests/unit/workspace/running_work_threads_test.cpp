@@ -1,62 +1,67 @@
 // SPDX-License-Identifier: MIT
 // Painting on while the journal's thread takes tiles, writes and starts anew: for ThreadSanitizer, and every picture is
-// found again.
-#include "draw/touched.h"
-#include "draw/undo.h"
+// found again. And the order of what the thread writes, where a commit fails and is tried again.
+#include "running_work_fixture.h"
 #include "runtime/random.h"
 #include "workspace/frame_resize.h"
-#include "workspace/running_work.h"
-#include "workspace_fixture.h"
+#include "workspace/work_thread.h"
 
 namespace kelu {
-namespace {
 
-void scribble(int color)
+TEST_F(RunningWorkTest, StrokesDontWaitAndAreAllThere)
 {
-    const UndoableOperation step;
-    const int x = rnd(store.frame_bitmap.width()), y = rnd(store.frame_bitmap.height());
-    rectfill(store.frame_bitmap, x, y, x + 70, y + 20, color);
-    touch_area(x, y, x + 70, y + 20);
-}
-
-} // namespace
-
-using RunningWorkThreadsTest = WorkspaceTest;
-
-TEST_F(RunningWorkThreadsTest, StrokesDontWaitAndAreAllThere)
-{
-    put_frame(0, frame_color(0), 300, 200);
-    put_frame(1, frame_color(1), 300, 200);
-    store.frame_count = 2;
-    ASSERT_TRUE(fetch_frame(0, 0, 0));
-    ASSERT_TRUE(write_workspace_state("current.spa", false));
-    start_running_work();
+    const auto scribble = [](int color) {
+        const UndoableOperation step;
+        const int x = rnd(store.frame_bitmap.width()), y = rnd(store.frame_bitmap.height());
+        rectfill(store.frame_bitmap, x, y, x + 70, y + 20, color);
+        touch_area(x, y, x + 70, y + 20);
+    };
     for (int i = 0; i < 300; ++i) {
         scribble(i * 77777 & 0xffffff);
         keep_running_work();
         if (i % 7 == 0) undo_step();
         if (i % 40 == 0) toggle_alpha_edit();
-        if (i % 90 == 10) crop_frame(1, 1, 299 - i % 5, 199);
+        if (i % 90 == 10) crop_frame(1, 1, side - 1 - i % 5, side - 31);
         if (i % 100 == 50) fetch_frame(store.current_frame, 1 - store.current_frame, 0);
         if (i % 60 == 30) settle_running_work();
     }
     settle_running_work();
-    Bitmap painted(store.frame_bitmap.width(), store.frame_bitmap.height());
-    alpha_merge(painted);
+    const Bitmap painted = merged_frame();
+    start_again();
+    EXPECT_TRUE(same(merged_frame(), painted));
+}
+
+TEST_F(RunningWorkTest, AJournalStaysUntilItsFrameIsInItsFile)
+{
     stop_running_work(false);
-    platform::change_directory(run_state.program_dir);
-    FW_initialize_variables();
-    store.nail_sheet = Bitmap(400, 400);
-    store.tip_sheet = Bitmap(206, 62);
+    const auto begin = [this](int frame, bool drops) {
+        return BeginOrder{frame, in_store(frame_file(frame)).string(), journal(frame), drops};
+    };
+    WorkThread thread;
+    thread.start();
     {
-        const platform::DirectoryVisit visit("WORKSPACE");
-        ASSERT_EQ(read_workspace_state("current.spa"), 1);
+        const std::lock_guard lock(unsaved.mutex);
+        thread.append(begin(0, false));
+        thread.append(PictureOrder{Bitmap(side, side, opaque | 0x30)});
     }
-    ASSERT_EQ(store.frame_bitmap.width(), painted.width());
-    Bitmap found(painted.width(), painted.height());
-    alpha_merge(found);
-    for (int y = 0; y < painted.height(); ++y)
-        ASSERT_TRUE(std::equal(row(found, y), row(found, y) + found.width(), row(painted, y))) << y;
+    thread.settle();
+    ASSERT_TRUE(exists("journal.000"));
+    std::filesystem::remove(in_store("current.000"));
+    std::filesystem::create_directory(in_store("current.000"));
+    { // the commit comes behind the beginning of the next frame's journal, as it does when it is tried again
+        const std::lock_guard lock(unsaved.mutex);
+        thread.append(begin(1, true));
+        thread.append_commit(
+            {{0, Bitmap(side, side, 0x30), Bitmap(side, side, 0xffffff)}, in_store("current.000").string()});
+    }
+    EXPECT_FALSE(thread.settle());
+    EXPECT_TRUE(exists("journal.000")) << "the only copy of the picture";
+    EXPECT_EQ(thread.take_failure().value_or(WorkThread::Failure{}).error, EISDIR);
+
+    std::filesystem::remove(in_store("current.000"));
+    EXPECT_TRUE(thread.settle()) << "the commit is tried again";
+    EXPECT_EQ(stored_pixel(0), opaque | 0x30);
+    EXPECT_FALSE(exists("journal.000"));
 }
 
 } // namespace kelu

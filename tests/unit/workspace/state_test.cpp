@@ -14,19 +14,6 @@ namespace {
 
 class StateTest : public WorkspaceTest {
 protected:
-    static int read()
-    {
-        const platform::DirectoryVisit visit("WORKSPACE");
-        return read_workspace_state("current.spa");
-    }
-    /// What the program does between two runs.
-    void forget()
-    {
-        FW_initialize_variables();
-        run_state.program_dir = folder.path().string();
-        store.nail_sheet = Bitmap(400, 400);
-        store.tip_sheet = Bitmap(206, 62);
-    }
     /// A workspace with three frames, the second of them current, and some values of its own.
     void make_workspace()
     {
@@ -57,7 +44,7 @@ TEST_F(StateTest, WorkspaceComesBackWhole)
     EXPECT_TRUE(logged("[ SPA ] : Workspace save at: " + run_state.program_dir + "\n\n"));
     const std::string spa = bytes("current.spa");
     forget();
-    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(read_state(), 1);
     EXPECT_EQ(browser_state.browser_dir, platform::upper_case(elsewhere.string()));
     EXPECT_EQ(store.current_frame, 1);
     EXPECT_EQ(store.frame_count, 3);
@@ -82,7 +69,7 @@ TEST_F(StateTest, MissingContainersAreRepairedAndBrokenOnesKept)
     folder.put("WORKSPACE/current.tip", "BM nonsense");
     std::filesystem::remove(in_store("current.nal"));
     forget();
-    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(read_state(), 1);
     EXPECT_EQ(run_state.workspace_damaged, 1);
     EXPECT_EQ(store.cel_bitmap.width(), 16);
     EXPECT_EQ(read_bmp(in_store("current.cel").string()).height(), 16);
@@ -101,7 +88,7 @@ TEST_F(StateTest, WithoutStateTheFreshFieldsAreSetAndNoOthers)
     toolbox.extended_favorites[200] = 5;
     preferences.file_preview_mode = 2;
     grid.grid_w = 9;
-    EXPECT_EQ(read(), 0);
+    EXPECT_EQ(read_state(), 0);
     EXPECT_EQ(toolbox.tool_slot, 0);
     EXPECT_EQ(toolbox.extended_favorites[200], 0x9e9e9e);
     EXPECT_EQ(preferences.file_preview_mode, 1);
@@ -113,7 +100,7 @@ TEST_F(StateTest, WithoutStateTheFreshFieldsAreSetAndNoOthers)
     EXPECT_EQ(stored_pixel(0), opaque);
     for (const char* name : {"current.spa", "current.cel", "current.tip", "current.nal"})
         EXPECT_TRUE(exists(name)) << name;
-    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(read_state(), 1);
     EXPECT_EQ(run_state.workspace_damaged, 0);
 }
 
@@ -122,7 +109,7 @@ TEST_F(StateTest, LostStateKeepsTheFrames)
     make_workspace();
     std::filesystem::remove(in_store("current.spa"));
     forget();
-    EXPECT_EQ(read(), 0);
+    EXPECT_EQ(read_state(), 0);
     begin_workspace();
     EXPECT_EQ(store.frame_count, 3);
     EXPECT_EQ(store.current_frame, 0);
@@ -137,14 +124,14 @@ TEST_F(StateTest, UnreadableStatesAreKept)
     make_workspace();
     folder.put("WORKSPACE/current.spa", "some text of another program");
     forget();
-    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(read_state(), 1);
     EXPECT_EQ(store.frame_count, 3);
     EXPECT_EQ(bytes("damaged.spa"), "some text of another program");
-    EXPECT_EQ(read(), 1); // and once is enough
+    EXPECT_EQ(read_state(), 1); // and once is enough
     EXPECT_FALSE(exists("damaged.spa.1"));
     std::filesystem::remove(in_store("current.spa"));
     std::filesystem::create_directory(in_store("current.spa"));
-    EXPECT_EQ(read(), 0);
+    EXPECT_EQ(read_state(), 0);
     EXPECT_TRUE(std::filesystem::is_directory(in_store("damaged.spa.1")));
 }
 
@@ -154,12 +141,12 @@ TEST_F(StateTest, StateAndFilesMayDisagree)
     std::filesystem::remove(in_store("current.002"));
     std::filesystem::remove(in_store("current.001")); // the current one
     forget();
-    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(read_state(), 1);
     EXPECT_EQ(store.frame_count, 1);
     EXPECT_EQ(store.current_frame, 0);
     EXPECT_EQ(pixel(store.frame_bitmap), 0x10);
     std::filesystem::remove(in_store("current.000"));
-    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(read_state(), 1);
     EXPECT_EQ(stored_pixel(0), opaque);
     EXPECT_EQ(run_state.workspace_damaged, 1);
 }
@@ -204,11 +191,11 @@ TEST_F(StateTest, FilesThatTheSystemWontReadStayAndNothingIsWrittenOverThem)
     {
         // Every call fails: nothing can be read, nor put aside.
         const FailingCalls failing(Fault::BROKEN, 1);
-        EXPECT_EQ(read(), 0);
+        EXPECT_EQ(read_state(), 0);
     }
     EXPECT_TRUE(reported().starts_with("THE WORKSPACE COULDN'T BE READ! current.spa ERROR OF THE DISK"));
     forget();
-    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(read_state(), 1);
     EXPECT_EQ(store.workspace_title, "MINE");
     EXPECT_EQ(bytes("current.001"), frame);
     EXPECT_EQ(reported(), "");
@@ -249,7 +236,7 @@ TEST_F(StateTest, AFavoriteThatNobodyHasChosenIsGrey)
     ASSERT_NE(at, std::string::npos);
     folder.put("WORKSPACE/current.spa", whole.substr(0, at) + whole.substr(at + 16 + 256 * 4));
     forget();
-    EXPECT_EQ(read(), 1);
+    EXPECT_EQ(read_state(), 1);
     EXPECT_EQ(toolbox.extended_favorites[255], 0x9e9e9e);
     EXPECT_EQ(reported(), "");
 }

@@ -45,12 +45,8 @@ protected:
         std::filesystem::create_directory("WORKSPACE");
         std::filesystem::create_directory("resource");
         log_open();
-        FW_initialize_variables();
-        clear_frame_cache();
-        run_state.workspace_damaged = 0;
         run_state.program_dir = folder.path().string();
-        store.nail_sheet = Bitmap(400, 400);
-        store.tip_sheet = Bitmap(206, 62);
+        forget();
         store.cel_bitmap = Bitmap(2, 2);
         store.cel_source_bitmap = Bitmap(2, 2);
         told.clear();
@@ -69,6 +65,31 @@ protected:
     /// The log so far.
     std::string log() const { return folder.text("FW_log.txt"); }
     bool logged(const std::string& line) const { return log().find(line) != std::string::npos; }
+
+    /// What is between two runs of the program; the sheet of thumbnails may be smaller where it would take most of the
+    /// time.
+    static void forget(int nail_w = 400, int nail_h = 400)
+    {
+        platform::change_directory(run_state.program_dir);
+        FW_initialize_variables();
+        clear_frame_cache();
+        store.nail_sheet = Bitmap(nail_w, nail_h);
+        store.tip_sheet = Bitmap(206, 62);
+        menus.status_message = 0;
+        run_state.workspace_damaged = 0;
+    }
+    static int read_state()
+    {
+        const WorkspaceVisit visit({});
+        return read_workspace_state("current.spa");
+    }
+    /// The program's start on what lies in the store.
+    static void start_again(int nail_w = 400, int nail_h = 400)
+    {
+        forget(nail_w, nail_h);
+        if (read_state() == 0) begin_workspace();
+        platform::change_directory(run_state.program_dir);
+    }
 
     /// An empty store with the files of a folder. The program writes no file in place, so that names of the same files
     /// are as good as copies.

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
-// The cel as a picture, where it is drawn, and what it leaves in the frame.
+// The cel as a picture, where it is drawn, and what it leaves in the frame. Cells of the tip sheet, and what the
+// pointer takes from them.
 #include "draw/cel.h"
 
 #include "base/log.h"
 #include "base/run_state.h"
 #include "draw/cel_render.h"
 #include "draw/ink_rows.h"
+#include "draw/tips.h"
 #include "draw/touched.h"
 #include "draw/undo.h"
 #include "runtime/frame_snapshot.h"
@@ -63,18 +65,13 @@ protected:
 
 TEST_F(CelTest, MaskTakesWhatIsNearerThanTheTolerance)
 {
-    preferences.cel_tolerance = 5;
-    Bitmap picture = test::from_text({".na"}, legend);
-    apply_cel_mask(picture, 0x000000);
-    EXPECT_EQ(shown(picture), (Lines{"tta"}));
-    preferences.cel_tolerance = 4;
-    picture = test::from_text({".na"}, legend);
-    apply_cel_mask(picture, 0x000000);
-    EXPECT_EQ(shown(picture), (Lines{"tna"}));
-    preferences.cel_masking = 0;
-    picture = test::from_text({".na"}, legend);
-    apply_cel_mask(picture, 0x000000);
-    EXPECT_EQ(shown(picture), (Lines{".na"}));
+    for (const auto& [tolerance, masking, masked] : {std::tuple{5, 1, "tta"}, {4, 1, "tna"}, {4, 0, ".na"}}) {
+        preferences.cel_tolerance = tolerance;
+        preferences.cel_masking = masking;
+        const Bitmap picture = test::from_text({".na"}, legend);
+        apply_cel_mask(picture, 0x000000);
+        EXPECT_EQ(shown(picture), Lines{masked});
+    }
 }
 
 TEST_F(CelTest, GrabBeyondTheFrameKeepsMagentaThere)
@@ -89,16 +86,16 @@ TEST_F(CelTest, GrabBeyondTheFrameKeepsMagentaThere)
 
 TEST_F(CelTest, PictureIsFoundInItsBackground)
 {
+    const auto found = [](int tolerance) {
+        preferences.cel_tolerance = tolerance;
+        const CelRect box = find_picture(0x000000);
+        return std::array{box.left, box.top, box.right, box.bottom};
+    };
     set_frame({"......", "..a...", "n.....", ".....b", "......"});
-    preferences.cel_tolerance = 5;
-    CelRect box = find_picture(0x000000);
-    EXPECT_EQ((std::array{box.left, box.top, box.right, box.bottom}), (std::array{2, 1, 5, 3}));
-    preferences.cel_tolerance = 1;
-    box = find_picture(0x000000);
-    EXPECT_EQ((std::array{box.left, box.top, box.right, box.bottom}), (std::array{0, 1, 5, 3}));
+    EXPECT_EQ(found(5), (std::array{2, 1, 5, 3}));
+    EXPECT_EQ(found(1), (std::array{0, 1, 5, 3}));
     set_frame({"..", ".."});
-    box = find_picture(0x000000);
-    EXPECT_LT(box.width(), 1);
+    EXPECT_LT(find_picture(0x000000).width(), 1);
 }
 
 TEST_F(CelTest, OneColorKeepsWhatIsWithinTheTolerance)
@@ -140,6 +137,72 @@ TEST_F(CelTest, PlainAndBelowGoThroughTheInk)
     cel_work.cel_place.x = 1;
     commit_cel(CEL_BELOW);
     EXPECT_EQ(frame(), (Lines{"bbt", "bcd", "..."}));
+}
+
+class TipsTest : public test::FreshState {
+protected:
+    void SetUp() override { store.tip_sheet = Bitmap(206, 62, mask_magenta); }
+    void TearDown() override { tips = {}; }
+    static void put(int x, int y, int value) { row(store.tip_sheet, y)[x] = pack_rgb(value, 0, 0); }
+};
+
+TEST_F(TipsTest, CustomTipEndsAtItsRectangleAndCellsBeyondTheSheetHaveNoInk)
+{
+    clear_to_color(store.tip_sheet, 0);
+    const TipCell custom = tip_cell(custom_tip);
+    EXPECT_EQ(custom.line(13)[15], 0);
+    EXPECT_EQ(custom.line(13)[16], 255);
+    EXPECT_EQ(custom.line(14)[15], 255);
+    EXPECT_EQ(tip_cell(48).line(1)[0], 0); // rows 60 and 61 are the sheet's last
+    EXPECT_EQ(tip_cell(48).line(2)[0], 255);
+    EXPECT_EQ(tip_cell(99).line(0)[0], 255);
+    EXPECT_EQ(tip_cell(-1).line(7)[8], 255);
+}
+
+TEST_F(TipsTest, CursorShowsRimOrOutlineAndReach)
+{
+    for (int y = 6; y <= 8; ++y) { // a 3 x 3 block round the centre, one arm two pixels longer to the right
+        for (int x = 7; x <= 9; ++x)
+            put(x, y, 199);
+    }
+    put(10, 7, 0);
+    put(11, 7, 0);
+    const test::Legend letters{{'.', 0x000000}, {'#', 0xffffff}};
+    const auto middle = [&] {
+        Lines lines;
+        for (const std::string& line : test::to_text(tips.tip_cursor, letters))
+            lines.push_back(line.substr(5, 9));
+        return std::vector(lines.begin() + 4, lines.begin() + 11);
+    };
+    preferences.cursor_tip = 1;
+    set_brush_tip(0);
+    EXPECT_EQ(middle(),
+              (Lines{".........", ".........", "..###....", "..#..##..", "..###....", ".........", "........."}));
+    preferences.cursor_tip = 2;
+    rebuild_tip_cursor();
+    EXPECT_EQ(middle(),
+              (Lines{".........", "..###....", ".#...##..", ".#.....#.", ".#...##..", "..###....", "........."}));
+    EXPECT_EQ(tips.reach.left, 1);
+    EXPECT_EQ(tips.reach.right, 3);
+    EXPECT_EQ(tips.reach.up, 1);
+    EXPECT_EQ(tips.reach.down, 1);
+}
+
+TEST_F(TipsTest, FullSheetLeavesTheCursorEmptyAndBadTipsAreRefused)
+{
+    clear_to_color(store.tip_sheet, 0);
+    preferences.cursor_tip = 1;
+    set_brush_tip(14); // a cell with neighbours on all sides
+    for (int y = 0; y < tip_cell_h; ++y) {
+        for (int x = 0; x < tip_cell_w; ++x)
+            EXPECT_EQ(row(tips.tip_cursor, y)[x], 0);
+    }
+    EXPECT_EQ(tips.reach.left, 8);
+    EXPECT_EQ(tips.reach.down, 7);
+    set_brush_tip(100);
+    EXPECT_EQ(toolbox.brush_tip, 14);
+    set_brush_tip(-1);
+    EXPECT_EQ(toolbox.brush_tip, -1);
 }
 
 } // namespace

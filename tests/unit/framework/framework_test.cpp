@@ -1,46 +1,38 @@
 // SPDX-License-Identifier: MIT
-// What each behaviour makes of an actor, run by run, animations, and any parameters at all.
-#include "framework/behaviors.h"
-
+// What each behaviour makes of an actor, run by run, animations, any parameters at all, the screen tint, and scripts
+// compiled from text. What malformed scripts do the fuzz target looks for.
+#include "framework/actor_shadow.h"
 #include "framework/animation.h"
+#include "framework/behaviors.h"
+#include "framework/script_compiler.h"
+#include "framework/tint.h"
 #include "framework/variables.h"
 #include "runtime/random.h"
 #include "support/fresh_state.h"
-#include "support/log_lines.h"
 #include <vector>
 
 namespace kelu {
 namespace {
 
-class BehaviorTest : public test::FreshState {
+using Bytes = std::vector<uint8_t>;
+
+class Framework : public test::FreshState {
 protected:
     /// Puts a behaviour into a slot of actor 1, which is taken.
-    void start(int id, const std::vector<int>& params, int slot = 0)
+    void start(int id, const std::vector<int>& params, std::size_t slot = 0)
     {
         actor.Type = ACTOR_ELEMENT;
-        const auto s = static_cast<std::size_t>(slot);
-        std::size_t i = 0;
-        for (const int value : params)
-            actor.behavior_params[s][i++] = value;
-        actor.BEHAVIOR[s] = id;
+        std::ranges::copy(params, actor.behavior_params[slot].begin());
+        actor.BEHAVIOR[slot] = id;
     }
-    bool runs(int slot = 0) const { return actor.BEHAVIOR[static_cast<std::size_t>(slot)] != 0; }
-    static void tick(int n = 1)
+    bool runs() const { return actor.BEHAVIOR[0] != 0; }
+    static void tick(int n)
     {
         for (int i = 0; i < n; ++i)
             behavior_tick();
     }
-    /// Ticks until slot 0 is free, and no more than `most`.
-    int ticks_to_end(int most = 5000)
-    {
-        int n = 0;
-        for (; n < most && runs(); ++n)
-            behavior_tick();
-        return n;
-    }
 
     Actor& actor = actor_at(1);
-    LogLines log;
 };
 
 /// What differs from a free row, in short.
@@ -77,34 +69,26 @@ struct Case {
 void shown(Actor& actor) { actor.Mode = MODE_SHOWN; }
 void white(Actor& actor) { actor.Mode = MODE_WHITE; }
 void turned(Actor& actor) { actor.actor_angle = 250; }
-void moving(Actor& actor) { actor.actor_velocity[0] = actor.actor_velocity[1] = 10000; }
-void approaching(Actor& actor)
+template <int x, int y, int z = 0>
+void moving(Actor& actor)
 {
-    actor.actor_velocity[0] = 20000;
-    actor.actor_velocity[1] = -10000;
+    for (std::size_t axis = 0; axis < 3; ++axis)
+        actor.actor_velocity[axis] = std::array{x, y, z}[axis];
 }
-void thrown(Actor& actor)
-{
-    actor.actor_velocity[0] = 4000;
-    actor.actor_velocity[1] = -4000;
-    actor.actor_velocity[2] = 10000;
-}
+
+constexpr auto pushed = moving<10000, 10000>;
+constexpr auto nearing = moving<20000, -10000>;
+constexpr auto thrown = moving<4000, -4000, 10000>;
 
 const Case cases[] = {
     {"straight", BEHAVIOR_LINEAR_MOVE, to_the_end, {2, -1, 3}, "x6 y-3", 3},
     {"thrown, a pull from the second step on", BEHAVIOR_PROJECTILE, 2, {10, 0, 1}, "z-2", 0, thrown},
     {"thrown, truncated", BEHAVIOR_PROJECTILE, to_the_end, {10, 0, 1}, "x4 y-4 z-10", 10, thrown},
     // 20 runs of 2 steps; braked on x from the fifth step on, gravity off: 4 + 1 + 0.75 + 0.5 + 0.25.
-    {"braked", BEHAVIOR_VECTOR_MOVEMENT, 2, {20, -2500, 0, 0, 1, 4, 0, 2}, "x4 y4", 0, moving},
-    {"braked to a stop", BEHAVIOR_VECTOR_MOVEMENT, to_the_end, {20, -2500, 0, 0, 1, 4, 0, 2}, "x6 y40", 20, moving},
-    {"to a target", BEHAVIOR_VECTOR_MOVEMENT_THRESHOLD, 9, {0, 0, 0, 40, -40, 0, 50, 1}, "x18 y-9", 0, approaching},
-    {"slower from half the way on",
-     BEHAVIOR_VECTOR_MOVEMENT_THRESHOLD,
-     12,
-     {0, 0, 0, 40, -40, 0, 50, 1},
-     "x23 y-12",
-     0,
-     approaching},
+    {"braked", BEHAVIOR_VECTOR_MOVEMENT, 2, {20, -2500, 0, 0, 1, 4, 0, 2}, "x4 y4", 0, pushed},
+    {"braked to a stop", BEHAVIOR_VECTOR_MOVEMENT, to_the_end, {20, -2500, 0, 0, 1, 4, 0, 2}, "x6 y40", 20, pushed},
+    {"to a target", BEHAVIOR_VECTOR_MOVEMENT_THRESHOLD, 9, {0, 0, 0, 40, -40, 0, 50, 1}, "x18 y-9", 0, nearing},
+    {"slower", BEHAVIOR_VECTOR_MOVEMENT_THRESHOLD, 12, {0, 0, 0, 40, -40, 0, 50, 1}, "x23 y-12", 0, nearing},
     {"out", BEHAVIOR_SLIDE_UNIT, 10, {1, 0, 0, 2, 5}, "x4"},
     {"and back", BEHAVIOR_SLIDE_UNIT, to_the_end, {1, 0, 0, 2, 5}, "", 56},
     {"up", BEHAVIOR_RISER, to_the_end, {2, 1}, "z2", 2},
@@ -135,7 +119,7 @@ const Case cases[] = {
 
 } // namespace
 
-TEST_F(BehaviorTest, EachBehaviourByItsRuns)
+TEST_F(Framework, EachBehaviourByItsRuns)
 {
     for (const Case& test : cases) {
         SCOPED_TRACE(test.name);
@@ -143,7 +127,9 @@ TEST_F(BehaviorTest, EachBehaviourByItsRuns)
         test.prepare(actor);
         start(test.id, test.params);
         if (test.ticks == to_the_end) {
-            EXPECT_EQ(ticks_to_end(), test.ends_after);
+            tick(test.ends_after - 1);
+            EXPECT_TRUE(runs());
+            tick(1);
         } else {
             tick(test.ticks);
         }
@@ -152,13 +138,13 @@ TEST_F(BehaviorTest, EachBehaviourByItsRuns)
     }
 }
 
-TEST_F(BehaviorTest, AnimationsPlayTheirDurationsLoopAndEnd)
+TEST_F(Framework, AnimationsPlayTheirDurationsLoopAndEnd)
 {
     FW_store_anim(1, ANIM_MOVING, 1, {{7, 1, 2}, {8, 0, 1}});
     start(BEHAVIOR_ANIMATE, {});
     std::string shown;
     for (int i = 0; i < 6; ++i) {
-        tick();
+        tick(1);
         shown += std::to_string(int(actor.actor_cel));
     }
     EXPECT_EQ(shown, "787787");
@@ -173,7 +159,7 @@ TEST_F(BehaviorTest, AnimationsPlayTheirDurationsLoopAndEnd)
 }
 
 // Whatever stands in the parameters of any behaviour, the pass neither leaves its tables nor hangs.
-TEST_F(BehaviorTest, AnyParametersAreHarmless)
+TEST_F(Framework, AnyParametersAreHarmless)
 {
     for (int round = 0; round < 40; ++round) {
         reset_actors();
@@ -188,9 +174,9 @@ TEST_F(BehaviorTest, AnyParametersAreHarmless)
                     value = round % 4 == 0 ? rnd(5) - 2 : rnd(65536);
             }
             for (std::size_t slot = 0; slot < max_behaviors; ++slot) {
-                any.BEHAVIOR[slot] = rnd(101);
-                if (any.BEHAVIOR[slot] == BEHAVIOR_VECTOR_MOVEMENT_THRESHOLD) any.behavior_params[slot][7] = rnd(9);
-                if (any.BEHAVIOR[slot] == BEHAVIOR_VECTOR_MOVEMENT) any.behavior_params[slot][7] = rnd(9);
+                const int id = any.BEHAVIOR[slot] = rnd(101);
+                const bool in_steps = id == BEHAVIOR_VECTOR_MOVEMENT_THRESHOLD || id == BEHAVIOR_VECTOR_MOVEMENT;
+                if (in_steps) any.behavior_params[slot][7] = rnd(9);
             }
         }
         tick(20);
@@ -198,6 +184,71 @@ TEST_F(BehaviorTest, AnyParametersAreHarmless)
         EXPECT_EQ(actor_at(49).Type, ACTOR_FREE);
         EXPECT_LE(count_actors(), 48);
     }
+}
+
+TEST_F(Framework, TintsRunAnIntervalApartAndHeldBackWhileTimersAreLocked)
+{
+    tint.tint_opacity = 0;
+    FW_tint_screen(10, 20, 30, 5, 5, 1);
+    tick(5);
+    EXPECT_EQ(tint.tint_red, -1);
+    tick(1);
+    EXPECT_EQ(tint.tint_blue, 30);
+    EXPECT_EQ(tint.tint_opacity, 1);
+    tick(6);
+    EXPECT_EQ(tint.tint_opacity, 2);
+    run_state.timers_locked = 1;
+    tick(60);
+    EXPECT_EQ(tint.tint_opacity, 2);
+}
+
+TEST_F(Framework, ATintIsSentElsewhereWithoutASecondActorAndHeldByAStepOfZero)
+{
+    FW_tint_screen(0, 0, 0, 100, 0, 100);
+    tick(1);
+    FW_tint_screen(255, 0, 0, 20, 0, 0);
+    EXPECT_EQ(count_actors(), 1);
+    tick(500);
+    EXPECT_EQ(tint.tint_red, 255);
+    EXPECT_EQ(tint.tint_opacity, 100);
+    EXPECT_EQ(count_actors(), 1);
+    // A last move that reaches the target leaves the end to the next run.
+    FW_tint_screen(255, 0, 0, 98, 0, 2);
+    tick(1);
+    EXPECT_EQ(tint.tint_opacity, 98);
+    EXPECT_EQ(count_actors(), 1);
+    tick(1);
+    EXPECT_EQ(count_actors(), 0);
+}
+
+TEST_F(Framework, ATintIsLaidOverTheWholePicture)
+{
+    Bitmap picture(3, 2, 0xffffff);
+    draw_screen_tint(picture);
+    tint.tint_red = tint.tint_green = 0;
+    tint.tint_opacity = 254;
+    draw_screen_tint(picture);
+    EXPECT_EQ(row(picture, 1)[2], 0xffffff) << "a channel of -1 is no tint";
+    tint.tint_blue = 255;
+    draw_screen_tint(picture);
+    EXPECT_EQ(row(picture, 0)[0] >> 8, 0);
+    EXPECT_EQ(row(picture, 1)[2], row(picture, 0)[0]);
+}
+
+TEST_F(Framework, AScriptCompilesHeadsCommandsNumbersTextsAndRemarks)
+{
+    const Bytes expected{0xf0, 1,    50,                                // head, the rest of its line ignored
+                         2,    0xf2, 0,   1,   44,                      // [02 300
+                         21,   0xf2, 1,   0,   1,                       // [21 -1
+                         42,   0xf2, 0,   0,   1,   0xf2, 0,   0,    9, // [42 1 9
+                         0xf1, 0x22, 'A', ';', '[', '\n', '1', 0x22, 99};
+    EXPECT_EQ(compile_script_text("0150 the title 77\r\n [02] 300 ; 5 6 7\n [21 -1\n\n [42] 1 9 \"A;[\r\n1\" [99]"),
+              expected);
+    // Up to four characters make a number; a line may end anywhere.
+    EXPECT_EQ(compile_script_text(" 12345"), (Bytes{0xf2, 0, 4, 210, 0xf2, 0, 0, 5}));
+    EXPECT_EQ(compile_script_text(" ["), Bytes{0});
+    EXPECT_EQ(compile_script_text("7"), (Bytes{0xf0, 7, 0}));
+    EXPECT_EQ(compile_script_text(""), Bytes{});
 }
 
 } // namespace kelu

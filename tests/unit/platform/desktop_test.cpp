@@ -1,39 +1,78 @@
 // SPDX-License-Identifier: MIT
-// Letters for places.
-#include "base/log.h"
+// Lists of URIs, as file managers hand them over, and the positional map as Allegro's configuration reads it;
+// letters for places.
+#include "platform/dropped_files.h"
+#include "platform/keyboard_map.h"
 #include "platform/places.h"
+
+#include "base/log.h"
+#include "support/environment.h"
 #include "support/temporary_folder.h"
-#include <cstdlib>
+#include <allegro.h>
+#include <array>
 #include <gtest/gtest.h>
+#include <map>
+#include <unistd.h>
 
 namespace kelu::platform {
 namespace {
 
-/// A word of the environment for the time of a block.
-class EnvironmentWord {
-public:
-    EnvironmentWord(const char* name, const std::string& value) : name_(name)
-    {
-        const char* before = std::getenv(name);
-        was_set_ = before != nullptr;
-        if (was_set_) before_ = before;
-        setenv(name, value.c_str(), 1);
-    }
-    ~EnvironmentWord()
-    {
-        if (was_set_)
-            setenv(name_, before_.c_str(), 1);
-        else
-            unsetenv(name_);
-    }
-    EnvironmentWord(const EnvironmentWord&) = delete;
-    EnvironmentWord& operator=(const EnvironmentWord&) = delete;
+using test::EnvironmentWord;
+using Files = std::vector<std::string>;
 
-private:
-    const char* name_;
-    bool was_set_;
-    std::string before_;
-};
+TEST(DroppedFiles, AreTheFilesOfThisMachineInAList)
+{
+    std::array<char, 256> host{};
+    gethostname(host.data(), host.size() - 1);
+    struct Case {
+        std::string list;
+        Files files;
+    };
+    for (const auto& [list, files] : {
+             Case{"file:///a/b.png\r\nfile:///c%20d/%C3%A4.gif\r\n", {"/a/b.png", "/c d/\u00e4.gif"}},
+             {"file:///last", {"/last"}},
+             {"# a comment\nfile:/one/slash\n\n", {"/one/slash"}},
+             {"file://localhost/x\nfile://" + std::string(host.data()) + "/y", {"/x", "/y"}},
+             {"file://elsewhere.invalid/x\nhttp://localhost/x\nfile:relative\nfile://host\nfile:", {}},
+             // Numbers that are none, and a byte that would end the name early.
+             {"file:///a%2\nfile:///a%zz\nfile:///a%\nfile:///a%00b\nfile:///a%-1", {}},
+             {"", {}},
+         })
+        EXPECT_EQ(files_of_uri_list(list), files) << list;
+}
+
+TEST(DroppedFiles, AreHandedOverOnceAndInOrder)
+{
+    EXPECT_EQ(take_dropped_files(), Files());
+    add_dropped_files({"/a", "/b"});
+    add_dropped_files({"/c"});
+    EXPECT_EQ(take_dropped_files(), (Files{"/a", "/b", "/c"}));
+    EXPECT_EQ(take_dropped_files(), Files());
+}
+
+TEST(KeyboardMap, NoTwoKeysShareAScancode)
+{
+    const std::string text = keyboard_map_text();
+    push_config_state();
+    set_config_data(text.c_str(), static_cast<int>(text.size()));
+    std::map<int, int> key_of; // scancode to key code
+    for (int code = 8; code < 256; ++code) {
+        const int scancode = get_config_int("xkeymap", ("keycode" + std::to_string(code)).c_str(), 0);
+        if (scancode == 0) continue;
+        EXPECT_TRUE(key_of.emplace(scancode, code).second) << "scancode " << scancode;
+    }
+    pop_config_state();
+    // Rows of a PC keyboard by their ends, and the key that the driver and the program name differently.
+    EXPECT_EQ(key_of[KEY_TAB], 23);
+    EXPECT_EQ(key_of[KEY_P], 33);
+    EXPECT_EQ(key_of[KEY_L], 46);
+    EXPECT_EQ(key_of[KEY_SEMICOLON], 47);
+    EXPECT_EQ(key_of[KEY_SLASH], 61);
+    EXPECT_EQ(key_of[KEY_F10], 76);
+    EXPECT_EQ(key_of[KEY_DEL_PAD], 91);
+    EXPECT_EQ(key_of[KEY_DEL], 119);
+    EXPECT_EQ(key_of.size(), 100U);
+}
 
 TEST(Places, TheDriveOfAFolderIsTheLongestRootThatHoldsIt)
 {

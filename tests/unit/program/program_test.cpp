@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
-// The folder beside the executable, and the user's folder of an installation.
+// The folder beside the executable, and the user's folder of an installation; the end from inside an operation.
 #include "program/folders.h"
+#include "program/leaving.h"
 
+#include "../workspace/workspace_fixture.h"
+#include "draw/touched.h"
 #include "platform/places.h"
+#include "support/environment.h"
 #include "support/temporary_folder.h"
-#include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace kelu {
@@ -12,33 +15,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// An environment's word for the time of a test.
-class Variable {
-public:
-    Variable(const char* name, const char* value) : name_(name)
-    {
-        if (const char* before = std::getenv(name)) before_ = before;
-        value ? setenv(name, value, 1) : unsetenv(name);
-    }
-    ~Variable() { before_.empty() ? unsetenv(name_) : setenv(name_, before_.c_str(), 1); }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-private:
-    const char* name_;
-    std::string before_;
-};
+using test::EnvironmentWord;
 
 TEST(Folders, FollowTheConventionsOfDesktops)
 {
-    struct Case {
-        const char *data, *home, *folder;
-    };
-    for (const auto& [data, home, folder] : {Case{"/data/of mine", "/home/x", "/data/of mine"},
-                                             {nullptr, "/home/x", "/home/x/.local/share"},
-                                             {"", "/home/x", "/home/x/.local/share"},
-                                             {"relative", "/home/x", "/home/x/.local/share"}}) {
-        const Variable first("XDG_DATA_HOME", data), second("HOME", home);
+    using Word = std::optional<std::string>;
+    for (const auto& [data, folder] : {std::pair{Word("/data/of mine"), "/data/of mine"},
+                                       {std::nullopt, "/home/x/.local/share"},
+                                       {"", "/home/x/.local/share"},
+                                       {"relative", "/home/x/.local/share"}}) {
+        const EnvironmentWord first("XDG_DATA_HOME", data), second("HOME", "/home/x");
         EXPECT_EQ(platform::user_data_folder(), folder);
     }
 }
@@ -46,7 +32,7 @@ TEST(Folders, FollowTheConventionsOfDesktops)
 TEST(Folders, AreTheExecutablesOwnWhereArtLiesBesideItOrNowhere)
 {
     const TemporaryFolder folder;
-    const Variable data("XDG_DATA_HOME", "/data");
+    const EnvironmentWord data("XDG_DATA_HOME", "/data");
     const std::string lib = (folder.path() / "lib/kelu").string(), share = (folder.path() / "share/kelu").string();
     fs::create_directories(lib);
     EXPECT_EQ(find_folders(lib).user, lib); // for a message about what is missing
@@ -92,6 +78,46 @@ TEST(Folders, OfAUserAreMadeWholeAndKeepWhatIsTheUsers)
     folder.put("file", "");
     const std::string trouble = complete_user_folder({.user = folder.path() / "file/kelu", .art = folders.art});
     EXPECT_NE(trouble.find("/file/kelu\n \nNot a directory"), std::string::npos) << trouble;
+}
+
+using LastWork = WorkspaceTest;
+
+TEST_F(LastWork, HalfAnOperationIsTakenBackAndWhatWasBeforeIsWritten)
+{
+    for (const bool alpha : {false, true}) {
+        make_frames(1);
+        store.alpha_edit_mode = 0;
+        const auto paint = [](int y, int color) {
+            hline(store.frame_bitmap, 0, y, 7, color);
+            touch_area(0, y, 7, y);
+        };
+        {
+            const UndoableOperation whole;
+            paint(1, 0x112233);
+        }
+        if (alpha) toggle_alpha_edit();
+        {
+            const UndoableOperation half;
+            paint(1, 0x808080);
+            paint(2, 0x808080);
+            EXPECT_EQ(write_last_work(), Leaving::WRITTEN);
+        }
+        const Bitmap written = read_tga(in_store("current.000").string());
+        EXPECT_EQ(pixel(written, 3, 1), opaque | 0x112233) << alpha;
+        EXPECT_EQ(pixel(written, 3, 2), frame_color(0)) << alpha;
+    }
+}
+
+TEST_F(LastWork, AnOperationThatChangedTheSizeIsKept)
+{
+    make_frames(1);
+    {
+        const UndoableOperation resize;
+        store.frame_bitmap = Bitmap(20, 10, 0x445566);
+        store.alpha_bitmap = Bitmap(20, 10, 0xffffff);
+        EXPECT_EQ(write_last_work(), Leaving::WRITTEN);
+    }
+    EXPECT_EQ(pixel(read_tga(in_store("current.000").string()), 19, 9), opaque | 0x445566);
 }
 
 } // namespace
