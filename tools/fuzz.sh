@@ -3,6 +3,7 @@
 # Runs the fuzz targets, built by clang with libFuzzer, ASan and UBSan: fuzz.sh [TARGET] [MINUTES]
 # Without a target each of them runs, one after the other; a minute each without a number. Inputs that reach something
 # new gather in build/fuzz/corpus/TARGET; one that breaks a reader is written there beside them and ends the run.
+# The target "monkey" runs the whole program, with g++ and our own driver.
 #   fuzz.sh TARGET keep    the fewest of them that reach as much become the target's own examples, tests/data/fuzz/TARGET
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
@@ -19,7 +20,7 @@ if [ "$target" = all ]; then
     targets=()
     for source in tests/fuzz/*.cpp; do
         name=$(basename "$source" .cpp)
-        [ "$name" = driver ] || targets+=("$name")
+        case $name in driver | monkey) ;; *) targets+=("$name") ;; esac
     done
 elif [ ! -f "tests/fuzz/$target.cpp" ]; then
     echo "There is no target $target." >&2
@@ -55,6 +56,29 @@ keep_examples() {
     echo "$1: $(find "$own" -type f | wc -l) examples, $(du -bs "$own" | cut -f1) bytes"
 }
 
+# run_monkey: libFuzzer's measuring would take three times as long as the program, and where it has been says little of
+# what it has come to. Each run has another start; its inputs make themselves out of it.
+run_monkey() {
+    local folder=build/asan/monkey
+    build_preset asan fuzz_monkey
+    mkdir -p "$folder/found" "$folder/start"
+    head -c 16 /dev/urandom >"$folder/start/seed"
+    echo "== monkey"
+    if ! timeout -s ABRT $((minutes * 60 + 300)) build/asan/tests/fuzz/fuzz_monkey $((minutes * 60)) "$folder/found" \
+        "$folder/start" >"$folder.log" 2>&1; then
+        grep -aE '^Event|ERROR|SUMMARY' "$folder.log" || true
+        echo "An input breaks the program, see $folder.log; it does so again, with each event told, by"
+        echo "KELU_MONKEY_LOG=1 build/asan/tests/fuzz/fuzz_monkey 0 $folder/found $folder/found"
+        exit 1
+    fi
+    tail -n 1 "$folder.log"
+}
+
+if [ "$target" = monkey ]; then
+    [ "$minutes" != keep ] || { echo "The monkey has no examples." >&2; exit 2; }
+    run_monkey
+    exit
+fi
 build_preset fuzz "${targets[@]/#/fuzz_}"
 for name in "${targets[@]}"; do
     corpus=build/fuzz/corpus/$name
@@ -73,3 +97,4 @@ for name in "${targets[@]}"; do
     grep -aE 'ERROR|SUMMARY|DONE|stat::|artifact' "$corpus.log" || true
     [ $found -eq 0 ] || { echo "$name: an input breaks it, see $corpus and $corpus.log"; exit 1; }
 done
+if [ "$target" = all ] && [ "$minutes" != keep ]; then run_monkey; fi
