@@ -29,7 +29,6 @@ ROOT = Path(__file__).resolve().parent.parent
 WORK = ROOT / "build" / "mutate"
 BUILD = WORK / "build" / "dev"
 SUITES = ("kelu_unit", "kelu_sessions")
-FIRST = 25  # tests in the first run of a fault: the quickest
 
 SWITCH = """
 #pragma once
@@ -311,15 +310,22 @@ def reached_by(jobs):
     return {fault: sorted(rows) for fault, rows in tests.items()}
 
 
+def batches(tests):
+    """The tests in runs of one suite each; every next run may take twice as long, so that a fault that never ends
+    is found by a short one."""
+    milliseconds = 1000
+    while tests:
+        size = sum(1 for total in itertools.accumulate(row[0] for row in tests) if total <= milliseconds) or 1
+        for suite in SUITES:
+            if rows := [row for row in tests[:size] if row[1] == suite]:
+                yield suite, ":".join(row[2] for row in rows), 10 + 5 * sum(row[0] for row in rows) / 1000
+        tests = tests[size:]
+        milliseconds *= 2
+
+
 def noticed(fault, tests):
     """True when one of the tests fails with the fault switched on."""
-    for part in (tests[:FIRST], tests[FIRST:]):
-        for suite in SUITES:
-            rows = [row for row in part if row[1] == suite]
-            seconds = 20 + 5 * sum(row[0] for row in rows) / 1000
-            if rows and not run(suite, ":".join(row[2] for row in rows), seconds, KELU_FAULT=str(fault)):
-                return True
-    return False
+    return any(not run(suite, names, seconds, KELU_FAULT=str(fault)) for suite, names, seconds in batches(tests))
 
 
 def tried(fault, n, tests):
