@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+// What every control of every place does: each slot under the left and the right button and the wheel, and keys. The
+// tables in tests/golden/controls have one row for each, with the words of settings and workspace that changed and with
+// sums of the picture presented and of the frame; KELU_ACCEPT=1 writes them anew: read what changed.
+#include "draw/undo.h"
+#include "screens/browser_slots.h"
+#include "support/paths.h"
+#include "support/places.h"
+#include "workspace/settings.h"
+#include "workspace/state.h"
+#include <algorithm>
+#include <allegro.h>
+#include <array>
+#include <cctype>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <optional>
+#include <sstream>
+#include <zlib.h>
+
+namespace kelu {
+
+using namespace test;
+
+namespace {
+
+constexpr int listed_words = 5;  ///< of a row, by number; more than these go into one sum
+constexpr int stored_views = 43; ///< a tag that follows the view when the work is saved, by the clock on the wall
+constexpr int keys_tried[] = {KEY_A,  KEY_7,    KEY_BACKSPACE, KEY_TAB, KEY_ENTER, KEY_LEFT, KEY_RIGHT,
+                              KEY_UP, KEY_DOWN, KEY_HOME,      KEY_END, KEY_PGUP,  KEY_PGDN, KEY_DEL};
+
+unsigned sum_of(BITMAP* picture)
+{
+    uLong sum = 0;
+    for (int y = 0; picture && y < picture->h; ++y) {
+        for (int x = 0; x < picture->w; ++x) {
+            const int pixel = row(picture, y)[x] & 0xffffff;
+            sum = crc32(sum, reinterpret_cast<const Bytef*>(&pixel), sizeof pixel);
+        }
+    }
+    return static_cast<unsigned>(sum);
+}
+
+/// Every number of the settings and of the workspace's state, by tag, minor and place.
+using Words = std::map<std::array<int, 4>, int>;
+
+Words all_words()
+{
+    Words words;
+    for (const auto rows : {settings_tags(), state_tags()})
+        for (const TagRow& tag : rows)
+            for (int minor = 0; minor < tag.minors; ++minor)
+                for (int i = 0; tag.tag != stored_views && i < tag.words(); ++i)
+                    words[{rows.data() == state_tags().data(), tag.tag, minor, i}] = tag.get(minor, i);
+    return words;
+}
+
+std::string changes(const Words& before, const Words& now)
+{
+    std::ostringstream out;
+    int count = 0;
+    unsigned rest = 0;
+    for (const auto& [place, word] : now) {
+        const int old = before.at(place);
+        if (word == old) continue;
+        const auto& [of_state, tag, minor, i] = place;
+        if (++count <= listed_words) {
+            out << (of_state ? " state " : " settings ") << tag << '.' << minor << '.' << i << ' ' << old << '>'
+                << word;
+        } else {
+            rest = rest * 31 + static_cast<unsigned>(word + i);
+        }
+    }
+    if (count > listed_words) out << " and " << count - listed_words << " more " << std::hex << rest;
+    return out.str();
+}
+
+/// The browser's drives are those of the machine.
+bool leads_outside(int slot)
+{
+    return menus.menu_id == MENU_BROWSER && slot >= BROWSER_DRIVE_0 && slot < BROWSER_DRIVE_0 + browser_drives;
+}
+
+/// The slots that a user can reach.
+std::vector<int> shown_slots()
+{
+    std::vector<int> slots;
+    for (int slot = 0; slot < gui_slots; ++slot)
+        if (gui.active[slot] != 0 && gui.hidden[slot] == 0 && gui.w[slot] > 0 && !leads_outside(slot))
+            slots.push_back(slot);
+    return slots;
+}
+
+class Controls : public testing::TestWithParam<Place> {
+protected:
+    std::optional<Session> session;
+    std::ostringstream table;
+    int menu = 0;
+    std::vector<int> slots;
+    bool of_browser = false;
+
+    /// The place as it is when it has just been opened, from wherever the last control has led.
+    void open()
+    {
+        for (int i = 0; session && !session->ended() && i < 6 && (i == 0 || menus.menu_id != MENU_DRAW); ++i)
+            session->key(KEY_ESC);
+        if (!session || session->ended() || menus.menu_id != MENU_DRAW) {
+            session.reset();
+            session.emplace();
+            still_frame_check = nullptr; // takes half of the time, and other sessions have it
+            prepare(*session);
+        }
+        GetParam().open(*session);
+        menu = menus.menu_id;
+        slots = shown_slots();
+        of_browser = menu == MENU_BROWSER || GetParam().name == std::string("overwrite question");
+    }
+
+    bool is_open() const { return !session->ended() && menus.menu_id == menu && shown_slots() == slots; }
+
+    void act(const std::string& name, const Step& step)
+    {
+        if (!session || !is_open()) open();
+        const Words before = all_words();
+        const unsigned frame = sum_of(store.frame_bitmap), alpha = sum_of(store.alpha_bitmap);
+        step.act(*session);
+        table << name << ':' << changes(before, all_words());
+        if (sum_of(store.frame_bitmap) != frame)
+            table << " frame " << std::hex << sum_of(store.frame_bitmap) << std::dec;
+        if (sum_of(store.alpha_bitmap) != alpha)
+            table << " alpha " << std::hex << sum_of(store.alpha_bitmap) << std::dec;
+        if (session->ended()) {
+            table << " ended\n";
+            return;
+        }
+        if (menus.menu_id != menu) table << " menu " << menus.menu_id;
+        table << " undo " << std::ranges::count_if(undo.undo_age, [](int age) { return age >= 0; });
+        // The browser and what opens over it show the folder, which has another name at every run.
+        if (menus.menu_id != MENU_BROWSER && !of_browser)
+            table << " screen " << std::hex << sum_of(session->picture()) << std::dec;
+        table << '\n';
+    }
+};
+
+TEST_P(Controls, DoWhatTheirTableSays)
+{
+    open();
+    const bool is_tool = menu == MENU_DRAW && GetParam().name != std::string("column");
+    const std::vector<int> all = is_tool ? std::vector<int>{} : slots; // the drawing menu's are the column's
+    for (const int slot : all) {
+        const std::string name = std::to_string(slot);
+        act(name + " left", slot);
+        act(name + " right", right_on(slot));
+        act(name + " wheel", [slot](Session& run) {
+            run.move(gui.x[slot] + gui.w[slot] / 2, gui.y[slot] + gui.h[slot] / 2);
+            run.wheel(-1);
+        });
+    }
+    for (const int key : keys_tried)
+        act("key " + std::to_string(key), tap(key));
+    for (const int y : {70, 130, 200})
+        act("frame " + std::to_string(y), at(90 + y, y));
+    act("frame right", at(150, 100, RIGHT_BUTTON));
+
+    std::string name = GetParam().name;
+    std::ranges::replace(name, ' ', '_');
+    const std::string file = golden_folder() + "/controls/" + name + ".txt";
+    if (std::getenv("KELU_ACCEPT")) {
+        std::filesystem::create_directories(golden_folder() + "/controls");
+        std::ofstream(file) << table.str();
+        return;
+    }
+    std::ifstream kept(file);
+    std::istringstream now(table.str());
+    for (std::string was, is; std::getline(kept, was) || std::getline(now, is); was.clear(), is.clear()) {
+        if (is.empty()) std::getline(now, is);
+        ASSERT_EQ(is, was) << GetParam().name;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, Controls, testing::ValuesIn(places), [](const auto& place) {
+    std::string name = place.param.name;
+    std::erase_if(name, [](char sign) { return !std::isalnum(static_cast<unsigned char>(sign)); });
+    return name;
+});
+
+} // namespace
+} // namespace kelu
