@@ -92,10 +92,12 @@ TEST(OptionsMenu, DefaultsAndCancelWriteEveryOption)
     for (const OptionRow& row : options_table())
         if (row.word) by_default.push_back(row.by_default);
     EXPECT_EQ(option_values(), by_default);
+    EXPECT_EQ(preferences.mouse_speed, 4);
     EXPECT_EQ(gui.kind[WIDGET_0 + 3 * CURSOR_TIP + 1], KIND_RADIO_ON) << "the rows are built anew";
     scroll_to(session, DEPTH); // sliders must not write after the end
     session.click(CANCEL);
     EXPECT_EQ(option_values(), before);
+    EXPECT_EQ(preferences.mouse_speed, 9);
     open_options(session);
     session.click(DEFAULTS);
     session.click_at(20, 60, RIGHT_BUTTON);
