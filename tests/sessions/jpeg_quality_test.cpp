@@ -15,26 +15,20 @@ namespace {
 constexpr int slot_quality = 102, slot_okay = 103, slot_view = 104;
 int answer = -1;
 
-int picture(int x, int y) { return pack_rgb(x * y & 255, x * 3 & 255, y * 5 & 255); }
+Bitmap picture()
+{
+    return paint(64, 48, [](int x, int y) { return pack_rgb(x * y & 255, x * 3 & 255, y * 5 & 255); });
+}
 
 void ask_for_quality()
 {
-    store.frame_bitmap = paint(64, 48, picture);
+    store.frame_bitmap = picture();
     store.alpha_bitmap = Bitmap(64, 48, 0xffffff);
     answer = jpeg_quality_dialog();
     idle();
 }
 
-/// Sum of the differences between the frame and the picture that it held.
-long loss()
-{
-    long sum = 0;
-    for (int y = 0; y < 48; ++y)
-        for (int x = 0; x < 64; ++x)
-            for (const int shift : {0, 8, 16})
-                sum += std::abs((frame_pixel(x, y) >> shift & 255) - (picture(x, y) >> shift & 255));
-    return sum;
-}
+double loss() { return test::loss(store.frame_bitmap, picture()); }
 
 } // namespace
 
@@ -42,7 +36,7 @@ TEST(JpegQuality, PreviewsOnTheFrameAndOkayKeepsTheQuality)
 {
     Session session(ask_for_quality);
     ASSERT_EQ(menus.menu_id, MENU_JPEG_QUALITY);
-    const long at_90 = loss(); // the first view comes by itself
+    const double at_90 = loss(); // the first view comes by itself
     EXPECT_GT(at_90, 0);
     gui.scroll_value[slot_quality] = 5;
     session.frame(2);

@@ -182,12 +182,6 @@ void Session::end()
     still_frame_check = nullptr;
 }
 
-void Session::restart()
-{
-    end();
-    start();
-}
-
 Session::~Session()
 {
     end();
@@ -287,8 +281,6 @@ void Session::type(const std::string& text)
 }
 
 BITMAP* Session::picture() const { return run->shown; }
-
-std::string Session::log() const { return folder_.text("FW_log.txt"); }
 
 bool Session::finish()
 {

@@ -32,7 +32,11 @@ public:
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
     /// Ends the program and starts it again in the same folder, as it has left it.
-    void restart();
+    void restart()
+    {
+        end();
+        start();
+    }
 
     /// Lets the program run n frames; fewer when it ends.
     void frame(int n = 1);
@@ -67,7 +71,7 @@ public:
     /// The picture presented last, 320 x 240.
     BITMAP* picture() const;
     /// The lines of the log so far.
-    std::string log() const;
+    std::string log() const { return folder_.text("FW_log.txt"); }
     /// Asks for the end as a second press of the close button does, and runs to it. Returns false when the program does
     /// not end.
     bool finish();
