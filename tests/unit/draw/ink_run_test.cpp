@@ -42,36 +42,35 @@ protected:
         for (int y = 0; y < h; y += 3)
             row(store.coverage_bitmap, y)[y * 2] = 1 + y;
     }
-    /// Spans of many lengths, and stamps over each other and over the edges, by `span` and `stamp`.
-    template <class Span, class Stamp>
-    static void paint_all(Span span, Stamp stamp)
+    /// Spans of many lengths, and stamps over each other and over the edges.
+    static void paint_all(int ink, int color, bool by_pixel)
     {
         const TipCell tip = scattered_tip();
+        const auto span = [=](int left, int right, int y) {
+            if (!by_pixel) return span_ink(left, right, y, ink, color);
+            for (int x = left; x <= right; ++x)
+                apply_ink(x, y, ink, color, 0);
+        };
+        const auto stamp = [&](int x, int y) {
+            if (!by_pixel) return stamp_ink(x, y, ink, color, tip);
+            for (int r = 0; r < tip_cell_h; ++r)
+                for (int c = 0; c < tip_cell_w; ++c)
+                    apply_ink(x - tip_center_x + c, y - tip_center_y + r, ink, color, tip.line(r)[c]);
+        };
+        begin_scattered();
         for (int y = 0; y < h / 2; ++y)
             span(y - 3, y < 9 ? w + 2 : 3 * y, y);
         for (int i = 0; i < 5; ++i)
-            stamp(14 * i, h - 9 + 3 * i, tip);
-        stamp(40, 26, tip);
+            stamp(14 * i, h - 9 + 3 * i);
+        stamp(40, 26);
     }
     static void expect_as_by_pixel(int ink, int color)
     {
         toolbox.brush_color = color;
-        begin_scattered();
-        paint_all([&](int left, int right, int y) { span_ink(left, right, y, ink, color); },
-                  [&](int x, int y, const TipCell& tip) { stamp_ink(x, y, ink, color, tip); });
+        paint_all(ink, color, false);
         const Bitmap frame = store.frame_bitmap.copy();
         const Bitmap covered = store.coverage_bitmap.copy();
-        begin_scattered();
-        paint_all(
-            [&](int left, int right, int y) {
-                for (int x = left; x <= right; ++x)
-                    apply_ink(x, y, ink, color, 0);
-            },
-            [&](int x, int y, const TipCell& tip) {
-                for (int r = 0; r < tip_cell_h; ++r)
-                    for (int c = 0; c < tip_cell_w; ++c)
-                        apply_ink(x - tip_center_x + c, y - tip_center_y + r, ink, color, tip.line(r)[c]);
-            });
+        paint_all(ink, color, true);
         ASSERT_EQ(test::difference(frame, store.frame_bitmap), "");
         ASSERT_EQ(test::difference(covered, store.coverage_bitmap), "");
     }

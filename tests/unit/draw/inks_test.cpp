@@ -144,13 +144,10 @@ TEST_F(Inks, BelowShowsWhereTheFrameHasItsMaskColour)
 {
     toolbox.mask_color = 0x808080;
     toolbox.ink_slots[0] = INK_OPAQUE;
-    Bitmap picture(5, 1);
-    constexpr std::array before{0x808080, 0x84807c, 0x858080, 0x80807b, 0x123456};
-    std::copy(before.begin(), before.end(), row(picture, 0));
-    begin(std::move(picture));
+    const test::Legend legend{{'m', 0x808080}, {'n', 0x84807c}, {'a', 0x858080}, {'b', 0x80807b}, {'.', 0x010203}};
+    begin(test::from_text({"mnab"}, legend));
     ink_below(Bitmap(6, 2, 0x010203), 0, 0);
-    EXPECT_EQ((std::array{frame(0, 0), frame(1, 0), frame(2, 0), frame(3, 0), frame(4, 0)}),
-              (std::array{0x010203, 0x010203, 0x858080, 0x80807b, 0x123456}));
+    EXPECT_EQ(test::to_text(store.frame_bitmap, legend), Lines{"..ab"});
 }
 
 TEST_F(Inks, OptionsFromForeignFilesAreBroughtIntoRange)

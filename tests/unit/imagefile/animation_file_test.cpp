@@ -42,7 +42,7 @@ WriteResult write_gif(const AnimationSource& source, ByteSink sink, WorkDone don
     return write_gif_animation(source, reduction, sink, done);
 }
 
-bool go_on(int, int) { return true; }
+constexpr auto go_on = [](int, int) { return true; };
 
 Bytes written(const Film& film, Write write)
 {

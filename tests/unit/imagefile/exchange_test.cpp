@@ -15,6 +15,7 @@
 #include "support/paths.h"
 #include "support/pictures.h"
 #include "support/temporary_folder.h"
+#include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
 
@@ -25,19 +26,19 @@ using namespace test;
 
 struct Folder {
     const char* name;
-    int files;
     Bitmap (*decode)(std::span<const uint8_t>);
     int (*from_palette)(int color); ///< what a palette of the format keeps of a colour
-    int alpha;                      ///< top byte of a picture without alpha
+    int files;
+    int alpha; ///< top byte of a picture without alpha
 };
 
 int whole(int color) { return color; }
 
 const Folder folders[] = {
-    {"bmp", 9, decode_bmp, whole, 0},
-    {"pcx", 10, [](std::span<const uint8_t> bytes) { return decode_pcx(bytes); }, six_bit, 0},
-    {"lbm", 7, [](std::span<const uint8_t> bytes) { return decode_lbm(bytes); }, six_bit, 0},
-    {"ico", 5, decode_ico, whole, 255},
+    {"bmp", decode_bmp, whole, 9, 0},
+    {"pcx", [](std::span<const uint8_t> bytes) { return decode_pcx(bytes); }, six_bit, 10, 0},
+    {"lbm", [](std::span<const uint8_t> bytes) { return decode_lbm(bytes); }, six_bit, 7, 0},
+    {"ico", decode_ico, whole, 5, 255},
 };
 
 /// The pixel of a fixture; a PNG in an icon has a palette of 6 bits of the plain colours.
@@ -197,10 +198,10 @@ TEST(formats, signatures_tell_when_names_do_not)
     EXPECT_EQ(format_from_signature("missing"), FORMAT_NONE);
 }
 
-/// A byte of a file that is exchanged.
+/// Bytes of a file that are exchanged.
 struct Change {
     std::size_t at;
-    uint8_t value;
+    Bytes values;
 };
 
 /// A reader without the palette that it can hand out.
@@ -213,38 +214,34 @@ Bitmap alone(std::span<const uint8_t> bytes)
 struct Damage {
     const char* name; ///< a fixture, or the name of bytes made here
     Bitmap (*decode)(std::span<const uint8_t>);
-    bool needs_all;                           ///< else a cut file shows the rows that it has
-    std::vector<std::vector<Change>> refused; ///< changes that leave no picture
+    bool needs_all;              ///< else a cut file shows the rows that it has
+    std::vector<Change> refused; ///< each leaves no picture
 };
 
 const Bytes plain_tga{0, 0, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0, 2, 0, 32, 8, 1, 2, 3, 4, 5, 6, 7, 8};
 const Bytes packed_tga{0,  0,    10, 0, 0, 0, 0, 0, 0, 0, 0, 0,    2, 0, 2, 0,
                        32, 0x28, 1,  1, 2, 3, 4, 5, 6, 7, 8, 0x81, 9, 9, 9, 9};
 
+const Bytes huge{255, 255, 255, 255};
+
 const Damage damages[] = {
     // Magic, where the pixels are, size of the head, sides, depth, compression.
     {"bmp/rgb-8.bmp",
      decode_bmp,
      true,
-     {{{0, 'X'}}, {{12, 1}}, {{14, 13}}, {{21, 0x40}}, {{25, 0x40}}, {{28, 7}}, {{30, 4}}}},
-    {"gif/plain.gif", alone<decode_gif>, false, {{{0, 'J'}}, {{67, 0xff}, {69, 0xff}}}},
-    {"ico/indexed-4.ico", decode_ico, false, {{{2, 2}}}}, // a cursor
-    {"ico/rgba-8.ico", decode_ico, false, {{{22 + 5, 0x70}, {22 + 9, 0x70}}}},
+     {{0, {'X'}}, {12, {1}}, {14, {13}}, {21, {0x40}}, {25, {0x40}}, {28, {7}}, {30, {4}}}},
+    {"gif/plain.gif", alone<decode_gif>, false, {{0, {'J'}}, {67, {255, 255, 255}}}},
+    {"ico/indexed-4.ico", decode_ico, false, {{2, {2}}}}, // a cursor
+    {"ico/rgba-8.ico", decode_ico, false, {{22 + 5, {0x70, 0, 0, 0, 0x70}}}},
     {"ico/indexed-8-png.ico", decode_ico, false, {}},
-    {"pcx/rgb-8.pcx", alone<decode_pcx>, false, {{{8, 0xff}, {9, 0xff}, {10, 0xff}, {11, 0xff}}}},
-    {"pcx/indexed-4.pcx", alone<decode_pcx>, false, {{{8, 0xff}, {9, 0xff}, {10, 0xff}, {11, 0xff}}}},
-    {"lbm/rgb-8.lbm", alone<decode_lbm>, false, {{{20, 0xff}, {21, 0xff}, {22, 0xff}, {23, 0xff}}}},
-    {"lbm/indexed-4-plain.lbm", alone<decode_lbm>, false, {{{20, 0xff}, {21, 0xff}, {22, 0xff}, {23, 0xff}}}},
-    {"jpeg/rgb.jpg",
-     decode_jpeg,
-     false,
-     {{{1, 0}}, {{163, 0x40}, {164, 0x40}, {165, 0x40}, {166, 0x40}}}}, // 16448 a side
+    {"pcx/rgb-8.pcx", alone<decode_pcx>, false, {{8, huge}}},
+    {"pcx/indexed-4.pcx", alone<decode_pcx>, false, {{8, huge}}},
+    {"lbm/rgb-8.lbm", alone<decode_lbm>, false, {{20, huge}}},
+    {"lbm/indexed-4-plain.lbm", alone<decode_lbm>, false, {{20, huge}}},
+    {"jpeg/rgb.jpg", decode_jpeg, false, {{1, {0}}, {163, {0x40, 0x40, 0x40, 0x40}}}}, // 16448 a side
     // No width, a palette, 16 bits, 65535 a side, and 8447 a side: a valid size, yet more than these bytes can hold.
-    {"plain.tga",
-     decode_tga,
-     true,
-     {{{12, 0}}, {{2, 1}, {16, 8}}, {{16, 16}}, {{12, 255}, {13, 255}, {14, 255}, {15, 255}}}},
-    {"packed.tga", decode_tga, true, {{{12, 255}, {13, 0x20}, {14, 255}, {15, 0x20}}}},
+    {"plain.tga", decode_tga, true, {{12, {0}}, {2, {1}}, {16, {16}}, {12, huge}}},
+    {"packed.tga", decode_tga, true, {{12, {255, 0x20, 255, 0x20}}}},
 };
 
 Bytes bytes_of(const Damage& damage)
@@ -267,11 +264,10 @@ TEST(damage, cut_and_changed_files_give_no_picture_or_what_there_is)
                 EXPECT_EQ(cut.width(), picture.width()) << damage.name << " of " << size << " bytes";
             }
         }
-        for (const auto& changes : damage.refused) {
+        for (const auto& [at, values] : damage.refused) {
             Bytes changed = whole;
-            for (const auto& [at, value] : changes)
-                changed[at] = value;
-            EXPECT_FALSE(damage.decode(changed)) << damage.name << " changed at " << changes[0].at;
+            std::ranges::copy(values, changed.begin() + static_cast<std::ptrdiff_t>(at));
+            EXPECT_FALSE(damage.decode(changed)) << damage.name << " changed at " << at;
         }
     }
 }

@@ -25,17 +25,12 @@ int fixture_pixel(int x, int y, int colors) { return six_bit(palette_entry(level
 
 TEST(gif, reads_what_other_encoders_write)
 {
-    struct Row {
-        const char* name;
-        int w, h, colors;
-    };
-    const Row table[] = {{"plain", 13, 11, 16},        {"interlaced", 13, 11, 16}, {"animated", 13, 11, 16},
-                         {"colours256", 257, 64, 256}, {"two-colours", 13, 11, 2}, {"small-1x1", 1, 1, 2}};
-    for (const Row& fixture : table) {
-        const Bitmap expected =
-            paint(fixture.w, fixture.h, [&](int x, int y) { return fixture_pixel(x, y, fixture.colors); });
-        EXPECT_EQ(difference(decode_gif(data_file(std::string("gif/") + fixture.name + ".gif")), expected), "")
-            << fixture.name;
+    using Row = std::tuple<const char*, int, int, int>;
+    for (const auto& [name, w, h, colors] :
+         {Row{"plain", 13, 11, 16}, Row{"interlaced", 13, 11, 16}, Row{"animated", 13, 11, 16},
+          Row{"colours256", 257, 64, 256}, Row{"two-colours", 13, 11, 2}, Row{"small-1x1", 1, 1, 2}}) {
+        const Bitmap expected = paint(w, h, [count = colors](int x, int y) { return fixture_pixel(x, y, count); });
+        EXPECT_EQ(difference(decode_gif(data_file("gif/" + std::string(name) + ".gif")), expected), "") << name;
     }
 }
 
@@ -95,23 +90,6 @@ TEST(lzw, codes_decode_again_where_tables_fill_and_widths_change)
                     << "other codes than before";
             }
         }
-    }
-}
-
-TEST(indexed, pixels_go_through_the_library_s_colour_table)
-{
-    PALETTE palette;
-    for (int i = 0; i < 256; ++i)
-        palette[i] = {static_cast<unsigned char>(i * 7 & 63), static_cast<unsigned char>(i * 29 & 63),
-                      static_cast<unsigned char>(i * 51 & 63), 0};
-    palette[0] = {63, 0, 63, 0}; // the mask colour, which the library does map to index 0
-    const Bitmap picture = paint(64, 64, [](int x, int y) { return pack_rgb(x * 4, y * 4, (x * y) & 255); });
-    RGB_MAP table;
-    create_rgb_table(&table, palette, nullptr);
-    const Bytes indices = index_pixels(picture, palette);
-    for (int i = 0; i < 64 * 64; ++i) { // entry 0 may take a pixel to which it is nearer
-        const int pixel = row(picture, i / 64)[i % 64], index = indices[static_cast<std::size_t>(i)];
-        ASSERT_TRUE(index == 0 || index == table.data[red_of(pixel) >> 3][green_of(pixel) >> 3][blue_of(pixel) >> 3]);
     }
 }
 

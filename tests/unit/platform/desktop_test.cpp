@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Lists of URIs, as file managers hand them over, and the positional map as Allegro's configuration reads it;
-// letters for places.
+// letters for places; the presenter's scaler against Allegro's own enlarging.
 #include "platform/dropped_files.h"
 #include "platform/keyboard_map.h"
 #include "platform/places.h"
+#include "platform/scaler.h"
 
 #include "base/log.h"
 #include "support/environment.h"
+#include "support/pictures.h"
 #include "support/temporary_folder.h"
 #include <allegro.h>
 #include <array>
@@ -131,6 +133,28 @@ TEST(Places, PicturesLieWhereTheListSays)
     home.put("elsewhere/user-dirs.dirs", "XDG_PICTURES_DIR=\"" + in_home + "elsewhere/x\"\n");
     const EnvironmentWord other_config("XDG_CONFIG_HOME", in_home + "elsewhere");
     EXPECT_EQ(picture_folder(), in_home + "elsewhere/x");
+}
+
+TEST(Scaler, EachPixelBecomesASquareAtEveryScale)
+{
+    const Bitmap picture = test::paint(13, 6, [](int x, int y) { return (x * 7 + 1) << 16 | (y * 5 + 2) << 8 | 9; });
+    for (int scale = min_scale; scale <= max_scale; ++scale) {
+        const Bitmap scaled(13 * scale, 6 * scale);
+        const Bitmap expected(13 * scale, 6 * scale);
+        stretch_blit(picture, expected, 0, 0, 13, 6, 0, 0, 13 * scale, 6 * scale);
+        scale_rows(picture, scaled, scale, 0, 5, ChannelOrder::PLAIN);
+        EXPECT_EQ(test::difference(scaled, expected), "") << scale;
+    }
+}
+
+TEST(Scaler, LeavesOtherRowsAloneAndExchangesRedAndBlue)
+{
+    const Bitmap picture(13, 6, 0x112233);
+    const Bitmap scaled(13 * 3, 6 * 3, 0x123456);
+    scale_rows(picture, scaled, 3, 2, 3, ChannelOrder::EXCHANGED);
+    const Bitmap expected =
+        test::paint(13 * 3, 6 * 3, [](int, int y) { return y < 6 || y > 11 ? 0x123456 : 0x332211; });
+    EXPECT_EQ(test::difference(scaled, expected), "");
 }
 
 } // namespace

@@ -209,14 +209,14 @@ TEST_F(FrameStoreTest, PictureOfAnotherProgramKeepsTheRestorationCopy)
 
 TEST_F(FrameStoreTest, BackdropFollowsTheLightnessOfSmallFrames)
 {
-    ASSERT_TRUE(adopt_picture(Bitmap(8, 8, opaque | 0xaa0202), true)); // (170 + 2) / 2 = 86
-    EXPECT_EQ(view.backdrop, 1);
-    ASSERT_TRUE(adopt_picture(Bitmap(8, 8, opaque | 0xaa0101), true));
-    EXPECT_EQ(view.backdrop, 0);
-    ASSERT_TRUE(adopt_picture(Bitmap(8, 8, opaque | 0xffffff), true));
-    EXPECT_EQ(view.backdrop, 2);
-    ASSERT_TRUE(adopt_picture(Bitmap(320, 240, opaque), true)); // nothing shows round a frame that fills the screen
-    EXPECT_EQ(view.backdrop, 2);
+    const auto backdrop_of = [](int w, int h, int color) {
+        EXPECT_TRUE(adopt_picture(Bitmap(w, h, opaque | color), true));
+        return view.backdrop;
+    };
+    EXPECT_EQ(backdrop_of(8, 8, 0xaa0202), 1); // (170 + 2) / 2 = 86
+    EXPECT_EQ(backdrop_of(8, 8, 0xaa0101), 0);
+    EXPECT_EQ(backdrop_of(8, 8, 0xffffff), 2);
+    EXPECT_EQ(backdrop_of(320, 240, 0), 2) << "nothing shows round a frame that fills the screen";
     EXPECT_FALSE(adopt_picture(Bitmap(), true));
 }
 

@@ -74,24 +74,17 @@ TEST(resource_files, a_plain_picture_becomes_the_resource_and_disappears)
     ASSERT_EQ(picture.height(), 2);
     EXPECT_EQ(framework_palette[9].g, 38);
     // 6 bits grow to 8 by v x 255 / 63, truncated.
-    EXPECT_EQ(row(picture, 1)[2], pack_rgb(255, 153, 206));
-    EXPECT_EQ(row(picture, 0)[0], pack_rgb(40, 80, 121));
+    const int spot = pack_rgb(255, 153, 206), ground = pack_rgb(40, 80, 121);
+    EXPECT_EQ(row(picture, 1)[2], spot);
+    EXPECT_EQ(row(picture, 0)[0], ground);
     EXPECT_EQ(fs::directory_iterator(".")->path().filename(), "ART") << "nothing else is left";
-}
 
-TEST(resource_files, the_newer_of_the_two_files_wins)
-{
-    const TemporaryFolder folder;
-    write_gif("ART.gif", 9);
-    load_resource_bitmap("ART");
-
-    write_gif("ART.gif", 7);
+    write_gif("ART.gif", 7); // the newer of the two files wins
     fs::last_write_time("ART.gif", fs::last_write_time("ART") - 10s);
-    EXPECT_EQ(row(load_resource_bitmap("ART"), 1)[2], pack_rgb(255, 153, 206));
+    EXPECT_EQ(row(load_resource_bitmap("ART"), 1)[2], spot);
     EXPECT_TRUE(platform::file_exists("ART.gif")) << "an older plain file stays";
-
     fs::last_write_time("ART.gif", fs::last_write_time("ART") + 10s);
-    EXPECT_EQ(row(load_resource_bitmap("ART"), 1)[2], pack_rgb(40, 80, 121));
+    EXPECT_EQ(row(load_resource_bitmap("ART"), 1)[2], ground);
     EXPECT_FALSE(platform::file_exists("ART.gif"));
 }
 
@@ -158,34 +151,32 @@ TEST(pattern_tiles, hatch_bands)
 TEST(object_library, reads_records_and_stays_inside_its_rows)
 {
     const TemporaryFolder folder;
+    const auto& rows = object_library.rows;
+    const auto load = [&folder](const std::string& text) {
+        folder.put("obj_lib.def", text);
+        load_object_library();
+    };
     std::string text = "1\n2\n3\n4\n2\n10\n-11\n12\n 13\n5\n6\n7\n8\n300\n";
     for (int i = 0; i < 600; ++i)
         text += std::to_string(i) + "\n";
     text += "9\nrubbish\n99999999999999\n9\n0\n";
     for (int i = 0; i < 250; ++i)
         text += "1\n1\n1\n1\n0\n";
-    folder.put("obj_lib.def", text);
-    load_object_library();
-
-    const auto& first = object_library.rows[0];
-    EXPECT_EQ(std::vector<int>(first.begin(), first.begin() + 10),
+    load(text);
+    EXPECT_EQ(std::vector<int>(rows[0].begin(), rows[0].begin() + 10),
               (std::vector<int>{1, 2, 3, 4, 2, 10, -11, 12, 13, 0}));
-    const auto& long_one = object_library.rows[1];
-    EXPECT_EQ(long_one[4], 253) << "pairs beyond the row are dropped";
-    EXPECT_EQ(long_one[5 + 505], 505);
-    EXPECT_EQ(long_one[511], 0);
-    EXPECT_EQ(object_library.rows[2][0], 9) << "and the next record is found behind them";
-    EXPECT_EQ(object_library.rows[2][1], 0);
-    EXPECT_EQ(object_library.rows[199][3], 1);
-
-    folder.put("obj_lib.def", "4\n4\n4\n4\n2000000000\n1\n");
-    load_object_library();
-    EXPECT_EQ(object_library.rows[0][5], 1);
-    EXPECT_EQ(object_library.rows[1][0], 0) << "an older library is gone";
-    folder.put("obj_lib.def", "1\n1\n1\n1\n-5\n7\n");
-    load_object_library();
-    EXPECT_EQ(object_library.rows[0][4], 0);
-    EXPECT_EQ(object_library.rows[1][0], 7);
+    EXPECT_EQ(rows[1][4], 253) << "pairs beyond the row are dropped";
+    EXPECT_EQ(rows[1][5 + 505], 505);
+    EXPECT_EQ(rows[1][511], 0);
+    EXPECT_EQ(rows[2][0], 9) << "and the next record is found behind them";
+    EXPECT_EQ(rows[2][1], 0);
+    EXPECT_EQ(rows[199][3], 1);
+    load("4\n4\n4\n4\n2000000000\n1\n");
+    EXPECT_EQ(rows[0][5], 1);
+    EXPECT_EQ(rows[1][0], 0) << "an older library is gone";
+    load("1\n1\n1\n1\n-5\n7\n");
+    EXPECT_EQ(rows[0][4], 0);
+    EXPECT_EQ(rows[1][0], 7);
 }
 
 } // namespace

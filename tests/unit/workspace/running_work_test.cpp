@@ -87,10 +87,7 @@ TEST_F(RunningWorkTest, AStrokeInHandIsKeptAndTheHoleOfALiftedPieceIsNot)
         settle_running_work();
         held = merged_frame();
         std::filesystem::copy_file(journal(), journal() + ".held");
-        blit(before, store.frame_bitmap, 0, 0, 0, 0, side, side - 30); // what it leaves is what was
-        for (int y = 0; y < side - 30; ++y)
-            for (int x = 0; x < side; ++x)
-                row(store.frame_bitmap, y)[x] &= 0xffffff;
+        alpha_strip(before, store.frame_bitmap, store.alpha_bitmap); // what it leaves is what was
         touch_area(0, 0, 50, 50);
     }
     settle_running_work();

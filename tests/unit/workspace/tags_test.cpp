@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Tagged files: both tables round trip, the bytes of a record, and everything a damaged file may hold.
+// Tagged files: both tables round trip, the bytes of a record, and what a damaged file may hold; the fuzz target
+// tries all of it.
 #include "workspace/tags.h"
 
 #include "runtime/hotkeys.h"
@@ -68,6 +69,7 @@ TEST_F(TagsTest, EveryFieldComesBackAndTheBytesAreTheSame)
         EXPECT_TRUE(written(rows) == start);
         EXPECT_FALSE(read_tags(rows, filled).damaged); // ... and away from it again
         EXPECT_TRUE(written(rows) == filled);
+        EXPECT_TRUE(read_tags(rows, {filled.data(), filled.size() - 1}).damaged);
     }
     EXPECT_FALSE(logged("OOB"));
 }
@@ -189,24 +191,6 @@ TEST_F(TagsTest, BehindACountThatCantBeTrueTheReaderGoesOnAtTheNextMarker)
         EXPECT_EQ(animation.anim_speed, 2) << count;
         EXPECT_EQ(report.put_back, 0);
     }
-}
-
-TEST_F(TagsTest, EveryCutAndEverySingleWrongWordIsSurvived)
-{
-    const Bytes whole = written(state_tags());
-    for (std::size_t size = 0; size < whole.size(); size += 61)
-        read_tags(state_tags(), {whole.data(), size});
-    for (std::size_t at = 0; at + 4 <= whole.size(); at += 4 * 17) {
-        Bytes wrong = whole;
-        for (std::size_t i = 0; i < 4; ++i)
-            wrong[at + i] ^= 0xff;
-        read_tags(state_tags(), wrong);
-        for (const TagRow& row : state_tags())
-            for (int i = 0; i < row.words(); ++i)
-                ASSERT_TRUE(row.range_of(i).holds(row.get(0, i))) << row.tag;
-    }
-    EXPECT_TRUE(read_tags(state_tags(), {whole.data(), whole.size() - 1}).damaged);
-    EXPECT_FALSE(read_tags(state_tags(), whole).damaged);
 }
 
 } // namespace kelu
