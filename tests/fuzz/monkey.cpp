@@ -39,7 +39,8 @@ std::basic_string<uint8_t> input; // what is left of it
 std::minstd_rand random_numbers;
 std::string folder;
 std::optional<Session> session;
-int buttons = 0; // held, as in mouse_b
+int buttons = 0;         // held, as in mouse_b
+bool disk_fails = false; // now and then
 
 int below(int n)
 {
@@ -66,6 +67,7 @@ void note(const char* what, int a = 0, int b = 0)
 void frames(int n)
 {
     session->frame(n);
+    if (disk_is_full) settle_running_work(); // so that what fails does so in the same frame each time
     frame_time += n;
     if (run_state.timers_locked == 0 && fs::current_path() == folder + "/WORKSPACE") fs::current_path(folder);
 }
@@ -206,6 +208,13 @@ void open_place()
     hold(::mouse_b);
 }
 
+void fill_disk()
+{
+    if (!disk_fails) return;
+    disk_is_full = !disk_is_full;
+    note(disk_is_full ? "disk full" : "disk free");
+}
+
 void drop_file()
 {
     const fs::path name = one_of(dropped);
@@ -219,7 +228,10 @@ void look_back()
     let_go();
     frames(5);
     check_words();
-    if (is_quiet()) check_history();
+    if (!is_quiet()) return;
+    check_home();
+    check_history();
+    if (!disk_is_full) check_files(*session);
 }
 
 /// What gets a user out of anything: the buttons that leave, Escape, a click somewhere, and again.
@@ -261,8 +273,10 @@ void settle_in()
 
 void end_program()
 {
+    const bool may_lose = session->ended() && disk_is_full; // the user has said so
+    disk_is_full = false;
     require(session->finish(), "the program doesn't end");
-    require(session->exit_code() == 0, "the program has ended with a failure");
+    require(may_lose || session->exit_code() == 0, "the program has ended with a failure");
     if (talks) std::cerr << session->log();
     platform::stop_input_events();
     platform::take_dropped_files();
@@ -280,6 +294,8 @@ void start_again()
 void leave()
 {
     note("leave");
+    const bool may_lose = session->ended() && disk_is_full; // the user has said so
+    if (!may_lose) disk_is_full = false;
     let_go();
     for (int requests = 1 + below(2); requests > 0; --requests)
         request_end();
@@ -291,18 +307,20 @@ void leave()
     const Work work(*session);
     end_program();
     start_again();
-    check_start(work, *session, false);
+    if (!may_lose) check_start(work, *session, false);
 }
 
 /// The power goes: what the disk has at this moment is what the next start finds.
 void cut_power()
 {
     note("power cut");
+    if (disk_is_full.exchange(false)) frames(400); // the time in which it is tried again
     let_go();
     for (int tries = below(8); tries > 0 && !is_quiet(); --tries)
         try_to_leave();
     if (session->ended()) return;
     const bool comparable = is_quiet();
+    if (comparable) check_files(*session);
     const Work work(*session);
     fs::copy(folder + "/WORKSPACE", folder + "/kept");
     end_program();
@@ -322,7 +340,8 @@ constexpr Deed deeds[] = {
     {15, turn_wheel},      {50, press_key},  {12, type_word},
     {50, use_action},      {12, let_go},     {12, [] { frames(1 + below(30)); }},
     {12, choose},          {20, open_place}, {2, drop_file},
-    {8, look_back},        {1, leave},       {1, cut_power}};
+    {8, look_back},        {1, leave},       {1, cut_power},
+    {3, fill_disk}};
 
 void act()
 {
@@ -358,7 +377,8 @@ void begin()
     settle_in();
     if (below(4) != 0) prepare(*session);
     if (below(2) != 0) shrink_frame();
-    if (below(3) == 0) make_frames(2 + below(7));
+    if (below(3) == 0) make_frames(below(20) == 0 ? max_frames - below(3) : 2 + below(7));
+    disk_fails = below(4) == 0;
     reset_undo_slots();
 }
 

@@ -19,6 +19,7 @@ namespace kelu {
 
 inline std::string cage;                          ///< the folder, absolute; empty: none
 inline std::atomic<long> frame_time;              ///< of all frames so far, 1/100 s
+inline std::atomic<bool> disk_is_full = false;    ///< nothing can be written
 inline thread_local bool lives_by_frames = false; ///< true in the thread whose time that is
 
 /// True for a path in the cage, when the working directory is.
@@ -42,6 +43,10 @@ inline platform::FileCalls caged_calls()
     using platform::FileCalls;
     FileCalls calls = platform::system_file_calls;
     calls.open = call_in_cage<&FileCalls::open>;
+    calls.write = [](int handle, const void* bytes, std::size_t count) -> ssize_t {
+        errno = ENOSPC;
+        return disk_is_full ? -1 : platform::system_file_calls.write(handle, bytes, count);
+    };
     calls.flush = calls.flush_all = [](int) { return 0; };
     calls.rename = call_in_cage<&FileCalls::rename>;
     calls.remove = call_in_cage<&FileCalls::remove>;

@@ -8,8 +8,10 @@
 #include "draw/touched.h"
 #include "draw/undo.h"
 #include "gui/menus.h"
+#include "gui/slots.h"
 #include "gui/tooltips.h"
 #include "loop/actions.h"
+#include "runtime/frame_flags.h"
 #include "runtime/view.h"
 #include "screens/frame_loan.h"
 #include "support/frames.h"
@@ -38,7 +40,7 @@ inline bool is_quiet()
     return menus.menu_id == MENU_DRAW && menus.status_message == TIP_NONE && preview.preview_kind == no_preview &&
            preview.preview_active == 0 && undo.operations == 0 && touched.tiles.empty() &&
            cel_work.cel_place.mode == CEL_NONE && cel_work.grab_x == no_grab && cel_work.borrowed == 0 &&
-           action_state.frame_locked == 0;
+           action_state.frame_locked == 0 && run_state.gui_clicks_enabled != 0;
 }
 
 inline void check_words()
@@ -62,6 +64,13 @@ inline void check_pictures()
     require(store.frame_count >= 1 && store.frame_count <= max_frames, "number of frames");
     require(store.current_frame >= 0 && store.current_frame < store.frame_count, "number of the frame");
     require(run_state.workspace_damaged == 0, "the workspace is damaged");
+}
+
+/// What a screen or a tool has borrowed is back.
+inline void check_home()
+{
+    require(!lent_frame.kept_frame && frame_flags.clean_render == 0, "another picture is in the frame's place");
+    require(run_state.timers_locked == 0 && gui_logic.gui_logic_paused == 0, "the timers stand still");
 }
 
 /// All steps lead back and forth. The program waits between two frames with nothing under way.
@@ -88,12 +97,21 @@ struct Work {
     Bitmap picture = merged_picture(color_picture(), alpha_picture());
 };
 
+/// With nothing under way, and a disk that can be written.
+inline void check_files(const Session& session)
+{
+    const auto files = frame_files(session);
+    for (int frame = 0; frame < store.frame_count; ++frame)
+        require(files.contains(frame_file(frame)), frame_file(frame) + " is missing");
+}
+
 /// What an end and a start have made of it. `cut`: the end was none, and the files are those of then.
 inline void check_start(const Work& before, const Session& session, bool cut)
 {
     const Work after(session);
     check_pictures();
-    require(after.count == before.count && std::ssize(after.files) == after.count, "the start has other frames");
+    require(after.count == before.count && std::ssize(after.files) == after.count,
+            std::to_string(before.count) + " frames have become " + std::to_string(after.count));
     const WorkspaceVisit visit({});
     const Bitmap found =
         after.current == before.current ? after.picture.copy() : read_stored_frame(frame_file(before.current));
