@@ -69,7 +69,8 @@ void frames(int n)
     session->frame(n);
     if (disk_is_full) settle_running_work(); // so that what fails does so in the same frame each time
     frame_time += n;
-    if (run_state.timers_locked == 0 && fs::current_path() == folder + "/WORKSPACE") fs::current_path(folder);
+    const bool browses = menus.menu_id == MENU_BROWSER && run_state.timers_locked == 0;
+    if (browses && fs::current_path() == folder + "/WORKSPACE") fs::current_path(folder);
 }
 
 void point(int x, int y)
