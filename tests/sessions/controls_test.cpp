@@ -2,6 +2,7 @@
 // What every control of every place does: each slot under the left and the right button and the wheel, and keys. The
 // tables in tests/golden/controls have one row for each, with the words of settings and workspace that changed and with
 // sums of the picture presented and of the frame; KELU_ACCEPT=1 writes them anew: read what changed.
+#include "draw/point_list.h"
 #include "draw/undo.h"
 #include "screens/browser_slots.h"
 #include "support/paths.h"
@@ -101,6 +102,7 @@ protected:
     int menu = 0;
     std::vector<int> slots;
     bool of_browser = false;
+    unsigned held = 0; ///< sum of the picture while the button was down
 
     /// The place as it is when it has just been opened, from wherever the last control has led.
     void open()
@@ -121,29 +123,73 @@ protected:
 
     bool is_open() const { return !session->ended() && menus.menu_id == menu && shown_slots() == slots; }
 
-    void act(const std::string& name, const Step& step)
+    /// Takes a step, and writes what has changed by it.
+    void record(const std::string& name, const Step& step)
     {
-        if (!session || !is_open()) open();
         const Words before = all_words();
         const unsigned frame = sum_of(store.frame_bitmap), alpha = sum_of(store.alpha_bitmap);
+        held = 0;
         step.act(*session);
-        table << name << ':' << changes(before, all_words());
-        if (sum_of(store.frame_bitmap) != frame)
-            table << " frame " << std::hex << sum_of(store.frame_bitmap) << std::dec;
-        if (sum_of(store.alpha_bitmap) != alpha)
-            table << " alpha " << std::hex << sum_of(store.alpha_bitmap) << std::dec;
+        table << name << ':' << changes(before, all_words()) << std::hex;
+        if (held != 0) table << " held " << held;
+        if (sum_of(store.frame_bitmap) != frame) table << " frame " << sum_of(store.frame_bitmap);
+        if (sum_of(store.alpha_bitmap) != alpha) table << " alpha " << sum_of(store.alpha_bitmap);
         if (session->ended()) {
             table << " ended\n";
             return;
         }
-        if (menus.menu_id != menu) table << " menu " << menus.menu_id;
+        if (menus.menu_id != menu) table << " menu " << std::dec << menus.menu_id;
         table << " undo " << std::ranges::count_if(undo.undo_age, [](int age) { return age >= 0; });
         // The browser and what opens over it show the folder, which has another name at every run.
-        if (menus.menu_id != MENU_BROWSER && !of_browser)
-            table << " screen " << std::hex << sum_of(session->picture()) << std::dec;
-        table << '\n';
+        if (menus.menu_id != MENU_BROWSER && !of_browser) table << " screen " << std::hex << sum_of(session->picture());
+        table << std::dec << '\n';
+    }
+
+    template <class Place>
+    Step press(Place place, int button = LEFT_BUTTON)
+    {
+        return [=, this](Session& run) {
+            const Point at = place();
+            run.move(at.x, at.y);
+            run.press(button);
+            if (!run.ended() && menus.menu_id != MENU_BROWSER && !of_browser) held = sum_of(run.picture());
+            run.release(button);
+        };
+    }
+
+    void act(const std::string& name, const Step& step)
+    {
+        if (!session || !is_open()) open();
+        record(name, step);
+        if (!session->ended() && menu != MENU_DRAW && menus.menu_id != menu && menus.menu_id != MENU_DRAW)
+            record("  back", tap(KEY_ESC));
     }
 };
+
+Point middle(int slot) { return {gui.x[slot] + gui.w[slot] / 2, gui.y[slot] + gui.h[slot] / 2}; }
+
+Point arrow(int slot, std::size_t which)
+{
+    const auto& box = gui.arrow_box[slot];
+    return {box[2 * which] + gui.arrow_w[slot] / 2, box[2 * which + 1] + gui.arrow_h[slot] / 2};
+}
+
+void expect_table(std::string name, const std::string& table)
+{
+    std::ranges::replace(name, ' ', '_');
+    const std::filesystem::path file = golden_folder() + "/controls/" + name + ".txt";
+    if (std::getenv("KELU_ACCEPT")) {
+        std::filesystem::create_directories(file.parent_path());
+        std::ofstream(file) << table;
+        return;
+    }
+    std::ifstream kept(file);
+    std::istringstream now(table);
+    for (std::string was, is; std::getline(kept, was) || std::getline(now, is); was.clear(), is.clear()) {
+        if (is.empty()) std::getline(now, is);
+        ASSERT_EQ(is, was) << name;
+    }
+}
 
 TEST_P(Controls, DoWhatTheirTableSays)
 {
@@ -152,33 +198,26 @@ TEST_P(Controls, DoWhatTheirTableSays)
     const std::vector<int> all = is_tool ? std::vector<int>{} : slots; // the drawing menu's are the column's
     for (const int slot : all) {
         const std::string name = std::to_string(slot);
-        act(name + " left", slot);
-        act(name + " right", right_on(slot));
-        act(name + " wheel", [slot](Session& run) {
-            run.move(gui.x[slot] + gui.w[slot] / 2, gui.y[slot] + gui.h[slot] / 2);
+        const auto here = [slot] { return middle(slot); };
+        const bool has_arrows = gui.arrow_w[slot] > 0;
+        act(name + " left", press(here));
+        act(name + " right", press(here, RIGHT_BUTTON));
+        for (std::size_t which = 0; has_arrows && which < 2; ++which)
+            act(name + " arrow", press([=] { return arrow(slot, which); }));
+        act(name + " wheel", [here](Session& run) {
+            run.move(here().x, here().y);
             run.wheel(-1);
         });
     }
     for (const int key : keys_tried)
         act("key " + std::to_string(key), tap(key));
     for (const int y : {70, 130, 200})
-        act("frame " + std::to_string(y), at(90 + y, y));
+        act("frame " + std::to_string(y), [y](Session& run) {
+            run.click_at(90 + y, y);
+            run.move(110 + y, 150);
+        });
     act("frame right", at(150, 100, RIGHT_BUTTON));
-
-    std::string name = GetParam().name;
-    std::ranges::replace(name, ' ', '_');
-    const std::string file = golden_folder() + "/controls/" + name + ".txt";
-    if (std::getenv("KELU_ACCEPT")) {
-        std::filesystem::create_directories(golden_folder() + "/controls");
-        std::ofstream(file) << table.str();
-        return;
-    }
-    std::ifstream kept(file);
-    std::istringstream now(table.str());
-    for (std::string was, is; std::getline(kept, was) || std::getline(now, is); was.clear(), is.clear()) {
-        if (is.empty()) std::getline(now, is);
-        ASSERT_EQ(is, was) << GetParam().name;
-    }
+    expect_table(GetParam().name, table.str());
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, Controls, testing::ValuesIn(places), [](const auto& place) {

@@ -20,7 +20,7 @@ namespace {
 bool acts_at_once(const Place& place)
 {
     const std::string name = place.name;
-    return name == "stroke" || name == "dabs" || name == "spray" || name == "frame stepping";
+    return name == "stroke" || name == "dabs" || name == "spray" || name.starts_with("frame stepping");
 }
 
 /// All that a screen could change in the work and in the settings, but the choice of tool, colours and view.
