@@ -27,7 +27,7 @@ void give_cel(int w, int h, int color)
     store.cel_bitmap = Bitmap(w, h, color);
 }
 
-enum { GET = 2, PASTE = 4, TURN = 7, STRETCH = 8, TRANSFORM = 9 };
+enum { GET = 2, PASTE = 4, TURN = 7, STRETCH = 8 };
 
 class Cels : public testing::Test {
 protected:
@@ -199,28 +199,6 @@ TEST(PastedPicture, IsPastedOnceAndNeverMasked)
     EXPECT_EQ(frame_pixel(3, 3), 0x000000) << "black is pasted, although it is the mask colour";
     EXPECT_EQ(frame_pixel(4, 4), 0xff0000);
     EXPECT_EQ(store.cel_source_bitmap.width(), 3);
-}
-
-TEST_F(Cels, TransformChangesTheCelOnOkayOnly)
-{
-    enum { FLIP = 2, MIRROR, OKAY = 5, CANCEL };
-    give_cel(3, 2, 0x101010);
-    row(store.cel_source_bitmap, 0)[0] = 0x20c040;
-    open(TRANSFORM);
-    EXPECT_EQ(cel_work.cel_place.x, view.view_center_x - 1);
-    session.click(FLIP);
-    EXPECT_EQ(row(store.cel_bitmap, 1)[0], 0x20c040);
-    EXPECT_EQ(row(store.cel_source_bitmap, 0)[0], 0x20c040);
-    session.click(CANCEL);
-    EXPECT_EQ(row(store.cel_bitmap, 0)[0], 0x20c040);
-    open(TRANSFORM);
-    session.click(MIRROR);
-    session.click(FLIP);
-    session.click(OKAY);
-    EXPECT_EQ(row(store.cel_source_bitmap, 1)[2], 0x20c040);
-    EXPECT_EQ(row(store.cel_bitmap, 1)[2], 0x20c040);
-    EXPECT_EQ(menus.menu_id, MENU_DRAW);
-    EXPECT_EQ(cel_work.cel_place.mode, CEL_NONE);
 }
 
 } // namespace kelu

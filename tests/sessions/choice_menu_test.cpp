@@ -10,7 +10,7 @@ using namespace test;
 namespace {
 
 enum { LIST = 2, CHOICE_0 = 3, OPTION_0 = 13 };
-enum { CUSTOM = 2, FIRST_TIP = 3 };
+enum { CUSTOM = 2 };
 
 /// The left part of a list's row, counted from the first one that shows.
 void click_row(Session& session, int row) { session.click_at(gui.x[LIST] + 10, gui.y[LIST] + 5 + 7 * row); }
@@ -36,34 +36,6 @@ TEST(ChoiceMenu, PicksAToolIntoTheEditedSlot)
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
     EXPECT_EQ(gui.text_id[HOME_TOOL_0 + 3], first_tool_name + TOOL_DRIZ);
     EXPECT_EQ(gui.hidden[0], 0) << "the click that leaves hides nothing";
-}
-
-TEST(ChoiceMenu, SetsTheOptionsOfAnInk)
-{
-    Session session;
-    session.click(HOME_INK_0 + 1, RIGHT_BUTTON);
-    session.move(gui.x[LIST] + 10, gui.y[LIST] + 10);
-    session.wheel(-1);
-    session.wheel(-1); // two rows a step
-    click_row(session, 5);
-    EXPECT_EQ(toolbox.ink_slots[1], INK_H_GRAD);
-    EXPECT_TRUE(looks_like(session, "ink_menu"));
-    toolbox.ink_table[INK_H_GRAD][0] = 0;
-    session.click(OPTION_0);
-    EXPECT_EQ(toolbox.ink_table[INK_H_GRAD][0], 1);
-    session.key(KEY_I);
-    EXPECT_EQ(menus.menu_id, MENU_DRAW) << "the key that opens the menu leaves it";
-}
-
-TEST(TipMenu, ReturnsTheClickedTipOrNone)
-{
-    Session session;
-    session.click(HOME_TIP);
-    session.click(FIRST_TIP + 7);
-    EXPECT_TRUE(looks_like(session, "tip_menu"));
-    EXPECT_EQ(toolbox.brush_tip, 0) << "the choice counts once the menu is left";
-    session.click_at(160, 40, RIGHT_BUTTON);
-    EXPECT_EQ(toolbox.brush_tip, 7);
 }
 
 TEST(TipMenu, TakesACustomTipFromTheFrame)

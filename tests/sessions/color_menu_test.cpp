@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The colour screens by mouse: the colour menu in its four spaces, the favourites, and picks from the screen.
+// The colour screens by mouse: the colour menu, the favourites, and picks from the screen.
 #include "colour/band.h"
 #include "colour/spaces.h"
 #include "support/screen_session.h"
@@ -12,20 +12,11 @@ namespace {
 
 /// Slots of the two menus.
 enum {
-    TAB_VGA = 2,
-    TAB_HLS = 4,
-    TAB_HSV = 5,
     NUKE = 4,
     NUMBER = 5,
     FAVORITE_0 = 8,
-    FOLD = 18,
-    INVERT = 19,
     NAME_0 = 20,
     SLIDER_0 = 23,
-    SPECTRUM = 26,
-    HUE_CELL_0 = 30,
-    LIGHT_CELL_0 = 44,
-    MAP = 72,
     PALETTE_PANEL = 27,
     PALETTE_0 = 28,
     PALETTE_MAP = 106
@@ -83,93 +74,6 @@ TEST_F(ColorMenu, ShowsAndEditsTheBrushColor)
     EXPECT_EQ(menus.menu_id, MENU_DRAW);
     EXPECT_EQ(gui.hidden[0], 0) << "the click that leaves the menu doesn't hide the next one";
     EXPECT_EQ(toolbox.brush_color, 0xff3fb2);
-}
-
-TEST_F(ColorMenu, TabsChangeWhatTheSlidersMean)
-{
-    session.click(TAB_HLS);
-    EXPECT_EQ(sliders(), (std::array{0x6a, 0x3f, 0xb2})) << "values stay as numbers";
-    EXPECT_EQ(toolbox.brush_color, violet) << "and the colour stays as long as no slider moves";
-    EXPECT_TRUE(looks_like(session, "color_menu_hls", 10, 60));
-    session.click(FAVORITE_0 + 3);
-    EXPECT_EQ(sliders(), sliders_from_color(COLORSPACE_HLS, toolbox.favorites[3]));
-    session.click(TAB_HSV);
-    const auto [h, s, v] = sliders();
-    EXPECT_EQ(toolbox.brush_color, color_from_sliders(COLORSPACE_HSV, h, s, v));
-    EXPECT_TRUE(looks_like(session, "color_menu_hsv", 10, 60));
-    gui.scroll_value[SLIDER_0] = 255;
-    session.click(TAB_VGA);
-    EXPECT_EQ(gui.scroll_value[SLIDER_0], 63);
-    EXPECT_EQ(red_of(toolbox.brush_color), 252);
-    session.move(gui.x[SLIDER_0] + 60, gui.y[SLIDER_0] + 4);
-    session.wheel(-1);
-    EXPECT_EQ(gui.scroll_value[SLIDER_0], 60) << "the wheel goes in smaller steps";
-}
-
-TEST_F(ColorMenu, MapReadsThePlaceOfTheClick)
-{
-    const int left = gui.x[MAP] + 1;
-    const int top = gui.y[MAP] + 1;
-    session.click_at(left, top);
-    EXPECT_EQ(toolbox.brush_color, 0x6a0000);
-    session.click_at(left + 156, top + 56);
-    EXPECT_EQ(toolbox.brush_color, (0x6a0000 | 256 * 156 / 157 << 8 | 256 * 56 / 57));
-    session.click(TAB_HSV);
-    session.click_at(left + 80, top + 20);
-    EXPECT_EQ(sliders(), (std::array{256 * 80 / 157, 256 * 156 / 157, 256 * 20 / 57}));
-    session.click(TAB_VGA);
-    session.click_at(left + 156, top + 56);
-    EXPECT_EQ(sliders(), (std::array{63, 63, 62}));
-    EXPECT_EQ(toolbox.brush_color, 0xfcfcf8);
-    EXPECT_TRUE(looks_like(session, "color_menu_vga", 10, 60));
-}
-
-TEST_F(ColorMenu, VarianceStepsAwayFromTheColor)
-{
-    const Hls base = rgb_to_hls(violet);
-    session.click(HUE_CELL_0 + 7);
-    EXPECT_EQ(toolbox.brush_color, pack_rgb(hls_to_rgb({base.h + 4, base.l, base.s}))) << "first step to the right";
-    const Hls next = rgb_to_hls(toolbox.brush_color);
-    session.click(LIGHT_CELL_0 + 6);
-    EXPECT_EQ(toolbox.brush_color, pack_rgb(hls_to_rgb({next.h, next.l + 10, next.s}))) << "lighter to the left";
-    for (int i = 0; i < 3; ++i)
-        session.click(LIGHT_CELL_0 + 13);
-    EXPECT_EQ(toolbox.brush_color, 0) << "held at black";
-}
-
-TEST_F(ColorMenu, SpectrumFoldsInvertsAndIsPickedFrom)
-{
-    spectrum = {.spectrum_start = 0x102030, .spectrum_end = 0xf0e0d0, .spectrum_fold = 2};
-    paint_patch(40, 40, 0x11aa22);
-    paint_patch(80, 40, 0x3344ee);
-    for (int i = 0; i < 3; ++i)
-        session.click(FOLD);
-    EXPECT_EQ(spectrum.spectrum_fold, 3);
-    for (int i = 0; i < 5; ++i)
-        session.click(FOLD, RIGHT_BUTTON);
-    EXPECT_EQ(spectrum.spectrum_fold, 0);
-    session.click(INVERT);
-    EXPECT_EQ(spectrum.spectrum_start, 0xf0e0d0);
-    session.click(INVERT, RIGHT_BUTTON);
-    EXPECT_EQ(spectrum.spectrum_start, 0x102030);
-
-    session.click_at(gui.x[SPECTRUM] + 1 + 13, gui.y[SPECTRUM] + 4);
-    EXPECT_EQ(toolbox.brush_color, spectrum_color(0x102030, 0xf0e0d0, 0, 0.25F));
-
-    session.click(SPECTRUM, RIGHT_BUTTON);
-    EXPECT_EQ(menus.status_message, TIP_SPECTRUM_START);
-    session.click_at(40, 40);
-    EXPECT_EQ(menus.status_message, TIP_SPECTRUM_END);
-    EXPECT_EQ(spectrum.spectrum_start, 0x102030) << "both ends change together";
-    session.click_at(80, 40);
-    EXPECT_EQ(menus.status_message, TIP_NONE);
-    EXPECT_EQ(spectrum.spectrum_start, 0x11aa22);
-    EXPECT_EQ(spectrum.spectrum_end, 0x3344ee);
-    session.click(SPECTRUM, RIGHT_BUTTON);
-    session.click_at(80, 40);
-    session.click_at(80, 40, RIGHT_BUTTON);
-    EXPECT_EQ(spectrum.spectrum_start, 0x11aa22) << "a right click gives it up";
-    EXPECT_EQ(menus.menu_id, MENU_COLOR) << "and leaves the pick alone";
 }
 
 TEST_F(ColorMenu, PicksFromTheFrameAndIntoAFavorite)

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // What every control of every place does: each slot under the left and the right button and the wheel, and keys. The
 // tables in tests/golden/controls have one row for each, with the words of settings and workspace that changed and with
-// sums of the picture presented and of the frame; KELU_ACCEPT=1 writes them anew: read what changed.
+// sums of the picture presented and of the work; beside each is the picture of the place. KELU_ACCEPT=1 writes them
+// anew: read what changed.
 #include "draw/point_list.h"
 #include "draw/undo.h"
 #include "screens/browser_slots.h"
@@ -43,6 +44,15 @@ unsigned sum_of(BITMAP* picture)
         }
     }
     return static_cast<unsigned>(sum);
+}
+
+std::map<std::string, unsigned> sums_of_pictures()
+{
+    return {{"frame", sum_of(store.frame_bitmap)},
+            {"alpha", sum_of(store.alpha_bitmap)},
+            {"cel", sum_of(store.cel_bitmap)},
+            {"cel source", sum_of(store.cel_source_bitmap)},
+            {"tips", sum_of(store.tip_sheet)}};
 }
 
 /// Every number of the settings and of the workspace's state, by tag, minor and place.
@@ -127,13 +137,13 @@ protected:
     void record(const std::string& name, const Step& step)
     {
         const Words before = all_words();
-        const unsigned frame = sum_of(store.frame_bitmap), alpha = sum_of(store.alpha_bitmap);
+        const auto sums = sums_of_pictures();
         held = 0;
         step.act(*session);
         table << name << ':' << changes(before, all_words()) << std::hex;
         if (held != 0) table << " held " << held;
-        if (sum_of(store.frame_bitmap) != frame) table << " frame " << sum_of(store.frame_bitmap);
-        if (sum_of(store.alpha_bitmap) != alpha) table << " alpha " << sum_of(store.alpha_bitmap);
+        for (const auto& [picture, sum] : sums_of_pictures())
+            if (sum != sums.at(picture)) table << ' ' << picture << ' ' << sum;
         if (session->ended()) {
             table << " ended\n";
             return;
@@ -174,10 +184,16 @@ Point arrow(int slot, std::size_t which)
     return {box[2 * which] + gui.arrow_w[slot] / 2, box[2 * which + 1] + gui.arrow_h[slot] / 2};
 }
 
-void expect_table(std::string name, const std::string& table)
+std::string file_name(std::string name)
 {
+    std::erase(name, ',');
     std::ranges::replace(name, ' ', '_');
-    const std::filesystem::path file = golden_folder() + "/controls/" + name + ".txt";
+    return "controls/" + name;
+}
+
+void expect_table(const std::string& name, const std::string& table)
+{
+    const std::filesystem::path file = golden_folder() + "/" + name + ".txt";
     if (std::getenv("KELU_ACCEPT")) {
         std::filesystem::create_directories(file.parent_path());
         std::ofstream(file) << table;
@@ -194,6 +210,7 @@ void expect_table(std::string name, const std::string& table)
 TEST_P(Controls, DoWhatTheirTableSays)
 {
     open();
+    EXPECT_TRUE(of_browser || matches_golden(session->picture(), file_name(GetParam().name)));
     const bool is_tool = menu == MENU_DRAW && GetParam().name != std::string("column");
     const std::vector<int> all = is_tool ? std::vector<int>{} : slots; // the drawing menu's are the column's
     for (const int slot : all) {
@@ -217,7 +234,7 @@ TEST_P(Controls, DoWhatTheirTableSays)
             run.move(110 + y, 150);
         });
     act("frame right", at(150, 100, RIGHT_BUTTON));
-    expect_table(GetParam().name, table.str());
+    expect_table(file_name(GetParam().name), table.str());
 }
 
 INSTANTIATE_TEST_SUITE_P(Of, Controls, testing::ValuesIn(places), [](const auto& place) {

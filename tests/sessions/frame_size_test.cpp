@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The screens that change the frame's geometry, walked by mouse and keys: resize and crop, sprite sheet, grid.
+// The screens that change the frame's geometry, walked by mouse and keys: resize and crop, sprite sheet.
 #include "draw/undo.h"
 #include "gui/build.h"
 #include "support/screen_session.h"
@@ -10,10 +10,9 @@ using namespace test;
 
 namespace {
 
-enum { RESIZE = 4, SHEET = 4, GRID = 6 };
+enum { RESIZE = 4, SHEET = 4 };
 enum { ANCHOR_0 = 3, SCALE = 12, CROP = 13, WIDTH = 15, HEIGHT = 16, RESIZE_OKAY = 19, PERCENT = 21 };
-enum { SPRITE_W = 76, COLUMNS = 86, SPRITE_COLOR = 88, SHEET_OKAY = 93, SHEET_CANCEL = 94 };
-enum { GRID_W = 4, GRID_H = 6, X_OFF = 8, OPACITY = 12, GRID_OKAY = 15, GRID_CANCEL = 16, ACTIVE = 17 };
+enum { SPRITE_W = 76, COLUMNS = 86, SHEET_OKAY = 93, SHEET_CANCEL = 94 };
 
 void expect_frame(int w, int h)
 {
@@ -95,13 +94,6 @@ TEST(FrameSize, SheetScreenRefusesBadNumbersAndDrawsCells)
     retype(session, COLUMNS, "300");
     session.click(SHEET_OKAY);
     EXPECT_EQ(menus.menu_id, MENU_SHEET);
-    EXPECT_TRUE(looks_like(session, "sprite_sheet_menu", 20, 20)) << "the field in red";
-    session.click(SPRITE_COLOR);
-    EXPECT_EQ(menus.menu_id, MENU_COLOR);
-    EXPECT_EQ(menus.ghost_rect.x, 70) << "the sheet's window stands dim behind it";
-    session.click_at(20, 20, RIGHT_BUTTON);
-    EXPECT_EQ(menus.menu_id, MENU_SHEET);
-    EXPECT_EQ(gui.field_error[COLUMNS], 1) << "the other slots came back as they were";
     session.click(SHEET_CANCEL);
     expect_frame(320, 240);
     open_entry(session, HOME_PIC, SHEET, MENU_SHEET);
@@ -113,41 +105,6 @@ TEST(FrameSize, SheetScreenRefusesBadNumbersAndDrawsCells)
     retype(session, COLUMNS, "1");
     session.click(SHEET_OKAY);
     expect_frame(18, 137);
-}
-
-TEST(FrameSize, GridScreenActsAtOnceAndRefusesWhatIsRed)
-{
-    Session session;
-    session.key(KEY_G);
-    ASSERT_EQ(menus.menu_id, MENU_GRID);
-    session.click(ACTIVE);
-    retype(session, GRID_W, "1");
-    retype(session, GRID_H, "16");
-    retype(session, X_OFF, "1");
-    session.move(gui.x[OPACITY] + 40, gui.y[OPACITY] + 4);
-    session.wheel(1);
-    EXPECT_EQ(grid.grid_w, 1);
-    EXPECT_EQ(grid.grid_h, 16);
-    EXPECT_EQ(grid.grid_opacity, 42);
-    EXPECT_EQ(grid.grid_off_x, 0) << "not below the pitch";
-    EXPECT_TRUE(looks_like(session, "grid_menu", 20, 20)) << "both fields in red";
-    session.click(GRID_OKAY);
-    EXPECT_EQ(menus.menu_id, MENU_GRID);
-    session.click(GRID_CANCEL);
-    EXPECT_EQ(grid.grid_h, 4);
-    EXPECT_EQ(grid.grid_opacity, 32);
-    open_entry(session, HOME_PIC, GRID, MENU_GRID);
-    retype(session, GRID_W, "12");
-    retype(session, X_OFF, "11");
-    session.click(ACTIVE);
-    session.click(GRID_OKAY);
-    EXPECT_EQ(menus.menu_id, MENU_DRAW);
-    EXPECT_EQ(grid.grid_off_x, 11);
-    EXPECT_EQ(grid.grid_on, 1);
-    session.key(KEY_G);
-    retype(session, GRID_W, "500");
-    session.key(KEY_G);
-    EXPECT_EQ(grid.grid_w, 12) << "the key that opened it gives up as CANCEL does";
 }
 
 } // namespace kelu

@@ -10,8 +10,7 @@ using namespace test;
 
 namespace {
 
-enum { NUMBER_1 = 2, TOOL_0 = 10, INK_0 = 16, GRID_ON = 25, GRID_OFF = 27, WIDTH = 29, X_OFF = 33 };
-enum { OPACITY = 37, TIP = 39, OKAY = 40, CANCEL = 41, LIST = 2 };
+enum { TOOL_0 = 10, INK_0 = 16, GRID_ON = 25, WIDTH = 29, X_OFF = 33, OPACITY = 37, TIP = 39, OKAY = 40, LIST = 2 };
 enum { TIP_5 = 3 + 5 }; // of the tip menu
 
 void open_macros(Session& session)
@@ -63,40 +62,6 @@ TEST(MacroMenu, EditsStoresAndRunsAMacro)
     session.key(KEY_2);
     EXPECT_EQ(grid.grid_on, 1) << "an untouched macro leaves all as it is";
     EXPECT_EQ(toolbox.tool_slot, 4);
-}
-
-TEST(MacroMenu, RefusesABadGridAndForgetsOnCancel)
-{
-    Session session(draw_menu);
-    open_macros(session);
-    session.click(GRID_ON);
-    retype(session, WIDTH, "4");
-    retype(session, WIDTH + 2, "4");
-    retype(session, X_OFF, "4");
-    session.click(OKAY);
-    EXPECT_EQ(macros.macro_table[0].grid_mode, MACRO_GRID_IGNORE);
-    EXPECT_EQ(macros.macro_table[0].grid_w, 0);
-    open_macros(session);
-    session.click(NUMBER_1 + 2);
-    session.click(GRID_OFF);
-    session.click(TIP, RIGHT_BUTTON);
-    session.click(OKAY);
-    EXPECT_EQ(macros.macro_table[2].grid_mode, MACRO_GRID_OFF);
-    EXPECT_EQ(macros.macro_current, 2);
-    open_macros(session);
-    EXPECT_EQ(gui.kind[NUMBER_1 + 2], KIND_BUTTON_LIT);
-    session.click(TOOL_0);
-    session.click(CANCEL);
-    open_macros(session);
-    pick_row(session, TOOL_0, 3);
-    session.key(KEY_M);
-    EXPECT_EQ(menus.menu_id, MENU_DRAW);
-    EXPECT_EQ(macros.macro_table[2].tool_slot, -1);
-    EXPECT_EQ(macros.macro_table[2].tools[0], 0) << "the key leaves as CANCEL does";
-    grid.grid_on = 1;
-    session.key(KEY_3);
-    EXPECT_EQ(grid.grid_on, 0);
-    EXPECT_EQ(grid.grid_w, 4) << "switching off keeps the values";
 }
 
 } // namespace kelu

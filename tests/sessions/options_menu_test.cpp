@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The options screen: its rows as they scroll, what acts at once, DEFAULTS, CANCEL, and what its end brings about.
+// The options screen: DEFAULTS, CANCEL, and what its end brings about.
 #include "draw/undo.h"
 #include "screens/options_table.h"
 #include "support/paths.h"
@@ -17,7 +17,7 @@ namespace {
 
 enum { OPTIONS = 2 };
 enum { LIST = 2, OKAY = 5, DEFAULTS = 6, CANCEL = 7, WIDGET_0 = 8 };
-enum { CURSOR_TIP = 4, CROSSHAIR_COLOR = 7, LIMITER = 16, REDUCTION = 17, DEPTH = 18, ONION = 34, LAST_ROW = 41 };
+enum { CURSOR_TIP = 4, LIMITER = 16, DEPTH = 18, ONION = 34 };
 
 void open_options(Session& session) { open_entry(session, HOME_USER, OPTIONS, MENU_OPTIONS); }
 
@@ -51,33 +51,6 @@ TEST(OptionsMenu, DefaultsAreWhatIsDelivered)
         EXPECT_EQ(*rows[i].word, rows[i].by_default) << ui_strings[first_option_name + static_cast<int>(i)];
     }
     EXPECT_FALSE(std::regex_search(session.log(), std::regex("WARNING|ERROR"))) << session.log();
-}
-
-TEST(OptionsMenu, RowsScrollAndActAtOnce)
-{
-    Session session;
-    open_options(session);
-    session.click(WIDGET_0 + 3 * CROSSHAIR_COLOR + 2);
-    EXPECT_EQ(preferences.crosshair_color, 2);
-    EXPECT_TRUE(looks_like(session, "options_menu", 150, 60));
-    session.move(gui.x[WIDGET_0 + 3] + 5, gui.y[WIDGET_0 + 3] + 4);
-    session.wheel(-1);
-    EXPECT_EQ(gui.scroll_value[LIST], 2) << "the wheel goes through a radio to the list";
-    const int depth = scroll_to(session, DEPTH);
-    session.move(gui.x[depth] + 70, gui.y[depth] + 4);
-    for (int i = 0; i < 5; ++i)
-        session.wheel(-1);
-    EXPECT_EQ(preferences.undo_depth, 1) << "the lowest";
-    session.wheel(1);
-    EXPECT_TRUE(looks_like(session, "options_menu_middle", 150, 60));
-    scroll_to(session, LAST_ROW);
-    EXPECT_EQ(gui.scroll_value[LIST], 33);
-    EXPECT_TRUE(looks_like(session, "options_menu_end", 150, 60));
-    EXPECT_EQ(gui.kind[scroll_to(session, CROSSHAIR_COLOR) + 2], KIND_RADIO_ON) << "the live value comes back";
-    preferences.color_reduction = 7;
-    const int reduction = scroll_to(session, REDUCTION);
-    for (int i = 0; i < 3; ++i)
-        EXPECT_EQ(gui.kind[reduction + i], KIND_RADIO_OFF) << "no radio stands for a value out of range";
 }
 
 TEST(OptionsMenu, DefaultsAndCancelWriteEveryOption)

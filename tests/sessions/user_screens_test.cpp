@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What hangs under USER beside options, keys and buttons: scheme editor, help, about box, workspace menu.
+// What hangs under USER beside options, keys and buttons: scheme editor, workspace menu.
 #include "gui/text_colours.h"
 #include "runtime/sheets.h"
 #include "support/screen_session.h"
@@ -10,9 +10,8 @@ using namespace test;
 
 namespace {
 
-enum { SCHEME_ENTRY = 5, HELP_ENTRY, WORKSPC_ENTRY, ABOUT_ENTRY };
+enum { SCHEME_ENTRY = 5, WORKSPC_ENTRY = 7 };
 enum { BACKGROUND = 77, BORDER = 79, TEXT_ALT = 93, SCHEME_OKAY = 107, SCHEME_SAVE, SCHEME_LOAD, SCHEME_CANCEL };
-enum { TOPICS = 2, PAGE = 3, HELP_EXIT = 4 };
 enum { TITLE = 6, WORKSPACE_SAVE = 8, WORKSPACE_LOAD, WORKSPACE_NEW };
 enum { FIRST_FAVORITE = 8 };
 constexpr int blue = 0x203060;
@@ -64,34 +63,6 @@ TEST(SchemeMenu, TriesColoursOutAndWearsThemAtOkay)
     session.click(SCHEME_CANCEL);
     EXPECT_EQ(menu_scheme.scheme[SCHEME_BACKGROUND], blue) << "what was worn before";
     EXPECT_EQ(arrow_pixel(), blue);
-}
-
-TEST(HelpMenu, ShowsPagesFromTheirFirstLine)
-{
-    Session session(draw_menu);
-    open_entry(session, HOME_USER, HELP_ENTRY, MENU_DIALOG);
-    EXPECT_TRUE(looks_like(session, "help_menu", 310, 20));
-    gui.scroll_value[PAGE] = 5;
-    session.click_at(gui.x[TOPICS] + 20, gui.y[TOPICS] + 16);
-    EXPECT_EQ(gui.scroll_value[PAGE], 0);
-    EXPECT_TRUE(looks_like(session, "help_page", 310, 20));
-    session.move(gui.x[TOPICS] + 20, 60);
-    for (int i = 0; i < 16; ++i)
-        session.wheel(-1);
-    session.click_at(gui.x[TOPICS] + 20, gui.y[TOPICS] + 206);
-    EXPECT_EQ(gui.text_id[PAGE], 51) << "the last topic";
-    session.click(HELP_EXIT);
-    EXPECT_EQ(menus.status_bar_away, 0);
-}
-
-TEST(AboutBox, ShowsItsTitleAndMoves)
-{
-    Session session(draw_menu);
-    open_entry(session, HOME_USER, ABOUT_ENTRY, MENU_ABOUT);
-    EXPECT_TRUE(looks_like(session, "about_box", 310, 20));
-    session.click_at(gui.x[1] + 4, gui.y[1] + 4);
-    session.click_at(gui.x[1] - 36, gui.y[1] - 16);
-    EXPECT_EQ(menus.window_pos[WINDOW_ABOUT].x, 60);
 }
 
 TEST(WorkspaceMenu, PacksBringsBackAndWipes)

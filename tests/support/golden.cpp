@@ -47,7 +47,7 @@ testing::AssertionResult matches_golden(BITMAP* picture, const std::string& name
     const std::string golden_path = golden_folder() + "/" + name + ".png";
     const Bitmap actual = opaque_copy(picture);
     if (std::getenv("KELU_ACCEPT")) {
-        std::filesystem::create_directories(golden_folder());
+        std::filesystem::create_directories(std::filesystem::path(golden_path).parent_path());
         if (save_png(golden_path.c_str(), actual) == 0) return testing::AssertionSuccess();
         return testing::AssertionFailure() << golden_path << " can't be written: " << png_error;
     }
@@ -57,7 +57,7 @@ testing::AssertionResult matches_golden(BITMAP* picture, const std::string& name
     const bool same_size = golden.width() == actual.width() && golden.height() == actual.height();
     if (differing == 0 && same_size) return testing::AssertionSuccess();
     const std::filesystem::path folder = std::filesystem::path(app_folder()).parent_path() / "golden";
-    std::filesystem::create_directories(folder);
+    std::filesystem::create_directories((folder / name).parent_path());
     const std::string out = (folder / name).string();
     save_png((out + ".actual.png").c_str(), actual);
     if (golden) save_png((out + ".diff.png").c_str(), marked);

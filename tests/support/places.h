@@ -49,6 +49,15 @@ inline void tag_two(Session&)
     animation.anim_list[0] = animation.anim_list[1] = 0;
 }
 
+/// Scrolls a slot to a value.
+inline auto scrolled(int slot, int value)
+{
+    return [=](Session& session) {
+        gui.scroll_value[slot] = value;
+        session.frame(3);
+    };
+}
+
 /// Puts a file there that is no picture and no font.
 inline auto with_broken_file(const char* name)
 {
@@ -65,6 +74,8 @@ struct Place {
 inline const Place places[] = {
     {"column", {HOME_USER}, {10}},
     {"options", {HOME_USER, 2}, {7}, {6}},
+    {"options, further down", {HOME_USER, 2, scrolled(2, 16)}, {7}},
+    {"options, the last", {HOME_USER, 2, scrolled(2, 33)}, {7}},
     {"keys", {HOME_USER, 3}, {27}, {right_on(6)}},
     {"remap dialog", {HOME_USER, 3, 6}, {DIALOG_CANCEL, 27}, {tap(KEY_K)}},
     {"buttons", {HOME_USER, 4}, {15}, {17, at(160, 200)}},
@@ -83,6 +94,8 @@ inline const Place places[] = {
     {"sheet", {HOME_PIC, 4}, {94}},
     {"tint", {HOME_PIC, 5}, {10}, {2}},
     {"grid", {HOME_PIC, 6}, {16}, {typed(4, "33")}},
+    {"grid, a bad number", {HOME_PIC, 6, typed(4, "1"), typed(8, "1")}, {16}},
+    {"sheet, a bad number", {HOME_PIC, 4, typed(86, "300")}, {94}},
     {"save browser", {HOME_PIC, 7}, {BROWSER_CANCEL}},
     {"quality", {HOME_PIC, 7, BROWSER_FILTER_0 + 4, file("a")}, {105}},
     {"load browser", {HOME_PIC, 8}, {BROWSER_CANCEL}},
@@ -101,6 +114,9 @@ inline const Place places[] = {
     {"tools", {tap(KEY_B)}, {tap(KEY_B)}},
     {"inks", {tap(KEY_I)}, {tap(KEY_I)}},
     {"colour", {tap(KEY_C)}, {tap(KEY_C)}},
+    {"colour, VGA", {tap(KEY_C), 2}, {tap(KEY_C)}},
+    {"colour, HLS", {tap(KEY_C), 4}, {tap(KEY_C)}},
+    {"colour, HSV", {tap(KEY_C), 5}, {tap(KEY_C)}},
     {"favourites", {tap(KEY_P)}, {tap(KEY_P)}},
     {"macros", {tap(KEY_M)}, {tap(KEY_M)}, {25}},
     {"tips", {tap(KEY_T)}, {tap(KEY_T)}},

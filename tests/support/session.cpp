@@ -14,6 +14,7 @@
 #include "runtime/random.h"
 #include "runtime/store.h"
 #include "screens/draw_menu.h"
+#include "screens/options_table.h"
 #include "support/paths.h"
 #include "support/pictures.h"
 #include <atomic>
@@ -158,6 +159,7 @@ void Session::start()
     clear_input();
     seed_random(1);
     run_state = {};
+    options_state = {};
     still_frame_check = check_still_frame;
     run->program = std::thread([] {
         run->go.acquire();
