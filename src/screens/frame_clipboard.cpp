@@ -11,7 +11,6 @@
 #include "tools/cel_paste.h"
 
 namespace kelu {
-namespace {} // namespace
 
 void copy_frame_to_clipboard()
 {

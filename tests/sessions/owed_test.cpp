@@ -122,6 +122,7 @@ protected:
             replace_frame(320, 240, 0x010101 * frame);
             number_frame(frame + 1);
             view.pan_x = 10 * frame + 10;
+            view.pan_y = 5 * frame + 5;
             keep_view(frame);
         }
         fetch_frame(store.current_frame, at.current, 0);
@@ -169,7 +170,8 @@ protected:
             const int number = picture ? number_of(picture) : 0;
             if (number == 0) continue;
             const auto i = static_cast<std::size_t>(frame);
-            EXPECT_EQ(view.frame_pan_x[i], 10 * number) << "view of frame " << frame;
+            EXPECT_EQ((Point{view.frame_pan_x[i], view.frame_pan_y[i]}), (Point{10 * number, 5 * number}))
+                << "view of frame " << frame;
             EXPECT_EQ(tag_of(frame), is_tagged(at, number)) << "tag of frame " << frame;
             const Bitmap sheet = store.nail_sheet.copy();
             draw_nail(frame, picture);
