@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The brush tool, ink and tip menus and the option keys, by mouse and keys.
+// The tip that is taken from the frame, and the option keys.
 #include "support/screen_session.h"
 #include <string>
 
@@ -9,34 +9,11 @@ using namespace test;
 
 namespace {
 
-enum { LIST = 2, CHOICE_0 = 3, OPTION_0 = 13 };
 enum { CUSTOM = 2 };
-
-/// The left part of a list's row, counted from the first one that shows.
-void click_row(Session& session, int row) { session.click_at(gui.x[LIST] + 10, gui.y[LIST] + 5 + 7 * row); }
 
 int tip_pixel(int x, int y) { return row(store.tip_sheet, y)[x]; }
 
 } // namespace
-
-TEST(ChoiceMenu, PicksAToolIntoTheEditedSlot)
-{
-    Session session;
-    session.click(HOME_TOOL_0 + 3, RIGHT_BUTTON);
-    click_row(session, 3);
-    EXPECT_EQ(toolbox.tool_slots[3], TOOL_DRIZ);
-    EXPECT_TRUE(looks_like(session, "tool_menu"));
-    EXPECT_EQ(toolbox.tool_slot, 3) << "the edited slot is the selected one";
-    const int slider = OPTION_0 + 1;
-    session.click_at(gui.x[slider] + gui.w[slider] - 4, gui.y[slider] + 4);
-    EXPECT_EQ(toolbox.tool_table[TOOL_DRIZ][0], int(gui.scroll_value[slider])) << "the slider writes its option";
-    session.click(CHOICE_0);
-    EXPECT_EQ(toolbox.tool_slot, 0);
-    session.click_at(160, 40, RIGHT_BUTTON);
-    EXPECT_EQ(menus.menu_id, MENU_DRAW);
-    EXPECT_EQ(gui.text_id[HOME_TOOL_0 + 3], first_tool_name + TOOL_DRIZ);
-    EXPECT_EQ(gui.hidden[0], 0) << "the click that leaves hides nothing";
-}
 
 TEST(TipMenu, TakesACustomTipFromTheFrame)
 {
