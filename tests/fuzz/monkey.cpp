@@ -274,10 +274,9 @@ void settle_in()
 
 void end_program()
 {
-    const bool may_lose = session->ended() && disk_is_full; // the user has said so
     disk_is_full = false;
     require(session->finish(), "the program doesn't end");
-    require(may_lose || session->exit_code() == 0, "the program has ended with a failure");
+    require(disk_fails || session->exit_code() == 0, "the program has ended with a failure");
     if (talks) std::cerr << session->log();
     platform::stop_input_events();
     platform::take_dropped_files();
@@ -295,8 +294,7 @@ void start_again()
 void leave()
 {
     note("leave");
-    const bool may_lose = session->ended() && disk_is_full; // the user has said so
-    if (!may_lose) disk_is_full = false;
+    disk_is_full = false;
     let_go();
     for (int requests = 1 + below(2); requests > 0; --requests)
         request_end();
@@ -305,10 +303,11 @@ void leave()
         try_to_leave();
     require(session->ended(), "the user can't leave");
     let_go();
+    const bool wrote_all = session->exit_code() == 0; // or the user has left with the disk full
     const Work work(*session);
     end_program();
     start_again();
-    if (!may_lose) check_start(work, *session, false);
+    if (wrote_all) check_start(work, *session, false);
 }
 
 /// The power goes: what the disk has at this moment is what the next start finds.
