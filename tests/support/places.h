@@ -121,7 +121,7 @@ inline const Place places[] = {
     {"macros", {tap(KEY_M)}, {tap(KEY_M)}, {25}},
     {"tips", {tap(KEY_T)}, {tap(KEY_T)}},
     {"custom tip", {tap(KEY_T), right_on(2)}, {right_click, tap(KEY_T)}},
-    {"spectrum", {right_on(HOME_SPECTRUM)}, {right_click}, {click_canvas}},
+    {"colour band", {right_on(HOME_SPECTRUM)}, {right_click}, {click_canvas}},
     {"quick slider", {with_ink(INK_GLASS), hold(KEY_PGUP)}, {let_go(KEY_PGUP)}},
     {"frame stepping", {[](Session&) { make_frames(4); }, hold(KEY_PGDN)}, {let_go(KEY_PGDN)}},
     {"frame stepping, onion skin",
