@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Runs a fuzz target without libFuzzer, so that any compiler's sanitizers can watch it: driver SECONDS FOUND [CORPUS
-// ...]
+// Runs a fuzz target without libFuzzer, so that any compiler's sanitizers can watch it:
+// driver SECONDS|RUNSx FOUND [CORPUS ...]
 //
-// First each example of the folders as it is, then random changes of examples until the time is over. The changes are
-// the same in each run. When a sanitizer ends the process, the input of that moment stays as FOUND/crash.
+// First each example of the folders as it is, then random changes of examples until the time is over, or so many of
+// them. The changes are the same in each run. When a sanitizer ends the process, the input of that moment stays as FOUND/crash.
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
@@ -15,6 +15,7 @@
 #include <random>
 #include <sanitizer/common_interface_defs.h>
 #include <string>
+#include <string_view>
 #include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, std::size_t size);
@@ -101,9 +102,11 @@ int main(int count, char** words)
     std::ranges::for_each(corpus, run);
 
     std::mt19937 random(1);
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(std::atoi(words[1]));
+    const bool counted = std::string_view(words[1]).ends_with('x');
+    const long length = std::atol(words[1]);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(length);
     long runs = 0;
-    for (; std::chrono::steady_clock::now() < end; ++runs) {
+    for (; counted ? runs < length : std::chrono::steady_clock::now() < end; ++runs) {
         Input input = corpus[random() % corpus.size()];
         for (std::size_t changes = 1 + random() % 8; changes > 0; --changes)
             change(input, random);

@@ -4,22 +4,17 @@
 // The bytes of the input choose what is done; behind its end a generator that they have seeded goes on, up to
 // KELU_MONKEY_EVENTS events or 3000. So an input that breaks something does so again. KELU_MONKEY_LOG=1 tells each
 // event.
-#include "monkey_cage.h"
-#include "monkey_checks.h"
+#include "monkey_hands.h"
 #include "platform/dropped_files.h"
 #include "platform/ending.h"
 #include "platform/host.h"
-#include "platform/input_events.h"
 #include "platform/places.h"
 #include "runtime/opened_files.h"
 #include "support/paths.h"
-#include "support/places.h"
 #include "workspace/frame_resize.h"
 #include <functional>
-#include <optional>
-#include <random>
 
-namespace kelu::test {
+namespace kelu::test::monkey {
 namespace {
 
 namespace fs = std::filesystem;
@@ -28,152 +23,6 @@ constexpr int most_tries = 40;       ///< to get out of wherever the user is
 constexpr int most_pixels = 1 << 17; ///< of a frame; a larger one soon makes way for a small one, for the time it takes
 constexpr std::array dropped{"png/rgba-8.png",   "gif/animated.gif", "bmp/rgb-8.bmp",   "pcx/indexed-4.pcx",
                              "apng/palette.png", "jpeg/rgb.jpg",     "fonts/block.bdf", "state/filled.def"};
-constexpr std::array words{"A.PNG", "B.GIF", "C.JPG", "D.BMP", "E.WSP", "F", "7", "255", "40", "9999", "WORD"};
-constexpr std::array common_keys{KEY_ENTER, KEY_ESC, KEY_LEFT,      KEY_RIGHT, KEY_UP,  KEY_DOWN,  KEY_HOME,
-                                 KEY_END,   KEY_0,   KEY_BACKSPACE, KEY_DEL,   KEY_TAB, KEY_SPACE, KEY_STOP};
-
-const bool talks = std::getenv("KELU_MONKEY_LOG") != nullptr;
-const long most_events = std::getenv("KELU_MONKEY_EVENTS") ? std::atol(std::getenv("KELU_MONKEY_EVENTS")) : 3000;
-
-std::basic_string<uint8_t> input; // what is left of it
-std::minstd_rand random_numbers;
-std::string folder;
-std::optional<Session> session;
-int buttons = 0;         // held, as in mouse_b
-bool disk_fails = false; // now and then
-
-int below(int n)
-{
-    if (input.empty()) return static_cast<int>(random_numbers() % static_cast<unsigned>(n));
-    const int byte = input.back();
-    input.pop_back();
-    return n <= 256 ? byte % n : byte * n / 256;
-}
-
-template <class List>
-const auto& one_of(const List& list)
-{
-    return list[static_cast<std::size_t>(below(static_cast<int>(std::size(list))))];
-}
-
-void note(const char* what, int a = 0, int b = 0)
-{
-    ++event_count;
-    if (talks) std::cerr << event_count << ' ' << what << ' ' << a << ' ' << b << " menu " << menus.menu_id << '\n';
-}
-
-/// Lets frames pass. The browser may not stand among the program's own files, since a picture saved over one of them
-/// is damage that the user has asked for.
-void frames(int n)
-{
-    session->frame(n);
-    if (disk_is_full) settle_running_work(); // so that what fails does so in the same frame each time
-    frame_time += n;
-    const bool browses = menus.menu_id == MENU_BROWSER && run_state.timers_locked == 0;
-    if (browses && fs::current_path() == folder + "/WORKSPACE") fs::current_path(folder);
-}
-
-void point(int x, int y)
-{
-    note("point", x, y);
-    ::mouse_x = std::clamp(x, 0, logical_w - 1) * screen_state.screen_scale;
-    ::mouse_y = std::clamp(y, 0, logical_h - 1) * screen_state.screen_scale;
-    platform::append_pointer_event({::mouse_x, ::mouse_y, buttons});
-}
-void point_anywhere() { point(below(logical_w), below(logical_h)); }
-void point_near()
-{
-    point(::mouse_x / screen_state.screen_scale - 6 + below(13), ::mouse_y / screen_state.screen_scale - 6 + below(13));
-}
-
-void hold(int bits)
-{
-    note("buttons", bits);
-    ::mouse_b = buttons = bits;
-    platform::append_pointer_event({::mouse_x, ::mouse_y, buttons});
-}
-
-void key(int code, bool down)
-{
-    note(down ? "key" : "key up", code);
-    ::key[code] = down ? -1 : 0;
-    platform::append_key_event(code, down);
-}
-
-/// As when the window loses the focus.
-void let_go()
-{
-    for (int code = 1; code < KEY_MAX; ++code)
-        if (::key[code] != 0) key(code, false);
-    if (buttons != 0) hold(0);
-    frames(3);
-}
-
-void tap_key(int code, int with = 0)
-{
-    constexpr int held[][2] = {{key_control, KEY_LCONTROL}, {key_alt, KEY_ALT}, {key_shift, KEY_LSHIFT}};
-    for (const bool down : {true, false}) {
-        for (const auto& [bit, modifier] : held)
-            if ((with & bit) != 0) key(modifier, down);
-        key(code, down);
-        frames(1 + below(2));
-    }
-}
-
-void click()
-{
-    const int bit = one_of(std::array{1, 1, 1, 1, 1, 2, 2, 4, 8, 16});
-    for (int times = below(6) == 0 ? 2 : 1; times > 0; --times) {
-        frames(below(3));
-        hold(buttons | bit);
-        frames(below(4));
-        hold(buttons & ~bit);
-    }
-}
-
-void click_slot()
-{
-    std::vector<int> slots;
-    for (int slot = 0; slot < gui_slots; ++slot)
-        if (slot_live(slot) && gui.w[slot] > 0 && gui.h[slot] > 0) slots.push_back(slot);
-    if (slots.empty()) return;
-    const int slot = one_of(slots);
-    point(gui.x[slot] + below(gui.w[slot]), gui.y[slot] + below(gui.h[slot]));
-    click();
-}
-
-void drag()
-{
-    if (below(2) == 0) point_anywhere();
-    hold(buttons | 1);
-    for (int steps = 1 + below(8); steps > 0; --steps) {
-        below(4) == 0 ? point_anywhere() : point_near();
-        frames(below(2));
-    }
-    if (below(5) != 0) hold(0);
-}
-
-void turn_wheel()
-{
-    note("wheel");
-    ::mouse_z = ::mouse_z + below(7) - 3;
-}
-
-/// Sizes of frames stay small: where they are typed nobody types.
-void press_key()
-{
-    if (menus.menu_id != MENU_RESIZE)
-        tap_key(below(2) == 0 ? one_of(common_keys) : 1 + below(last_key_code),
-                below(5) == 0 ? key_control << below(3) : 0);
-}
-
-void type_word()
-{
-    if (gui_logic.gui_key_focus < 0 || menus.menu_id == MENU_RESIZE) return;
-    for (const char letter : std::string_view(one_of(words)))
-        tap_key(letter == '.' ? KEY_STOP : letter <= '9' ? KEY_0 + letter - '0' : KEY_A + letter - 'A');
-    if (below(3) != 0) tap_key(KEY_ENTER);
-}
 
 void use_action()
 {
@@ -383,7 +232,7 @@ void begin()
 }
 
 } // namespace
-} // namespace kelu::test
+} // namespace kelu::test::monkey
 
 extern "C" const char* __asan_default_options() { return "handle_abort=1"; }
 
@@ -400,6 +249,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     using namespace kelu::test;
+    using namespace monkey;
     if (size == 0) return 0; // the driver's first
     input.assign(data, size);
     std::seed_seq seed(data, data + size);

@@ -37,9 +37,10 @@ inline void look_at(const kelu::Bitmap& picture)
 /// Ends the process when a block of more memory is asked for than a file of so many bytes can need.
 class MemoryWatch {
 public:
-    /// `most_a_byte`: bytes of memory that one of the file stands for at most, beside the `room` that any file has.
+    /// `most_a_byte`: bytes of memory that one of the file stands for at most, beside the `room` that any file has: for
+    /// the pixels that no byte describes, and a cache line and a pointer for each row of a bitmap.
     MemoryWatch(std::size_t file_bytes, std::size_t most_a_byte,
-                std::size_t room = 4 * kelu::pixels_for_nothing + (1 << 20))
+                std::size_t room = 4 * kelu::pixels_for_nothing + 72 * kelu::max_bitmap_side + (1 << 20))
     {
         static bool watching = false;
         if (!watching && __sanitizer_install_malloc_and_free_hooks)
