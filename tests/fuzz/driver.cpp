@@ -3,7 +3,8 @@
 // driver SECONDS|RUNSx FOUND [CORPUS ...]
 //
 // First each example of the folders as it is, then random changes of examples until the time is over, or so many of
-// them. The changes are the same in each run. When a sanitizer ends the process, the input of that moment stays as FOUND/crash.
+// them. The changes are the same in each run. When a sanitizer ends the process, the input of that moment stays as
+// FOUND/crash.
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
