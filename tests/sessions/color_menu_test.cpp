@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The colour screens by mouse: the colour menu, the favourites, and picks from the screen.
-#include "colour/band.h"
 #include "colour/spaces.h"
 #include "support/screen_session.h"
 
@@ -11,16 +10,7 @@ using namespace test;
 namespace {
 
 /// Slots of the two menus.
-enum {
-    NUKE = 4,
-    NUMBER = 5,
-    FAVORITE_0 = 8,
-    NAME_0 = 20,
-    SLIDER_0 = 23,
-    PALETTE_PANEL = 27,
-    PALETTE_0 = 28,
-    PALETTE_MAP = 106
-};
+enum { NUKE = 4, FAVORITE_0 = 8, SLIDER_0 = 23 };
 
 constexpr int violet = 0x6a3fb2;
 
@@ -97,33 +87,6 @@ TEST_F(ColorMenu, PicksFromTheFrameAndIntoAFavorite)
     session.click(FAVORITE_0 + 9);
     EXPECT_EQ(toolbox.favorites[0], toolbox.favorites[9]) << "other cells can be picked from";
     EXPECT_EQ(toolbox.mask_color, 0x11aa22) << "and aren't clicked by that";
-}
-
-TEST_F(FavoritesMenu, ScrollsNumbersAndFillsItsPalette)
-{
-    paint_patch(40, 40, 0x11aa22);
-    session.move(gui.x[PALETTE_0 + 14] + 4, gui.y[PALETTE_0 + 14] + 4);
-    session.frame(200);
-    EXPECT_TRUE(matches_golden(session.picture(), "favorites_menu"));
-    session.move(10, 60);
-    EXPECT_EQ(gui.list_items[NUMBER][0], 1000);
-
-    session.click_at(gui.arrow_box[PALETTE_PANEL][2] + 3, gui.arrow_box[PALETTE_PANEL][3] + 3);
-    EXPECT_EQ(gui.scroll_value[PALETTE_PANEL], 1);
-    EXPECT_EQ(gui.colour[PALETTE_0], toolbox.extended_favorites[13]);
-    session.click(PALETTE_0 + 5);
-    EXPECT_EQ(toolbox.brush_color, toolbox.extended_favorites[18]);
-    session.click(PALETTE_0 + 5, RIGHT_BUTTON);
-    session.click_at(40, 40);
-    EXPECT_EQ(toolbox.extended_favorites[18], 0x11aa22);
-    session.click_at(gui.x[PALETTE_MAP] + 1, gui.y[PALETTE_MAP] + 1);
-    EXPECT_EQ(toolbox.brush_color & 0xffff, 0);
-
-    session.click_at(10, 60, RIGHT_BUTTON);
-    EXPECT_EQ(menus.menu_id, MENU_DRAW);
-    session.key(KEY_P);
-    EXPECT_EQ(menus.menu_id, MENU_FAVORITES);
-    EXPECT_EQ(gui.scroll_value[PALETTE_PANEL], 1) << "the palette opens where it was left";
 }
 
 TEST_F(FavoritesMenu, NukeAsksBeforeItClears)

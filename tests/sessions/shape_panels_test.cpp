@@ -23,30 +23,6 @@ namespace {
 
 class ShapePanels : public test::ToolSession {};
 
-TEST_F(ShapePanels, PolygonCancelsHidesAndDrags)
-{
-    use(TOOL_RPOLY);
-    shape_settings.rpoly_settings = {.angle = 0, .radius = 40, .sides = 4};
-    session.click_at(150, 90);
-    session.click_at(250, 90, RIGHT_BUTTON);
-    EXPECT_EQ(gui.hidden[0], 1);
-    session.click_at(250, 90, RIGHT_BUTTON);
-    EXPECT_EQ(gui.hidden[0], 0);
-    session.click_at(150, 100);
-    session.move(170, 105);
-    EXPECT_EQ(tool_input.show_bounds, 1);
-    EXPECT_EQ(tool_input.tool_nodes[0], Point(170, 95));
-    session.click_at(170, 105, RIGHT_BUTTON);
-    EXPECT_EQ(tool_input.tool_nodes[0], Point(150, 90)) << "the right button puts it back";
-    session.click_at(150, 100);
-    session.click_at(160, 100);
-    EXPECT_EQ(tool_input.tool_nodes[0], Point(160, 90));
-    EXPECT_EQ(tool_input.show_bounds, 0);
-    gui.scroll_value[PANEL_OWN + 2] = 9;
-    session.click(PANEL_CANCEL);
-    EXPECT_EQ(shape_settings.rpoly_settings.sides, 4);
-}
-
 TEST_F(ShapePanels, AStripThatTheUserHidStaysHiddenBehindAPanel)
 {
     for (const int tool : {TOOL_RPOLY, TOOL_SPIRAL, TOOL_TEXT}) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What painters write for themselves, the rules that pictures don't show well, every use of text, and windows in states
-// that the sessions' screens don't show. Where the status bar stands and what it says.
+// What painters write for themselves, the rules that pictures don't show well, the styles of text, and windows in
+// states that the sessions' screens don't show. Where the status bar stands and what it says.
 #include "gui/render.h"
 
 #include "gui/build.h"
@@ -21,7 +21,6 @@
 #include "support/golden.h"
 #include "support/pictures.h"
 #include "support/screen_resources.h"
-#include <numeric>
 #include <string>
 #include <vector>
 
@@ -43,7 +42,6 @@ protected:
         frame_flags = {};
     }
     static int at(int x, int y) { return row(screen_state.back_buffer, y)[x]; }
-    static void draw(int x, int y, const std::string& text) { draw_text(screen_state.back_buffer, x, y, text.c_str()); }
 };
 
 /// With a menu at the bottom of the screen.
@@ -186,29 +184,8 @@ TEST_F(Render, CodesChangeTheColourForGoodAndTextIsCutAtTheRim)
     EXPECT_EQ(difference(part, expected), "");
 }
 
-TEST_F(Render, FontsTextStylesAndWindowsLookAsTheyDid)
+TEST_F(Render, TextStylesAndWindowsLookAsTheyDid)
 {
-    int y = 4;
-    for (const int font : {FONT_WIDE, FONT_NARROW}) {
-        set_plain_text(font, SET_LIGHT);
-        for (int code = 32; code < 127; code += 32, y += 9) {
-            std::string line(code == 96 ? 31 : 32, ' ');
-            std::iota(line.begin(), line.end(), static_cast<char>(code));
-            draw(4, y, line);
-        }
-        set_plain_text(font, SET_BUTTON);
-        draw(4, y, "SIX JOLLY WIZARDS QUIT: BACK VEXING 0O 1Il 5S 8B");
-        draw(4, y + 9, "The quick brown fox jumps over a lazy dog, again!");
-        draw(4, y + 18, "\x1a \x1b \x1c \x1d \x1e");
-        y += 30;
-    }
-    for (int set = 0, place = 0; set < text_set_count; ++set) {
-        if (set != 0 && text_colours[static_cast<std::size_t>(set)][0] == marker_stays) continue;
-        set_plain_text(FONT_WIDE, set);
-        draw(4 + place % 7 * 45, y + place / 7 * 9, (set < 10 ? "SET 0" : "SET ") + std::to_string(set));
-        ++place;
-    }
-    y += 6 * 9;
     int x = 4;
     for (const TextStyle& style : {TextStyle{FONT_WIDE, SET_MESSAGE},
                                    {.slot = FONT_WIDE, .colour_set = SET_MESSAGE, .shadow = 1, .shadow_colour = 9},
@@ -218,7 +195,7 @@ TEST_F(Render, FontsTextStylesAndWindowsLookAsTheyDid)
                                    {.slot = FONT_WIDE, .colour_set = SET_MESSAGE, .mode = 1, .opacity = 96},
                                    {.slot = FONT_WIDE, .colour_set = SET_MESSAGE, .mode = -2, .opacity = 96}}) {
         set_text(style);
-        draw(x, y, "SHADES");
+        draw_text(screen_state.back_buffer, x, 4, "SHADES");
         x += 45;
     }
     // Windows: plain, striped, translucent, dashed and without a panel; a button that is dashed.
