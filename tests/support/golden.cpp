@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <sstream>
 
 namespace kelu::test {
 namespace {
@@ -66,6 +68,25 @@ testing::AssertionResult matches_golden(BITMAP* picture, const std::string& name
     return failure << differing << " pixels of " << actual.width() << " x " << actual.height() << " differ from "
                    << golden.width() << " x " << golden.height() << " of " << name << ".png; see " << out
                    << ".diff.png";
+}
+
+testing::AssertionResult text_matches_golden(const std::string& text, const std::string& name)
+{
+    const std::filesystem::path file = golden_folder() + "/" + name + ".txt";
+    if (std::getenv("KELU_ACCEPT")) {
+        std::filesystem::create_directories(file.parent_path());
+        std::ofstream(file) << text;
+        return testing::AssertionSuccess();
+    }
+    std::ifstream kept(file);
+    std::istringstream now(text);
+    for (;;) {
+        std::string was, is;
+        std::getline(kept, was);
+        std::getline(now, is);
+        if (was != is) return testing::AssertionFailure() << name << ": " << is << "\n  was: " << was;
+        if (!kept && !now) return testing::AssertionSuccess();
+    }
 }
 
 } // namespace kelu::test

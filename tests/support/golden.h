@@ -15,4 +15,7 @@ namespace kelu::test {
 /// EXPECT_TRUE(matches_golden(screen_state.back_buffer, "drawing_menu")).
 testing::AssertionResult matches_golden(BITMAP* picture, const std::string& name);
 
+/// The same for a text and tests/golden/NAME.txt; a failure names the first line that differs.
+testing::AssertionResult text_matches_golden(const std::string& text, const std::string& name);
+
 } // namespace kelu::test
