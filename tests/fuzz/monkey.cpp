@@ -131,6 +131,7 @@ void end_program()
     platform::take_dropped_files();
     opened_files.waiting.clear();
     cage.clear();
+    lives_by_frames = false;
 }
 
 void start_again()

@@ -20,7 +20,7 @@ namespace kelu {
 inline std::string cage;                          ///< the folder, absolute; empty: none
 inline std::atomic<long> frame_time;              ///< of all frames so far, 1/100 s
 inline std::atomic<bool> disk_is_full = false;    ///< nothing can be written
-inline thread_local bool lives_by_frames = false; ///< true in the thread whose time that is
+inline thread_local bool lives_by_frames = false; ///< true in the thread whose time that is, while the program runs
 
 /// True for a path in the cage, when the working directory is.
 inline bool in_cage(const char* name)

@@ -45,6 +45,7 @@ inline bool is_quiet()
 
 inline void check_words()
 {
+    if (menus.menu_id == MENU_GRID) return; // its fields write through numbers that its OKAY refuses
     for (const auto rows : {state_tags(), settings_tags()})
         for (const TagRow& row : rows)
             for (int minor = 0; minor < row.minors; ++minor)

@@ -46,9 +46,8 @@ inline std::map<std::string, std::string> frame_files(const Session& session)
     settle_running_work();
     std::map<std::string, std::string> files;
     for (const auto& entry : std::filesystem::directory_iterator(session.folder() + "/WORKSPACE")) {
-        std::ifstream file(entry.path(), std::ios::binary);
         const std::string name = entry.path().filename();
-        if (name.starts_with("current.0")) files[name] = {std::istreambuf_iterator<char>(file), {}};
+        if (name.starts_with("current.0")) files[name] = file_text(entry.path());
     }
     return files;
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The two threads of a session, their turns, and the virtual clock.
+// The turns of a session's program and its test, and the virtual clock.
 #include "support/session.h"
 
 #include "base/run_state.h"
@@ -15,6 +15,7 @@
 #include "runtime/store.h"
 #include "screens/draw_menu.h"
 #include "screens/options_table.h"
+#include "support/fiber.h"
 #include "support/paths.h"
 #include "support/pictures.h"
 #include <atomic>
@@ -25,7 +26,6 @@
 #include <gtest/gtest.h>
 #include <mutex>
 #include <optional>
-#include <semaphore>
 #include <stop_token>
 #include <string_view>
 #include <thread>
@@ -40,12 +40,12 @@ constexpr platform::TimerUnits frame_units = platform::timer_units_per_second / 
 constexpr int frame_limit = 200000; ///< a session that runs longer hangs
 constexpr int end_limit = 3000;     ///< frames in which a program that was asked to must end
 
-/// What the two threads of the running session share; one session at a time.
+void run_to_end();
+
+/// The running session; one at a time.
 struct Run {
-    std::thread program;
+    Fiber program{run_to_end};
     std::jthread ticker;
-    std::binary_semaphore go{0}, ready{0}; // the program may run a frame; it has run one
-    std::atomic<bool> done = false;
     std::mutex ticking; // only with a real ticker: input and timer table change outside its passes
     platform::TimerTable timers;
     std::atomic<platform::TimerUnits> now = 0;
@@ -55,6 +55,8 @@ struct Run {
     int frames_left = 0; ///< that the program runs before it gives the turn back
 };
 std::optional<Run> run;
+
+void run_to_end() { run->exit_code = run_program(); }
 
 /// Every tick counts: there is no timer that nobody waits for.
 bool install_timer_row(const platform::Timer& timer)
@@ -89,8 +91,7 @@ void present(BITMAP* picture, bool fresh)
         run->timers.run(run->now += frame_units);
         return;
     }
-    run->ready.release();
-    run->go.acquire();
+    run->program.pause();
 }
 
 /// A frame that isn't composed must be the one that stands: whoever changed something has told nobody.
@@ -161,12 +162,6 @@ void Session::start()
     run_state = {};
     options_state = {};
     still_frame_check = check_still_frame;
-    run->program = std::thread([] {
-        run->go.acquire();
-        run->exit_code = run_program();
-        run->done = true;
-        run->ready.release();
-    });
     if (ticks_ == Ticks::real_thread) run->ticker = std::jthread(tick_freely);
     frames_until([] { return run_state.gui_active != 0; });
     frame(2);
@@ -179,7 +174,6 @@ void Session::end()
         std::_Exit(1);
     }
     run->ticker = {};
-    run->program.join();
     run.reset();
     still_frame_check = nullptr;
 }
@@ -193,7 +187,7 @@ Session::~Session()
 void Session::frame(int n)
 {
     const int together = run->ticker.joinable() ? 1 : n;
-    for (; n > 0 && !run->done; n -= together) {
+    for (; n > 0 && !run->program.done(); n -= together) {
         if (run->ticker.joinable()) {
             // However slow the machine is, no frame goes without ticks.
             const platform::TimerUnits due = run->now + frame_units;
@@ -203,8 +197,7 @@ void Session::frame(int n)
             run->timers.run(run->now += frame_units);
         }
         run->frames_left = together;
-        run->go.release();
-        run->ready.acquire();
+        run->program.resume();
         run->frames += together;
         if (run->frames > frame_limit) {
             std::fprintf(stderr, "The session runs on and on; menu %d is open\n", int(menus.menu_id));
@@ -290,10 +283,10 @@ bool Session::finish()
     run_state.exit_requested = 1;
     run_state.end_now = 1;
     frame(end_limit);
-    return run->done;
+    return run->program.done();
 }
 
-bool Session::ended() const { return run->done; }
+bool Session::ended() const { return run->program.done(); }
 
 int Session::exit_code() const { return run->exit_code; }
 

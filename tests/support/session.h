@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The whole program in a test, without a display and without chance.
 //
-// A session makes a folder with the program's resources, starts the program on a thread of its own and lets it run
-// one frame at a time, in strict turns with the test. Time is virtual: a frame is 10 ms, in which the timers' callbacks
+// A session makes a folder with the program's resources, starts the program on a stack of its own and lets it
+// run one frame at a time, in turns with the test. Time is virtual: a frame is 10 ms, in which the timers' callbacks
 // run in the order of their table. The test acts through Allegro's own words, mouse_x, mouse_b, mouse_z and key[], and
 // may look at any state and at the presented picture while a screen's loop is open.
 #pragma once

@@ -5,12 +5,21 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <span>
+#include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace kelu {
+
+/// The whole of a file, empty when there is none.
+inline std::string file_text(const std::filesystem::path& name)
+{
+    std::ostringstream text;
+    text << std::ifstream(name, std::ios::binary).rdbuf();
+    return std::move(text).str();
+}
 
 class TemporaryFolder {
 public:
@@ -40,11 +49,7 @@ public:
         put(name, std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
     }
     /// The whole of a file below the folder, empty when there is none.
-    std::string text(const std::string& name) const
-    {
-        std::ifstream in(path_ / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
+    std::string text(const std::string& name) const { return file_text(path_ / name); }
 
 private:
     std::filesystem::path before_, path_;
