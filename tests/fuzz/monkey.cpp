@@ -134,8 +134,19 @@ void end_program()
     lives_by_frames = false;
 }
 
+/// A user can save over the files that come with the program, without which it doesn't start: they come back.
+void bring_delivered_files()
+{
+    for (const auto& file : fs::recursive_directory_iterator(app_folder() + "/resource")) {
+        const fs::path name = fs::relative(file.path(), app_folder());
+        if (file.is_regular_file() && name.filename() != "user.def")
+            fs::copy_file(file, folder / name, fs::copy_options::overwrite_existing);
+    }
+}
+
 void start_again()
 {
+    bring_delivered_files();
     session->restart();
     settle_in();
 }

@@ -68,8 +68,10 @@ void Fiber::start()
 void Fiber::resume()
 {
     starting = this;
+    runs_ = true;
     leave(&caller_.memory_watch, own_);
     swapcontext(&caller_.context, &own_.context);
+    runs_ = false;
     arrive(caller_, own_);
 }
 

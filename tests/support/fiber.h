@@ -20,6 +20,8 @@ public:
     void resume();
     /// For the function: gives the turn back, and returns when it is resumed.
     void pause();
+    /// True while it is the function's turn.
+    bool runs() const { return runs_; }
     /// True once the function has returned.
     bool done() const { return done_; }
 
@@ -39,7 +41,7 @@ private:
     void (*function_)();
     std::unique_ptr<char[]> stack_;
     Side caller_, own_;
-    bool done_ = false;
+    bool runs_ = false, done_ = false;
 };
 
 } // namespace kelu::test

@@ -32,7 +32,10 @@ inline int frame_color(int number) { return number << 16 | (255 - 2 * number) <<
 /// Fills the workspace up to `count` frames, each painted in its colour with a white corner; frame 0 becomes current.
 inline void make_frames(int count)
 {
-    insert_frames(0, count - 1, INSERT_BLANKS);
+    const int missing = count - store.frame_count;
+    if (missing > 0) insert_frames(0, missing, INSERT_BLANKS);
+    if (store.frame_count < count) return; // the disk has no room
+    if (store.current_frame != 0) fetch_frame(store.current_frame, 0, 0);
     for (int frame = 0; frame < count; ++frame) {
         clear_to_color(store.frame_bitmap, frame_color(frame));
         rectfill(store.frame_bitmap, 0, 0, 20 + 2 * frame, 20, 0xffffff);

@@ -82,6 +82,12 @@ void tick_freely(const std::stop_token& stop)
     }
 }
 
+[[noreturn]] void hang(const char* how)
+{
+    std::fprintf(stderr, "%s; menu %d is open\n", how, int(menus.menu_id));
+    std::abort();
+}
+
 /// The end of every frame of the program. Behind the last one that the test has asked for: hand the turn to the test
 /// and wait for it to come back.
 void present(BITMAP* picture, bool fresh)
@@ -91,6 +97,7 @@ void present(BITMAP* picture, bool fresh)
         run->timers.run(run->now += frame_units);
         return;
     }
+    if (!run->program.runs()) hang("The test waits in a loop of the program");
     run->program.pause();
 }
 
@@ -169,10 +176,7 @@ void Session::start()
 
 void Session::end()
 {
-    if (!finish()) {
-        std::fprintf(stderr, "The program does not end; menu %d is open\n", int(menus.menu_id));
-        std::_Exit(1);
-    }
+    if (!finish()) hang("The program does not end");
     run->ticker = {};
     run.reset();
     still_frame_check = nullptr;
@@ -199,10 +203,7 @@ void Session::frame(int n)
         run->frames_left = together;
         run->program.resume();
         run->frames += together;
-        if (run->frames > frame_limit) {
-            std::fprintf(stderr, "The session runs on and on; menu %d is open\n", int(menus.menu_id));
-            std::_Exit(1);
-        }
+        if (run->frames > frame_limit) hang("The session runs on and on");
     }
 }
 
