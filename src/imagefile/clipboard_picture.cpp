@@ -7,10 +7,11 @@
 #include "imagefile/jpeg.h"
 #include "imagefile/picture_files.h"
 #include "imagefile/png.h"
-#include "platform/clipboard.h"
+#include "platform/host.h"
 #include <algorithm>
 #include <iterator>
 #include <new>
+#include <span>
 
 namespace kelu {
 namespace {
@@ -51,13 +52,13 @@ bool copy_to_clipboard(BITMAP* picture)
     std::vector<platform::ClipboardItem> items;
     items.push_back({type_png, std::move(png)});
     items.push_back({type_bmp, std::move(bmp)});
-    return platform::clipboard_offer(std::move(items));
+    return platform::host->offer_clipboard(std::move(items));
 }
 
 Bitmap picture_from_clipboard()
 {
     try {
-        const platform::ClipboardItem item = platform::clipboard_take(wanted_types, max_picture_file);
+        const platform::ClipboardItem item = platform::host->take_clipboard(std::span(wanted_types), max_picture_file);
         if (item.type.empty()) return {};
         const auto* const type = std::ranges::find(wanted_types, item.type);
         Bitmap picture = decoders[type - wanted_types](item.bytes);

@@ -125,6 +125,8 @@ const Host desktop_host = {.start = start,
                            .wake_timers = wake_timers,
                            .timers_sleep = timers_sleep,
                            .position_mouse = move_pointer,
+                           .offer_clipboard = clipboard_offer,
+                           .take_clipboard = clipboard_take,
                            .show_message = show_message,
                            .stop = stop};
 

@@ -3,7 +3,10 @@
 #include "platform/host.h"
 
 #include "platform/layout.h"
+#include <algorithm>
 #include <cerrno>
+#include <string_view>
+#include <utility>
 
 namespace kelu::platform {
 namespace {
@@ -31,6 +34,24 @@ void move_pointer(int x, int y)
     ::mouse_x = x;
     ::mouse_y = y;
 }
+
+std::vector<ClipboardItem> clipboard_items;
+
+bool offer_clipboard(std::vector<ClipboardItem> items)
+{
+    clipboard_items = std::move(items);
+    return true;
+}
+
+ClipboardItem take_clipboard(std::span<const char* const> wanted, std::size_t limit)
+{
+    for (const std::string_view type : wanted) {
+        const auto item = std::ranges::find(clipboard_items, type, &ClipboardItem::type);
+        if (item != clipboard_items.end()) return item->bytes.size() <= limit ? *item : ClipboardItem{};
+    }
+    return {};
+}
+
 void show_message(const char*) {}
 void stop() { allegro_exit(); }
 
@@ -49,6 +70,8 @@ const Host headless_host = {.start = start,
                             .wake_timers = wake_timers,
                             .timers_sleep = timers_sleep,
                             .position_mouse = move_pointer,
+                            .offer_clipboard = offer_clipboard,
+                            .take_clipboard = take_clipboard,
                             .show_message = show_message,
                             .stop = stop};
 

@@ -3,9 +3,12 @@
 // serves tests and tools, and tests replace single calls to make them fail.
 #pragma once
 
+#include "platform/clipboard.h"
 #include "platform/timer_table.h"
 #include <allegro.h>
+#include <cstddef>
 #include <span>
+#include <vector>
 
 namespace kelu::platform {
 
@@ -33,13 +36,15 @@ struct Host {
     void (*wake_timers)();                ///< brings counters up to date, and looks anew at which timers are waited for
     bool (*timers_sleep)();               ///< true while none is waited for: nothing moves but by input
     void (*position_mouse)(int x, int y); ///< physical pixels
+    bool (*offer_clipboard)(std::vector<ClipboardItem> items);                               ///< as `clipboard_offer`
+    ClipboardItem (*take_clipboard)(std::span<const char* const> wanted, std::size_t limit); ///< as `clipboard_take`
     void (*show_message)(const char* text); ///< a box that the user closes; never hangs behind our own window
     void (*stop)();                         ///< leaves Allegro in order, after the timers
 };
 
 /// Allegro on X11.
 extern const Host desktop_host;
-/// No display: bitmaps and files only. Timers do nothing, rests return at once.
+/// No display: bitmaps and files only, and a clipboard of its own. Timers do nothing, rests return at once.
 extern const Host headless_host;
 
 /// The table in use: `desktop_host` in the program. Set before the start, by main or by a test.

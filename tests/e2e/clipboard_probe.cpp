@@ -29,6 +29,7 @@ std::string paste(const std::string& file)
 int main()
 {
     if (!kelu::platform::headless_host.start()) return 1;
+    kelu::platform::host = &kelu::platform::desktop_host;
     std::string command, file;
     while (std::cin >> command && command != "quit") {
         std::cin >> file;
