@@ -2,6 +2,7 @@
 // What every action owes besides its pixels: steps of undo, the order of the frames and all that belongs to them, the
 // state on disk, a word on the status line; and that it keeps away where it must not act.
 #include "gui/build.h"
+#include "imagefile/clipboard_picture.h"
 #include "loop/actions.h"
 #include "runtime/animation.h"
 #include "runtime/shows.h"
@@ -80,7 +81,7 @@ const Row rows[] = {
     {ACTION_LAST, NOTHING, TIP_NONE, no_entry, 3, 2},
     {ACTION_ANIMATE, NOTHING, TIP_NONE, {HOME_FRAME, 7}},
     {ACTION_FRAME_JUMP},
-    {ACTION_PASTE, NOTHING, TIP_CLIPBOARD_EMPTY},
+    {ACTION_PASTE, UNDO},
     {ACTION_UNDO},
     {ACTION_REDO},
     {ACTION_ALPHA_TOGGLE, ROLE},
@@ -125,6 +126,7 @@ protected:
             view.pan_y = 5 * frame + 5;
             keep_view(frame);
         }
+        copy_to_clipboard(Bitmap(320, 240, 0x0000ff));
         fetch_frame(store.current_frame, at.current, 0);
         animation.anim_count = build_anim_list();
         fill_frame_cache();

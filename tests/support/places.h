@@ -3,6 +3,7 @@
 #pragma once
 
 #include "draw/tool_input.h"
+#include "imagefile/clipboard_picture.h"
 #include "runtime/animation.h"
 #include "screens/animation_slots.h"
 #include "screens/browser_slots.h"
@@ -58,6 +59,12 @@ inline auto scrolled(int slot, int value)
     };
 }
 
+/// Another program has copied a picture.
+inline auto copied(int w, int h)
+{
+    return [=](Session&) { copy_to_clipboard(Bitmap(w, h, 0x2060c0)); };
+}
+
 /// Puts a file there that is no picture and no font.
 inline auto with_broken_file(const char* name)
 {
@@ -95,10 +102,15 @@ inline const Place places[] = {
     {"tint", {HOME_PIC, 5}, {10}, {2}},
     {"grid", {HOME_PIC, 6}, {16}, {typed(4, "33")}},
     {"grid, a bad number", {HOME_PIC, 6, typed(4, "1"), typed(8, "1")}, {16}},
+    {"grid, numbers at their ends",
+     {HOME_PIC, 6, typed(4, "999"), typed(6, "2"), typed(8, "998"), typed(10, "1")},
+     {16}},
     {"sheet, a bad number", {HOME_PIC, 4, typed(86, "300")}, {94}},
+    {"resize, numbers at their ends", {HOME_FRAME, 4, typed(15, "2"), typed(16, "1")}, {20}},
     {"save browser", {HOME_PIC, 7}, {BROWSER_CANCEL}},
     {"quality", {HOME_PIC, 7, BROWSER_FILTER_0 + 4, file("a")}, {105}},
     {"load browser", {HOME_PIC, 8}, {BROWSER_CANCEL}},
+    {"font browser", {with_tool(TOOL_TEXT), TEXT_SLOT_FONT}, {BROWSER_CANCEL, TEXT_SLOT_CANCEL}},
     {"overwrite question",
      {with_broken_file("a.png"), HOME_PIC, 7, file("a.png")},
      {over_window + DIALOG_CANCEL, BROWSER_CANCEL}},
@@ -106,13 +118,22 @@ inline const Place places[] = {
      {with_broken_file("fonts/b.ttf"), with_tool(TOOL_TEXT), TEXT_SLOT_FONT, file("b.ttf")},
      {click_canvas, TEXT_SLOT_CANCEL}},
     {"form of an animation", {tag_two, HOME_FRAME, 7, SLOT_SAVE, file("c.png")}, {answer_cancel, SLOT_CANCEL}},
+    {"animation, all of four frames", {[](Session&) { make_frames(4); }, HOME_FRAME, 7, SLOT_ALL}, {SLOT_CANCEL}},
+    {"playback of four frames",
+     {[](Session&) { make_frames(4); }, HOME_FRAME, 7, SLOT_ALL, SLOT_OKAY, HOME_FRAME, 8},
+     {8}},
+    {"clipboard, wider", {copied(400, 100), control(KEY_V)}, {tap(KEY_ESC)}},
+    {"clipboard, smaller", {copied(40, 30), control(KEY_V)}, {right_click}},
     {"get", {HOME_CEL, 2}, {right_click}, {click_canvas}},
     {"paste", {HOME_CEL, 4}, {right_click}},
     {"turn", {HOME_CEL, 7}, {right_click}},
     {"stretch", {HOME_CEL, 8}, {right_click}, {click_canvas}},
     {"transform", {HOME_CEL, 9}, {6}, {2}},
     {"tools", {tap(KEY_B)}, {tap(KEY_B)}},
+    {"tools, further down", {tap(KEY_B), scrolled(2, 6)}, {tap(KEY_B)}},
     {"inks", {tap(KEY_I)}, {tap(KEY_I)}},
+    {"inks, a gradient", {with_ink(INK_R_GRAD), tap(KEY_I)}, {tap(KEY_I)}},
+    {"colour of alpha", {tap(KEY_SPACE), tap(KEY_C)}, {tap(KEY_C), tap(KEY_SPACE)}},
     {"colour", {tap(KEY_C)}, {tap(KEY_C)}},
     {"colour, VGA", {tap(KEY_C), 2}, {tap(KEY_C)}},
     {"colour, HLS", {tap(KEY_C), 4}, {tap(KEY_C)}},
@@ -143,8 +164,12 @@ inline const Place places[] = {
     {"supershape", {with_tool(TOOL_SSHAPE)}, {3}},
     {"spiral", {with_tool(TOOL_SPIRAL)}, {3}},
     {"text", {with_tool(TOOL_TEXT)}, {TEXT_SLOT_CANCEL}},
+    {"text, typed", {with_tool(TOOL_TEXT), tap(KEY_A), tap(KEY_B)}, {TEXT_SLOT_CANCEL}},
+    {"box", {with_tool(TOOL_BOX), to(220, 60)}, {right_click}},
+    {"circle", {with_tool(TOOL_CIRCLE), to(190, 40)}, {right_click}},
     {"move", {with_tool(TOOL_MOVE)}, {right_click}},
     {"move, in the air", {with_tool(TOOL_MOVE), at(bare_x + 30, bare_y + 30)}, {right_click}},
+    {"radial gradient", {with_ink(INK_R_GRAD), tap(KEY_PGUP)}, {tap(KEY_PGUP)}},
     {"gradient", {with_ink(INK_L_GRAD), tap(KEY_PGUP)}, {tap(KEY_PGUP)}},
 };
 

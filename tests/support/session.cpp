@@ -169,6 +169,7 @@ void Session::start()
     run_state = {};
     options_state = {};
     still_frame_check = check_still_frame;
+    platform::host->offer_clipboard({});
     if (ticks_ == Ticks::real_thread) run->ticker = std::jthread(tick_freely);
     frames_until([] { return run_state.gui_active != 0; });
     frame(2);

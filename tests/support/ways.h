@@ -48,6 +48,10 @@ inline auto tap(int key)
 {
     return [key](Session& session) { session.key(key); };
 }
+inline auto control(int key)
+{
+    return [key](Session& session) { session.key(key, {KEY_LCONTROL}); };
+}
 inline auto hold(int key)
 {
     return [key](Session& session) { session.hold_key(key); };
