@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Between the two pictures of a frame and its merged form, in both roles. Swapping frames: what is committed, what is
-// loaded, and what a missing or broken file leaves. Deleting frames, and what belongs to a frame whose number changes
-// by hand.
+// loaded, and what a missing or broken file leaves.
 #include "imagefile/png.h"
-#include "workspace/change_set.h"
+#include "workspace/frame_resize.h"
+#include "workspace/restore.h"
 #include "workspace_fixture.h"
 
 namespace kelu {
@@ -21,18 +21,6 @@ protected:
 };
 
 using FrameStoreTest = WorkspaceTest;
-
-class FrameOrderTest : public WorkspaceTest {
-protected:
-    /// Colours of the stored frames, as distances from the colour of frame 0; -1 for a black one.
-    std::vector<int> order() const
-    {
-        std::vector<int> colors;
-        for (int i = 0; i < store.frame_count; ++i)
-            colors.push_back(std::max(-1, (stored_pixel(i) & 0xffffff) - 0x10));
-        return colors;
-    }
-};
 
 } // namespace
 
@@ -57,6 +45,19 @@ TEST_F(MergedTest, MergeAndStripAreInverseInBothRoles)
     alpha_strip(merged, merged, second); // in place
     EXPECT_EQ(pixel(merged), 0x112233);
     EXPECT_EQ(pixel(second), 0x808080);
+}
+
+TEST_F(MergedTest, WithoutOneOfItsPicturesNothingIsTouched)
+{
+    alpha_merge(nullptr);
+    EXPECT_TRUE(logged("frame, or swap bitmap is missing in alpha merge"));
+    Bitmap first(2, 1, 1), second(2, 1, 2);
+    alpha_strip(nullptr, first, second);
+    alpha_strip(second, nullptr, first);
+    alpha_strip(first, second, nullptr);
+    EXPECT_TRUE(logged("frame, or swap bitmap is missing in alpha strip"));
+    EXPECT_EQ(pixel(first), 1);
+    EXPECT_EQ(pixel(second), 2);
 }
 
 TEST_F(MergedTest, ColoursDrawnIntoAlphaTurnGreyAndGreySurvives)
@@ -101,7 +102,14 @@ TEST_F(FrameStoreTest, UnchangedFrameIsNotRewrittenButTheSheetIs)
     make_frames(2);
     const auto before = std::filesystem::last_write_time(in_store("current.000"));
     EXPECT_FALSE(exists("current.nal"));
-    EXPECT_TRUE(fetch_frame(0, 1, 0));
+    browser_state.browser_dir = (folder.path() / "resource").string();
+    EXPECT_TRUE(fetch_frame(0, 0, 0));
+    EXPECT_EQ(platform::working_directory(), run_state.program_dir);
+    for (const int mode : {1, 0}) {
+        platform::change_directory(run_state.program_dir);
+        EXPECT_TRUE(fetch_frame(0, 1, mode));
+        EXPECT_EQ(platform::working_directory(), browser_state.browser_dir) << "files are named from there";
+    }
     EXPECT_EQ(std::filesystem::last_write_time(in_store("current.000")), before);
     EXPECT_TRUE(exists("current.nal"));
 }
@@ -152,6 +160,8 @@ TEST_F(FrameStoreTest, SlotOutOfRangeChangesNothing)
     make_frames(1);
     row(store.frame_bitmap, 0)[0] = 0xabcdef;
     EXPECT_FALSE(fetch_frame(0, 1, 0));
+    EXPECT_FALSE(fetch_frame(-1, 0, 0));
+    EXPECT_FALSE(fetch_frame(max_frames, 0, 0));
     EXPECT_FALSE(fetch_frame(0, -1, 1));
     EXPECT_TRUE(logged("[ ERROR ] : New_frame OOB in call to fetch_frame! slot = -1"));
     EXPECT_EQ(pixel(store.frame_bitmap), 0xabcdef);
@@ -207,6 +217,28 @@ TEST_F(FrameStoreTest, PictureOfAnotherProgramKeepsTheRestorationCopy)
     EXPECT_EQ(pixel(store.frame_bitmap), 0x33);
 }
 
+TEST_F(FrameStoreTest, RestoreBringsTheViewBackOnlyWhereTheLoadedPictureHadAnotherSize)
+{
+    make_frames(1);
+    const auto look = [] { return std::array<int, 3>{view.zoom, view.pan_x, view.pan_y}; };
+    for (const auto& [w, h, comes_back] : {std::tuple{8, 3, true}, {4, 6, true}, {8, 6, false}}) {
+        save_png("picture", Bitmap(w, h, 0x40000033));
+        view.zoom = 3;
+        view.pan_x = -35;
+        view.pan_y = -27;
+        const auto before = look();
+        ASSERT_TRUE(load_frame_file("picture", LOAD_PICTURE, FORMAT_PNG));
+        view.zoom = 2;
+        clamp_pan();
+        const auto after = look();
+        restore_frame();
+        EXPECT_EQ(look(), comes_back ? before : after) << w << " x " << h;
+    }
+    resize_frame(0, 9, 9, 0, 0);
+    restore_frame();
+    EXPECT_EQ(view.zoom, 2) << "nothing was loaded";
+}
+
 TEST_F(FrameStoreTest, BackdropFollowsTheLightnessOfSmallFrames)
 {
     const auto backdrop_of = [](int w, int h, int color) {
@@ -218,73 +250,6 @@ TEST_F(FrameStoreTest, BackdropFollowsTheLightnessOfSmallFrames)
     EXPECT_EQ(backdrop_of(8, 8, 0xffffff), 2);
     EXPECT_EQ(backdrop_of(320, 240, 0), 2) << "nothing shows round a frame that fills the screen";
     EXPECT_FALSE(adopt_picture(Bitmap(), true));
-}
-
-TEST_F(FrameOrderTest, DeleteClosesTheGapAndDiscardsTheEdits)
-{
-    make_frames(4);
-    ASSERT_TRUE(fetch_frame(0, 1, 0));
-    row(store.frame_bitmap, 0)[0] = 0xabcdef;
-    view.frame_zoom[2] = 3;
-    delete_frames(1, 1);
-    EXPECT_EQ(order(), (std::vector{0, 2, 3}));
-    EXPECT_FALSE(exists("current.003"));
-    EXPECT_EQ(store.current_frame, 1); // keeps its number, shows the next frame
-    EXPECT_EQ(row(store.frame_bitmap, 0)[0], 0x12);
-    EXPECT_EQ(view.frame_zoom[1], 3);
-
-    ASSERT_TRUE(fetch_frame(1, 2, 0));
-    delete_frames(2, 1); // the last one: to the new last one
-    EXPECT_EQ(store.current_frame, 1);
-    EXPECT_EQ(order(), (std::vector{0, 2}));
-    view.onion_on = 1;
-    store.onion_bitmap = Bitmap(2, 2);
-    delete_frames(1, 1);
-    EXPECT_EQ(store.current_frame, 0);
-    EXPECT_EQ(view.onion_on, 0);
-    EXPECT_FALSE(store.onion_bitmap);
-
-    delete_frames(0, 1);
-    EXPECT_EQ(told, (std::vector<int>{TEXT_FRAME_CANT_BE_DELETED}));
-    EXPECT_EQ(order(), (std::vector{0}));
-}
-
-TEST_F(FrameOrderTest, WhatBelongsToAFrameFollowsItIntoAGap)
-{
-    make_frames(4);
-    for (std::size_t i = 0; i < 4; ++i) {
-        view.frame_pan_x[i] = static_cast<int>(10 * i);
-        animation.anim_tag[i] = i == 3;
-        animation.anim_delay[i] = static_cast<int>(i);
-        rectfill(store.nail_sheet, nail_x(static_cast<int>(i)), 0, nail_x(static_cast<int>(i)) + 39, 39,
-                 static_cast<int>(0x10 + i));
-    }
-    ASSERT_TRUE(fetch_frame(0, 3, 0));
-    write_workspace_state("current.spa", false);
-    std::filesystem::remove(in_store("current.001")); // by hand
-    {
-        const platform::DirectoryVisit visit("WORKSPACE");
-        EXPECT_EQ(read_workspace_state("current.spa"), 1);
-    }
-    EXPECT_EQ(order(), (std::vector{0, 2, 3}));
-    EXPECT_EQ(store.current_frame, 2);
-    EXPECT_EQ(view.frame_pan_x[1], 20);
-    EXPECT_EQ(view.frame_pan_x[2], 30);
-    EXPECT_EQ(animation.anim_tag[2], 1);
-    EXPECT_EQ(animation.anim_delay[1], 2);
-    EXPECT_EQ(pixel(store.nail_sheet, nail_x(1) + 9, 9), 0x12);
-}
-
-TEST_F(FrameOrderTest, ARecordOfAChangeReachesNoFileOutsideTheStore)
-{
-    make_frames(2);
-    folder.put("mine", "KEPT");
-    folder.put("WORKSPACE/next.list", "take ../mine current.001\nremove ../mine\nremove current.001\n");
-    const platform::DirectoryVisit visit("WORKSPACE");
-    EXPECT_TRUE(finish_changes());
-    EXPECT_EQ(folder.text("mine"), "KEPT");
-    EXPECT_FALSE(platform::file_exists("current.001"));
-    EXPECT_FALSE(platform::file_exists("next.list"));
 }
 
 } // namespace kelu

@@ -120,13 +120,16 @@ TEST_F(RunningWorkTest, ATornTailIsLeftOut)
     const Bitmap base = merged_frame();
     std::vector<Bitmap> pictures;
     pictures.push_back(base.copy());
+    std::uintmax_t first_size = 0;
     for (int i = 0; i < 3; ++i) {
-        box(20 + 50 * i, 0x203040 * (i + 1));
+        box(20 + 55 * i, 0x203040 * (i + 1)); // each in a column of tiles of its own
         settle_running_work();
         pictures.push_back(merged_frame());
+        if (i == 0) first_size = std::filesystem::file_size(journal());
     }
     std::ifstream file(journal(), std::ios::binary);
     const Bytes whole{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_LT(whole.size(), 4 * first_size) << "every stroke is written once";
     std::size_t reached = 0;
     for (std::size_t length = 0; length <= whole.size(); length += length + 40 < whole.size() ? 37 : 1) {
         const Bitmap found = replay_journal(std::span(whole).first(length), base);
@@ -224,6 +227,9 @@ TEST_F(RunningWorkTest, AFrameWhoseFileCantBeWrittenIsTriedAgainAndComesBack)
     EXPECT_FALSE(settle_running_work());
     keep_running_work();
     EXPECT_TRUE(take_failure_report()) << "told";
+    EXPECT_FALSE(settle_running_work());
+    keep_running_work();
+    EXPECT_FALSE(take_failure_report()) << "and not again while it fails";
     EXPECT_TRUE(exists("journal.000")) << "covered meanwhile";
     EXPECT_FALSE(write_workspace_state("current.spa", false)) << "nobody leaves without a word";
     ASSERT_TRUE(fetch_frame(1, 0, 0));

@@ -42,10 +42,12 @@ TEST_F(RunningWorkTest, AJournalStaysUntilItsFrameIsInItsFile)
     {
         const std::lock_guard lock(unsaved.mutex);
         thread.append(begin(0, false));
-        thread.append(PictureOrder{Bitmap(side, side, opaque | 0x30)});
+        // Of so many colours that its journal is long.
+        thread.append(PictureOrder{test::paint(800, 800, [](int, int) { return rnd(1 << 24); })});
     }
     thread.settle();
     ASSERT_TRUE(exists("journal.000"));
+    ASSERT_GT(std::filesystem::file_size(journal()), std::size_t{1} << 20);
     std::filesystem::remove(in_store("current.000"));
     std::filesystem::create_directory(in_store("current.000"));
     { // the commit comes behind the beginning of the next frame's journal, as it does when it is tried again
@@ -57,6 +59,10 @@ TEST_F(RunningWorkTest, AJournalStaysUntilItsFrameIsInItsFile)
     EXPECT_FALSE(thread.settle());
     EXPECT_TRUE(exists("journal.000")) << "the only copy of the picture";
     EXPECT_EQ(thread.take_failure().value_or(WorkThread::Failure{}).error, EISDIR);
+    {
+        const std::lock_guard lock(unsaved.mutex);
+        EXPECT_FALSE(unsaved.whole) << "nothing has been painted on the next frame, whose journal is empty";
+    }
 
     std::filesystem::remove(in_store("current.000"));
     EXPECT_TRUE(thread.settle()) << "the commit is tried again";

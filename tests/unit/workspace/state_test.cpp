@@ -2,7 +2,9 @@
 // The workspace as files: written and found again, begun anew, wiped, taken over from the alternate set, and started
 // from every kind of damage.
 
+#include "draw/preview.h"
 #include "imagefile/bmp.h"
+#include "runtime/color_settings.h"
 #include "support/failing_calls.h"
 #include "workspace/alternate.h"
 #include "workspace/colour_files.h"
@@ -160,10 +162,37 @@ TEST_F(StateTest, WipeLeavesOneBlankFrame)
     grid.grid_w = 8;
     toolbox.tool_table[3][0] = 5;
     view.onion_on = 1;
+    view.onion_opacity = 3;
+    preview.preview_active = 1;
+    color_settings.favorites_scroll = toolbox.tool_slot = toolbox.ink_slot = 2;
+    toolbox.tool_slots[1] = TOOL_TEXT;
+    toolbox.ink_slots[1] = 3;
+    view.frame_pan_x[5] = view.frame_pan_y[5] = view.frame_zoom[5] = animation.anim_delay[5] = 7;
     run_state.timers_locked = 0;
     fill_frame_cache();
+    const std::string frame = bytes("current.001");
+    for (const char* file : {"000", "cel", "nal", "tip"}) { // one that can't be written
+        const auto barrier = in_store(std::string(".next.") + file + ".kelu-new");
+        std::filesystem::create_directory(barrier);
+        clear_workspace();
+        EXPECT_TRUE(reported().starts_with("THE WORKSPACE COULDN'T BE SAVED! current.spa ")) << file;
+        EXPECT_EQ(bytes("current.001"), frame) << file;
+        EXPECT_EQ(store.workspace_title, "MINE");
+        std::filesystem::remove(barrier);
+    }
+    protect_file("current.001");
     clear_workspace();
+    EXPECT_FALSE(file_protected("current.001"));
     EXPECT_EQ(run_state.timers_locked, 0);
+    EXPECT_EQ((std::vector<int>{color_settings.favorites_scroll, toolbox.tool_slot, toolbox.ink_slot, view.pan_x,
+                                view.pan_y, view.frame_pan_x[5], view.frame_pan_y[5], animation.anim_delay[5],
+                                animation.anim_count, store.current_frame, preview.preview_active}),
+              std::vector<int>(11, 0));
+    EXPECT_EQ(view.frame_zoom[5], 1);
+    EXPECT_EQ(view.onion_opacity, View().onion_opacity);
+    EXPECT_TRUE(toolbox.tool_slots == Toolbox().tool_slots && toolbox.ink_slots == Toolbox().ink_slots);
+    EXPECT_EQ(pixel(store.nail_sheet, nail_x(1) + 9, 9), 0);
+    EXPECT_EQ(pixel(store.cel_source_bitmap), 0);
     EXPECT_EQ(count_workspace_frames(), 1);
     EXPECT_FALSE(exists("backup.001"));
     EXPECT_EQ(pixel(store.tip_sheet, 3, 47), 0);

@@ -121,7 +121,16 @@ TEST_F(TagsTest, UnknownAndUnreadTagsArePassedOver)
     EXPECT_EQ(view.onion_opacity, 200);
     Bytes skipped; // tag 42 alone is no damage, whatever its payload
     put_record(skipped, 42, 0, 7, {4, 5, 6});
+    put_record(skipped, 22, 0, 1, {200});
+    put_record(skipped, 22, 0, 1, {201});
     EXPECT_FALSE(read_tags(state_tags(), skipped).damaged);
+    for (const std::size_t junk : {1U, 4U}) { // behind a record that is whole, and between two
+        Bytes file_with_junk = skipped;
+        file_with_junk.resize(skipped.size() + junk);
+        EXPECT_TRUE(read_tags(state_tags(), file_with_junk).damaged) << junk;
+        put_record(file_with_junk, 22, 0, 1, {202});
+        EXPECT_TRUE(read_tags(state_tags(), file_with_junk).damaged) << junk;
+    }
 }
 
 TEST_F(TagsTest, TextsKeepTheirTerminatorAndLongOnesAreLeftOut)
