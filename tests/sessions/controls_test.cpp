@@ -4,7 +4,9 @@
 // sums of the picture presented and of the work; beside each is the picture of the place. KELU_ACCEPT=1 writes them
 // anew: read what changed.
 #include "draw/point_list.h"
+#include "draw/touched.h"
 #include "draw/undo.h"
+#include "platform/files.h"
 #include "screens/browser_slots.h"
 #include "support/places.h"
 #include "workspace/settings.h"
@@ -28,6 +30,15 @@ constexpr int listed_words = 5;  ///< of a row, by number; more than these go in
 constexpr int stored_views = 43; ///< a tag that follows the view when the work is saved, by the clock on the wall
 constexpr int keys_tried[] = {KEY_A,  KEY_7,    KEY_BACKSPACE, KEY_TAB, KEY_ENTER, KEY_LEFT, KEY_RIGHT,
                               KEY_UP, KEY_DOWN, KEY_HOME,      KEY_END, KEY_PGUP,  KEY_PGDN, KEY_DEL};
+
+/// So that a pixel tells where it comes from.
+void paint_blocks()
+{
+    for (int y = 24; y < store.frame_bitmap.height(); ++y)
+        for (int x = 0; x < store.frame_bitmap.width(); ++x)
+            row(store.frame_bitmap, y)[x] = 0x404040 + (x / 6 + y / 5 * 7) % 23 * 0x010203;
+    touch_frame();
+}
 
 unsigned sum_of(BITMAP* picture)
 {
@@ -119,6 +130,7 @@ protected:
             session.emplace();
             still_frame_check = nullptr; // takes half of the time, and other sessions have it
             prepare(*session);
+            paint_blocks();
         }
         GetParam().open(*session);
         menu = menus.menu_id;
@@ -145,9 +157,27 @@ protected:
         }
         if (menus.menu_id != menu) table << " menu " << std::dec << menus.menu_id;
         table << " undo " << std::ranges::count_if(undo.undo_age, [](int age) { return age >= 0; });
-        // The browser and what opens over it show the folder, which has another name at every run.
-        if (menus.menu_id != MENU_BROWSER && !of_browser) table << " screen " << std::hex << sum_of(session->picture());
+        if (shows_own_folder()) table << " screen " << std::hex << sum_of_screen();
         table << std::dec << '\n';
+    }
+
+    bool over_browser() const { return menus.menu_id == MENU_BROWSER || of_browser; }
+
+    /// Other folders, and the fonts of the system, are not the same everywhere.
+    bool shows_own_folder() const
+    {
+        if (!over_browser()) return true;
+        return platform::working_directory() == session->folder() && gui.text_id[BROWSER_LOCAL] != TEXT_LOCAL;
+    }
+
+    /// Without the path, which has another name at every run, and the drives of the machine.
+    unsigned sum_of_screen() const
+    {
+        const Bitmap screen(320, 240);
+        blit(session->picture(), screen, 0, 0, 0, 0, 320, 240);
+        const int y = over_browser() ? gui.y[BROWSER_PATH] : 240;
+        rectfill(screen, gui.x[BROWSER_PATH], y - 10, 319, y + 8, 0);
+        return sum_of(screen);
     }
 
     template <class Place>
@@ -157,7 +187,7 @@ protected:
             const Point at = place();
             run.move(at.x, at.y);
             run.press(button);
-            if (!run.ended() && menus.menu_id != MENU_BROWSER && !of_browser) held = sum_of(run.picture());
+            if (!run.ended() && shows_own_folder()) held = sum_of_screen();
             run.release(button);
         };
     }

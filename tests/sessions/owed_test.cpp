@@ -98,11 +98,14 @@ constexpr int hot_key = KEY_F8; ///< the action in question has it, and no other
 struct Situation {
     const char* name;
     int frames, current;
-    bool alpha;
+    bool alpha = false, hidden = false; ///< in alpha editing; without the menus
 };
-constexpr Situation three_frames{"ThreeFrames", 3, 1, false};
-constexpr Situation situations[] = {
-    three_frames, {"OneFrame", 1, 0, false}, {"HundredFrames", max_frames, 1, false}, {"AlphaEditing", 3, 1, true}};
+constexpr Situation three_frames{"ThreeFrames", 3, 1};
+constexpr Situation situations[] = {three_frames,
+                                    {"OneFrame", 1, 0},
+                                    {"HundredFrames", max_frames, 1},
+                                    {.name = "AlphaEditing", .frames = 3, .current = 1, .alpha = true},
+                                    {.name = "HiddenMenus", .frames = 3, .current = 1, .hidden = true}};
 
 /// Each frame has a number in its first pixel, and a pan, a tag and a cached picture that tell the same.
 int number_of(BITMAP* picture) { return (row(picture, 0)[0] & 0xffffff) >> 16; }
@@ -137,7 +140,7 @@ protected:
         reset_undo_slots();
         something_shows();
         session.frame(2);
-        if (gui.hidden[0] != 0) session.key(KEY_BACKSPACE);
+        if ((gui.hidden[0] != 0) != at.hidden) session.key(KEY_BACKSPACE);
     }
     static bool is_tagged(const Situation& at, int number) { return at.frames > 1 && (number == 1 || number == 3); }
     /// As alpha is, once it has been written.
@@ -195,7 +198,10 @@ protected:
         prepare(at);
         const Bitmap before = store.frame_bitmap.copy();
         run(action, by_column);
-        if (at.frames == three_frames.frames) {
+        if (at.hidden) {
+            EXPECT_TRUE(gui.hidden[0] != 0 || gui.active[0] == 0 || menus.menu_id != MENU_DRAW)
+                << "the menus come back";
+        } else if (at.frames == three_frames.frames) {
             EXPECT_EQ(menus.status_message, action.says);
         }
         if ((action.owes & STATE) != 0 && menus.menu_id == MENU_DRAW) expect_state_on_disk();
