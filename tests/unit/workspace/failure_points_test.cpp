@@ -8,7 +8,6 @@
 #include "support/failing_calls.h"
 #include "workspace/custom_tip.h"
 #include "workspace_fixture.h"
-#include <iostream>
 
 namespace kelu {
 namespace {
@@ -35,10 +34,6 @@ constexpr Operation operations[] = {
     {"SwapFrame", [] { fetch_frame(1, 3, 0); }},
     {"Leave", [] { write_workspace_state("current.spa", false); }},
     {"WriteState", [] { write_workspace_state("current.spa", true); }},
-};
-
-struct Tally {
-    int points = 0, old_ones = 0, new_ones = 0, mixed = 0, silent = 0;
 };
 
 /// Colour of a picture, -1 for one that isn't whole.
@@ -171,11 +166,7 @@ protected:
         const bool mixed =
             (!is_new && !is_old) || !tidy() || !agrees || lost || store.frame_count != static_cast<int>(frames.size());
         const bool silent = fault() != Fault::ENDS && !is_new && !spoken;
-        ++tally_.points;
-        tally_.new_ones += is_new;
-        tally_.old_ones += is_old && !is_new;
-        tally_.mixed += mixed;
-        tally_.silent += silent;
+        ++tried_;
         EXPECT_FALSE(mixed || silent) << "at call " << point << (is_new ? " new" : "") << (is_old ? " old" : "")
                                       << (silent ? ", silent" : "") << (agrees ? "" : ", memory differs")
                                       << (lost ? ", work lost" : "");
@@ -183,7 +174,7 @@ protected:
     }
 
     std::string before_, after_; ///< what a start finds when nothing has been done, and when nothing has failed
-    Tally tally_;
+    int tried_ = 0;
 };
 
 struct WrittenFile {
@@ -227,14 +218,6 @@ protected:
             whole = whole && stored_pixel(i) == frame_color(i);
         return whole;
     }
-    /// The set is all there, whatever stands beside it.
-    bool waits() const
-    {
-        bool whole = exists("alternate.spa") && exists("alternate.cel");
-        for (int i = 0; i < 3; ++i)
-            whole = whole && exists(frame_file(i, file_set::alternate));
-        return whole;
-    }
 };
 
 } // namespace
@@ -254,10 +237,7 @@ TEST_P(FailurePoints, LeaveTheOldOrTheNewWorkspace)
     const auto [first, step] = sampled_points(fault());
     for (int point = first; trial(point);)
         point += step;
-    EXPECT_GT(tally_.old_ones + tally_.new_ones, 0);
-    std::cout << operation().name << ' ' << fault_names[static_cast<int>(fault())] << ": " << tally_.points
-              << " points, " << tally_.old_ones << " old, " << tally_.new_ones << " new, " << tally_.mixed << " mixed, "
-              << tally_.silent << " silent\n";
+    EXPECT_GT(tried_, 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, FailurePoints,
@@ -301,7 +281,7 @@ TEST_P(SingleFiles, HaveTheOldFormOrTheNewOne)
 INSTANTIATE_TEST_SUITE_P(Written, SingleFiles, testing::ValuesIn(written_files),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST_F(AlternateTest, IsTakenOverWholeOrWaitsWhole)
+TEST_F(AlternateTest, IsTakenOverWholeByTheNextStart)
 {
     store.nail_sheet = Bitmap(40, 40);
     make_frames(3);
@@ -310,7 +290,6 @@ TEST_F(AlternateTest, IsTakenOverWholeOrWaitsWhole)
     std::filesystem::create_directory("template");
     for (const auto& entry : std::filesystem::directory_iterator("WORKSPACE"))
         std::filesystem::rename(entry.path(), "template/alternate" + entry.path().extension().string());
-    int points = 0, waiting = 0;
     for (const Fault fault : all_faults) {
         const auto [first, step] = sampled_points(fault);
         for (int point = first;; point += step) {
@@ -322,14 +301,11 @@ TEST_F(AlternateTest, IsTakenOverWholeOrWaitsWhole)
                 if (FailingCalls::count() < point) break;
             }
             const bool spoken = fault == Fault::ENDS || taken_over() || !reported().empty();
-            ++points;
             start_again(40, 40);
-            waiting += !taken_over();
-            ASSERT_TRUE(taken_over() || waits()) << "fault " << static_cast<int>(fault) << " at " << point;
+            ASSERT_TRUE(taken_over()) << "fault " << static_cast<int>(fault) << " at " << point;
             ASSERT_TRUE(spoken) << "fault " << static_cast<int>(fault) << " at " << point << " is silent";
         }
     }
-    EXPECT_EQ(waiting, 0) << "of " << points;
 }
 
 } // namespace kelu

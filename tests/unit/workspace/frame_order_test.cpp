@@ -32,6 +32,7 @@ TEST_F(FrameOrderTest, DeleteClosesTheGapAndDiscardsTheEdits)
     view.frame_zoom[2] = 3;
     animation.anim_tag[1] = animation.anim_tag[3] = 1;
     fill_frame_cache();
+    EXPECT_FALSE(logged("Cache maintenance requested")) << "there is room";
     protect_file("current.001");
     delete_frames(1, 1);
     EXPECT_FALSE(file_protected("current.001")) << "the file of that name is another one";
@@ -86,6 +87,11 @@ TEST_F(FrameOrderTest, WhatBelongsToAFrameFollowsItIntoAGap)
     EXPECT_EQ(run_state.workspace_damaged, 1);
     EXPECT_EQ(animation.anim_tag[3], 0) << "the next frame that is added begins without";
     EXPECT_EQ(animation.anim_delay[3], 0);
+    std::filesystem::remove(in_store("current.002")); // the current one
+    EXPECT_EQ(read_state(), 1);
+    EXPECT_EQ(store.current_frame, 1);
+    EXPECT_EQ(order(), (std::vector{0, 2}));
+    EXPECT_EQ(pixel(store.frame_bitmap), 0x12);
 }
 
 TEST_F(FrameOrderTest, NumbersThatCannotBeChangeNothing)
@@ -94,6 +100,7 @@ TEST_F(FrameOrderTest, NumbersThatCannotBeChangeNothing)
     for (const auto& [start, count] :
          {std::pair{-1, 1}, {max_frames, 1}, {max_frames - 1, 1}, {0, 0}, {0, -1}, {0, max_frames - 2}})
         insert_frames(start, count, INSERT_BLANKS);
+    EXPECT_EQ(store.frame_count, 3);
     for (const auto& [start, count] : {std::pair{-1, 1}, {max_frames, 1}, {3, 1}, {0, 0}, {0, -1}, {0, 3}, {2, 2}})
         delete_frames(start, count);
     EXPECT_EQ(order(), (std::vector{0, 1, 2}));
@@ -105,38 +112,37 @@ TEST_F(FrameOrderTest, WhatCannotBeWrittenLeavesEverythingInMemoryAsItWas)
 {
     make_frames(3);
     ASSERT_TRUE(fetch_frame(0, 1, 0));
-    for (std::size_t i = 0; i < 3; ++i) {
-        view.frame_pan_x[i] = view.frame_pan_y[i] = static_cast<int>(-i);
-        view.frame_zoom[i] = static_cast<int>(i + 2);
-        animation.anim_tag[i] = i != 1;
-        animation.anim_delay[i] = static_cast<int>(i + 5);
-    }
-    view.pan_x = -35;
-    view.pan_y = -27;
+    animation.anim_tag[0] = animation.anim_tag[2] = 1;
+    view.frame_zoom[2] = view.frame_pan_x[2] = view.frame_pan_y[2] = animation.anim_delay[2] = 5;
+    view.pan_x = view.pan_y = -25;
     view.zoom = 3;
     fill_frame_cache();
     const Bytes state = workspace_state_bytes();
     const Bitmap nails = store.nail_sheet.copy();
-    const auto barrier = in_store(".next.list.kelu-new");
+    EXPECT_TRUE(cached_frame(0) && cached_frame(2));
+    const auto barrier = in_store(".next.list.kelu-new"), place = in_store("current.003");
     const auto fails = [&](void (*change)()) {
         std::filesystem::create_directory(barrier);
         change();
         EXPECT_TRUE(workspace_state_bytes() == state);
         EXPECT_EQ(test::difference(store.nail_sheet, nails), "");
-        EXPECT_FALSE(cached_frame(2)) << "its number may be wrong";
+        EXPECT_FALSE(cached_frame(2) || cached_frame(3)) << "its number may be wrong";
         EXPECT_TRUE(reported().starts_with("THE FRAME COULDN'T BE SAVED! current.001 "));
-        EXPECT_EQ(platform::working_directory(), run_state.program_dir);
     };
     fails([] { insert_frames(0, 1, INSERT_CLONES); });
     fails([] { delete_frames(0, 1); });
     fails([] { EXPECT_FALSE(append_frame(Bitmap(5, 5, frame_color(7)))); });
     EXPECT_EQ(order(), (std::vector{0, 1, 2}));
     std::filesystem::remove(barrier);
+    std::filesystem::create_directories(place / "of the user's");
+    EXPECT_FALSE(append_frame(Bitmap(5, 5, frame_color(7))));
+    EXPECT_TRUE(workspace_state_bytes() == state);
+    EXPECT_TRUE(reported().ends_with(" A FOLDER IS IN THE WAY\n"));
+    std::filesystem::remove_all(place);
     view.frame_zoom[3] = view.frame_pan_x[3] = view.frame_pan_y[3] = 9;
     EXPECT_TRUE(append_frame(Bitmap(5, 5, frame_color(7))));
     EXPECT_EQ(order(), (std::vector{0, 1, 2, 7}));
-    EXPECT_EQ((std::array<int, 3>{view.frame_zoom[3], view.frame_pan_x[3], view.frame_pan_y[3]}),
-              (std::array{1, 0, 0}));
+    EXPECT_TRUE(view.frame_zoom[3] == 1 && view.frame_pan_x[3] == 0 && view.frame_pan_y[3] == 0);
     EXPECT_EQ(pixel(store.nail_sheet, nail_x(3) + 9, 9), 0x17);
 }
 
@@ -150,12 +156,16 @@ TEST_F(FrameOrderTest, PicturesTooNarrowForAFrameAreWidened)
         EXPECT_TRUE(import.commit({5, 6}));
     }
     EXPECT_EQ(order(), (std::vector{0, 1, 2}));
-    const Bitmap narrow = read_tga(in_store("current.001").string()), low = read_tga(in_store("current.002").string());
-    EXPECT_EQ(narrow.width(), 2);
-    EXPECT_EQ(pixel(narrow, 0, 8), frame_color(1));
-    EXPECT_EQ(pixel(narrow, 1, 8), 0);
-    EXPECT_EQ(low.height(), 2);
-    EXPECT_EQ(pixel(low, 8, 0), frame_color(2));
+    for (const auto& [frame, w, h] : {std::tuple{1, 2, 9}, {2, 9, 2}}) {
+        EXPECT_TRUE(fetch_frame(store.current_frame, frame, 0));
+        EXPECT_EQ(std::pair(store.frame_bitmap.width(), store.frame_bitmap.height()), std::pair(w, h));
+        EXPECT_EQ(pixel(store.frame_bitmap, w == 2 ? 0 : w - 1, h == 2 ? 0 : h - 1), 0x10 + frame);
+        EXPECT_EQ(pixel(store.alpha_bitmap, w - 1, h - 1), 0) << "what was added is nothing";
+    }
+    EXPECT_EQ(run_state.workspace_damaged, 0);
+    EXPECT_EQ(pixel(store.nail_sheet, nail_x(2) + 9, 9), 0x12);
+    EXPECT_EQ(animation.anim_count, 2);
+    EXPECT_EQ(animation.anim_delay[2], 6);
 }
 
 TEST_F(FrameOrderTest, ARecordOfAChangeReachesNoFileOutsideTheStore)
@@ -174,18 +184,21 @@ TEST_F(FrameOrderTest, NoFrameIsWrittenWhileAChangeWaits)
 {
     make_frames(1);
     const platform::DirectoryVisit visit("WORKSPACE");
-    std::filesystem::rename("current.000", "next.000");
-    std::filesystem::create_directories("current.000/in the way");
-    folder.put("WORKSPACE/next.list", "take next.000 current.000\n");
-    EXPECT_FALSE(finish_changes());
+    {
+        ChangeSet changes;
+        EXPECT_TRUE(changes.stage_copy("current.000", "current.000"));
+        std::filesystem::remove("current.000");
+        std::filesystem::create_directories("current.000/in the way");
+        EXPECT_TRUE(changes.commit()) << "it is decided";
+    }
     EXPECT_TRUE(change_waits());
+    EXPECT_FALSE(finish_changes());
     EXPECT_FALSE(write_frame(1)) << "it would be written over";
     EXPECT_FALSE(fetch_frame(0, 0, 0));
     std::filesystem::remove_all("current.000");
     EXPECT_TRUE(fetch_frame(0, 0, 0)) << "the next try goes on with it";
     EXPECT_FALSE(change_waits());
     EXPECT_EQ(stored_pixel(0), frame_color(0));
-    EXPECT_FALSE(exists("next.list"));
 }
 
 } // namespace kelu

@@ -2,6 +2,7 @@
 // Between the two pictures of a frame and its merged form, in both roles. Swapping frames: what is committed, what is
 // loaded, and what a missing or broken file leaves.
 #include "imagefile/png.h"
+#include "support/pictures.h"
 #include "workspace/frame_resize.h"
 #include "workspace/restore.h"
 #include "workspace_fixture.h"
@@ -45,19 +46,6 @@ TEST_F(MergedTest, MergeAndStripAreInverseInBothRoles)
     alpha_strip(merged, merged, second); // in place
     EXPECT_EQ(pixel(merged), 0x112233);
     EXPECT_EQ(pixel(second), 0x808080);
-}
-
-TEST_F(MergedTest, WithoutOneOfItsPicturesNothingIsTouched)
-{
-    alpha_merge(nullptr);
-    EXPECT_TRUE(logged("frame, or swap bitmap is missing in alpha merge"));
-    Bitmap first(2, 1, 1), second(2, 1, 2);
-    alpha_strip(nullptr, first, second);
-    alpha_strip(second, nullptr, first);
-    alpha_strip(first, second, nullptr);
-    EXPECT_TRUE(logged("frame, or swap bitmap is missing in alpha strip"));
-    EXPECT_EQ(pixel(first), 1);
-    EXPECT_EQ(pixel(second), 2);
 }
 
 TEST_F(MergedTest, ColoursDrawnIntoAlphaTurnGreyAndGreySurvives)
@@ -114,17 +102,6 @@ TEST_F(FrameStoreTest, UnchangedFrameIsNotRewrittenButTheSheetIs)
     EXPECT_TRUE(exists("current.nal"));
 }
 
-TEST_F(FrameStoreTest, SameSlotDiscardsTheEdits)
-{
-    make_frames(1);
-    row(store.frame_bitmap, 0)[0] = 0xabcdef;
-    push_undo(false);
-    EXPECT_TRUE(fetch_frame(0, 0, 0));
-    EXPECT_EQ(pixel(store.frame_bitmap), 0x10);
-    EXPECT_EQ(stored_pixel(0), frame_color(0));
-    EXPECT_EQ(undo.undo_age, all_undo_slots_free);
-}
-
 TEST_F(FrameStoreTest, SwapKeepsAlphaEditing)
 {
     make_frames(2);
@@ -155,17 +132,21 @@ TEST_F(FrameStoreTest, AlphaModeTakesTheOnionSkinAlongAndLeavesUndoAlone)
     EXPECT_EQ(pixel(store.frame_bitmap), 0x10);
 }
 
-TEST_F(FrameStoreTest, SlotOutOfRangeChangesNothing)
+TEST_F(FrameStoreTest, SlotOutOfRangeChangesNothingAndTheSameSlotDiscardsTheEdits)
 {
     make_frames(1);
     row(store.frame_bitmap, 0)[0] = 0xabcdef;
+    push_undo(false);
     EXPECT_FALSE(fetch_frame(0, 1, 0));
     EXPECT_FALSE(fetch_frame(-1, 0, 0));
     EXPECT_FALSE(fetch_frame(max_frames, 0, 0));
     EXPECT_FALSE(fetch_frame(0, -1, 1));
     EXPECT_TRUE(logged("[ ERROR ] : New_frame OOB in call to fetch_frame! slot = -1"));
     EXPECT_EQ(pixel(store.frame_bitmap), 0xabcdef);
+    EXPECT_TRUE(fetch_frame(0, 0, 0));
+    EXPECT_EQ(pixel(store.frame_bitmap), 0x10);
     EXPECT_EQ(stored_pixel(0), frame_color(0));
+    EXPECT_EQ(undo.undo_age, all_undo_slots_free);
 }
 
 TEST_F(FrameStoreTest, BrokenFrameIsKeptAndReplacedByABlankOne)
@@ -182,24 +163,51 @@ TEST_F(FrameStoreTest, BrokenFrameIsKeptAndReplacedByABlankOne)
     EXPECT_EQ(stored_pixel(1), opaque);
 
     EXPECT_TRUE(fetch_frame(1, 0, 0));
-    folder.put("WORKSPACE/current.001", "again"); // a second one doesn't take the first one's place
+    put_frame(1, opaque | 5, 1, 9); // narrower than a frame may be; it doesn't take the first one's place
     EXPECT_TRUE(fetch_frame(0, 1, 0));
     EXPECT_EQ(bytes("damaged.001"), "not a picture");
-    EXPECT_EQ(bytes("damaged.001.1"), "again");
+    EXPECT_TRUE(exists("damaged.001.1"));
+    std::filesystem::remove(in_store("current.002"));
+    EXPECT_TRUE(fetch_frame(1, 2, 0));
+    EXPECT_EQ(stored_pixel(2), opaque);
+    EXPECT_FALSE(exists("damaged.002"));
 }
 
-TEST_F(FrameStoreTest, MissingAndTooSmallFramesBecomeBlank)
+TEST_F(FrameStoreTest, AFrameThatTheSystemWontReadStaysAndAnotherOneIsShown)
 {
     make_frames(2);
-    std::filesystem::remove(in_store("current.001"));
-    EXPECT_TRUE(fetch_frame(0, 1, 0));
-    EXPECT_TRUE(logged("[ ERROR ] : Tried to load non-existent file! Name = current.001"));
-    EXPECT_EQ(stored_pixel(1), opaque);
-    EXPECT_FALSE(exists("damaged.001"));
-    put_frame(0, opaque | 5, 1, 9); // narrower than a frame may be
-    EXPECT_TRUE(fetch_frame(1, 0, 0));
-    EXPECT_TRUE(exists("damaged.000"));
-    EXPECT_EQ(store.frame_bitmap.width(), 8);
+    ASSERT_TRUE(fetch_frame(0, 1, 0));
+    write_workspace_state("current.spa", false);
+    const auto bar = [this](const char* name) { // of all regular files this one can't be read by anybody
+        std::filesystem::rename(in_store(name), in_store(name).string() + ".kept");
+        std::filesystem::create_symlink("/proc/self/mem", in_store(name));
+        reported();
+    };
+    const auto expect_told = [](const std::string& name) {
+        EXPECT_EQ(reported(), "THE FRAME COULDN'T BE READ! " + name + " ERROR OF THE DISK\n");
+    };
+    bar("current.001");
+    start_again();
+    EXPECT_EQ(store.current_frame, 0);
+    EXPECT_EQ(pixel(store.frame_bitmap), 0x10);
+    expect_told("current.001");
+    EXPECT_FALSE(fetch_frame(0, 1, 0));
+    EXPECT_EQ(pixel(store.frame_bitmap), 0x10);
+    expect_told("current.001");
+    toggle_alpha_edit();
+    EXPECT_FALSE(fetch_frame(0, 1, 1));
+    expect_told("current.001");
+    delete_frames(0, 1);
+    EXPECT_EQ(store.frame_count, 2) << "nothing could be shown then";
+    bar("current.000");
+    start_again();
+    EXPECT_EQ(store.frame_bitmap.width(), default_frame_w) << "a blank picture stands in";
+    EXPECT_TRUE(write_workspace_state("current.spa", false));
+    EXPECT_FALSE(exists("damaged.000") || exists("damaged.001")) << "and isn't kept in its place";
+    clear_to_color(store.frame_bitmap, 0x445566);
+    EXPECT_TRUE(write_workspace_state("current.spa", false)); // now it is work of the user's
+    EXPECT_TRUE(exists(frame_file(store.current_frame, file_set::damaged)));
+    EXPECT_EQ(stored_pixel(store.current_frame), opaque | 0x445566);
 }
 
 TEST_F(FrameStoreTest, PictureOfAnotherProgramKeepsTheRestorationCopy)
@@ -233,10 +241,32 @@ TEST_F(FrameStoreTest, RestoreBringsTheViewBackOnlyWhereTheLoadedPictureHadAnoth
         const auto after = look();
         restore_frame();
         EXPECT_EQ(look(), comes_back ? before : after) << w << " x " << h;
+        EXPECT_FALSE(platform::file_exists("current.nal")) << "the folder isn't the store's";
     }
     resize_frame(0, 9, 9, 0, 0);
     restore_frame();
     EXPECT_EQ(view.zoom, 2) << "nothing was loaded";
+
+    for (const int color : {0x33, 0x34}) {
+        save_png("picture", Bitmap(4, 3, 0x40000000 | color));
+        load_frame_file("picture", LOAD_PICTURE, FORMAT_PNG);
+    }
+    EXPECT_EQ(stored_pixel(0), frame_color(0)) << "looking for the right picture counts as no work";
+    row(store.frame_bitmap, 2)[3] = 0xabcdef;
+    load_frame_file("picture", LOAD_PICTURE, FORMAT_PNG);
+    restore_frame();
+    EXPECT_EQ(pixel(store.frame_bitmap, 3, 2), 0xabcdef) << "but what was painted on it does";
+    EXPECT_EQ(static_cast<unsigned>(stored_pixel(0)), 0x40000034U);
+}
+
+TEST_F(FrameStoreTest, ThumbnailsOfSmallFramesFillTheirCells)
+{
+    for (const auto& [w, h] : {std::pair{8, 60}, {60, 8}, {2, 2}, {nail_side, nail_side}}) {
+        clear_bitmap(store.nail_sheet);
+        draw_nail(11, test::paint(w, h, [half = w / 2](int x, int) { return x < half ? 0x112233 : 0x445566; }));
+        for (const auto& [x, color] : {std::pair{-1, 0}, {0, 0x112233}, {nail_side - 1, 0x445566}, {nail_side, 0}})
+            EXPECT_EQ(pixel(store.nail_sheet, nail_x(11) + x, nail_y(11) + x), color) << w << " x " << h << " at " << x;
+    }
 }
 
 TEST_F(FrameStoreTest, BackdropFollowsTheLightnessOfSmallFrames)

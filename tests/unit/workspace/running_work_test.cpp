@@ -4,6 +4,7 @@
 // program ends, nothing of them is lost.
 #include "draw/cel.h"
 #include "draw/operation.h"
+#include "draw/unsaved.h"
 #include "gui/tooltips.h"
 #include "running_work_fixture.h"
 #include "runtime/cel.h"
@@ -14,7 +15,6 @@
 #include "workspace/restore.h"
 #include "workspace/running_files.h"
 #include <fstream>
-#include <iostream>
 
 namespace kelu {
 
@@ -29,21 +29,29 @@ void make_change(char letter, int number)
     if (letter == 'b') restore_frame();
     if (letter == 'p') adopt_picture(Bitmap(64, 65, 0x40302010), false);
     if (letter == '.') settle_running_work();
+    if (letter == 'k') {
+        keep_running_work();
+        const std::lock_guard lock(unsaved.mutex);
+        EXPECT_FALSE(unsaved.whole) << "a picture of another size is handed over at once";
+    }
 }
 
 TEST_F(RunningWorkTest, EveryChangeOfTheFrameIsFoundAgain)
 {
-    // Strokes, Undo, Alpha editing and back, Resize, Crop, Brought back, another Picture; what is settled in between.
-    for (const std::string changes : {"s", "s.ssu", "sas", "asas", "srs", "c", "r.bs", "p"}) {
+    // Strokes, Undo, Alpha editing and back, Resize, Crop, Brought back, another Picture; what is settled or kept in
+    // between, where the end doesn't come first.
+    for (const std::string changes : {"s.", "s.ssu.", "sas", "asas.", "srs.", "ck", "r.bs.", "r", "p"}) {
         SCOPED_TRACE(changes);
         TearDown();
         start_again();
         fetch_frame(0, 0, 0);
         start_running_work();
         ASSERT_FALSE(frame_changed());
+        keep_running_work();
+        settle_running_work();
+        EXPECT_FALSE(exists("journal.000")) << "nothing is painted, nothing is written";
         for (std::size_t i = 0; i < changes.size(); ++i)
             make_change(changes[i], static_cast<int>(i));
-        settle_running_work();
         const Bitmap painted = merged_frame();
         start_again();
         EXPECT_EQ(menus.status_message, TIP_WORK_RECOVERED);
@@ -169,7 +177,6 @@ TEST_F(RunningWorkTest, TheJournalIsMadeAnewWhenItOutgrowsItsPictures)
 
 TEST_F(RunningWorkTest, SmallFilesFollowWhatHasChanged)
 {
-    remember_running_files();
     EXPECT_TRUE(changed_running_files().empty()) << "an idle program writes nothing";
     const auto changed = [](void (*change)()) {
         change();
@@ -230,6 +237,14 @@ TEST_F(RunningWorkTest, AFrameWhoseFileCantBeWrittenIsTriedAgainAndComesBack)
     EXPECT_FALSE(settle_running_work());
     keep_running_work();
     EXPECT_FALSE(take_failure_report()) << "and not again while it fails";
+    std::filesystem::remove(file);
+    {
+        const FailingCalls failing(Fault::BROKEN, 1);
+        EXPECT_FALSE(settle_running_work());
+    }
+    std::filesystem::create_directory(file);
+    keep_running_work();
+    EXPECT_TRUE(reported().ends_with("ERROR OF THE DISK\n")) << "for another reason";
     EXPECT_TRUE(exists("journal.000")) << "covered meanwhile";
     EXPECT_FALSE(write_workspace_state("current.spa", false)) << "nobody leaves without a word";
     ASSERT_TRUE(fetch_frame(1, 0, 0));
@@ -267,6 +282,9 @@ TEST_F(RunningWorkTest, AnEndBeforeTheCommitLosesNothing)
     EXPECT_TRUE(same(merged_frame(), second));
     EXPECT_TRUE(same(read_tga(in_store("current.000").string()), painted)) << "the frame that was left is in its file";
     EXPECT_FALSE(exists("journal.000"));
+    put_back("journal.000"); // one that was committed, and couldn't go
+    start_again();
+    EXPECT_FALSE(exists("journal.000") || kept_aside());
     EXPECT_EQ(run_state.workspace_damaged, 0);
 }
 
@@ -274,7 +292,7 @@ TEST_F(RunningWorkTest, NoFailureOfACallLosesWhatWasOnTheDisk)
 {
     int points = 0, silent = 0;
     for (const Fault fault : all_faults) {
-        const auto [first, step] = sampled_points(fault);
+        const auto [first, step] = fault == Fault::IO_ERROR ? FaultPoints{1, 1} : sampled_points(fault);
         for (int point = first;; point += step) {
             std::filesystem::remove(journal());
             start_again();
@@ -302,7 +320,10 @@ TEST_F(RunningWorkTest, NoFailureOfACallLosesWhatWasOnTheDisk)
             if (!reached) break;
             ++points;
             keep_running_work();
-            const bool told_so = take_failure_report().has_value();
+            const std::string why = reported();
+            const bool told_so = !why.empty();
+            const char* reason = fault == Fault::NO_SPACE ? "NO SPACE LEFT\n" : "ERROR OF THE DISK\n";
+            EXPECT_TRUE(!told_so || fault == Fault::ENDS || why.ends_with(reason)) << why;
             start_again();
             const Bitmap found = merged_frame();
             const auto match = std::ranges::find_if(pictures, [&](const Bitmap& one) { return same(one, found); });
@@ -315,7 +336,6 @@ TEST_F(RunningWorkTest, NoFailureOfACallLosesWhatWasOnTheDisk)
     }
     EXPECT_GT(points, 40);
     EXPECT_EQ(silent, 0);
-    std::cout << "journal: " << points << " points, " << silent << " silent\n";
 }
 
 } // namespace kelu

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Painting on while the journal's thread takes tiles, writes and starts anew: for ThreadSanitizer, and every picture is
-// found again. And the order of what the thread writes, where a commit fails and is tried again.
+// found again. And the order of what the thread writes, where a commit fails and is tried again, or another program has
+// written.
+#include "draw/unsaved.h"
 #include "running_work_fixture.h"
 #include "runtime/random.h"
 #include "workspace/frame_resize.h"
@@ -68,6 +70,29 @@ TEST_F(RunningWorkTest, AJournalStaysUntilItsFrameIsInItsFile)
     EXPECT_TRUE(thread.settle()) << "the commit is tried again";
     EXPECT_EQ(stored_pixel(0), opaque | 0x30);
     EXPECT_FALSE(exists("journal.000"));
+}
+
+TEST_F(RunningWorkTest, WhatAnotherProgramDoesToTheFilesLosesNoStroke)
+{
+    box(20, 0xff8040);
+    settle_running_work();
+    std::ofstream(journal(), std::ios::app) << "something else";
+    box(100, 0x304050);
+    for (int i = 0; i < 2; ++i) // the picture follows once the journal has failed
+        settle_running_work();
+    keep_running_work();
+    EXPECT_EQ(reported(), "THE WORKSPACE COULDN'T BE SAVED! journal.000 ERROR OF THE DISK\n");
+    const Bitmap painted = merged_frame();
+    start_again();
+    EXPECT_TRUE(same(merged_frame(), painted));
+    start_running_work();
+    settle_running_work();
+    put_frame(0, opaque | 0x777777, side, side - 30);
+    box(100, 0x605040);
+    settle_running_work();
+    start_again();
+    EXPECT_EQ(pixel(store.frame_bitmap, 110, 50), 0x605040) << "the journal goes on from the new file";
+    EXPECT_FALSE(kept_aside());
 }
 
 } // namespace kelu

@@ -110,7 +110,8 @@ TEST_F(TagsTest, HotkeysAndMacrosTakeTheirPlaces)
 TEST_F(TagsTest, UnknownAndUnreadTagsArePassedOver)
 {
     Bytes file;
-    put_record(file, 99, 0, 3, {1, 2, 3});
+    const int grid_w = grid.grid_w;
+    put_record(file, 99, 0, 5, {static_cast<int>(tag_marker), 23, 0, 1, 9}); // what looks like a record in it is none
     put_record(file, 0, 0, 0, {});
     put_record(file, 42, 0, 7, {4, 5, 6});
     put_record(file, 22, 0, 1, {200});
@@ -119,18 +120,19 @@ TEST_F(TagsTest, UnknownAndUnreadTagsArePassedOver)
     EXPECT_TRUE(logged("[ WARNING ] : I have no idea what I just read. Tag = 99"));
     EXPECT_TRUE(logged("[ WARNING ] : I have no idea what I just read. Tag = 0"));
     EXPECT_EQ(view.onion_opacity, 200);
+    EXPECT_EQ(grid.grid_w, grid_w);
     Bytes skipped; // tag 42 alone is no damage, whatever its payload
     put_record(skipped, 42, 0, 7, {4, 5, 6});
     put_record(skipped, 22, 0, 1, {200});
     put_record(skipped, 22, 0, 1, {201});
     EXPECT_FALSE(read_tags(state_tags(), skipped).damaged);
-    for (const std::size_t junk : {1U, 4U}) { // behind a record that is whole, and between two
-        Bytes file_with_junk = skipped;
-        file_with_junk.resize(skipped.size() + junk);
-        EXPECT_TRUE(read_tags(state_tags(), file_with_junk).damaged) << junk;
-        put_record(file_with_junk, 22, 0, 1, {202});
-        EXPECT_TRUE(read_tags(state_tags(), file_with_junk).damaged) << junk;
-    }
+    Bytes cut = skipped;
+    ByteWriter(cut).big32(tag_marker);
+    EXPECT_TRUE(read_tags(state_tags(), cut).damaged) << "a record that isn't there";
+    skipped.resize(skipped.size() + 4); // nothing of a record, behind one that is whole, and between two
+    EXPECT_TRUE(read_tags(state_tags(), skipped).damaged);
+    put_record(skipped, 22, 0, 1, {202});
+    EXPECT_TRUE(read_tags(state_tags(), skipped).damaged);
 }
 
 TEST_F(TagsTest, TextsKeepTheirTerminatorAndLongOnesAreLeftOut)
