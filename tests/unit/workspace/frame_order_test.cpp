@@ -120,20 +120,21 @@ TEST_F(FrameOrderTest, WhatCannotBeWrittenLeavesEverythingInMemoryAsItWas)
     const Bytes state = workspace_state_bytes();
     const Bitmap nails = store.nail_sheet.copy();
     EXPECT_TRUE(cached_frame(0) && cached_frame(2));
-    const auto barrier = in_store(".next.list.kelu-new"), place = in_store("current.003");
-    const auto fails = [&](void (*change)()) {
+    const auto place = in_store("current.003");
+    const auto fails = [&](const char* file, void (*change)()) {
+        const auto barrier = in_store(".next." + std::string(file) + ".kelu-new");
         std::filesystem::create_directory(barrier);
         change();
+        std::filesystem::remove(barrier);
         EXPECT_TRUE(workspace_state_bytes() == state);
         EXPECT_EQ(test::difference(store.nail_sheet, nails), "");
         EXPECT_FALSE(cached_frame(2) || cached_frame(3)) << "its number may be wrong";
         EXPECT_TRUE(reported().starts_with("THE FRAME COULDN'T BE SAVED! current.001 "));
     };
-    fails([] { insert_frames(0, 1, INSERT_CLONES); });
-    fails([] { delete_frames(0, 1); });
-    fails([] { EXPECT_FALSE(append_frame(Bitmap(5, 5, frame_color(7)))); });
+    fails("nal", [] { insert_frames(0, 1, INSERT_CLONES); });
+    fails("spa", [] { delete_frames(1, 1); });
+    fails("list", [] { EXPECT_FALSE(append_frame(Bitmap(5, 5, frame_color(7)))); });
     EXPECT_EQ(order(), (std::vector{0, 1, 2}));
-    std::filesystem::remove(barrier);
     std::filesystem::create_directories(place / "of the user's");
     EXPECT_FALSE(append_frame(Bitmap(5, 5, frame_color(7))));
     EXPECT_TRUE(workspace_state_bytes() == state);
@@ -151,19 +152,20 @@ TEST_F(FrameOrderTest, PicturesTooNarrowForAFrameAreWidened)
     make_frames(1);
     {
         FrameImport import;
-        EXPECT_TRUE(import.add(Bitmap(1, 9, frame_color(1))));
-        EXPECT_TRUE(import.add(Bitmap(9, 1, frame_color(2))));
+        EXPECT_TRUE(import.add(Bitmap(1, 60, frame_color(1))));
+        EXPECT_TRUE(import.add(Bitmap(60, 1, frame_color(2))));
         EXPECT_TRUE(import.commit({5, 6}));
     }
     EXPECT_EQ(order(), (std::vector{0, 1, 2}));
-    for (const auto& [frame, w, h] : {std::tuple{1, 2, 9}, {2, 9, 2}}) {
+    for (const auto& [frame, w, h] : {std::tuple{1, 2, 60}, {2, 60, 2}}) {
         EXPECT_TRUE(fetch_frame(store.current_frame, frame, 0));
         EXPECT_EQ(std::pair(store.frame_bitmap.width(), store.frame_bitmap.height()), std::pair(w, h));
         EXPECT_EQ(pixel(store.frame_bitmap, w == 2 ? 0 : w - 1, h == 2 ? 0 : h - 1), 0x10 + frame);
         EXPECT_EQ(pixel(store.alpha_bitmap, w - 1, h - 1), 0) << "what was added is nothing";
     }
     EXPECT_EQ(run_state.workspace_damaged, 0);
-    EXPECT_EQ(pixel(store.nail_sheet, nail_x(2) + 9, 9), 0x12);
+    EXPECT_EQ(pixel(store.nail_sheet, nail_x(1) + 9, 39), 0x11) << "the left half of the cell";
+    EXPECT_EQ(pixel(store.nail_sheet, nail_x(2) + 39, 9), 0x12);
     EXPECT_EQ(animation.anim_count, 2);
     EXPECT_EQ(animation.anim_delay[2], 6);
 }
@@ -192,7 +194,14 @@ TEST_F(FrameOrderTest, NoFrameIsWrittenWhileAChangeWaits)
         EXPECT_TRUE(changes.commit()) << "it is decided";
     }
     EXPECT_TRUE(change_waits());
+    std::filesystem::create_directory("aside");
+    for (const char* name : {"next.list", "next.000"})
+        std::filesystem::rename(name, std::string("aside/") + name);
+    EXPECT_TRUE(finish_changes() && !change_waits()) << "somebody has taken it away";
+    for (const char* name : {"next.list", "next.000"})
+        std::filesystem::rename(std::string("aside/") + name, name);
     EXPECT_FALSE(finish_changes());
+    EXPECT_TRUE(change_waits()) << "as at a start";
     EXPECT_FALSE(write_frame(1)) << "it would be written over";
     EXPECT_FALSE(fetch_frame(0, 0, 0));
     std::filesystem::remove_all("current.000");

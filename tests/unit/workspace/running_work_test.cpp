@@ -22,6 +22,10 @@ namespace kelu {
 void make_change(char letter, int number)
 {
     if (letter == 's') box(20 + 40 * number, 0xff8040 - 0x303010 * number);
+    if (letter == 'd') {
+        rectfill(store.frame_bitmap, 5, 5, 30, 30, 0x654321);
+        touch_area(5, 5, 30, 30);
+    }
     if (letter == 'u') undo_step();
     if (letter == 'a') toggle_alpha_edit();
     if (letter == 'r') resize_frame(0, 150, 333, 4, 0);
@@ -38,9 +42,9 @@ void make_change(char letter, int number)
 
 TEST_F(RunningWorkTest, EveryChangeOfTheFrameIsFoundAgain)
 {
-    // Strokes, Undo, Alpha editing and back, Resize, Crop, Brought back, another Picture; what is settled or kept in
-    // between, where the end doesn't come first.
-    for (const std::string changes : {"s.", "s.ssu.", "sas", "asas.", "srs.", "ck", "r.bs.", "r", "p"}) {
+    // Strokes, Drawing without a step, Undo, Alpha editing and back, Resize, Crop, Brought back, another Picture; what
+    // is settled or kept in between, where the end doesn't come first.
+    for (const std::string changes : {"s.", "s.ssu.", "sas", "da", "asas.", "srs.", "ck", "r.bs.", "r", "p"}) {
         SCOPED_TRACE(changes);
         TearDown();
         start_again();

@@ -43,7 +43,10 @@ TEST_F(StateTest, WorkspaceComesBackWhole)
     row(store.frame_bitmap, 0)[0] = 0xabcdef;
     const std::filesystem::path elsewhere = folder.path() / "resource";
     std::filesystem::current_path(elsewhere);
+    browser_state.browser_dir = "/Pictures";
     write_workspace_state("current.spa", false);
+    workspace_state_bytes();
+    EXPECT_EQ(browser_state.browser_dir, "/Pictures");
     EXPECT_EQ(platform::working_directory(), run_state.program_dir);
     EXPECT_TRUE(logged("[ SPA ] : Workspace save at: " + run_state.program_dir + "\n\n"));
     const std::string spa = bytes("current.spa");
@@ -147,10 +150,13 @@ TEST_F(StateTest, UnreadableStatesAreKept)
     EXPECT_EQ(bytes("damaged.spa"), "some text of another program");
     EXPECT_EQ(read_state(), 1); // and once is enough
     EXPECT_FALSE(exists("damaged.spa.1"));
+    folder.put("WORKSPACE/current.spa", "another text");
+    EXPECT_EQ(read_state(), 1);
+    EXPECT_EQ(bytes("damaged.spa.1"), "another text");
     std::filesystem::remove(in_store("current.spa"));
     std::filesystem::create_directory(in_store("current.spa"));
     EXPECT_EQ(read_state(), 0);
-    EXPECT_TRUE(std::filesystem::is_directory(in_store("damaged.spa.1")));
+    EXPECT_TRUE(std::filesystem::is_directory(in_store("damaged.spa.2")));
 }
 
 TEST_F(StateTest, WipeLeavesOneBlankFrame)
