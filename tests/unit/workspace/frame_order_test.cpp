@@ -45,8 +45,10 @@ TEST_F(FrameOrderTest, DeleteClosesTheGapAndDiscardsTheEdits)
     EXPECT_EQ(view.frame_zoom[1], 3);
 
     ASSERT_TRUE(fetch_frame(1, 2, 0));
+    view.frame_zoom[2] = 4;
     delete_frames(2, 1); // the last one: to the new last one
     EXPECT_EQ(store.current_frame, 1);
+    EXPECT_EQ(view.frame_zoom[2], 1) << "of no frame that comes later";
     EXPECT_EQ(order(), (std::vector{0, 2}));
     view.onion_on = 1;
     store.onion_bitmap = Bitmap(2, 2);
@@ -89,7 +91,6 @@ TEST_F(FrameOrderTest, WhatBelongsToAFrameFollowsItIntoAGap)
     EXPECT_EQ(animation.anim_delay[3], 0);
     std::filesystem::remove(in_store("current.002")); // the current one
     EXPECT_EQ(read_state(), 1);
-    EXPECT_EQ(store.current_frame, 1);
     EXPECT_EQ(order(), (std::vector{0, 2}));
     EXPECT_EQ(pixel(store.frame_bitmap), 0x12);
 }
@@ -105,7 +106,6 @@ TEST_F(FrameOrderTest, NumbersThatCannotBeChangeNothing)
         delete_frames(start, count);
     EXPECT_EQ(order(), (std::vector{0, 1, 2}));
     EXPECT_FALSE(exists("current.003"));
-    EXPECT_TRUE(told.empty());
 }
 
 TEST_F(FrameOrderTest, WhatCannotBeWrittenLeavesEverythingInMemoryAsItWas)

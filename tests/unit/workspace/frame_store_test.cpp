@@ -254,6 +254,7 @@ TEST_F(FrameStoreTest, BackdropFollowsTheLightnessOfSmallFrames)
     EXPECT_EQ(backdrop_of(8, 8, 0xaa0101), 0);
     EXPECT_EQ(backdrop_of(8, 8, 0xffffff), 2);
     EXPECT_EQ(backdrop_of(320, 240, 0), 2) << "nothing shows round a frame that fills the screen";
+    EXPECT_EQ(backdrop_of(320, 8, 0), 0);
     EXPECT_FALSE(adopt_picture(Bitmap(), true));
 }
 

@@ -238,6 +238,9 @@ TEST_F(RunningWorkTest, AFrameWhoseFileCantBeWrittenIsTriedAgainAndComesBack)
     EXPECT_FALSE(settle_running_work());
     keep_running_work();
     EXPECT_TRUE(take_failure_report()) << "told";
+    insert_frames(1, 1, INSERT_BLANKS);
+    EXPECT_EQ(store.frame_count, 3) << "no number changes meanwhile";
+    reported();
     EXPECT_FALSE(settle_running_work());
     keep_running_work();
     EXPECT_FALSE(take_failure_report()) << "and not again while it fails";
