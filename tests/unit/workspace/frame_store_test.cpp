@@ -80,7 +80,7 @@ TEST_F(MergedTest, ChangeIsSeenInColourAlphaAndSizeButNotInTheToggle)
         EXPECT_EQ(frame_changed(), changed) << std::hex << alpha << ' ' << color;
     }
     row(store.alpha_bitmap, 0)[1] = 0x112233;
-    store.restoration_bitmap = Bitmap(1, 2, half | 0x112233);
+    store.restoration_bitmap = Bitmap(2, 2, half | 0x112233);
     EXPECT_TRUE(frame_changed()) << "another size";
 }
 
