@@ -73,7 +73,7 @@ ASSIGNMENTS = {"=", "+=", "-=", "|=", "&=", "^=", "*=", "<<=", ">>="}
 BODIES = {CursorKind.FUNCTION_DECL, CursorKind.CXX_METHOD, CursorKind.CONSTRUCTOR, CursorKind.FUNCTION_TEMPLATE}
 STATEMENTS = {CursorKind.COMPOUND_STMT, CursorKind.IF_STMT, CursorKind.FOR_STMT, CursorKind.CXX_FOR_RANGE_STMT,
               CursorKind.WHILE_STMT}
-SYMMETRIC = {"min", "max", "swap", "hypot", "log_line", "reset_fields"}  # the order of their arguments changes nothing
+SYMMETRIC = {"min", "max", "swap", "hypot", "log_line", "reset_fields", "operator=", "operator+="}  # the order of their arguments changes nothing
 
 
 class Source:

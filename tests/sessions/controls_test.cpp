@@ -175,8 +175,8 @@ protected:
     {
         const Bitmap screen(320, 240);
         blit(session->picture(), screen, 0, 0, 0, 0, 320, 240);
-        const int y = over_browser() ? gui.y[BROWSER_PATH] : 240;
-        rectfill(screen, gui.x[BROWSER_PATH], y - 10, 319, y + 8, 0);
+        const Point path{gui.x[BROWSER_PATH], gui.y[BROWSER_PATH]};
+        if (over_browser()) rectfill(screen, path.x, path.y - 10, 319, path.y + 8, 0);
         return sum_of(screen);
     }
 
