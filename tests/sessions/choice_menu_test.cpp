@@ -1,33 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The tip that is taken from the frame, and the option keys.
+// The keys of the tools' options.
 #include "support/screen_session.h"
 #include <string>
 
 namespace kelu {
 
 using namespace test;
-
-namespace {
-
-enum { CUSTOM = 2 };
-
-int tip_pixel(int x, int y) { return row(store.tip_sheet, y)[x]; }
-
-} // namespace
-
-TEST(TipMenu, TakesACustomTipFromTheFrame)
-{
-    Session session;
-    rectfill(store.frame_bitmap, 100, 80, 103, 83, 0x300000);
-    session.click(HOME_TIP);
-    session.click(CUSTOM, RIGHT_BUTTON);
-    session.click_at(104, 84);
-    EXPECT_EQ(tip_pixel(4, 45 + 3), 0x101010) << "the mean of the channels";
-    EXPECT_EQ(tip_pixel(12, 45 + 10), 0);
-    session.click(CUSTOM);
-    session.click_at(160, 40, RIGHT_BUTTON);
-    EXPECT_EQ(toolbox.brush_tip, custom_tip);
-}
 
 TEST(OptionKeys, FlipSlideAndTellWhatTheyDo)
 {

@@ -9,7 +9,7 @@ using namespace test;
 
 namespace {
 
-enum { DELETE_ENTRY = 5, QUIT = 9 };
+constexpr int delete_entry = 5;
 
 /// The same colours at every run.
 void plain_menu()
@@ -65,22 +65,10 @@ TEST(DrawMenu, TheOnlyFrameStays)
     toolbox.brush_tip = no_tip;
     session.click_at(50, 50);
     session.click(HOME_FRAME);
-    session.click(DELETE_ENTRY);
+    session.click(delete_entry);
     EXPECT_TRUE(looks_like(session, "dialog_single")) << "nothing to choose with one frame";
     session.click(DIALOG_OKAY);
     EXPECT_EQ(store.frame_count, 1);
-}
-
-TEST(DrawMenu, QuitAsks)
-{
-    Session session;
-    open_entry(session, HOME_USER, QUIT, MENU_DIALOG);
-    session.click(DIALOG_CANCEL);
-    session.frame(20);
-    EXPECT_FALSE(session.ended());
-    open_entry(session, HOME_USER, QUIT, MENU_DIALOG);
-    session.click(DIALOG_OKAY);
-    EXPECT_TRUE(session.frames_until([&] { return session.ended(); }));
 }
 
 TEST(Actions, GridZoomPansAndDroppers)

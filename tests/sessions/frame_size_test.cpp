@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The screens that change the frame's geometry, walked by mouse and keys: resize and crop, sprite sheet.
+// The screens that change the frame's geometry, walked by mouse and keys: resize, sprite sheet.
 #include "draw/undo.h"
 #include "gui/build.h"
 #include "support/screen_session.h"
@@ -11,8 +11,8 @@ using namespace test;
 namespace {
 
 enum { RESIZE = 4, SHEET = 4 };
-enum { ANCHOR_0 = 3, SCALE = 12, CROP = 13, WIDTH = 15, HEIGHT = 16, RESIZE_OKAY = 19, PERCENT = 21 };
-enum { SPRITE_W = 76, COLUMNS = 86, SHEET_OKAY = 93, SHEET_CANCEL = 94 };
+enum { ANCHOR_0 = 3, SCALE = 12, WIDTH = 15, HEIGHT = 16, RESIZE_OKAY = 19, PERCENT = 21 };
+enum { SPRITE_W = 76, COLUMNS = 86, SHEET_OKAY = 93 };
 
 void expect_frame(int w, int h)
 {
@@ -67,40 +67,9 @@ TEST(FrameSize, ResizeScreenScalesAndPlacesTheFrame)
     EXPECT_EQ(field_number(HEIGHT), 800);
 }
 
-TEST(FrameSize, QuickCropKeepsBothPixelsThatWereClicked)
+TEST(FrameSize, SheetScreenTakesItsNumbers)
 {
     Session session;
-    replace_frame(320, 240, 0x123456);
-    row(store.frame_bitmap, 50)[60] = 0xff0000;
-    open_entry(session, HOME_FRAME, RESIZE, MENU_RESIZE);
-    session.click(CROP);
-    session.click_at(99, 79);
-    EXPECT_EQ(menus.status_message, TIP_CROP_SECOND);
-    session.click_at(80, 40, RIGHT_BUTTON);
-    expect_frame(320, 240);
-    open_entry(session, HOME_FRAME, RESIZE, MENU_RESIZE);
-    session.click(CROP);
-    EXPECT_EQ(menus.status_message, TIP_CROP_FIRST);
-    session.click_at(99, 79);
-    session.click_at(60, 50);
-    expect_frame(40, 30);
-    EXPECT_EQ(frame_pixel(0, 0), 0xff0000);
-}
-
-TEST(FrameSize, SheetScreenRefusesBadNumbersAndDrawsCells)
-{
-    Session session;
-    open_entry(session, HOME_PIC, SHEET, MENU_SHEET);
-    retype(session, COLUMNS, "300");
-    session.click(SHEET_OKAY);
-    EXPECT_EQ(menus.menu_id, MENU_SHEET);
-    session.click(SHEET_CANCEL);
-    expect_frame(320, 240);
-    open_entry(session, HOME_PIC, SHEET, MENU_SHEET);
-    session.click(SHEET_OKAY);
-    expect_frame(137, 137);
-    for (const auto& [x, color] : {std::pair{0, 0}, {1, 0xff0000}, {16, 0xff0000}, {17, 0}, {18, 0xff0000}, {136, 0}})
-        EXPECT_EQ(frame_pixel(x, 5), color) << x;
     open_entry(session, HOME_PIC, SHEET, MENU_SHEET);
     retype(session, COLUMNS, "1");
     session.click(SHEET_OKAY);
