@@ -18,6 +18,8 @@
 #include <map>
 #include <optional>
 #include <sstream>
+#include <utility>
+#include <vector>
 #include <zlib.h>
 
 namespace kelu {
@@ -42,12 +44,15 @@ void paint_blocks()
 
 unsigned sum_of(BITMAP* picture)
 {
+    if (!picture) return 0;
     uLong sum = 0;
-    for (int y = 0; picture && y < picture->h; ++y) {
-        for (int x = 0; x < picture->w; ++x) {
-            const int pixel = row(picture, y)[x] & 0xffffff;
-            sum = crc32(sum, reinterpret_cast<const Bytef*>(&pixel), sizeof pixel);
-        }
+    std::vector<int> colors(static_cast<std::size_t>(picture->w));
+    for (int y = 0; y < picture->h; ++y) {
+        const int* pixels = row(picture, y);
+        int* color = colors.data();
+        for (int x = 0; x < picture->w; ++x)
+            *color++ = *pixels++ & 0xffffff;
+        sum = crc32(sum, reinterpret_cast<const Bytef*>(colors.data()), static_cast<uInt>(colors.size() * sizeof(int)));
     }
     return static_cast<unsigned>(sum);
 }
@@ -61,29 +66,32 @@ std::map<std::string, unsigned> sums_of_pictures()
             {"tips", sum_of(store.tip_sheet)}};
 }
 
-/// Every number of the settings and of the workspace's state, by tag, minor and place.
-using Words = std::map<std::array<int, 4>, int>;
+/// Every number of the settings and of the workspace's state, with tag, minor and place, always in the same order.
+using Words = std::vector<std::pair<std::array<int, 4>, int>>;
 
 Words all_words()
 {
     Words words;
+    words.reserve(8192);
     for (const auto rows : {settings_tags(), state_tags()})
         for (const TagRow& tag : rows)
             for (int minor = 0; minor < tag.minors; ++minor)
                 for (int i = 0; tag.tag != stored_views && i < tag.words(); ++i)
-                    words[{rows.data() == state_tags().data(), tag.tag, minor, i}] = tag.get(minor, i);
+                    words.push_back({{rows.data() == state_tags().data(), tag.tag, minor, i}, tag.get(minor, i)});
     return words;
 }
 
 std::string changes(const Words& before, const Words& now)
 {
+    std::map<std::array<int, 4>, std::pair<int, int>> changed;
+    for (std::size_t at = 0; at < now.size(); ++at)
+        if (now[at].second != before[at].second) changed[now[at].first] = {before[at].second, now[at].second};
     std::ostringstream out;
     int count = 0;
     unsigned rest = 0;
-    for (const auto& [place, word] : now) {
-        const int old = before.at(place);
-        if (word == old) continue;
+    for (const auto& [place, words] : changed) {
         const auto& [of_state, tag, minor, i] = place;
+        const auto& [old, word] = words;
         if (++count <= listed_words) {
             out << (of_state ? " state " : " settings ") << tag << '.' << minor << '.' << i << ' ' << old << '>'
                 << word;
