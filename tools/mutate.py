@@ -268,7 +268,7 @@ def copied():
     for old in (path for folder in ("src", "tests") for path in (WORK / folder).rglob("*.[ch]*")):
         if not (ROOT / old.relative_to(WORK)).exists():
             old.unlink()
-    subprocess.run(["cmake", "--preset", "dev", "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DKELU_WARNINGS_AS_ERRORS=OFF", "-DKELU_E2E=OFF",
+    subprocess.run(["cmake", "--preset", "dev", "-DCMAKE_CXX_FLAGS_DEBUG=-O1", "-DKELU_WARNINGS_AS_ERRORS=OFF", "-DKELU_E2E=OFF",
                     "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON"], cwd=WORK, check=True, capture_output=True)
     subprocess.run(["cmake", "--build", ".", "--target", "resources", "defaults"], cwd=BUILD, check=True, capture_output=True)
 
@@ -310,9 +310,11 @@ def reached_by(jobs):
     return {fault: sorted(rows) for fault, rows in tests.items()}
 
 
-def batches(tests):
-    """The tests in runs of one suite each; every next run may take twice as long, so that a fault that never ends
-    is found by a short one."""
+def batches(tests, longest):
+    """The tests in runs of one suite each, so many that they take the seconds given; every next run may take twice as
+    long, so that a fault that never ends is found by a short one."""
+    totals = itertools.accumulate(row[0] for row in tests)
+    tests = [row for row, total in zip(tests, totals) if total <= 1000 * longest]
     milliseconds = 1000
     while tests:
         size = sum(1 for total in itertools.accumulate(row[0] for row in tests) if total <= milliseconds) or 1
@@ -323,14 +325,15 @@ def batches(tests):
         milliseconds *= 2
 
 
-def noticed(fault, tests):
+def noticed(fault, tests, longest):
     """True when one of the tests fails with the fault switched on."""
-    return any(not run(suite, names, seconds, KELU_FAULT=str(fault)) for suite, names, seconds in batches(tests))
+    runs = batches(tests, longest)
+    return any(not run(suite, names, seconds, KELU_FAULT=str(fault)) for suite, names, seconds in runs)
 
 
-def tried(fault, n, tests):
+def tried(fault, n, tests, longest):
     """Whether the fault is noticed; one that isn't gets its line."""
-    if noticed(n, tests):
+    if noticed(n, tests, longest):
         return True
     name, operator, edits = fault
     text = (ROOT / name).read_bytes()[edits[0][0]:edits[-1][1]].decode()
@@ -343,6 +346,7 @@ def main():
     words.add_argument("--count", type=int, default=300, help="faults to plant (300)")
     words.add_argument("--seed", type=int, default=1, help="of their choice (1)")
     words.add_argument("--jobs", type=int, default=os.cpu_count(), help="runs side by side (one a core)")
+    words.add_argument("--seconds", type=int, default=120, help="of tests at most for each fault (120)")
     words.add_argument("paths", nargs="+", metavar="PATH", help="a source file, or a folder of them")
     words = words.parse_args()
     names = [str(file.resolve().relative_to(ROOT)) for path in map(Path, words.paths)
@@ -355,7 +359,7 @@ def main():
     tests = reached_by(words.jobs)
     planted = [n for n, fault in enumerate(faults) if fault]
     with concurrent.futures.ThreadPoolExecutor(words.jobs) as pool:
-        caught = dict(zip(planted, pool.map(lambda n: tried(faults[n], n, tests.get(n, [])), planted)))
+        caught = dict(zip(planted, pool.map(lambda n: tried(faults[n], n, tests.get(n, []), words.seconds), planted)))
     for title, key in (("operator", lambda n: faults[n][1]), ("folder", lambda n: str(Path(faults[n][0]).parent))):
         all_rows, good = Counter(map(key, planted)), Counter(key(n) for n in planted if caught[n])
         for row in sorted(all_rows):

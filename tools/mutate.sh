@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Plants small faults and names those that no test notices: mutate.sh [--count N] [--seed S] [--jobs N] PATH...
+# Plants small faults and names those that no test notices: mutate.sh [--count N] [--seed S] [--jobs N] [--seconds N] PATH...
 # PATH is a source file or a folder of them. Works on a copy of the tree in build/mutate, so that the sources stay as
 # they are. With ccache it takes a build, a run of the tests, and some seconds a fault.
 set -euo pipefail
