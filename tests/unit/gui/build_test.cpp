@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Screens from rows: places, standard looks, focus, texts. The field editor: typing, repeat, caret and view, Tab.
+// Screens from rows: places, texts. The field editor: typing, repeat, caret and view.
 #include "gui/build.h"
 
 #include "gui/field.h"
@@ -22,10 +22,8 @@
 namespace kelu {
 namespace {
 
-enum { SLOT_NAME = 3, SLOT_DONE = 6 };
-constexpr SlotRow plain_slots[] = {title_row(2, 2, 87, TEXT_GRID_SETTINGS), push_row(SLOT_DONE, 2, 90, 39, TEXT_OKAY)};
-constexpr SlotRow field_slots[] = {field_row(SLOT_NAME, 2, 12, 41, 4, 4)};
-constexpr MenuLayout plain = {MENU_TOOL, WINDOW_TOOL_AND_INK, 70, 80, 90, 100, 7, plain_slots};
+constexpr int slot_name = 3;
+constexpr SlotRow field_slots[] = {field_row(slot_name, 2, 12, 41, 4, 4)};
 constexpr MenuLayout tall = {MENU_MACRO, WINDOW_MACRO, 0, 207, 122, 189, 7, field_slots};
 
 using Build = test::FreshState;
@@ -40,30 +38,14 @@ std::string bare(std::string text)
 
 } // namespace
 
-TEST_F(Build, ANewScreenLeavesNothingOfTheOldOne)
-{
-    build_screen(plain);
-    gui_logic.gui_key_focus = SLOT_NAME;
-    build_screen(tall);
-    EXPECT_EQ(gui.active[SLOT_DONE], 0);
-    EXPECT_EQ(gui_logic.gui_key_focus, SLOT_NAME); // it has a field
-    build_screen(plain);
-    EXPECT_EQ(gui_logic.gui_key_focus, -1);
-    close_screen();
-    EXPECT_EQ(menus.menu_id, MENU_DRAW);
-    for (int slot = 0; slot < gui_slots; ++slot)
-        ASSERT_EQ(gui.active[slot], 0) << slot;
-}
-
 TEST_F(Build, AWindowOpensWhereItWasPutOrJustFits)
 {
-    EXPECT_EQ(build_screen(tall).y, 239 - 189);
     EXPECT_EQ(fitted_origin(300, 10, 100, 20).x, 219);
     EXPECT_EQ(fitted_origin(0, 207, 319, 32).y, 207);
     EXPECT_EQ(fitted_origin(0, 10, 400, 300).x, 0);
     menus.window_pos[WINDOW_MACRO] = {10, 230}; // used as it stands
     EXPECT_EQ(build_screen(tall).y, 230);
-    EXPECT_EQ(gui.y[SLOT_NAME], 242);
+    EXPECT_EQ(gui.y[slot_name], 242);
 }
 
 TEST_F(Build, DescriptionsFitTheirPanelAndMessagesTheStatusBar)
@@ -192,16 +174,10 @@ TEST_F(FieldTest, AHeldKeyRepeatsAfter28PassesAndThenEvery5)
 {
     gui.field_max[4] = 100;
     ::key[KEY_A] = 1;
-    passes(28);
-    EXPECT_EQ(text(), "a");
-    passes(1);
-    EXPECT_EQ(text(), "aa");
-    passes(4);
-    EXPECT_EQ(text(), "aa");
-    passes(1);
-    EXPECT_EQ(text(), "aaa");
-    passes(5);
-    EXPECT_EQ(text(), "aaaa");
+    for (const auto& [more, typed] : {std::pair{28, "a"}, {1, "aa"}, {4, "aa"}, {1, "aaa"}, {5, "aaaa"}}) {
+        passes(more);
+        EXPECT_EQ(text(), typed);
+    }
 }
 
 TEST_F(FieldTest, KeysEditTheTextAndMoveCaretAndView)
@@ -247,18 +223,6 @@ TEST_F(FieldTest, EditsOutsideTheFieldAreRefused)
     gui_delete_field_forward(4, 0);
     EXPECT_TRUE(gui_insert_field(4, 'X', 254));
     EXPECT_EQ(text().size(), 255U);
-}
-
-TEST_F(FieldTest, TabGoesRoundTheFieldsAndToTheirEnds)
-{
-    build_slot(field_row(9, 20, 60, 40, 4, 8), 0, 0);
-    set_field_text(9, "HELLO");
-    gui.field_caret[9] = 0;
-    type(KEY_TAB);
-    EXPECT_EQ(gui_logic.gui_key_focus, 9);
-    EXPECT_EQ(gui.field_caret[9], 5);
-    type(KEY_TAB);
-    EXPECT_EQ(gui_logic.gui_key_focus, 4);
 }
 
 TEST_F(FieldTest, AClickPutsTheCaretBehindTheCharacter)

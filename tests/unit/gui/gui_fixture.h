@@ -11,9 +11,7 @@
 #include "gui/slots.h"
 #include "runtime/clock.h"
 #include "runtime/input.h"
-#include "runtime/jobs.h"
 #include "runtime/preferences.h"
-#include "runtime/toolbox.h"
 #include "support/fresh_state.h"
 #include <allegro.h>
 
