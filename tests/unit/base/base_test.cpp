@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The log's own format language, angles and distances, and the bounded reader with its writer.
+// The log's own format language, angles and distances, and the bounded reader.
 #include "base/log.h"
 #include "base/maths.h"
 #include "base/reader.h"
@@ -35,31 +35,6 @@ TEST(Maths, DistancesTruncateAndAnglesTurnByQuadrant)
     for (const auto& [x, y, angle] :
          {Row{0, 9, 0}, {9, 9, 315}, {9, 0, 270}, {9, -9, 225}, {0, -9, 180}, {-9, -9, 135}, {-9, 9, 45}})
         EXPECT_NEAR(angle_between(0, 0, x, y), angle, 0.001);
-}
-
-TEST(ByteReader, ReadsWhatTheWriterWroteInBothOrders)
-{
-    Bytes bytes;
-    ByteWriter out(bytes);
-    out.text("Ab");
-    out.byte(0x1ff);
-    out.big16(0x1234);
-    out.little16(0xfedc);
-    out.big32(0x89abcdef);
-    out.little32(0x80000001);
-    out.fill(2, 7);
-    EXPECT_EQ(bytes, (Bytes{'A', 'b', 0xff, 0x12, 0x34, 0xdc, 0xfe, 0x89, 0xab, 0xcd, 0xef, 1, 0, 0, 0x80, 7, 7}));
-
-    ByteReader in(bytes);
-    EXPECT_FALSE(in.match("AB"));
-    EXPECT_TRUE(in.match("Ab"));
-    EXPECT_EQ(in.byte(), 0xff);
-    EXPECT_EQ(in.big16(), 0x1234);
-    EXPECT_EQ(in.little16(), 0xfedc);
-    EXPECT_EQ(in.big32(), 0x89abcdef);
-    EXPECT_EQ(in.little32(), 0x80000001);
-    EXPECT_EQ(in.left(), 2u);
-    EXPECT_FALSE(in.ended());
 }
 
 TEST(ByteReader, GivesZerosAndEndsPastTheEnd)

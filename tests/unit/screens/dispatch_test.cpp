@@ -8,25 +8,26 @@
 #include "gui/tooltips.h"
 #include "imagefile/formats.h"
 #include "imagefile/png.h"
-#include "runtime/failure_reports.h"
 #include "runtime/pixels.h"
 #include "runtime/preferences.h"
 #include "runtime/store.h"
 #include "screens/browser_slots.h"
 #include "screens/preview.h"
+#include "support/fresh_state.h"
 #include "support/paths.h"
 #include "support/pictures.h"
 #include "support/temporary_folder.h"
 #include "workspace/merged.h"
 #include <filesystem>
-#include <gtest/gtest.h>
+#include <tuple>
+#include <utility>
 
 namespace kelu {
 namespace {
 
 using namespace test;
 
-class Dispatch : public testing::Test {
+class Dispatch : public FreshState {
 protected:
     Dispatch()
     {
@@ -39,20 +40,7 @@ protected:
         colors_ = store.frame_bitmap.copy();
         alpha_ = store.alpha_bitmap.copy();
     }
-    ~Dispatch() override
-    {
-        store = {};
-        menus = {};
-        preferences = {};
-        run_state = {};
-        screen_state.preview_bitmap.reset();
-    }
-    /// Another frame, into which something is loaded.
-    static void blank_frame()
-    {
-        store.frame_bitmap = Bitmap(4, 4, 0x111111);
-        store.alpha_bitmap = Bitmap(4, 4, 0x222222);
-    }
+    ~Dispatch() override { screen_state.preview_bitmap.reset(); }
 
     TemporaryFolder folder_;
     Bitmap colors_, alpha_;
@@ -66,7 +54,8 @@ TEST_F(Dispatch, AlphaTravelsInPngAndIconsAndIsOpaqueElsewhere)
         store.frame_bitmap = colors_.copy();
         store.alpha_bitmap = alpha_.copy();
         ASSERT_TRUE(save_picture_file(name, BROWSE_PICTURE)) << name;
-        blank_frame();
+        store.frame_bitmap = Bitmap(4, 4, 0x111111); // another one, into which it is loaded
+        store.alpha_bitmap = Bitmap(4, 4, 0x222222);
         ASSERT_TRUE(load_picture_file(name, BROWSE_PICTURE)) << name;
         const bool keeps = name[2] == 'P' ? name[3] == 'N' : name[2] == 'I';
         EXPECT_EQ(difference(store.frame_bitmap, colors_), "") << name;
@@ -75,12 +64,9 @@ TEST_F(Dispatch, AlphaTravelsInPngAndIconsAndIsOpaqueElsewhere)
     EXPECT_EQ(menus.status_message, TIP_LOADED);
 }
 
-TEST_F(Dispatch, AlphaEditingChangesNothingInPng)
+TEST_F(Dispatch, APictureGetsItsOpaqueAlphaInAlphaEditingToo)
 {
-    ASSERT_TRUE(save_picture_file("plain.png", BROWSE_PICTURE));
     toggle_alpha_edit();
-    ASSERT_TRUE(save_picture_file("swapped.png", BROWSE_PICTURE));
-    EXPECT_TRUE(folder_.text("plain.png") == folder_.text("swapped.png"));
     ASSERT_TRUE(load_picture_file(data_folder() + "/jpeg/rgb.jpg", BROWSE_PICTURE));
     EXPECT_EQ(row(alpha_picture(), 3)[3], 0xffffff); // opaque by role, with the picture in the other bitmap
     EXPECT_NE(row(color_picture(), 3)[3], 0xffffff);
@@ -92,10 +78,6 @@ TEST_F(Dispatch, OtherNamesBecomePngWithoutAlpha)
         ASSERT_TRUE(save_picture_file(name, BROWSE_PICTURE)) << name;
         EXPECT_EQ(difference(load_png(name), colors_), "") << name;
     }
-    // A name that tells nothing is loaded by what stands in the file.
-    blank_frame();
-    EXPECT_TRUE(load_picture_file("name", BROWSE_PICTURE));
-    EXPECT_EQ(difference(store.frame_bitmap, colors_), "");
 }
 
 TEST_F(Dispatch, WhatCannotBeLoadedLeavesTheFrame)
@@ -121,13 +103,8 @@ TEST_F(Dispatch, WhatCannotBeLoadedLeavesTheFrame)
     EXPECT_FALSE(load_picture_file("text.png", BROWSE_FAVORITES));
 }
 
-TEST_F(Dispatch, AFailedSaveSaysSoAndAnOldFileStands)
+TEST_F(Dispatch, WhatIsTooLargeForAnIconLeavesTheOldFile)
 {
-    EXPECT_FALSE(save_picture_file("no/such/folder/a.png", BROWSE_PICTURE));
-    const auto report = take_failure_report();
-    ASSERT_TRUE(report);
-    EXPECT_EQ(report->what, "THE FILE COULDN'T BE SAVED!");
-    EXPECT_EQ(report->where, folder_.path().string() + "/no/such/folder/a.png");
     store.frame_bitmap = Bitmap(257, 3);
     store.alpha_bitmap = Bitmap(257, 3);
     folder_.put("old.ico", "old");
@@ -149,35 +126,28 @@ TEST_F(Dispatch, PreviewsFitShrinkAndGiveWay)
 {
     save_png("large.png", Bitmap(500, 400, 0x102030));
     save_png("small.png", Bitmap(3, 700, 0x405060));
+    save_png("limit.png", Bitmap(8, 8, 0x708090));
+    std::filesystem::copy_file("limit.png", "below.png");
+    std::filesystem::resize_file("limit.png", 2'048'000);
+    std::filesystem::resize_file("below.png", 2'047'999);
     folder_.put("damaged.png", "no picture");
     folder_.put("a.wsp", "kWSP");
-    update_preview("large.png", false);
-    EXPECT_EQ(preview_middle(), 0x102030);
-    update_preview("small.png", false);
-    EXPECT_EQ(preview_middle(), 0x405060);
-    for (const char* name : {"damaged.png", "a.wsp", "none"}) {
-        update_preview("small.png", false);
-        update_preview(name, false);
-        EXPECT_EQ(preview_middle(), fixed_colours.menu_grey) << name;
+    const int none = fixed_colours.menu_grey;
+    for (const auto& [name, clicked, middle] : {std::tuple{"large.png", false, 0x102030},
+                                                {"damaged.png", false, none},
+                                                {"small.png", false, 0x405060},
+                                                {"a.wsp", false, none},
+                                                {"limit.png", true, 0x708090},
+                                                {"limit.png", false, none},
+                                                {"below.png", false, 0x708090},
+                                                {"none", false, none}}) {
+        update_preview(name, clicked);
+        EXPECT_EQ(preview_middle(), middle) << name;
     }
-    EXPECT_EQ(difference(store.alpha_bitmap, alpha_), ""); // nothing has touched the frame
-}
-
-TEST_F(Dispatch, PreviewLimits)
-{
-    save_png("padded.png", Bitmap(8, 8, 0x102030));
-    std::filesystem::resize_file("padded.png", 2'048'000);
-    update_preview("padded.png", false);
-    EXPECT_EQ(preview_middle(), fixed_colours.menu_grey);
-    update_preview("padded.png", true); // by a click
-    EXPECT_EQ(preview_middle(), 0x102030);
-    std::filesystem::resize_file("padded.png", 2'047'999);
-    show_preview_message(PREVIEW_UNAVAILABLE);
-    update_preview("padded.png", false);
-    EXPECT_EQ(preview_middle(), 0x102030);
     preferences.file_preview_mode = 0;
-    update_preview("padded.png", true);
-    EXPECT_EQ(preview_middle(), fixed_colours.menu_grey);
+    update_preview("large.png", true);
+    EXPECT_EQ(preview_middle(), none);
+    EXPECT_EQ(difference(store.alpha_bitmap, alpha_), ""); // nothing has touched the frame
 }
 
 } // namespace
