@@ -186,7 +186,7 @@ TEST_F(Framework, AnyParametersAreHarmless)
     }
 }
 
-TEST_F(Framework, TintsRunAnIntervalApartAndHeldBackWhileTimersAreLocked)
+TEST_F(Framework, TintsRunAnIntervalApartAndAreHeldAndSentElsewhere)
 {
     tint.tint_opacity = 0;
     FW_tint_screen(10, 20, 30, 5, 5, 1);
@@ -200,22 +200,17 @@ TEST_F(Framework, TintsRunAnIntervalApartAndHeldBackWhileTimersAreLocked)
     run_state.timers_locked = 1;
     tick(60);
     EXPECT_EQ(tint.tint_opacity, 2);
-}
-
-TEST_F(Framework, ATintIsSentElsewhereWithoutASecondActorAndHeldByAStepOfZero)
-{
-    FW_tint_screen(0, 0, 0, 100, 0, 100);
-    tick(1);
+    run_state.timers_locked = 0;
+    // Sent elsewhere it takes no second actor; a step of zero holds it.
     FW_tint_screen(255, 0, 0, 20, 0, 0);
-    EXPECT_EQ(count_actors(), 1);
     tick(500);
     EXPECT_EQ(tint.tint_red, 255);
-    EXPECT_EQ(tint.tint_opacity, 100);
+    EXPECT_EQ(tint.tint_opacity, 2);
     EXPECT_EQ(count_actors(), 1);
     // A last move that reaches the target leaves the end to the next run.
-    FW_tint_screen(255, 0, 0, 98, 0, 2);
+    FW_tint_screen(255, 0, 0, 0, 0, 2);
     tick(1);
-    EXPECT_EQ(tint.tint_opacity, 98);
+    EXPECT_EQ(tint.tint_opacity, 0);
     EXPECT_EQ(count_actors(), 1);
     tick(1);
     EXPECT_EQ(count_actors(), 0);

@@ -36,43 +36,38 @@ TEST_F(Logic, FreeSlotsAreSoughtFromBothEndsPastReservedOnes)
     EXPECT_EQ(gui_find_free_slot(1), -1);
 }
 
-TEST_F(Logic, HoverTakesTheHighestSlotWithoutItsLastColumnAndRow)
+TEST_F(Logic, PressAndHoverReachTheFirstSlotFromAboveThatTakesThem)
 {
     place(0, KIND_WINDOW, 10, 10, 100, 50);
     place(3, KIND_BUTTON, 20, 20, 39, 9);
     place(5, KIND_HIT, 20, 20, 39, 9);
+    place(9, KIND_HIT, 20, 20, 39, 9);
+    gui.left_action[3] = ACT_CLICK;
+    gui.left_action[5] = ACT_PRESS;
+    click(30, 22);
+    EXPECT_EQ(gui.event[5].take(), 1);
+    EXPECT_EQ(gui.event[3], 0);
+    gui.left_action[5] = ACT_NONE;
+    click(30, 22);
+    EXPECT_EQ(gui.event[3].take(), 3) << "a click tells its slot";
+    run_state.gui_clicks_enabled = 0;
+    click(30, 22);
+    EXPECT_EQ(gui.event[3], 0);
+
     const auto hover_at = [](int x, int y) {
         point(x, y);
         passes(1);
         return int(pointer.gui_hover_slot);
     };
-    EXPECT_EQ(hover_at(20, 20), 5);
-    gui.hover_target[5] = 0;
+    EXPECT_EQ(hover_at(20, 20), 9);
+    gui.hover_target[9] = gui.hover_target[5] = 0;
     EXPECT_EQ(hover_at(20, 20), 3);
     EXPECT_EQ(hover_at(57, 27), 3);
-    EXPECT_EQ(hover_at(58, 27), 0);
-    EXPECT_EQ(hover_at(57, 28), 0);
+    EXPECT_EQ(hover_at(58, 27), 0) << "not in the last column";
+    EXPECT_EQ(hover_at(57, 28), 0) << "nor in the last row";
     gui.hidden[3] = 1;
     EXPECT_EQ(hover_at(20, 20), 0);
     EXPECT_EQ(hover_at(9, 10), -1);
-}
-
-TEST_F(Logic, ThePressReachesTheFirstSlotFromAboveThatHasAnAction)
-{
-    place(2, KIND_BUTTON, 20, 20, 39, 9);
-    place(7, KIND_HIT, 20, 20, 39, 9);
-    place(9, KIND_HIT, 20, 20, 39, 9);
-    gui.left_action[2] = ACT_CLICK;
-    gui.left_action[7] = ACT_PRESS;
-    click(30, 22);
-    EXPECT_EQ(gui.event[7].take(), 1);
-    EXPECT_EQ(gui.event[2], 0);
-    gui.left_action[7] = ACT_NONE;
-    click(30, 22);
-    EXPECT_EQ(gui.event[2].take(), 2);
-    run_state.gui_clicks_enabled = 0;
-    click(30, 22);
-    EXPECT_EQ(gui.event[2], 0);
 }
 
 TEST_F(Logic, NothingIsDispatchedBeforeTheDisplayIsReady)
