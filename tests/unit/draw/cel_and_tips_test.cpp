@@ -18,8 +18,9 @@
 #include "runtime/toolbox.h"
 #include "runtime/view.h"
 #include "support/fresh_state.h"
+#include "support/pictures.h"
 #include "support/pixel_text.h"
-#include <algorithm>
+#include <array>
 #include <gtest/gtest.h>
 
 namespace kelu {
@@ -125,16 +126,12 @@ TEST_F(CelTest, TurnsOfTheTransformWindow)
     EXPECT_EQ(wide[1].front(), 'b');
 }
 
-TEST_F(CelTest, PlainAndBelowGoThroughTheInk)
+TEST_F(CelTest, BelowGoesThroughTheInkWhereTheFrameIsBlack)
 {
     set_cel({"at", "cd"});
     set_frame({"bb.", "b..", "..."});
-    cel_work.cel_place.x = 0;
-    cel_work.cel_place.y = 0;
-    commit_cel(CEL_PLAIN);
-    EXPECT_EQ(frame(), (Lines{"ab.", "cd.", "..."}));
-    set_frame({"bb.", "b..", "..."});
     cel_work.cel_place.x = 1;
+    cel_work.cel_place.y = 0;
     commit_cel(CEL_BELOW);
     EXPECT_EQ(frame(), (Lines{"bbt", "bcd", "..."}));
 }
@@ -143,7 +140,6 @@ class TipsTest : public test::FreshState {
 protected:
     void SetUp() override { store.tip_sheet = Bitmap(206, 62, mask_magenta); }
     void TearDown() override { tips = {}; }
-    static void put(int x, int y, int value) { row(store.tip_sheet, y)[x] = pack_rgb(value, 0, 0); }
 };
 
 TEST_F(TipsTest, CustomTipEndsAtItsRectangleAndCellsBeyondTheSheetHaveNoInk)
@@ -161,12 +157,9 @@ TEST_F(TipsTest, CustomTipEndsAtItsRectangleAndCellsBeyondTheSheetHaveNoInk)
 
 TEST_F(TipsTest, CursorShowsRimOrOutlineAndReach)
 {
-    for (int y = 6; y <= 8; ++y) { // a 3 x 3 block round the centre, one arm two pixels longer to the right
-        for (int x = 7; x <= 9; ++x)
-            put(x, y, 199);
-    }
-    put(10, 7, 0);
-    put(11, 7, 0);
+    // A 3 x 3 block round the centre, one arm two pixels longer to the right.
+    rectfill(store.tip_sheet, 7, 6, 9, 8, pack_rgb(199, 0, 0));
+    hline(store.tip_sheet, 10, 7, 11, 0);
     const test::Legend letters{{'.', 0x000000}, {'#', 0xffffff}};
     const auto middle = [&] {
         Lines lines;
@@ -182,10 +175,8 @@ TEST_F(TipsTest, CursorShowsRimOrOutlineAndReach)
     rebuild_tip_cursor();
     EXPECT_EQ(middle(),
               (Lines{".........", "..###....", ".#...##..", ".#.....#.", ".#...##..", "..###....", "........."}));
-    EXPECT_EQ(tips.reach.left, 1);
-    EXPECT_EQ(tips.reach.right, 3);
-    EXPECT_EQ(tips.reach.up, 1);
-    EXPECT_EQ(tips.reach.down, 1);
+    const auto& [left, right, up, down] = tips.reach;
+    EXPECT_EQ((std::array{left, right, up, down}), (std::array{1, 3, 1, 1}));
 }
 
 TEST_F(TipsTest, FullSheetLeavesTheCursorEmptyAndBadTipsAreRefused)
@@ -193,10 +184,7 @@ TEST_F(TipsTest, FullSheetLeavesTheCursorEmptyAndBadTipsAreRefused)
     clear_to_color(store.tip_sheet, 0);
     preferences.cursor_tip = 1;
     set_brush_tip(14); // a cell with neighbours on all sides
-    for (int y = 0; y < tip_cell_h; ++y) {
-        for (int x = 0; x < tip_cell_w; ++x)
-            EXPECT_EQ(row(tips.tip_cursor, y)[x], 0);
-    }
+    EXPECT_EQ(test::difference(tips.tip_cursor, Bitmap(tip_cell_w, tip_cell_h)), "");
     EXPECT_EQ(tips.reach.left, 8);
     EXPECT_EQ(tips.reach.down, 7);
     set_brush_tip(100);

@@ -120,10 +120,8 @@ TEST_F(InkRunTest, GradientsAreAsByPixel)
                 SCOPED_TRACE(x);
                 set_option(INK_L_GRAD, options::banding.column, banding);
                 set_option(INK_L_GRAD, options::repeat.column, repeat);
-                set_option(INK_L_GRAD, GRADIENT_START_X, 5);
-                set_option(INK_L_GRAD, GRADIENT_START_Y, 4);
-                set_option(INK_L_GRAD, GRADIENT_END_X, x);
-                set_option(INK_L_GRAD, GRADIENT_END_Y, y);
+                for (int column = GRADIENT_START_X; const int node : {5, 4, x, y})
+                    set_option(INK_L_GRAD, column++, node);
                 update_gradient_geometry();
                 expect_as_by_pixel(INK_L_GRAD, 0);
                 if (HasFatalFailure()) return;
@@ -160,11 +158,9 @@ TEST_F(InkRunTest, AStretchedCelIsAsStretchedByAllegro)
         begin(Bitmap(w, h, 0x123456));
         store.cel_bitmap =
             test::paint(cel_w, cel_h, [](int, int) { return rnd(4) == 0 ? mask_magenta : rnd(0xffffff); });
-        const auto corner = [] { return rnd(260) - 100; };
-        cel_work.cel_place.x = corner();
-        cel_work.cel_place.y = corner();
-        cel_work.cel_place.x2 = corner();
-        cel_work.cel_place.y2 = corner();
+        CelPlace& place = cel_work.cel_place;
+        for (int* const corner : {&place.x, &place.y, &place.x2, &place.y2})
+            *corner = rnd(260) - 100;
         const Bitmap expected = store.frame_bitmap.copy();
         stretch_plainly(expected);
         toolbox.ink_slots[toolbox.ink_slot] = INK_OPAQUE;

@@ -100,14 +100,12 @@ TEST(Shapes, LookAsTheyDid)
 
 TEST(RegularPolygon, RefusesWhatIsOutOfRange)
 {
-    Points points{{1, 1}};
     Bounds bounds;
-    for (const int sides : {2, 33, -1}) {
-        EXPECT_EQ(plot_polygon(0, 0, 0, 10, sides, points, bounds), -1);
-        EXPECT_TRUE(points.empty());
+    for (const auto& [radius, sides] : {std::pair{10, 2}, {10, 33}, {10, -1}, {0, 5}, {513, 5}}) {
+        Points points{{1, 1}};
+        EXPECT_EQ(plot_polygon(0, 0, 0, radius, sides, points, bounds), -1);
+        EXPECT_TRUE(points.empty()) << radius << ", " << sides;
     }
-    for (const int radius : {0, 513})
-        EXPECT_EQ(plot_polygon(0, 0, 0, radius, 5, points, bounds), -1);
 }
 
 TEST(FreehandShape, JumpsRepeatTheLastSample)
