@@ -135,9 +135,9 @@ TEST(Places, PicturesLieWhereTheListSays)
     EXPECT_EQ(picture_folder(), in_home + "elsewhere/x");
 }
 
-TEST(Scaler, EachPixelBecomesASquareAtEveryScale)
+TEST(Scaler, EachPixelOfTheRowsBecomesASquareAtEveryScale)
 {
-    const Bitmap picture = test::paint(13, 6, [](int x, int y) { return (x * 7 + 1) << 16 | (y * 5 + 2) << 8 | 9; });
+    Bitmap picture = test::paint(13, 6, [](int x, int y) { return (x * 7 + 1) << 16 | (y * 5 + 2) << 8 | 9; });
     for (int scale = min_scale; scale <= max_scale; ++scale) {
         const Bitmap scaled(13 * scale, 6 * scale);
         const Bitmap expected(13 * scale, 6 * scale);
@@ -145,11 +145,8 @@ TEST(Scaler, EachPixelBecomesASquareAtEveryScale)
         scale_rows(picture, scaled, scale, 0, 5, ChannelOrder::PLAIN);
         EXPECT_EQ(test::difference(scaled, expected), "") << scale;
     }
-}
-
-TEST(Scaler, LeavesOtherRowsAloneAndExchangesRedAndBlue)
-{
-    const Bitmap picture(13, 6, 0x112233);
+    // Other rows stay as they are; red and blue exchanged.
+    picture = Bitmap(13, 6, 0x112233);
     const Bitmap scaled(13 * 3, 6 * 3, 0x123456);
     scale_rows(picture, scaled, 3, 2, 3, ChannelOrder::EXCHANGED);
     const Bitmap expected =

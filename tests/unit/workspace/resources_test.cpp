@@ -3,6 +3,7 @@
 // fixed pictures of the program: as the build makes them, the tiles made at start, and the outline library.
 #include "workspace/resources.h"
 
+#include "base/log.h"
 #include "framework/resource_files.h"
 #include "gui/text.h"
 #include "imagefile/gif.h"
@@ -10,8 +11,8 @@
 #include "platform/host.h"
 #include "runtime/pixels.h"
 #include "runtime/sheets.h"
-#include "support/log_lines.h"
 #include "support/paths.h"
+#include "support/temporary_folder.h"
 #include <chrono>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -104,17 +105,21 @@ TEST(resource_files_DeathTest, unusable_files_end_the_program_with_a_message)
     platform::Host host = platform::headless_host;
     host.show_message = [](const char* text) { std::fprintf(stderr, "box: %s\n", text); };
     platform::host = &host;
-    LogLines log;
+    const TemporaryFolder folder;
+    log_open();
+    std::string told;
     ASSERT_TRUE(platform::replace_file("TORN", scramble(Bytes{'G', 'I', 'F', '8'}, 3)));
-    const auto stops = [&log](void (*load)(), const std::string& box, const std::string& line) {
+    const auto stops = [&](void (*load)(), const std::string& box, const std::string& line) {
         EXPECT_EXIT(load(), testing::ExitedWithCode(255), "box: " + box);
-        EXPECT_EQ(log.take(), std::vector{"ERROR: Failed to " + line});
+        told += "ERROR: Failed to " + line + "\n";
+        EXPECT_EQ(folder.text("FW_log.txt"), told);
     };
     const std::string missing = "A critical resource file is missing. Please reinstall";
     stops([] { load_resource_bitmap("NONE"); }, missing, "find a resource file. File = NONE");
     stops([] { load_resource_bitmap("TORN"); }, missing, "find a resource file. File = TORN");
     stops([] { convert_resource("NONE.gif", "NONE"); }, "A resource file conversion failed.",
           "convert a resource file. File = NONE.gif");
+    log_close();
     platform::host = &platform::headless_host;
 }
 
