@@ -51,15 +51,6 @@ Seen seen_in(const std::string& name)
     return seen;
 }
 
-/// Transparent pixels have no colour to compare.
-Bitmap plain_nothing(const Bitmap& picture)
-{
-    return paint(picture.width(), picture.height(), [&picture](int x, int y) {
-        const int pixel = row(picture, y)[x];
-        return static_cast<unsigned>(pixel) >> 24 == 0 ? 0 : pixel;
-    });
-}
-
 /// A session in a folder of pictures, with four frames of which three are tagged, and the animation screen open.
 class AnimationFiles : public testing::Test {
 protected:

@@ -45,6 +45,14 @@ Bitmap colorful(int w, int h)
     });
 }
 
+Bitmap plain_nothing(BITMAP* picture)
+{
+    return paint(picture->w, picture->h, [picture](int x, int y) {
+        const int pixel = row(picture, y)[x];
+        return static_cast<unsigned>(pixel) >> 24 == 0 ? 0 : pixel;
+    });
+}
+
 std::string difference(BITMAP* a, BITMAP* b)
 {
     std::ostringstream text;
@@ -73,8 +81,6 @@ double loss(BITMAP* a, BITMAP* b)
                 sum += std::abs((row(a, y)[x] >> shift & 255) - (row(b, y)[x] >> shift & 255));
     return static_cast<double>(sum) / (3.0 * a->w * a->h);
 }
-
-bool convert_installed() { return std::system("command -v convert >/dev/null 2>&1") == 0; }
 
 std::optional<Bitmap> decoded_by_convert(const std::string& file_name)
 {

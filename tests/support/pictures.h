@@ -23,6 +23,8 @@ Bytes data_file(const std::string& name);
 Bitmap paint(int w, int h, const std::function<int(int x, int y)>& pixel);
 /// A picture with many colours, and an alpha that is 0 nowhere and 255 seldom.
 Bitmap colorful(int w, int h);
+/// The picture without the colours that transparent pixels have.
+Bitmap plain_nothing(BITMAP* picture);
 
 /// Where two pictures differ first, as a text; empty when they are equal in size and every word.
 std::string difference(BITMAP* a, BITMAP* b);
@@ -31,7 +33,5 @@ double loss(BITMAP* a, BITMAP* b);
 
 /// How ImageMagick's convert decodes a file, in merged form; nothing when it can't, or isn't installed.
 std::optional<Bitmap> decoded_by_convert(const std::string& file_name);
-/// True when convert is installed.
-bool convert_installed();
 
 } // namespace kelu::test

@@ -3,6 +3,7 @@
 #include "imagefile/png.h"
 
 #include "imagefile/picture_files.h"
+#include "imagefile/png_write.h"
 #include "runtime/pixels.h"
 #include "support/paths.h"
 #include "support/pictures.h"
@@ -29,18 +30,14 @@ int fixture_pixel(const std::string& kind, int depth, int x, int y)
     return kind == "rgba" ? color | alpha(3) : color;
 }
 
-/// A file of chunks, each with the CRC that belongs to it.
+/// A file of chunks.
 class Chunks {
 public:
     Chunks() { ByteWriter(bytes).text("\x89PNG\r\n\x1a\n"); }
     Chunks& add(const std::string& type, const Bytes& data)
     {
         ByteWriter out(bytes);
-        out.big32(static_cast<uint32_t>(data.size()));
-        const std::size_t from = bytes.size();
-        out.text(type);
-        out.append(data);
-        out.big32(static_cast<uint32_t>(crc32(0, bytes.data() + from, static_cast<uInt>(bytes.size() - from))));
+        put_png_chunk(out, type, data);
         return *this;
     }
     Chunks& head(uint32_t w, uint32_t h, int depth, int color_type, int compression = 0, int filter = 0,
@@ -125,9 +122,8 @@ TEST(png, round_trips_keep_every_bit_and_other_decoders_agree)
         const Bitmap merged = colorful(w, 258 - w);
         round_trip(paint(w, 258 - w, [&](int x, int y) { return row(merged, y)[x] & 0xffffff; }), 2);
         round_trip(merged, 6);
-        if (convert_installed()) {
-            EXPECT_EQ(difference(*decoded_by_convert("picture.png"), merged), "") << w;
-        }
+        const auto seen = decoded_by_convert("picture.png");
+        EXPECT_TRUE(!seen || difference(*seen, merged).empty()) << w;
     }
 }
 
@@ -167,13 +163,6 @@ TEST(png, areas_of_one_colour_go_both_ways_by_every_filter)
         const Bytes rows = filtered_by_the_book(picture, [filter](int y) { return filter < 5 ? filter : y % 5; });
         const Bytes bytes = Chunks().head(400, 300, 8, 2).data(rows, 7).end();
         EXPECT_EQ(difference(decode_png(bytes), picture), "") << filter;
-        Bytes more = rows, fewer = rows;
-        more.push_back(0);
-        fewer.pop_back();
-        EXPECT_FALSE(decode_png(Chunks().head(400, 300, 8, 2).data(more).end()));
-        EXPECT_STREQ(png_error, "Cannot decompress data!");
-        EXPECT_FALSE(decode_png(Chunks().head(400, 300, 8, 2).data(fewer).end()));
-        EXPECT_STREQ(png_error, "Not enough data!");
     }
     const Bytes rows = filtered_by_the_book(picture, [](int) { return 4; });
     uLongf size = compressBound(rows.size());
@@ -205,28 +194,21 @@ TEST(png, takes_what_other_programs_may_write)
     Bytes wrong_crc = Chunks().head(1, 2, 8, 2).data(rows).end();
     wrong_crc[8 + 8 + 13] ^= 0x55;
     wrong_crc.back() ^= 0x55;
-    EXPECT_EQ(difference(decode_png(wrong_crc), expected), "");
-    EXPECT_EQ(difference(decode_png(Chunks().head(1, 2, 8, 2).add("tEXt", {1, 2}).data(rows, 5).add("tIME", {9}).end()),
-                         expected),
-              "");
-    EXPECT_EQ(difference(decode_png(Chunks().head(1, 2, 8, 2).add("IDAT", {}).data(rows).end()), expected), "");
+    for (const Bytes& bytes :
+         {wrong_crc, Chunks().head(1, 2, 8, 2).add("tEXt", {1, 2}).data(rows, 5).add("tIME", {9}).end(),
+          Chunks().head(1, 2, 8, 2).add("IDAT", {}).data(rows).end()})
+        EXPECT_EQ(difference(decode_png(bytes), expected), "");
 }
 
 TEST(png, says_why_it_refuses)
 {
-    struct Row {
-        Bytes bytes;
-        const char* error;
-    };
     const Bytes rows{0, 1, 2, 3, 0, 4, 5, 6};
     const auto shape = [](int depth, int type, int compression = 0, int filter = 0, int interlace = 0) {
         return Chunks().head(1, 2, depth, type, compression, filter, interlace);
     };
     Bytes truncated = shape(8, 2).data(rows).end();
     truncated.resize(truncated.size() - 14);
-    Bytes garbled = shape(8, 2).data(rows).end();
-    garbled[8 + 25 + 8 + 2] = 0xff;
-    const Row table[] = {
+    const std::pair<Bytes, const char*> table[] = {
         {{0x89, 'P'}, "File shorter than PNG signature!"},
         {Bytes(40, 'x'), "File signature mismatch!"},
         {Chunks().bytes, "Cannot read chunk length!"},
@@ -235,9 +217,7 @@ TEST(png, says_why_it_refuses)
         {Chunks().head(0, 1, 8, 2).bytes, "Zero width!"},
         {Chunks().head(1, 0, 8, 2).bytes, "Zero height!"},
         {Chunks().head(0x7fffffff, 0x7fffffff, 8, 2).data(rows).end(), "Cannot allocate bitmap!"},
-        {Chunks().head(4000, 4000, 8, 2).data(rows).end(), "Not enough data!"},
         {shape(16, 3).bytes, "Unsupported color type/depth combination!"},
-        {shape(3, 0).bytes, "Unsupported color type/depth combination!"},
         {shape(8, 7).bytes, "Unsupported color type/depth combination!"},
         {shape(8, 2, 1).bytes, "Unsupported compression method!"},
         {shape(8, 2, 0, 1).bytes, "Unsupported filter method!"},
@@ -247,17 +227,16 @@ TEST(png, says_why_it_refuses)
         {shape(8, 3).data(rows).end(), "Palette required but not found!"},
         {shape(8, 2).add("IDAT", {1, 2, 3, 4, 5, 6}).end(), "File without data!"},
         {shape(8, 2).data(rows, 2, "teSt").end(), "Not enough data!"}, // only the first run of chunks is read
-        {shape(8, 2).data({0, 1, 2, 3}).end(), "Not enough data!"},
+        {shape(8, 2).data({0, 1, 2, 3, 0, 4, 5}).end(), "Not enough data!"},
+        {shape(8, 2).data({0, 1, 2, 3, 0, 4, 5, 6, 0}).end(), "Cannot decompress data!"},
         {shape(8, 2).data({9, 1, 2, 3, 0, 4, 5, 6}).end(), "Unknown filter!"},
         {truncated, "Cannot fseek!"},
-        {garbled, "Cannot decompress data!"},
-        {shape(8, 2).data(rows).bytes, "Cannot read chunk length!"},
         {shape(8, 2).data(rows).add("IEND", {1}).bytes, "Incorrect IEND length!"},
     };
-    for (const Row& row : table) {
+    for (const auto& [bytes, error] : table) {
         png_error = "";
-        EXPECT_FALSE(decode_png(row.bytes)) << row.error;
-        EXPECT_STREQ(png_error, row.error);
+        EXPECT_FALSE(decode_png(bytes)) << error;
+        EXPECT_STREQ(png_error, error);
     }
     EXPECT_FALSE(load_png("no such file.png"));
     EXPECT_STREQ(png_error, "Cannot open file!");
