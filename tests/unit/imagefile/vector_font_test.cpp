@@ -48,7 +48,6 @@ TEST_F(VectorFontTest, AFontOfBitmapsHasItsOwnSizesOnly)
     ASSERT_TRUE(font);
     EXPECT_EQ(font_set_size(*font, 28), -1);
     EXPECT_EQ(font_set_size(*font, 8), 0);
-    EXPECT_EQ(font_text_height(*font), 8);
     EXPECT_EQ(font_text_length(*font, "AA"), 10);
     for (const auto draw : {font_draw_text, font_draw_text_plain}) {
         const Bitmap text(30, 30);
