@@ -119,6 +119,14 @@ TEST(Playback, ShowsTheTaggedFramesAndGivesTheFrameBack)
     EXPECT_EQ(store.frame_bitmap.width(), 320);
     EXPECT_EQ(view.pan_x, 0) << "where the narrow frame had to be held no longer counts";
     EXPECT_EQ(animation.anim_state, ANIM_FORWARD) << "and the animation runs on";
+    for (const int frame : {3, 2}) { // for a while another frame is tagged, and takes the place in the cache
+        tag_of(2) = tag_of(3) = 0;
+        tag({frame});
+        fill_frame_cache();
+    }
+    session.key(KEY_Z);
+    EXPECT_EQ(colors_shown(session), tagged);
+    session.key(KEY_Z);
     clear_frame_cache();
     session.key(KEY_Z);
     EXPECT_EQ(colors_shown(session), tagged) << "a running one finds its pictures";

@@ -95,6 +95,10 @@ TEST(Actions, GridZoomPansAndDroppers)
     EXPECT_EQ(toolbox.brush_color, 0xabcdef);
     session.key(KEY_F2);
     EXPECT_EQ(toolbox.mask_color, 0xabcdef);
+    session.hold_key(KEY_O);
+    EXPECT_EQ(menus.status_message, TIP_ONION_NEEDS_FRAMES);
+    session.release_key(KEY_O);
+    EXPECT_EQ(menus.status_message, TIP_NONE);
 }
 
 } // namespace kelu

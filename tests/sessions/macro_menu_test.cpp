@@ -62,6 +62,10 @@ TEST(MacroMenu, EditsStoresAndRunsAMacro)
     session.key(KEY_2);
     EXPECT_EQ(grid.grid_on, 1) << "an untouched macro leaves all as it is";
     EXPECT_EQ(toolbox.tool_slot, 4);
+    macros.macro_table[2].ink_slot = 3;
+    session.key(KEY_3);
+    EXPECT_EQ(toolbox.ink_slot, 3);
+    EXPECT_EQ(valid_macro({.grid_mode = MACRO_GRID_ON, .grid_w = 1}).grid_mode, MACRO_GRID_IGNORE);
 }
 
 } // namespace kelu

@@ -84,11 +84,11 @@ TEST_F(Tools, TheGridTakesTheNodesAndTheStrokes)
     EXPECT_EQ(painted(), outline({{50, 10}, {10, 10}}));
     session.key(KEY_U);
     // The tools that go by colour take the pixel that was clicked.
-    row(store.frame_bitmap, 101)[103] = 0x0000ff;
+    row(store.frame_bitmap, 101)[303] = 0x0000ff;
     touch_frame();
     use(TOOL_FILL, {1});
-    session.click_at(103, 101);
-    EXPECT_EQ(painted(), (Pixels{{103, 101}}));
+    session.click_at(303, 101);
+    EXPECT_EQ(painted(), (Pixels{{303, 101}}));
 }
 
 TEST_F(Tools, TheMeasurementIsAnchoredAtTheFirstPoint)

@@ -62,6 +62,11 @@ TEST_F(Dispatch, AlphaTravelsInPngAndIconsAndIsOpaqueElsewhere)
         EXPECT_EQ(difference(store.alpha_bitmap, keeps ? alpha_.get() : white.get()), "") << name;
     }
     EXPECT_EQ(menus.status_message, TIP_LOADED);
+    for (const int side : {256, 257}) {
+        store.frame_bitmap = Bitmap(256, side);
+        store.alpha_bitmap = Bitmap(256, side);
+        EXPECT_EQ(save_picture_file("LARGE.ICO", BROWSE_PICTURE), side == 256);
+    }
 }
 
 TEST_F(Dispatch, APictureGetsItsOpaqueAlphaInAlphaEditingToo)
