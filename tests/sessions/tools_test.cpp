@@ -40,7 +40,9 @@ TEST_F(Tools, PaintAsTheyDid)
     for (const Work& work : {Work{TOOL_BOX, {}, {{60, 50}, {30, 20}}},
                              {TOOL_BOX, {1}, {{70, 50}, {100, 20}}},
                              {TOOL_CIRCLE, {}, {{140, 40}, {155, 60}}},
+                             {TOOL_BOX, {1}, {{0, 0}, {5, 3}}}, // at the frame's edge
                              {TOOL_CIRCLE, {1}, {{195, 40}, {204, 52}}},
+                             {TOOL_CIRCLE, {}, {{12, 20}, {12, 20}}}, // a radius of 0
                              {TOOL_OVAL, {}, {{220, 40}, {300, 40}, {260, 60}}},
                              {TOOL_OVAL, {1}, {{220, 90}, {300, 90}, {260, 105}}},
                              {TOOL_POLY, {}, {{20, 80}, {60, 90}, {40, 130}}, true},
@@ -89,6 +91,9 @@ TEST_F(Tools, TheGridTakesTheNodesAndTheStrokes)
     use(TOOL_FILL, {1});
     session.click_at(303, 101);
     EXPECT_EQ(painted(), (Pixels{{303, 101}}));
+    toolbox.ink_slots[0] = INK_ADD; // which changes a pixel of the brush's own colour
+    session.click_at(303, 101);
+    EXPECT_NE(frame_pixel(303, 101), tool_color);
 }
 
 TEST_F(Tools, TheMeasurementIsAnchoredAtTheFirstPoint)

@@ -89,10 +89,12 @@ TEST_F(Dispatch, WhatCannotBeLoadedLeavesTheFrame)
 {
     folder_.put("text.png", "no picture");
     folder_.put("tiny", "BM");
+    folder_.put("a.ttf", "no picture");
     std::filesystem::copy_file(data_folder() + "/gif/plain.gif", "gif.png");
     std::filesystem::copy_file("gif.png", "not.jpg");
     for (const auto& [name, reason] : {std::pair{"text.png", "FILE SIGNATURE MISMATCH!"},
                                        {"tiny", "NO KIND OF PICTURE!"},
+                                       {"a.ttf", "NO KIND OF PICTURE!"},
                                        {"gif.png", "FILE SIGNATURE MISMATCH!"},
                                        {"not.jpg", "NOT A JPEG FILE: STARTS WITH 0X47 0X49"},
                                        {"missing.png", "NO SUCH FILE!"},
