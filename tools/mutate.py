@@ -73,7 +73,8 @@ ASSIGNMENTS = {"=", "+=", "-=", "|=", "&=", "^=", "*=", "<<=", ">>="}
 BODIES = {CursorKind.FUNCTION_DECL, CursorKind.CXX_METHOD, CursorKind.CONSTRUCTOR, CursorKind.FUNCTION_TEMPLATE}
 STATEMENTS = {CursorKind.COMPOUND_STMT, CursorKind.IF_STMT, CursorKind.FOR_STMT, CursorKind.CXX_FOR_RANGE_STMT,
               CursorKind.WHILE_STMT}
-SYMMETRIC = {"min", "max", "swap", "hypot", "log_line", "reset_fields", "operator=", "operator+="}  # the order of their arguments changes nothing
+# The order of their arguments changes nothing, or can't be changed: an assignment to a copy would break the program.
+SYMMETRIC = {"min", "max", "swap", "hypot", "log_line", "reset_fields", "operator=", "operator+=", "operator==", "same_size"}
 
 
 class Source:

@@ -10,7 +10,9 @@
 #include "support/pictures.h"
 #include "support/pixel_text.h"
 #include "support/point_print.h"
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <tuple>
 
 namespace kelu {
@@ -46,6 +48,10 @@ TEST(Walks, LineReportsBothEndsInOrder)
     walk_line({0, 0}, {5, 2}, [&](int x, int y) { points.push_back({x, y}); });
     EXPECT_EQ(points, (Points{{0, 0}, {1, 0}, {2, 1}, {3, 1}, {4, 2}, {5, 2}}));
     walk_circle({3, 3}, -1, [](int, int) { ADD_FAILURE() << "a negative radius has no points"; });
+    points.clear();
+    walk_circle({3, 4}, 0, [&](int x, int y) { points.push_back({x, y}); });
+    EXPECT_FALSE(points.empty());
+    EXPECT_EQ(std::ranges::count(points, Point{3, 4}), std::ssize(points));
 }
 
 TEST(Walks, OutlineMeetsEachPixelOnceAndRestsAfterEachStretch)

@@ -48,6 +48,16 @@ TEST_F(Build, AWindowOpensWhereItWasPutOrJustFits)
     EXPECT_EQ(gui.y[slot_name], 242);
 }
 
+TEST_F(Build, ASlotHoldsItsCornersAndNothingBesideThem)
+{
+    build_slot({slot_name, 10, 20, 4, KIND_BUTTON}, 0, 0);
+    const int bottom = 20 + gui.h[slot_name] - 1;
+    for (const auto& [x, y] : {std::pair{10, 20}, {13, bottom}})
+        EXPECT_TRUE(slot_holds(slot_name, x, y)) << x << ", " << y;
+    for (const auto& [x, y] : {std::pair{9, 21}, {14, 21}, {11, 19}, {11, bottom + 1}})
+        EXPECT_FALSE(slot_holds(slot_name, x, y)) << x << ", " << y;
+}
+
 TEST_F(Build, DescriptionsFitTheirPanelAndMessagesTheStatusBar)
 {
     for (const char* line : description_rows)
