@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Looking and moving: zoom, quick pan, frame jump, zoom preview, measurement, inspector and alpha preview.
+#include "draw/tips.h"
 #include "runtime/measure.h"
+#include "runtime/shows.h"
 #include "support/frames.h"
 #include "support/screen_session.h"
 #include <cstdlib>
@@ -197,6 +199,22 @@ TEST(Reading, MeasuresFromPressToPress)
     measure.measure_is_distance = 0;
     session.move(42, 20);
     EXPECT_TRUE(matches_golden(session.picture(), "tool_size"));
+}
+
+TEST(Pointer, ShowsTheRimOfTheTipFromInsideOrOutside)
+{
+    Session session(plain_home);
+    paint_tiles(300, 200);
+    session.move(150, 90);
+    session.wheel(1);
+    session.frame(fade_in);
+    for (const auto& [choice, name] : {std::pair{1, "pointer_inline"}, {2, "pointer_outline"}}) {
+        preferences.cursor_tip = choice;
+        set_brush_tip(13);
+        something_shows();
+        session.frame(3);
+        EXPECT_TRUE(matches_golden(session.picture(), name));
+    }
 }
 
 TEST(Reading, InspectsThePixelUnderThePointer)
