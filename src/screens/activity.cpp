@@ -139,9 +139,7 @@ void activity_menu(ActivityColumn which, int slot)
     clear_ghost();
     const auto entry = static_cast<std::size_t>(clicked - first_entry_slot);
     if (entry < column.entries.size() && column.entries[entry].run) column.entries[entry].run();
-    gui_clear_window();
     build_draw_menu();
-    menus.menu_id = MENU_DRAW;
 }
 
 } // namespace kelu

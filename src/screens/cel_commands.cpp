@@ -20,7 +20,6 @@ void run_cel_by_key(void (*operation)())
     gui_clear_window();
     operation();
     clear_ghost();
-    gui_clear_window();
     build_draw_menu();
     if (hidden) menu_hide(0);
 }

@@ -86,7 +86,6 @@ void cel_transform()
         }
         restore_cel_copy();
     }
-    close_screen();
     build_draw_menu();
 }
 

@@ -171,7 +171,6 @@ void ink_menu(int slot)
 {
     const int gradient = run_choice_menu(ink_choice, slot);
     if (gradient < 0) return;
-    gui_clear_window();
     build_draw_menu();
     reposition_gradient(gradient);
 }

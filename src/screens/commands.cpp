@@ -170,9 +170,7 @@ void run_over_draw_menu(void (*operation)())
 {
     gui_clear_window();
     operation();
-    gui_clear_window();
     build_draw_menu();
-    menus.menu_id = MENU_DRAW;
 }
 
 void choose_tool()

@@ -124,7 +124,6 @@ int ask(int first_text, int second_text, DialogButtons buttons)
 {
     gui_clear_window();
     const int answer = confirm_dialog(first_text, second_text, buttons);
-    gui_clear_window();
     build_draw_menu();
     return answer;
 }

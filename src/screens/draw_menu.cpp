@@ -81,7 +81,6 @@ void read_choice(Shared<int>& selected, int first_slot, int choice, void (*menu)
     if (event > 0) select_choice(selected, first_slot, choice);
     if (event != EVENT_RIGHT) return;
     menu(choice);
-    gui_clear_window();
     build_draw_menu();
 }
 
@@ -98,7 +97,6 @@ void read_choices()
 void draw_menu()
 {
     build_draw_menu();
-    menus.menu_id = MENU_DRAW;
     constexpr Pass pass{.hotkeys = IN_DRAW_MENU | IN_ANY_MENU, .right_click = RightClick::HIDES, .is_home = true};
     while (run_pass(pass)) {
         tell_of_failures();

@@ -135,7 +135,6 @@ void favorites_menu()
         show_palette();
         show_number();
     }
-    close_screen();
     build_draw_menu();
 }
 

@@ -86,7 +86,6 @@ void help_menu()
     show_page(0);
     while (run_pass(passes::plain) && gui.event[SLOT_EXIT].take() == 0)
         read_topics();
-    close_screen();
     build_draw_menu();
     menus.status_bar_away = 0;
 }

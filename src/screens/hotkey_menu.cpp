@@ -95,10 +95,8 @@ int over_frozen_screen(Dialog dialog)
     gui_clear_window();
     const int answer = dialog();
     clear_ghost();
-    gui_clear_window();
     build_hotkey_menu();
     gui.scroll_value[SLOT_LIST] = scrolled;
-    menus.menu_id = MENU_HOTKEYS;
     return answer;
 }
 
@@ -149,7 +147,6 @@ bool choose_keys()
 void hotkey_menu()
 {
     const auto backup = hotkeys.hotkey_table;
-    gui_clear_window();
     build_hotkey_menu();
     menus.status_message = TIP_REMAP;
     if (!choose_keys()) hotkeys.hotkey_table = backup;

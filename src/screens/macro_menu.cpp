@@ -111,7 +111,6 @@ void macro_menu()
     wait_for_release(ACTION_MACRO_MENU);
     if (edit_records(editor)) store_records(editor);
     macros.macro_current = editor.shown;
-    close_screen();
     build_draw_menu();
 }
 

@@ -51,7 +51,6 @@ void exec_macro(int slot)
     if (record.ink_slot != -1) toolbox.ink_slot = record.ink_slot;
     if (record.brush_tip != -1) set_brush_tip(record.brush_tip);
     apply_grid(record);
-    gui_clear_window();
     home_strip = {}; // what the macro has chosen shows
     build_draw_menu();
     flash_status_message(TIP_MACRO_DONE_1 + slot);

@@ -101,7 +101,6 @@ bool buttons_accepted()
     gui_clear_window();
     confirm_dialog(TEXT_ACCEPT_AND_CANCEL, TEXT_MUST_BE_MAPPED, DialogButtons::OKAY);
     clear_ghost();
-    gui_clear_window();
     build_mouse_menu();
     return false;
 }
@@ -131,7 +130,6 @@ bool choose_functions()
 void mouse_button_menu()
 {
     const auto backup = hotkeys.mouse_button_map;
-    gui_clear_window();
     build_mouse_menu();
     if (!choose_functions()) hotkeys.mouse_button_map = backup;
     close_screen();

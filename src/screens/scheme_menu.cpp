@@ -194,7 +194,6 @@ void scheme_menu()
         menu_scheme.scheme = worn;
     }
     recolor_sheet(menu_scheme.scheme);
-    close_screen();
     build_draw_menu();
 }
 

@@ -123,7 +123,6 @@ void tint_menu()
         touch_frame();
         settle_frame();
     }
-    close_screen();
     build_draw_menu();
 }
 

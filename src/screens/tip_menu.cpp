@@ -150,7 +150,6 @@ void choose_tip()
 {
     const int tip = tip_menu();
     if (tip >= 0) set_brush_tip(tip);
-    gui_clear_window();
     build_draw_menu();
 }
 

@@ -91,7 +91,6 @@ void workspace_menu()
         take_text(SLOT_NOTES, store.workspace_notes);
         if (read_buttons()) break;
     }
-    close_screen();
     build_draw_menu();
 }
 

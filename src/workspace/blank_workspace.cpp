@@ -128,7 +128,6 @@ void clear_workspace()
             return;
         }
         forget_protected_files();
-        drop_onion_skin();
     }
     make_blank_workspace();
     clear_frame_cache();
