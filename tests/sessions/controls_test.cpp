@@ -6,6 +6,7 @@
 #include "draw/point_list.h"
 #include "draw/touched.h"
 #include "draw/undo.h"
+#include "gui/tooltips.h"
 #include "platform/files.h"
 #include "screens/browser_slots.h"
 #include "support/places.h"
@@ -128,18 +129,29 @@ protected:
     bool of_browser = false;
     unsigned held = 0; ///< sum of the picture while the button was down
 
-    /// The place as it is when it has just been opened, from wherever the last control has led.
+    /// Out of all screens and waits, as far as Escape leads.
+    void go_home()
+    {
+        for (int i = 0; !session->ended() && i < 6 && (i == 0 || menus.menu_id != MENU_DRAW); ++i)
+            session->key(KEY_ESC);
+        // At home already, Escape has begun to get a cel.
+        if (!session->ended() && menus.status_message == TIP_GRAB_FIRST) session->key(KEY_ESC);
+    }
+
+    /// The place as it is when it has just been opened, from wherever the last control has led; in a new session when
+    /// the way there is another one now.
     void open()
     {
-        for (int i = 0; session && !session->ended() && i < 6 && (i == 0 || menus.menu_id != MENU_DRAW); ++i)
-            session->key(KEY_ESC);
-        if (!session || session->ended() || menus.menu_id != MENU_DRAW) {
-            session.reset();
-            session.emplace();
-            still_frame_check = nullptr; // takes half of the time, and other sessions have it
-            prepare(*session);
-            paint_blocks();
+        if (session && !session->ended()) {
+            go_home();
+            if (!session->ended()) GetParam().open(*session);
+            if (is_open()) return;
         }
+        session.reset();
+        session.emplace();
+        still_frame_check = nullptr; // takes half of the time, and other sessions have it
+        prepare(*session);
+        paint_blocks();
         GetParam().open(*session);
         menu = menus.menu_id;
         slots = shown_slots();
