@@ -144,7 +144,7 @@ private:
             states_[static_cast<std::size_t>(y)] = HEAD_DONE;
             const bool upward = look_around(heads_[static_cast<std::size_t>(y)]);
             // New work above goes on at once.
-            y = waiting_head(upward && y > 0 ? y - 1 : y + 1);
+            y = waiting_head(upward ? y - 1 : y + 1);
         }
     }
 

@@ -28,7 +28,7 @@ namespace fs = std::filesystem;
 namespace {
 
 enum { FAILURE_WHAT = 122, FAILURE_WHERE, FAILURE_WHY };
-enum { DIALOG_OVER_WINDOW_OKAY = 122, ANSWER_1 = 124, ANSWER_2, PROGRESS_CANCEL = 3 };
+enum { OVER_WINDOW = 120, DIALOG_OVER_WINDOW_OKAY = 122, ANSWER_1 = 124, ANSWER_2, PROGRESS_CANCEL = 3 };
 constexpr int opaque = static_cast<int>(0xff000000U);
 
 /// Pictures of a file with their times in hundredths.
@@ -72,13 +72,20 @@ protected:
         animation.anim_count = build_anim_list();
         session_.key(KEY_Z, {KEY_LSHIFT});
     }
-    /// Runs the browser behind a button to its end, with an answer to the question that follows.
-    void choose(int button, const std::string& name, int answer = -1)
+    /// Runs the browser behind a button to its end, with an answer to the question that follows and looks so.
+    void choose(int button, const std::string& name, int answer = -1, const std::string& golden = {})
     {
         session_.click(button);
         choose_file(session_, name);
+        EXPECT_TRUE(golden.empty() || matches_golden(window(OVER_WINDOW), golden));
         if (answer >= 0) session_.click(answer);
         session_.frames_until([] { return menus.menu_id == MENU_ANIMATION; });
+    }
+    Bitmap window(int slot) const
+    {
+        Bitmap part(gui.w[slot], gui.h[slot]);
+        blit(session_.picture(), part, gui.x[slot], gui.y[slot], 0, 0, part.width(), part.height());
+        return part;
     }
     static std::string told() { return menus.status_reason; }
 
@@ -125,6 +132,7 @@ TEST_F(AnimationFiles, LeavesNoHalfFileAndSaysWhy)
     choose(SLOT_SAVE, "walk.gif");
     session_.click(DIALOG_OVER_WINDOW_OKAY);
     ASSERT_TRUE(session_.frames_until([] { return gui.kind[PROGRESS_CANCEL - 1] == KIND_PROGRESS; }));
+    EXPECT_TRUE(matches_golden(session_.picture(), "progress"));
     session_.key(KEY_ESC);
     session_.frames_until([] { return menus.menu_id == MENU_ANIMATION; });
     EXPECT_EQ(menus.status_message, TIP_CALLED_OFF);
@@ -216,8 +224,7 @@ TEST_F(AnimationFiles, TellsBeforeWhatDoesNotFitAndRefusesAllOfABadFile)
     };
     for (const auto& [answer, room, frames] :
          {Case{ANSWER_2, "2", 98}, Case{ANSWER_1, "2", 100}, Case{ANSWER_1, "NONE", 100}}) {
-        choose(SLOT_LOAD, "walk.gif", answer);
-        EXPECT_EQ(told_text, "3 PICTURES, AND ROOM FOR " + std::string(room) + ".");
+        choose(SLOT_LOAD, "walk.gif", answer, "room_for_" + std::string(room));
         EXPECT_EQ(store.frame_count, frames);
     }
 }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The colour screens by mouse: the colour menu, the favourites, and picks from the screen.
-#include "colour/spaces.h"
+// The colour menu by mouse, and picks from the screen.
 #include "support/screen_session.h"
 
 namespace kelu {
@@ -9,8 +8,7 @@ using namespace test;
 
 namespace {
 
-/// Slots of the two menus.
-enum { NUKE = 4, FAVORITE_0 = 8, SLIDER_0 = 23 };
+enum { FAVORITE_0 = 8, SLIDER_0 = 23 };
 
 constexpr int violet = 0x6a3fb2;
 
@@ -21,14 +19,7 @@ void start_at_home()
     toolbox.mask_color = 0x204060;
     for (int i = 0; i < 10; ++i)
         toolbox.favorites[static_cast<std::size_t>(i)] = 0x190f05 * (i + 1);
-    for (int i = 0; i < 256; ++i)
-        toolbox.extended_favorites[static_cast<std::size_t>(i)] = pack_rgb({i / 255.0, 0.5, 1 - i / 255.0});
     draw_menu();
-}
-
-std::array<int, 3> sliders()
-{
-    return {gui.scroll_value[SLIDER_0], gui.scroll_value[SLIDER_0 + 1], gui.scroll_value[SLIDER_0 + 2]};
 }
 
 /// A patch of one colour on the frame round a pixel that the menus don't cover.
@@ -38,12 +29,6 @@ void paint_patch(int x, int y, int color) { rectfill(store.frame_bitmap, x - 3, 
 class ColorMenu : public testing::Test {
 protected:
     ColorMenu() { session.click(HOME_BRUSH, RIGHT_BUTTON); }
-    Session session{start_at_home};
-};
-
-class FavoritesMenu : public testing::Test {
-protected:
-    FavoritesMenu() { session.click(HOME_FAVORITE_0, RIGHT_BUTTON); }
     Session session{start_at_home};
 };
 
@@ -87,21 +72,6 @@ TEST_F(ColorMenu, PicksFromTheFrameAndIntoAFavorite)
     session.click(FAVORITE_0 + 9);
     EXPECT_EQ(toolbox.favorites[0], toolbox.favorites[9]) << "other cells can be picked from";
     EXPECT_EQ(toolbox.mask_color, 0x11aa22) << "and aren't clicked by that";
-}
-
-TEST_F(FavoritesMenu, NukeAsksBeforeItClears)
-{
-    session.click(NUKE);
-    session.click(DIALOG_CANCEL);
-    EXPECT_EQ(menus.menu_id, MENU_FAVORITES);
-    EXPECT_NE(toolbox.extended_favorites[200], menu_scheme.scheme_background);
-    EXPECT_EQ(sliders(), (std::array{0x6a, 0x3f, 0xb2})) << "the sliders come back as they stood";
-    session.click(NUKE);
-    session.click(DIALOG_OKAY);
-    for (const auto& entry : toolbox.extended_favorites)
-        EXPECT_EQ(entry, menu_scheme.scheme_background);
-    EXPECT_EQ(toolbox.brush_color, violet);
-    EXPECT_EQ(menus.ghost_rect.x, -1);
 }
 
 } // namespace kelu

@@ -34,6 +34,8 @@ constexpr int stored_views = 43; ///< a tag that follows the view when the work 
 constexpr int keys_tried[] = {KEY_A,  KEY_7,    KEY_BACKSPACE, KEY_TAB, KEY_ENTER, KEY_LEFT, KEY_RIGHT,
                               KEY_UP, KEY_DOWN, KEY_HOME,      KEY_END, KEY_PGUP,  KEY_PGDN, KEY_DEL};
 
+const Place home{"home", {frames(40)}, {}}; // when the picture has faded in
+
 /// So that a pixel tells where it comes from.
 void paint_blocks()
 {
@@ -240,12 +242,13 @@ TEST_P(Controls, DoWhatTheirTableSays)
 {
     open();
     EXPECT_TRUE(of_browser || matches_golden(session->picture(), file_name(GetParam().name)));
-    const bool is_tool = menu == MENU_DRAW && GetParam().name != std::string("column");
-    const std::vector<int> all = is_tool ? std::vector<int>{} : slots; // the drawing menu's are the column's
+    const bool is_tool =
+        menu == MENU_DRAW && GetParam().name != std::string(home.name); // the strip's slots are those of home
+    const std::vector<int> all = is_tool ? std::vector<int>{} : slots;
     for (const int slot : all) {
         const std::string name = std::to_string(slot);
         const auto here = [slot] { return middle(slot); };
-        const bool has_arrows = gui.arrow_w[slot] > 0;
+        const bool has_arrows = gui.scroll_on[slot] != 0;
         act(name + " left", press(here));
         act(name + " right", press(here, RIGHT_BUTTON));
         for (std::size_t which = 0; has_arrows && which < 2; ++which)
@@ -269,11 +272,15 @@ TEST_P(Controls, DoWhatTheirTableSays)
     EXPECT_TRUE(text_matches_golden(table.str(), file_name(GetParam().name)));
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, Controls, testing::ValuesIn(places), [](const auto& place) {
+std::string name_of(const testing::TestParamInfo<Place>& place)
+{
     std::string name = place.param.name;
     std::erase_if(name, [](char sign) { return !std::isalnum(static_cast<unsigned char>(sign)); });
     return name;
-});
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, Controls, testing::ValuesIn(places), name_of);
+INSTANTIATE_TEST_SUITE_P(OfHome, Controls, testing::Values(home), name_of);
 
 } // namespace
 } // namespace kelu

@@ -9,8 +9,6 @@ using namespace test;
 
 namespace {
 
-constexpr int delete_entry = 5;
-
 /// The same colours at every run.
 void plain_menu()
 {
@@ -57,18 +55,6 @@ TEST(DrawMenu, HidesOnARightClickAndLetsDrawBelow)
     EXPECT_EQ(gui.hidden[0], 0);
     session.key(KEY_BACKSPACE);
     EXPECT_EQ(gui.hidden[0], 1);
-}
-
-TEST(DrawMenu, TheOnlyFrameStays)
-{
-    Session session(plain_menu);
-    toolbox.brush_tip = no_tip;
-    session.click_at(50, 50);
-    session.click(HOME_FRAME);
-    session.click(delete_entry);
-    EXPECT_TRUE(looks_like(session, "dialog_single")) << "nothing to choose with one frame";
-    session.click(DIALOG_OKAY);
-    EXPECT_EQ(store.frame_count, 1);
 }
 
 TEST(Actions, GridZoomPansAndDroppers)

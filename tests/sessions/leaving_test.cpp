@@ -22,7 +22,7 @@ bool acts_at_once(const Place& place)
 {
     const std::string name = place.name;
     return name == "stroke" || name == "dabs" || name == "spray" || name.starts_with("frame stepping") ||
-           name.ends_with("four frames") || name == "clipboard, wider" || name == "colour of alpha";
+           name.ends_with(" frames") || name == "clipboard, wider" || name == "colour of alpha";
 }
 
 /// All that a screen could change in the work and in the settings, but the choice of tool, colours and view.

@@ -44,6 +44,11 @@ inline auto with_ink(int ink)
     };
 }
 
+inline auto with_frames(int n)
+{
+    return [n](Session&) { make_frames(n); };
+}
+
 inline void tag_two(Session&)
 {
     animation.anim_count = 2;
@@ -68,7 +73,14 @@ inline auto copied(int w, int h)
 /// Puts a file there that is no picture and no font.
 inline auto with_broken_file(const char* name)
 {
-    return [name](Session& session) { std::ofstream(session.folder() + "/" + name) << "something"; };
+    return
+        [name = std::string(name)](Session& session) { std::ofstream(session.folder() + "/" + name) << "something"; };
+}
+
+inline void with_many_files(Session& session)
+{
+    for (int i = 0; i < 40; ++i)
+        with_broken_file(("picture " + std::to_string(i) + ".png").c_str())(session);
 }
 
 /// A place where the program waits for its user.
@@ -94,6 +106,12 @@ inline const Place places[] = {
     {"workspace", {HOME_USER, 7}, {11}},
     {"about", {HOME_USER, 8}, {3}},
     {"question", {HOME_USER, 9}, {DIALOG_CANCEL}},
+    {"question of four frames", {with_frames(4), HOME_FRAME, 5}, {DIALOG_CANCEL}},
+    {"question with one answer", {HOME_FRAME, 5}, {DIALOG_OKAY}},
+    {"question of a cel", {HOME_CEL, 6}, {DIALOG_CANCEL}},
+    {"question of favourites", {tap(KEY_P), 4}, {DIALOG_CANCEL, tap(KEY_P)}},
+    {"question of a workspace", {HOME_USER, 7, 10}, {DIALOG_CANCEL}},
+    {"question of keys", {HOME_USER, 3, 7, tap(KEY_TAB), DIALOG_OKAY, 25}, {DIALOG_CANCEL, 27}},
     {"resize", {HOME_FRAME, 4}, {20}, {typed(15, "50")}},
     {"quick crop", {HOME_FRAME, 4, 13}, {right_click}, {click_canvas}},
     {"quick crop, second corner", {HOME_FRAME, 4, 13, click_canvas, to(220, 60)}, {right_click}},
@@ -110,7 +128,9 @@ inline const Place places[] = {
     {"resize, numbers at their ends", {HOME_FRAME, 4, typed(15, "2"), typed(16, "1")}, {20}},
     {"save browser", {HOME_PIC, 7}, {BROWSER_CANCEL}},
     {"quality", {HOME_PIC, 7, BROWSER_FILTER_0 + 4, file("a")}, {105}},
+    {"quality, lower", {HOME_PIC, 7, BROWSER_FILTER_0 + 4, file("a"), scrolled(102, 5)}, {105}},
     {"load browser", {HOME_PIC, 8}, {BROWSER_CANCEL}},
+    {"load browser, many files", {with_many_files, HOME_PIC, 8, at(60, 20)}, {BROWSER_CANCEL}},
     {"font browser", {with_tool(TOOL_TEXT), TEXT_SLOT_FONT}, {BROWSER_CANCEL, TEXT_SLOT_CANCEL}},
     {"overwrite question",
      {with_broken_file("a.png"), HOME_PIC, 7, file("a.png")},
@@ -119,10 +139,8 @@ inline const Place places[] = {
      {with_broken_file("fonts/b.ttf"), with_tool(TOOL_TEXT), TEXT_SLOT_FONT, file("b.ttf")},
      {click_canvas, TEXT_SLOT_CANCEL}},
     {"form of an animation", {tag_two, HOME_FRAME, 7, SLOT_SAVE, file("c.png")}, {answer_cancel, SLOT_CANCEL}},
-    {"animation, all of four frames", {[](Session&) { make_frames(4); }, HOME_FRAME, 7, SLOT_ALL}, {SLOT_CANCEL}},
-    {"playback of four frames",
-     {[](Session&) { make_frames(4); }, HOME_FRAME, 7, SLOT_ALL, SLOT_OKAY, HOME_FRAME, 8},
-     {8}},
+    {"animation, all of four frames", {with_frames(4), HOME_FRAME, 7, SLOT_ALL}, {SLOT_CANCEL}},
+    {"playback of four frames", {with_frames(4), HOME_FRAME, 7, SLOT_ALL, SLOT_OKAY, HOME_FRAME, 8}, {8}},
     {"clipboard, wider", {copied(400, 100), control(KEY_V)}, {tap(KEY_ESC)}},
     {"clipboard, smaller", {copied(40, 30), control(KEY_V)}, {right_click}},
     {"get", {HOME_CEL, 2}, {right_click}, {click_canvas}},
@@ -147,11 +165,10 @@ inline const Place places[] = {
     {"custom tip", {tap(KEY_T), right_on(2)}, {right_click, tap(KEY_T)}},
     {"colour band", {right_on(HOME_SPECTRUM)}, {right_click}, {click_canvas}},
     {"quick slider", {with_ink(INK_GLASS), hold(KEY_PGUP)}, {let_go(KEY_PGUP)}},
-    {"frame stepping", {[](Session&) { make_frames(4); }, hold(KEY_PGDN)}, {let_go(KEY_PGDN)}},
-    {"frame stepping, onion skin",
-     {[](Session&) { make_frames(4); }, tap(KEY_O), hold(KEY_PGDN)},
-     {let_go(KEY_PGDN), tap(KEY_O)}},
+    {"frame stepping", {with_frames(4), hold(KEY_PGDN)}, {let_go(KEY_PGDN)}},
+    {"frame stepping, onion skin", {with_frames(4), tap(KEY_O), hold(KEY_PGDN)}, {let_go(KEY_PGDN), tap(KEY_O)}},
     {"frame jump", {hold(KEY_BACKSLASH)}, {let_go(KEY_BACKSLASH)}},
+    {"frame jump, many frames", {with_frames(14), hold(KEY_BACKSLASH)}, {let_go(KEY_BACKSLASH)}},
     {"alpha preview", {hold(KEY_SLASH)}, {let_go(KEY_SLASH)}},
     {"quick pan", {hold(KEY_0_PAD)}, {let_go(KEY_0_PAD)}},
     {"line", {with_tool(TOOL_LINE)}, {right_click}},
@@ -187,6 +204,8 @@ inline void prepare(Session& session)
         row(store.frame_bitmap, 20)[x] = 0x010101 * (x & 0x7f);
     store.cel_bitmap = Bitmap(4, 4, 0x123456);
     store.cel_source_bitmap = store.cel_bitmap.copy();
+    for (std::size_t i = 0; i < toolbox.extended_favorites.size(); ++i)
+        toolbox.extended_favorites[i] = static_cast<int>(0xffffff - i * 0x30507);
     session.frame(2);
 }
 

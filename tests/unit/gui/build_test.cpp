@@ -52,10 +52,18 @@ TEST_F(Build, ASlotHoldsItsCornersAndNothingBesideThem)
 {
     build_slot({slot_name, 10, 20, 4, KIND_BUTTON}, 0, 0);
     const int bottom = 20 + gui.h[slot_name] - 1;
+    const auto pressed = [](int x, int y) {
+        pointer.mouse_press_x = static_cast<int16_t>(x);
+        pointer.mouse_press_y = static_cast<int16_t>(y);
+        return gui_slot_at_press();
+    };
     for (const auto& [x, y] : {std::pair{10, 20}, {13, bottom}})
-        EXPECT_TRUE(slot_holds(slot_name, x, y)) << x << ", " << y;
+        EXPECT_EQ(pressed(x, y), slot_name) << x << ", " << y;
     for (const auto& [x, y] : {std::pair{9, 21}, {14, 21}, {11, 19}, {11, bottom + 1}})
-        EXPECT_FALSE(slot_holds(slot_name, x, y)) << x << ", " << y;
+        EXPECT_EQ(pressed(x, y), -1) << x << ", " << y;
+    gui_caption(gui_slots - 1, 30, 40, 60, TEXT_OKAY);
+    EXPECT_EQ(pressed(89, 48), gui_slots - 1);
+    EXPECT_EQ(gui.kind[gui_slots - 1], KIND_BUTTON);
 }
 
 TEST_F(Build, DescriptionsFitTheirPanelAndMessagesTheStatusBar)
@@ -207,10 +215,14 @@ TEST_F(FieldTest, KeysEditTheTextAndMoveCaretAndView)
                              {"ab$>", "ab", 2, 0}, // nothing stands there
                              {"abcd<-", "abd", 2, 0},
                              {"abcd<-++", "ab", 2, 0},
-                             {"ab^-z", "zab", 1, 0}}) {
+                             {"ab^-z", "zab", 1, 0},
+                             {"ab!c", "c", 1, 0}, // a proposal gives way to what is typed
+                             {"ab!-", "", 0, 0},
+                             {"ab!^c", "cab", 1, 0},
+                             {"ab!$c", "abc", 3, 0}}) {
         set_field_text(4, "");
         for (const char* key = test.keys; *key; ++key)
-            type(editing.contains(*key) ? editing.at(*key) : KEY_A + *key - 'a');
+            *key == '!' ? gui_propose_text(4) : type(editing.contains(*key) ? editing.at(*key) : KEY_A + *key - 'a');
         EXPECT_EQ(text(), test.text) << test.keys;
         EXPECT_EQ(gui.field_caret[4], test.caret) << test.keys;
         EXPECT_EQ(gui.field_scroll[4], test.scroll) << test.keys;

@@ -140,9 +140,12 @@ TEST_F(Logic, AHeldArrowStepsAtOnceThenAfter21PassesThenEvery7)
     }
     press(0);
     EXPECT_EQ(gui_logic.gui_capture, 0);
-    gui.scroll_value[slider] = 255;
-    click(235, 54);
-    EXPECT_EQ(gui.scroll_value[slider], 255);
+    gui.scroll_value[slider] = 253;
+    const int left = gui.arrow_box[slider][2], right = left + gui.arrow_w[slider];
+    for (const auto& [x, value] : {std::pair{left, 253}, {left + 1, 254}, {right, 254}, {right - 1, 255}, {235, 255}}) {
+        click(x, 54);
+        EXPECT_EQ(gui.scroll_value[slider], value) << x;
+    }
 }
 
 TEST_F(Logic, DraggingTheKnobReachesBothEnds)

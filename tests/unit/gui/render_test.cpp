@@ -90,13 +90,13 @@ TEST_F(Render, AColourPlaneIsMadeOnlyWhenItsInputsChange)
 
 TEST_F(Render, HelpPagesBreakAtBarsAndAtColumn33)
 {
-    HelpWalk walk("|| <- SELECT |NEXT |c21ONE TWO|c40 AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA BB |");
+    HelpWalk walk("|| <- SELECT |NEXT |c21ONE TWO|c40 AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA BB|cX9 C |");
     std::vector<std::string> places;
     HelpWord word;
     while (walk.next(word))
         places.push_back(std::string(word.text) + "@" + std::to_string(word.column) + "," + std::to_string(word.line));
     EXPECT_EQ(places, (std::vector<std::string>{"<-@0,1", "SELECT@3,1", "NEXT@0,2", "|c21ONE@5,2", "TWO|c40@9,2",
-                                                "AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA@0,3", "BB@0,4"}));
+                                                "AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA@0,3", "BB|cX9@0,4", "C@7,4"}));
     EXPECT_EQ(walk.lines(), 6);
     EXPECT_EQ(help_line_count(""), 1);
 }
@@ -193,6 +193,10 @@ TEST_F(Render, TextStylesAndStripesLookAsTheyDid)
     build_slot(SlotRow{0, 60, 205, 90, KIND_WINDOW}.high(20), 0, 0);
     gui.stripes[0] = 40;
     gui.opacity[0] = 120;
+    for (int direction = 0; direction < 3; ++direction) {
+        build_slot(SlotRow{1 + direction, 200 + 20 * direction, 205, 15, KIND_ARROW_BUTTON}.high(15), 0, 0);
+        gui.list_items[1 + direction][0] = direction;
+    }
     gui_render();
     EXPECT_TRUE(matches_golden(screen_state.back_buffer, "gallery"));
 }

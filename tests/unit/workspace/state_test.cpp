@@ -49,8 +49,10 @@ TEST_F(StateTest, WorkspaceComesBackWhole)
     EXPECT_EQ(browser_state.browser_dir, "/Pictures");
     EXPECT_EQ(platform::working_directory(), run_state.program_dir);
     const std::string spa = bytes("current.spa");
+    folder.put("WORKSPACE/alternate.tip", "left over");
     forget();
     EXPECT_EQ(read_state(), 1);
+    EXPECT_FALSE(exists("alternate.tip"));
     EXPECT_EQ(menus.status_message, 0) << "nothing has to be told";
     EXPECT_EQ(browser_state.browser_dir, platform::upper_case(elsewhere.string()));
     EXPECT_EQ(store.current_frame, 1);
@@ -138,6 +140,11 @@ TEST_F(StateTest, LostStateKeepsTheFrames)
     EXPECT_EQ(stored_pixel(2), frame_color(2));
     EXPECT_EQ(pixel(store.cel_source_bitmap), 0x123456);
     EXPECT_TRUE(exists("current.spa"));
+    folder.put("WORKSPACE/" + frame_file(0), "no picture");
+    begin_workspace();
+    EXPECT_EQ(store.frame_count, 3);
+    EXPECT_EQ(bytes("damaged.000"), "no picture");
+    EXPECT_EQ(stored_pixel(0), opaque);
 }
 
 TEST_F(StateTest, UnreadableStatesAreKept)

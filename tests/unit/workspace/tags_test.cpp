@@ -151,6 +151,9 @@ TEST_F(TagsTest, TextsKeepTheirTerminatorAndLongOnesAreLeftOut)
     EXPECT_EQ(store.workspace_title.size(), 255U);
     EXPECT_EQ(store.workspace_notes, "AB");
     EXPECT_EQ(view.onion_opacity, 9);
+    Bytes torn;
+    put_record(torn, 47, 0, 8, {0x41420043, 0x44444444});
+    EXPECT_TRUE(read_tags(state_tags(), torn).damaged);
     store.workspace_title = std::string(300, 'X'); // longer than its field: the writer cuts it
     const Bytes bytes = written(state_tags());
     EXPECT_FALSE(read_tags(state_tags(), bytes).damaged);
