@@ -15,14 +15,14 @@ case $minutes in
     keep) ;;
     *[!0-9]* | '' | 0) echo "usage: fuzz.sh [TARGET] [MINUTES|keep]" >&2; exit 2 ;;
 esac
-targets=("$target")
-if [ "$target" = all ]; then
-    targets=()
-    for source in tests/fuzz/*.cpp; do
-        name=$(basename "$source" .cpp)
-        case $name in driver | monkey) ;; *) targets+=("$name") ;; esac
-    done
-elif [ ! -f "tests/fuzz/$target.cpp" ]; then
+# One a file, and one a row of the table of picture readers.
+mapfile -t targets < <(
+    find tests/fuzz -name '*.cpp' -printf '%f\n' | grep -vE '^(driver|monkey|pictures)' | sed 's/\.cpp$//'
+    sed -n 's/^    {"\([a-z]*\)".*/\1/p' tests/fuzz/pictures.cpp
+)
+if printf '%s\n' "${targets[@]}" monkey | grep -qx "$target"; then
+    targets=("$target")
+elif [ "$target" != all ]; then
     echo "There is no target $target." >&2
     exit 2
 fi

@@ -215,7 +215,11 @@ TEST_F(AnimationFiles, TellsBeforeWhatDoesNotFitAndRefusesAllOfABadFile)
         EXPECT_EQ(store.frame_count, 4);
     }
     EXPECT_EQ(frame_files(session_), before);
-    insert_frames(0, 94, INSERT_BLANKS);
+    insert_frames(0, 93, INSERT_BLANKS);
+    fs::current_path(folder_);
+    choose(SLOT_LOAD, "walk.gif");
+    EXPECT_EQ(store.frame_count, 100) << "all of them fit, and nothing is asked";
+    delete_frames(98, 2);
     fs::current_path(folder_);
     struct Case {
         int answer;

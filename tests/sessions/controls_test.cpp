@@ -41,7 +41,7 @@ void paint_blocks()
 {
     for (int y = 24; y < store.frame_bitmap.height(); ++y)
         for (int x = 0; x < store.frame_bitmap.width(); ++x)
-            row(store.frame_bitmap, y)[x] = 0x404040 + (x / 6 + y / 5 * 7) % 23 * 0x010203;
+            row(store.frame_bitmap, y)[x] = (x / 6 + y / 5 * 7 + 14) % 23 * 0x030609; // some are black, as at (160, 70)
     touch_frame();
 }
 

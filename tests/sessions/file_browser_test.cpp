@@ -42,7 +42,7 @@ protected:
         save_png("HERO.PNG", Bitmap(9, 6, blue));
         save_png("Sky.png", Bitmap(10, 6, green));
         std::ofstream("damaged.gif") << "no picture";
-        std::ofstream("f\xc3\xbc\n.txt") << "text";
+        save_png("f\xc3\xbc\n.png", Bitmap(7, 6, green));
         platform::places = {};
         platform::places.drive_root['C' - 'A'] = "/";
         platform::places.drive_root['H' - 'A'] = folder_;
@@ -92,7 +92,7 @@ protected:
 TEST_F(Browser, ListsFiltersAndGoesPlaces)
 {
     session_.key(KEY_F9);
-    EXPECT_EQ(rows(), "\\.. \\SUB DAMAGED.GIF F??.TXT HERO.PNG HERO.PNG SKY.PNG ");
+    EXPECT_EQ(rows(), "\\.. \\SUB DAMAGED.GIF F??.PNG HERO.PNG HERO.PNG SKY.PNG ");
     session_.click(BROWSER_FILTER_0 + png);
     click_row("Sky.png");
     show_in_field(BROWSER_PATH, "/HOME/ME/PICTURES");
@@ -100,6 +100,8 @@ TEST_F(Browser, ListsFiltersAndGoesPlaces)
     show_present_folder();
     session_.click(BROWSER_FILTER_0);
     EXPECT_EQ(rows(), "\\.. \\SUB DAMAGED.GIF ");
+    session_.click_at(gui.x[BROWSER_LIST] + 20, gui.y[BROWSER_LIST] + 4 + 6 * 3);
+    EXPECT_EQ(text(BROWSER_FILE), "SKY.PNG") << "there is nothing below the last file";
     session_.click(BROWSER_FILTER_0);
     click_row("Sub");
     for (int i = 0; i < 13; ++i)
@@ -174,8 +176,9 @@ TEST_F(Browser, PathsThatCantBeOpenedStayToBeMended)
 
 TEST_F(Browser, ProposesTheNameOfTheLastPicture)
 {
+    load("f\xc3\xbc\n.png");
     session_.key(KEY_F5);
-    EXPECT_EQ(text(BROWSER_FILE), "");
+    EXPECT_EQ(text(BROWSER_FILE), "") << "the field has not all letters of that one";
     session_.type("walk");
     session_.click(BROWSER_FILTER_0 + png);
     session_.click(BROWSER_OKAY);

@@ -202,7 +202,9 @@ inline void prepare(Session& session)
     replace_frame(320, 240, 0x404040);
     for (int x = 0; x < 320; ++x)
         row(store.frame_bitmap, 20)[x] = 0x010101 * (x & 0x7f);
-    store.cel_bitmap = Bitmap(4, 4, 0x123456);
+    store.cel_bitmap = Bitmap(12, 8, 0x123456);
+    for (int i = 0; i < 96; ++i)
+        row(store.cel_bitmap, i / 12)[i % 12] = 0x123456 + 0x050901 * i;
     store.cel_source_bitmap = store.cel_bitmap.copy();
     for (std::size_t i = 0; i < toolbox.extended_favorites.size(); ++i)
         toolbox.extended_favorites[i] = static_cast<int>(0xffffff - i * 0x30507);

@@ -101,8 +101,11 @@ TEST(Shapes, LookAsTheyDid)
 TEST(RegularPolygon, RefusesWhatIsOutOfRange)
 {
     Bounds bounds;
+    Points points;
+    for (const auto& [radius, sides] : {std::pair{1, 3}, {512, 32}})
+        EXPECT_NE(plot_polygon(0, 0, 0, radius, sides, points, bounds), -1);
     for (const auto& [radius, sides] : {std::pair{10, 2}, {10, 33}, {10, -1}, {0, 5}, {513, 5}}) {
-        Points points{{1, 1}};
+        points = {{1, 1}};
         EXPECT_EQ(plot_polygon(0, 0, 0, radius, sides, points, bounds), -1);
         EXPECT_TRUE(points.empty()) << radius << ", " << sides;
     }

@@ -63,10 +63,12 @@ TEST(Walks, OutlineMeetsEachPixelOnceAndRestsAfterEachStretch)
         bow, 8, 5, [&](int x, int y) { canvas.count(x, y); }, [&] { ++stretches; });
     EXPECT_EQ(canvas.text(), (Lines{"#......#", "###..###", "#..##..#", "###..###", "#......#"}));
     EXPECT_EQ(stretches, 6);
-    for (const Points& from_outside : {Points{{-4, 2}, {0, 2}}, {{3, -4}, {3, 0}}, {{7, 1}, {9, 1}}, {{2, 4}, {2, 8}}})
-        walk_outline(
-            from_outside, 8, 5, [&](int x, int y) { canvas.count(x, y); }, nothing);
-    EXPECT_EQ(canvas.text(), (Lines{"#..#...#", "###..##2", "2..##..#", "###..###", "#.#....#"}));
+    for (Points across_the_rim : {Points{{-4, 2}, {0, 2}}, {{3, -4}, {3, 0}}, {{7, 1}, {9, 1}}, {{2, 4}, {2, 8}}}) {
+        for (int way = 0; way < 2; ++way, std::swap(across_the_rim[0], across_the_rim[1]))
+            walk_outline(
+                across_the_rim, 8, 5, [&](int x, int y) { canvas.count(x, y); }, nothing);
+    }
+    EXPECT_EQ(canvas.text(), (Lines{"#..2...#", "###..##3", "3..##..#", "###..###", "#.2....#"}));
     walk_outline(
         Points{{2, 2}}, 8, 5, [](int, int) { ADD_FAILURE() << "one point is no line"; }, nothing);
 }

@@ -4,6 +4,7 @@
 #include "gui/build.h"
 #include "gui/scroll_bar.h"
 #include "gui_fixture.h"
+#include "runtime/toolbox.h"
 #include <tuple>
 #include <utility>
 
@@ -81,6 +82,18 @@ TEST_F(Logic, NothingIsDispatchedBeforeTheDisplayIsReady)
     press(1);
     EXPECT_EQ(gui_logic.gui_capture, 1);
     EXPECT_EQ(clock_state.present_ready, 0);
+}
+
+TEST_F(Logic, OptionsBeyondTheirTableStayAsTheyAre)
+{
+    for (const auto& [tool, option] : {std::pair{-1, 0}, {option_rows, 0}, {1, -1}, {1, option_columns}, {1, 0}}) {
+        place_button();
+        gui.left_action[4] = ACT_TOOL_OPTION;
+        gui.list_items[4][0] = tool;
+        gui.list_items[4][1] = option;
+        click(25, 25);
+        EXPECT_EQ(gui.kind[4] == KIND_BUTTON_LIT, tool == 1 && option == 0) << tool << ", " << option;
+    }
 }
 
 TEST_F(Logic, TheRowUnderThePointerIsTheHighlightedOne)

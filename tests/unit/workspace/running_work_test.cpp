@@ -31,6 +31,7 @@ void make_change(char letter, int number)
         lift_piece(130, 5, 30, 20);
         rectfill(store.frame_bitmap, 130, 5, 159, 24, 0);
         touch_area(130, 5, 159, 24);
+        keep_running_work();
         settle_running_work();
         put_back_piece();
     }
