@@ -6,7 +6,6 @@
 #include "support/screen_session.h"
 #include "tools/cel_grab.h"
 #include "tools/cel_paste.h"
-#include "tools/shape_panel.h"
 
 namespace kelu {
 
@@ -27,7 +26,7 @@ void give_cel(int w, int h, int color)
     store.cel_bitmap = Bitmap(w, h, color);
 }
 
-enum { GET = 2, PASTE = 4, TURN = 7, STRETCH = 8 };
+enum { GET = 2, PASTE = 4, STRETCH = 8 };
 
 class Cels : public testing::Test {
 protected:
@@ -97,20 +96,6 @@ TEST_F(Cels, OffscreenWindowBringsTheCelOrGoesToIt)
     EXPECT_EQ(menus.status_message, TIP_CEL_REPOSITION);
     session.click_at(20, 100, RIGHT_BUTTON);
     EXPECT_EQ(gui.active[0], 1) << "it is back";
-}
-
-TEST_F(Cels, ThePanelOfATurnStaysOnTheScreen)
-{
-    give_cel(5, 5, 0x20c040);
-    for (const Point center : {Point{40, 40}, {280, 40}, {40, 190}, {280, 190}}) {
-        open(TURN);
-        session.click_at(center.x, center.y);
-        ASSERT_EQ(menus.status_message, TIP_ROTATION);
-        EXPECT_LT(gui.x[0] + gui.w[0], logical_w);
-        EXPECT_LT(gui.y[0] + gui.h[0], logical_h);
-        EXPECT_FALSE(slot_holds(0, center.x, center.y));
-        session.click(PANEL_CANCEL);
-    }
 }
 
 TEST_F(Cels, StretchIsSizedMovedAndAnchored)

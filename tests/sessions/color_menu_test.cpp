@@ -9,7 +9,6 @@ using namespace test;
 namespace {
 
 enum { FAVORITE_0 = 8, SLIDER_0 = 23 };
-
 constexpr int violet = 0x6a3fb2;
 
 /// The same colours at every run.
@@ -17,8 +16,6 @@ void start_at_home()
 {
     toolbox.brush_color = violet;
     toolbox.mask_color = 0x204060;
-    for (int i = 0; i < 10; ++i)
-        toolbox.favorites[static_cast<std::size_t>(i)] = 0x190f05 * (i + 1);
     draw_menu();
 }
 
@@ -34,10 +31,8 @@ protected:
 
 } // namespace
 
-TEST_F(ColorMenu, ShowsAndEditsTheBrushColor)
+TEST_F(ColorMenu, EditsTheBrushColor)
 {
-    EXPECT_TRUE(looks_like(session, "color_menu", 10, 60));
-
     const int red_y = gui.y[SLIDER_0] + 4;
     session.drag(gui.knob_pos[SLIDER_0][0x6a] + 3, red_y, gui.knob_pos[SLIDER_0][200] + 3, red_y);
     EXPECT_EQ(toolbox.brush_color, (gui.scroll_value[SLIDER_0] << 16 | 0x3fb2));

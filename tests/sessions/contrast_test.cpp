@@ -147,7 +147,6 @@ TEST(Contrast, EveryTextStandsOutFromItsGround)
         still_frame_check = nullptr; // takes half of the time, and all other sessions have it
         for (const Place& place : places) {
             preferences.backless_mode = backless;
-            preferences.show_tool_distance = 1;
             open_over(session, place, frame_color);
             for (const auto& [pair, count] : text_pairs()) {
                 if (count < least_pixels) continue;

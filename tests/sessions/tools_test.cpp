@@ -7,7 +7,6 @@
 #include "draw/touched.h"
 #include "runtime/clock.h"
 #include "runtime/jobs.h"
-#include "runtime/measure.h"
 #include "support/golden.h"
 #include "support/pictures.h"
 #include "support/point_print.h"
@@ -94,20 +93,6 @@ TEST_F(Tools, TheGridTakesTheNodesAndTheStrokes)
     toolbox.ink_slots[0] = INK_ADD; // which changes a pixel of the brush's own colour
     session.click_at(303, 101);
     EXPECT_NE(frame_pixel(303, 101), tool_color);
-}
-
-TEST_F(Tools, TheMeasurementIsAnchoredAtTheFirstPoint)
-{
-    preferences.show_tool_distance = 1;
-    for (const int tool : {TOOL_BOX, TOOL_LINE}) {
-        use(tool);
-        session.click_at(40, 41);
-        EXPECT_EQ(measure.measure_x, 40);
-        EXPECT_EQ(measure.measure_y, 41);
-        EXPECT_EQ(measure.measure_is_distance, tool == TOOL_LINE);
-        session.click_at(60, 60);
-        EXPECT_EQ(measure.measure_x, -1);
-    }
 }
 
 TEST_F(Tools, SplineSetsMovesAndJoinsNodes)

@@ -31,7 +31,6 @@ TEST(SchemeMenu, TriesColoursOutAndWearsThemAtOkay)
 {
     Session session(draw_menu);
     open_entry(session, HOME_USER, SCHEME_ENTRY, MENU_SCHEME);
-    EXPECT_TRUE(looks_like(session, "scheme_menu", 310, 20));
     session.click(BACKGROUND);
     session.click(FIRST_FAVORITE);
     const int picked = gui.colour[FIRST_FAVORITE];
@@ -80,10 +79,6 @@ TEST(WorkspaceMenu, PacksBringsBackAndWipes)
     session.click(WORKSPACE_SAVE);
     choose_file(session, "PACK");
     EXPECT_EQ(store.workspace_notes.size(), 200U) << "what is longer than the field stays";
-    open_entry(session, HOME_USER, WORKSPC_ENTRY, MENU_WORKSPACE);
-    session.click(WORKSPACE_NEW);
-    session.click(DIALOG_CANCEL);
-    EXPECT_EQ(store.workspace_title, "UNNAMED WORKSPACE ab");
     open_entry(session, HOME_USER, WORKSPC_ENTRY, MENU_WORKSPACE);
     session.click(WORKSPACE_NEW);
     session.click(DIALOG_OKAY);

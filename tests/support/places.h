@@ -199,6 +199,7 @@ inline void prepare(Session& session)
 {
     preferences.mouse_swap = 0;
     preferences.undo_depth = 7;
+    preferences.show_tool_distance = 1;
     replace_frame(320, 240, 0x404040);
     for (int x = 0; x < 320; ++x)
         row(store.frame_bitmap, 20)[x] = 0x010101 * (x & 0x7f);
