@@ -293,7 +293,8 @@ def run(suite, tests, seconds, **words):
         except subprocess.TimeoutExpired:
             return False
     if ran.returncode and "KELU_REACHED" in words:
-        sys.exit("The tests fail without a fault:\n" + ran.stdout.decode(errors="replace")[-2000:])
+        failed = re.findall(r".*\[  FAILED  \].*", ran.stdout.decode(errors="replace"))
+        sys.exit("\n".join(["The tests fail without a fault:", *failed]))
     return ran.returncode == 0
 
 

@@ -160,6 +160,7 @@ inline const Place places[] = {
     {"colour, HLS", {tap(KEY_C), 4}, {tap(KEY_C)}},
     {"colour, HSV", {tap(KEY_C), 5}, {tap(KEY_C)}},
     {"favourites", {tap(KEY_P)}, {tap(KEY_P)}},
+    {"favourites, picking", {tap(KEY_P), right_on(40)}, {right_click, tap(KEY_P)}},
     {"macros", {tap(KEY_M)}, {tap(KEY_M)}, {25}},
     {"tips", {tap(KEY_T)}, {tap(KEY_T)}},
     {"custom tip", {tap(KEY_T), right_on(2)}, {right_click, tap(KEY_T)}},

@@ -3,7 +3,6 @@
 // or belong to another frame. Frames that are left are written behind the user's back: whatever fails, and wherever the
 // program ends, nothing of them is lost.
 #include "draw/cel.h"
-#include "draw/lifted.h"
 #include "draw/operation.h"
 #include "draw/unsaved.h"
 #include "gui/tooltips.h"
@@ -27,14 +26,6 @@ void make_change(char letter, int number)
         rectfill(store.frame_bitmap, 5, 5, 30, 30, 0x654321);
         touch_area(5, 5, 30, 30);
     }
-    if (letter == 'l') { // lifted, settled with the hole, and put back
-        lift_piece(130, 5, 30, 20);
-        rectfill(store.frame_bitmap, 130, 5, 159, 24, 0);
-        touch_area(130, 5, 159, 24);
-        keep_running_work();
-        settle_running_work();
-        put_back_piece();
-    }
     if (letter == 'u') undo_step();
     if (letter == 'a') toggle_alpha_edit();
     if (letter == 'r') resize_frame(0, 150, 333, 4, 0);
@@ -51,9 +42,9 @@ void make_change(char letter, int number)
 
 TEST_F(RunningWorkTest, EveryChangeOfTheFrameIsFoundAgain)
 {
-    // Strokes, Drawing without a step, a piece Lifted, Undo, Alpha editing and back, Resize, Crop, Brought back,
+    // Strokes, Drawing without a step, Undo, Alpha editing and back, Resize, Crop, Brought back,
     // another Picture; what is settled or kept in between, where the end doesn't come first.
-    for (const std::string changes : {"s.", "s.ssu.", "sas", "da", "sl.", "asas.", "srs.", "ck", "r.bs.", "r", "p"}) {
+    for (const std::string changes : {"s.", "s.ssu.", "sas", "da", "asas.", "srs.", "ck", "r.bs.", "r", "p"}) {
         SCOPED_TRACE(changes);
         TearDown();
         start_again();
