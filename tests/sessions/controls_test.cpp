@@ -41,7 +41,7 @@ void paint_blocks()
 {
     for (int y = 24; y < store.frame_bitmap.height(); ++y)
         for (int x = 0; x < store.frame_bitmap.width(); ++x)
-            row(store.frame_bitmap, y)[x] = (x / 6 + y / 5 * 7 + 14) % 23 * 0x030609; // some are black, as at (160, 70)
+            row(store.frame_bitmap, y)[x] = std::max(0, (x / 6 + y / 5 * 7) % 23 - 4) * 0x030609; // some are black
     touch_frame();
 }
 
@@ -249,10 +249,12 @@ TEST_P(Controls, DoWhatTheirTableSays)
         const std::string name = std::to_string(slot);
         const auto here = [slot] { return middle(slot); };
         const bool has_arrows = gui.scroll_on[slot] != 0;
-        act(name + " left", press(here));
+        act(name + " left, tip " + std::to_string(gui.tooltip[slot]), press(here));
         act(name + " right", press(here, RIGHT_BUTTON));
         for (std::size_t which = 0; has_arrows && which < 2; ++which)
             act(name + " arrow", press([=] { return arrow(slot, which); }));
+        if (has_arrows)
+            act(name + " drag", [=](Session& run) { run.drag(here().x, here().y, here().x + 19, here().y + 11); });
         act(name + " wheel", [here](Session& run) {
             run.move(here().x, here().y);
             run.wheel(-1);

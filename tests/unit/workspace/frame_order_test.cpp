@@ -46,12 +46,13 @@ TEST_F(FrameOrderTest, DeleteClosesTheGapAndDiscardsTheEdits)
 
     ASSERT_TRUE(fetch_frame(1, 2, 0));
     view.frame_zoom[2] = 4;
+    view.onion_on = 1;
+    store.onion_bitmap = Bitmap(2, 2);
     delete_frames(2, 1); // the last one: to the new last one
+    EXPECT_EQ(view.onion_on, 1);
     EXPECT_EQ(store.current_frame, 1);
     EXPECT_EQ(view.frame_zoom[2], 1) << "of no frame that comes later";
     EXPECT_EQ(order(), (std::vector{0, 2}));
-    view.onion_on = 1;
-    store.onion_bitmap = Bitmap(2, 2);
     delete_frames(1, 1);
     EXPECT_EQ(store.current_frame, 0);
     EXPECT_EQ(view.onion_on, 0);
