@@ -17,6 +17,13 @@ namespace {
 
 using Bytes = std::span<const uint8_t>;
 
+/// A reader without the palette that it can hand out.
+template <kelu::Bitmap (*decode)(Bytes, RGB*)>
+kelu::Bitmap alone(Bytes bytes)
+{
+    return decode(bytes, nullptr);
+}
+
 struct Target {
     std::string_view name;
     kelu::Bitmap (*decode)(Bytes);
@@ -24,13 +31,13 @@ struct Target {
 };
 
 constexpr Target targets[] = {
-    {"bmp", kelu::decode_bmp, 4 * 128},                                         // a run of two bytes: 255 pixels
-    {"gif", [](Bytes bytes) { return kelu::decode_gif(bytes); }, 4 * 2731},     // see `lzw_most_a_byte`
-    {"ico", kelu::decode_ico, 4 * 8 * 1032},                                    // a PNG of one bit in it
-    {"jpeg", kelu::decode_jpeg, 10 * 2048},                                     // coefficients of a progressive one
-    {"lbm", [](Bytes bytes) { return kelu::decode_lbm(bytes); }, 4 * 8 * 64},   // a run of two bytes in one plane
-    {"pcx", [](Bytes bytes) { return kelu::decode_pcx(bytes); }, 4 * 8 * 32},   // the same
-    {"png", [](Bytes bytes) { return kelu::decode_png(bytes); }, 4 * 8 * 1032}, // one bit a pixel, deflated
+    {"bmp", kelu::decode_bmp, 4 * 128},             // a run of two bytes: 255 pixels
+    {"gif", alone<kelu::decode_gif>, 4 * 2731},     // see `lzw_most_a_byte`
+    {"ico", kelu::decode_ico, 4 * 8 * 1032},        // a PNG of one bit in it
+    {"jpeg", kelu::decode_jpeg, 10 * 2048},         // coefficients of a progressive one
+    {"lbm", alone<kelu::decode_lbm>, 4 * 8 * 64},   // a run of two bytes in one plane
+    {"pcx", alone<kelu::decode_pcx>, 4 * 8 * 32},   // the same
+    {"png", alone<kelu::decode_png>, 4 * 8 * 1032}, // one bit a pixel, deflated
 };
 constexpr const Target& target = *std::ranges::find(targets, KELU_FUZZED, &Target::name);
 
