@@ -10,7 +10,6 @@
 #include "imagefile/png.h"
 #include "reader_target.h"
 #include <algorithm>
-#include <iterator>
 #include <string_view>
 
 namespace {

@@ -42,6 +42,7 @@ TEST_F(Tools, PaintAsTheyDid)
                              {TOOL_BOX, {1}, {{0, 0}, {5, 3}}}, // at the frame's edge
                              {TOOL_CIRCLE, {1}, {{195, 40}, {204, 52}}},
                              {TOOL_CIRCLE, {}, {{12, 20}, {12, 20}}}, // a radius of 0
+                             {TOOL_CIRCLE, {1}, {{6, 20}, {6, 20}}},
                              {TOOL_OVAL, {}, {{220, 40}, {300, 40}, {260, 60}}},
                              {TOOL_OVAL, {1}, {{220, 90}, {300, 90}, {260, 105}}},
                              {TOOL_POLY, {}, {{20, 80}, {60, 90}, {40, 130}}, true},

@@ -52,9 +52,6 @@ TEST(Walks, LineReportsBothEndsInOrder)
     walk_circle({3, 4}, 0, [&](int x, int y) { points.push_back({x, y}); });
     EXPECT_FALSE(points.empty());
     EXPECT_EQ(std::ranges::count(points, Point{3, 4}), std::ssize(points));
-    Canvas canvas(5, 5);
-    walk_disc({3, 2}, 0, 5, canvas.counts_rows());
-    EXPECT_EQ(canvas.text(), (Lines{".....", ".....", "...#.", ".....", "....."}));
 }
 
 TEST(Walks, OutlineMeetsEachPixelOnceAndRestsAfterEachStretch)

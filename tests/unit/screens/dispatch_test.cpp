@@ -62,11 +62,6 @@ TEST_F(Dispatch, AlphaTravelsInPngAndIconsAndIsOpaqueElsewhere)
         EXPECT_EQ(difference(store.alpha_bitmap, keeps ? alpha_.get() : white.get()), "") << name;
     }
     EXPECT_EQ(menus.status_message, TIP_LOADED);
-    for (const int side : {256, 257}) {
-        store.frame_bitmap = Bitmap(256, side);
-        store.alpha_bitmap = Bitmap(256, side);
-        EXPECT_EQ(save_picture_file("LARGE.ICO", BROWSE_PICTURE), side == 256);
-    }
 }
 
 TEST_F(Dispatch, APictureGetsItsOpaqueAlphaInAlphaEditingToo)
@@ -112,12 +107,14 @@ TEST_F(Dispatch, WhatCannotBeLoadedLeavesTheFrame)
 
 TEST_F(Dispatch, WhatIsTooLargeForAnIconLeavesTheOldFile)
 {
-    store.frame_bitmap = Bitmap(257, 3);
-    store.alpha_bitmap = Bitmap(257, 3);
-    folder_.put("old.ico", "old");
-    EXPECT_FALSE(save_picture_file("old.ico", BROWSE_PICTURE));
-    EXPECT_EQ(menus.status_message, TIP_PICTURE_TOO_LARGE);
-    EXPECT_EQ(folder_.text("old.ico"), "old");
+    for (const auto& [w, h] : {std::pair{257, 3}, {3, 257}, {256, 256}}) {
+        store.frame_bitmap = Bitmap(w, h);
+        store.alpha_bitmap = Bitmap(w, h);
+        folder_.put("old.ico", "old");
+        EXPECT_EQ(save_picture_file("old.ico", BROWSE_PICTURE), w == h);
+        EXPECT_EQ(menus.status_message, w == h ? TIP_SAVED : TIP_PICTURE_TOO_LARGE);
+        EXPECT_EQ(folder_.text("old.ico") == "old", w != h);
+    }
 }
 
 TEST_F(Dispatch, AFilterListsTheFormatThatItsButtonNames)
