@@ -73,9 +73,6 @@ TEST(WorkspaceMenu, PacksBringsBackAndWipes)
     session.type(" AB");
     EXPECT_TRUE(looks_like(session, "workspace_menu", 310, 20));
     EXPECT_EQ(store.workspace_title, "UNNAMED WORKSPACE ab") << "at once";
-    session.click_at(10, 20, RIGHT_BUTTON);
-    EXPECT_EQ(gui.hidden[TITLE], 1);
-    session.click_at(10, 20, RIGHT_BUTTON);
     session.click(WORKSPACE_SAVE);
     choose_file(session, "PACK");
     EXPECT_EQ(store.workspace_notes.size(), 200U) << "what is longer than the field stays";

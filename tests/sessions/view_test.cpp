@@ -153,6 +153,8 @@ TEST(FrameJump, GoesToTheFrameUnderThePointer)
     session.release_key(KEY_BACKSLASH);
     EXPECT_EQ(store.current_frame, 12) << "an emptied cell leads nowhere";
     EXPECT_EQ(view.onion_on, 1);
+    session.key(KEY_O);
+    EXPECT_EQ(view.onion_on, 0);
 }
 
 TEST(ZoomPreview, StandsOnTheDrawingMenuAlone)

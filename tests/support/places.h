@@ -162,7 +162,7 @@ inline const Place places[] = {
     {"colour, HLS", {tap(KEY_C), 4}, {tap(KEY_C)}},
     {"colour, HSV", {tap(KEY_C), 5}, {tap(KEY_C)}},
     {"favourites", {tap(KEY_P)}, {tap(KEY_P)}},
-    {"favourites, picking", {tap(KEY_P), right_on(40)}, {right_click, tap(KEY_P)}},
+    {"favourites, black picked", {tap(KEY_P), right_on(40), at(128, 20)}, {tap(KEY_P)}},
     {"macros", {tap(KEY_M)}, {tap(KEY_M)}, {25}},
     {"macros, the second", {tap(KEY_M), 3}, {tap(KEY_M)}, {25}},
     {"tips", {tap(KEY_T)}, {tap(KEY_T)}},

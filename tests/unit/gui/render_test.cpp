@@ -90,13 +90,14 @@ TEST_F(Render, AColourPlaneIsMadeOnlyWhenItsInputsChange)
 
 TEST_F(Render, HelpPagesBreakAtBarsAndAtColumn33)
 {
-    HelpWalk walk("|| <- SELECT |NEXT |c21ONE TWO|c40 AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA BB|cX9 C |");
+    HelpWalk walk("|| <- SELECT |NEXT |c21ONE TWO|c40 AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA BB|cX9 Ac12 |c33 C |");
     std::vector<std::string> places;
     HelpWord word;
     while (walk.next(word))
         places.push_back(std::string(word.text) + "@" + std::to_string(word.column) + "," + std::to_string(word.line));
     EXPECT_EQ(places, (std::vector<std::string>{"<-@0,1", "SELECT@3,1", "NEXT@0,2", "|c21ONE@5,2", "TWO|c40@9,2",
-                                                "AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA@0,3", "BB|cX9@0,4", "C@7,4"}));
+                                                "AAAAAAAAAAAAAAAAAAAAAAAAAAAAAAA@0,3", "BB|cX9@0,4", "Ac12@7,4",
+                                                "|c33@12,4", "C@12,4"}));
     EXPECT_EQ(walk.lines(), 6);
     EXPECT_EQ(help_line_count(""), 1);
 }
@@ -126,6 +127,7 @@ TEST_F(Render, KeysAreNamedWithTheirModifiers)
                                      {KEY_C | 2048 | 4096, "A/S+C"},
                                      {KEY_F12 | 1024 | 2048 | 4096, "CAS+F12"},
                                      {key_awaiting | 4096, "SHIFT+AWAITING INPUT"},
+                                     {KEY_MAX, ""},
                                      {500, ""}})
         EXPECT_EQ(key_label(key), label);
 }

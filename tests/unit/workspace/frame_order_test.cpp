@@ -107,6 +107,9 @@ TEST_F(FrameOrderTest, NumbersThatCannotBeChangeNothing)
         delete_frames(start, count);
     EXPECT_EQ(order(), (std::vector{0, 1, 2}));
     EXPECT_FALSE(exists("current.003"));
+    EXPECT_TRUE(fetch_frame(0, 2, 0));
+    delete_frames(0, 1);
+    EXPECT_EQ(store.current_frame, 0) << "no number is below the first";
 }
 
 TEST_F(FrameOrderTest, WhatCannotBeWrittenLeavesEverythingInMemoryAsItWas)

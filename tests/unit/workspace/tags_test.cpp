@@ -183,6 +183,9 @@ TEST_F(TagsTest, CountsAreCutAndValuesPutBackInRange)
     EXPECT_EQ(view.frame_pan_y[0], 2);
     EXPECT_TRUE(logged("[ WARNING ] : Value of tag #1 is OOB and was put back. Value = 99"));
     EXPECT_EQ(report.put_back, 5);
+    file.clear();
+    put_record(file, 7, 0, 9, {9});
+    EXPECT_FALSE(read_tags(state_tags(), file).damaged);
 }
 
 TEST_F(TagsTest, BehindACountThatCantBeTrueTheReaderGoesOnAtTheNextMarker)
