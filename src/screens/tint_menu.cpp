@@ -91,11 +91,10 @@ void open_screen()
 bool choose_tint(Bitmap picture)
 {
     const FrameLoan loan(std::move(picture));
-    const Bitmap& untouched = lent_frame.kept_frame;
     std::optional<Shown> last;
     const auto follow = [&] {
         const Shown now = read_screen();
-        if (now != last) tint_frame(false, now.ignore_mask, untouched, store.frame_bitmap, now.shift);
+        if (now != last) tint_frame(false, now.ignore_mask, lent_frame.kept_frame, store.frame_bitmap, now.shift);
         last = now;
     };
     for (follow(); run_pass(passes::menu); follow()) {

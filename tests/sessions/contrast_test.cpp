@@ -25,7 +25,7 @@ namespace {
 /// Two packed colours.
 struct TextPair {
     int text = 0, ground = 0;
-    auto operator<=>(const TextPair&) const = default;
+    auto operator<=>(const TextPair&) const = default; // NOLINT(modernize-use-nullptr): the linter means the 0 within
 };
 
 constexpr double least_contrast = 3;

@@ -78,7 +78,7 @@ TEST_F(ShapePanels, SpiralFollowsItsPanelAndTheMouse)
     session.click(PANEL_OWN + 4);
     session.click_at(165, 95);
     session.move(185, 95);
-    EXPECT_EQ(tool_input.point_list.front(), Point(180, 90));
+    EXPECT_EQ(tool_input.point_list.front(), (Point{180, 90}));
     session.click_at(185, 95);
     session.click(PANEL_OKAY);
     Points points;

@@ -75,7 +75,7 @@ TEST_F(TextTool, HangsOverTheFrameUntilOkay)
     EXPECT_TRUE(matches_golden(session.picture(), "text_tool"));
     session.click_at(100, 90);
     session.move(200, 20);
-    EXPECT_EQ(tool_input.tool_nodes[0], Point(60, 60));
+    EXPECT_EQ(tool_input.tool_nodes[0], (Point{60, 60}));
     EXPECT_EQ(snapshots(), 0);
     EXPECT_TRUE(painted().empty());
     session.click(TEXT_SLOT_OKAY);

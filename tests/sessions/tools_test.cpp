@@ -106,7 +106,7 @@ TEST_F(Tools, SplineSetsMovesAndJoinsNodes)
     EXPECT_EQ(tool_input.point_list.size(), 64U) << "the preview rebuilds the curve";
     session.click_at(62, 118); // picks the third node up
     session.move(80, 140);
-    EXPECT_EQ(tool_input.tool_nodes[3], Point(80, 140));
+    EXPECT_EQ(tool_input.tool_nodes[3], (Point{80, 140}));
     session.click_at(90, 150);
     EXPECT_EQ(spline.count, 3);
     session.click_at(200, 20, RIGHT_BUTTON);
