@@ -4,7 +4,6 @@
 #include "draw/grid.h"
 #include "draw/tips.h"
 #include "gui/menus.h"
-#include "gui/slots.h"
 #include "gui/tooltips.h"
 #include "loop/home_strip.h"
 #include "runtime/toolbox.h"
