@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Any bytes for the readers of pictures. Each row of the table is a target of its own, built with its name as
-// KELU_FUZZED.
+// Any bytes for the readers of pictures. Each row of the table is a target, built with its name as KELU_FUZZED; CMake,
+// tools/fuzz.sh and tools/check_documents.py find the rows by how they begin.
 #include "imagefile/bmp.h"
 #include "imagefile/gif.h"
 #include "imagefile/ico.h"
