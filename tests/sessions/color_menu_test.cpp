@@ -11,7 +11,7 @@ namespace {
 enum { FAVORITE_0 = 8, SLIDER_0 = 23 };
 constexpr int violet = 0x6a3fb2;
 
-/// The same colours at every run.
+/// Brush and mask of the same colours at every run.
 void start_at_home()
 {
     toolbox.brush_color = violet;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// What every control of every place does: each slot under the left and the right button and the wheel, and keys. The
-// tables in tests/golden/controls have one row for each, with the words of settings and workspace that changed and with
-// sums of the picture presented and of the work; beside each is the picture of the place. KELU_ACCEPT=1 writes them
-// anew: read what changed.
+// What every control of every place does: each slot under both buttons and the wheel, its bar's arrows and drags, and
+// keys. The tables in tests/golden/controls have one row for each, with the words of settings and workspace that
+// changed and with sums of the picture presented and of the work; beside each is the picture of the place.
+// KELU_ACCEPT=1 writes them anew: read what changed.
 #include "draw/point_list.h"
 #include "draw/touched.h"
 #include "draw/undo.h"
@@ -248,12 +248,12 @@ TEST_P(Controls, DoWhatTheirTableSays)
     for (const int slot : all) {
         const std::string name = std::to_string(slot);
         const auto here = [slot] { return middle(slot); };
-        const bool has_arrows = gui.scroll_on[slot] != 0;
+        const bool has_bar = gui.scroll_on[slot] != 0;
         act(name + " left, tip " + std::to_string(gui.tooltip[slot]), press(here));
         act(name + " right", press(here, RIGHT_BUTTON));
-        for (std::size_t which = 0; has_arrows && which < 2; ++which)
+        for (std::size_t which = 0; has_bar && which < 2; ++which)
             act(name + " arrow", press([=] { return arrow(slot, which); }));
-        if (has_arrows)
+        if (has_bar)
             act(name + " drag", [=](Session& run) { run.drag(here().x, here().y, here().x + 19, here().y + 11); });
         act(name + " wheel", [here](Session& run) {
             run.move(here().x, here().y);
